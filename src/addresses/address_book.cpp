@@ -1,0 +1,154 @@
+#include "addresses/address_book.h"
+
+#include "document/amount_text.h"
+#include "platform/text.h"
+
+namespace bramblet {
+namespace {
+
+constexpr std::size_t kNameWidth = 60;
+
+/// What differs between the two sides.
+struct SideFacts {
+    const char* kind;
+    OrderField name;
+    OrderField address;
+    const char* nothingToDelete;
+};
+constexpr std::array kFacts{
+    SideFacts{kVendor, &Order::ToCombo, &Order::ToField, "Please select a vendor to delete."},
+    SideFacts{kDestination, &Order::ShipToCombo, &Order::ShipToField,
+              "Please select an address to delete."},
+};
+
+const SideFacts& facts(AddressSide side) {
+    return kFacts[static_cast<std::size_t>(side)];
+}
+
+}  // namespace
+
+AddressBook::AddressBook(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
+                         OpenOrder& open)
+    : folder_(folder), prompts_(prompts), open_(open), file_(files, folder.file("po_addy.dat")) {}
+
+void AddressBook::PopAddyLists() {
+    std::vector<AddressRecord> records;
+    try {
+        records = file_.readAll();
+    } catch (const Fault& fault) {
+        prompts_.say("The address book was not read: " + fault.inWords());
+        return;
+    }
+    for (const AddressSide side : kAddressSides) {
+        fillList(side, records);
+        if (hasUnsavedEdits(side)) continue;
+        std::string& name = open_.order.*facts(side).name;
+        name = trimmed(name).substr(0, kNameWidth);
+        (open_.order.*facts(side).address).clear();
+        if (!name.empty()) showPicked(side, records);
+        shown_[index(side)].deleteEnabled = false;
+    }
+    changed();
+}
+
+void AddressBook::showNone() {
+    for (Shown& side : shown_) {
+        side.counter = "0";
+        side.changedEnabled = false;
+        side.deleteEnabled = false;
+    }
+    changed();
+}
+
+void AddressBook::Combo_Click(AddressSide side) {
+    if (!folder_.DataPathOK()) return;
+    try {
+        showPicked(side, file_.readAll());
+    } catch (const Fault& fault) {
+        prompts_.say("The address was not read: " + fault.inWords());
+    }
+    open_.markWorthSaving();
+    shown_[index(side)].deleteEnabled = true;
+    shown_[index(side)].changedEnabled = false;
+    changed();
+    if (side == AddressSide::Vendor) onVendorPicked();
+}
+
+void AddressBook::Combo_Change(AddressSide side, const std::string& text) {
+    open_.order.*facts(side).name = text;
+    open_.MarkOrderChanged();
+    shown_[index(side)].changedEnabled = true;
+    changed();
+}
+
+void AddressBook::Field_Change(AddressSide side, const std::string& text) {
+    open_.order.*facts(side).address = text;
+    open_.MarkOrderChanged();
+    shown_[index(side)].changedEnabled = true;
+    shown_[index(side)].deleteEnabled = true;
+    changed();
+}
+
+void AddressBook::Changed_Click(AddressSide side) {
+    if (!folder_.available(prompts_)) return;
+    const SideFacts& fact = facts(side);
+    Shown& shown = shown_[index(side)];
+    try {
+        const auto tag =
+            file_.rewrite(fact.kind, open_.order.*fact.name, open_.order.*fact.address);
+        if (tag) shown.counter = generalText(*tag, RegionalFormats{});
+    } catch (const Fault& fault) {
+        prompts_.say("The address was not saved: " + fault.inWords());
+        return;
+    }
+    shown.changedEnabled = false;
+    PopAddyLists();
+    shown.deleteEnabled = false;
+    changed();
+}
+
+void AddressBook::Delete_Click(AddressSide side) {
+    if (!folder_.available(prompts_)) return;
+    const SideFacts& fact = facts(side);
+    std::string& name = open_.order.*fact.name;
+    if (trimmed(name).empty()) {
+        prompts_.ask({fact.nothingToDelete, "Nothing to do!", Buttons::Ok, Icon::Information});
+        return;
+    }
+    try {
+        file_.removeNamed(name);
+    } catch (const Fault& fault) {
+        prompts_.ask({"The address was not deleted: " + fault.inWords() + ".", "Bramblet",
+                      Buttons::Ok, Icon::Stop});
+        return;
+    }
+    shown_[index(side)].changedEnabled = false;
+    PopAddyLists();
+    name.clear();
+    open_.MarkOrderChanged();
+    changed();
+}
+
+void AddressBook::showPicked(AddressSide side, const std::vector<AddressRecord>& records) {
+    std::string& address = open_.order.*facts(side).address;
+    address.clear();
+    if (const auto record = file_.findNamed(records, open_.order.*facts(side).name)) {
+        address = trimmedField(record->Address);
+        shown_[index(side)].counter = generalText(record->Tag, RegionalFormats{});
+    }
+}
+
+void AddressBook::fillList(AddressSide side, const std::vector<AddressRecord>& records) {
+    std::vector<std::string>& names = shown_[index(side)].names;
+    names.clear();
+    for (const auto& record : records) {
+        if (record.Kind == facts(side).kind) names.push_back(trimmedField(record.Name));
+    }
+}
+
+void AddressBook::changed() {
+    onChange();
+    open_.onChange();
+}
+
+}  // namespace bramblet

@@ -1,0 +1,73 @@
+// The two address blocks of the order: the lists of vendor and destination names, the picking of
+// one, and the saving and deleting of what is shown.
+#pragma once
+
+#include "addresses/address_file.h"
+#include "app/data_folder.h"
+#include "orders/open_order.h"
+#include "platform/prompts.h"
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+enum class AddressSide { Vendor, Destination };
+inline constexpr std::array kAddressSides{AddressSide::Vendor, AddressSide::Destination};
+
+class AddressBook {
+  public:
+    AddressBook(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
+                OpenOrder& open);
+
+    /// What one side shows beside the order's own texts.
+    struct Shown {
+        std::vector<std::string> names;  ///< in file order
+        std::string counter = "0";       ///< the number of the address shown
+        bool changedEnabled = false;     ///< ChangedVendor or ChangedDest
+        bool deleteEnabled = false;      ///< DeleteVendor or DeleteDest
+    };
+    const Shown& shown(AddressSide side) const { return shown_[index(side)]; }
+
+    /// Called after every change of what `shown` tells.
+    std::function<void()> onChange = [] {};
+    /// Called when a vendor has been picked.
+    std::function<void()> onVendorPicked = [] {};
+
+    /// Rebuilds both lists and shows the picked addresses anew. An address with unsaved edits
+    /// stays as it is, so that saving one side never costs what was typed on the other.
+    void PopAddyLists();
+
+    /// The order's addresses have been emptied: no number is shown, nothing can be saved.
+    void showNone();
+
+    /// ToCombo_Click and ShipToCombo_Click: the name in the box has been picked from its list.
+    void Combo_Click(AddressSide side);
+
+    /// ToCombo_Change and ShipToCombo_Change; ToField_Change and ShipToField_Change.
+    void Combo_Change(AddressSide side, const std::string& text);
+    void Field_Change(AddressSide side, const std::string& text);
+
+    /// ChangedVendor_Click and ChangedDest_Click: stores the name and address shown.
+    void Changed_Click(AddressSide side);
+
+    /// DeleteVendor_Click and DeleteDest_Click: removes every entry of the name shown.
+    void Delete_Click(AddressSide side);
+
+  private:
+    static std::size_t index(AddressSide side) { return static_cast<std::size_t>(side); }
+    void showPicked(AddressSide side, const std::vector<AddressRecord>& records);
+    void fillList(AddressSide side, const std::vector<AddressRecord>& records);
+    bool hasUnsavedEdits(AddressSide side) const { return shown_[index(side)].changedEnabled; }
+    void changed();
+
+    const DataFolder& folder_;
+    Prompts& prompts_;
+    OpenOrder& open_;
+    AddressFile file_;
+    std::array<Shown, 2> shown_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,90 @@
+#include "addresses/address_file.h"
+
+#include "platform/record_file.h"
+#include "platform/text.h"
+
+#include <algorithm>
+
+namespace bramblet {
+namespace {
+
+using File = RecordFile<AddressRecord, kAddressLayout>;
+
+}  // namespace
+
+AddressFile::AddressFile(FileSystem files, std::string path)
+    : files_(std::move(files)), path_(std::move(path)) {}
+
+std::vector<AddressRecord> AddressFile::readAll() {
+    std::vector<AddressRecord> records = File(files_, path_).readAll();
+    if (!records.empty()) buffer_ = records.back();
+    return records;
+}
+
+std::optional<AddressRecord> AddressFile::findNamed(const std::vector<AddressRecord>& records,
+                                                    const std::string& name) {
+    const std::string wanted = trimmed(name);
+    for (const auto& record : records) {
+        if (trimmedField(record.Name) != wanted) continue;
+        buffer_ = record;
+        return record;
+    }
+    if (!records.empty()) buffer_ = records.back();
+    return std::nullopt;
+}
+
+double AddressFile::GetNextAddyTag() {
+    double highest = 0;
+    for (const auto& record : readAll())
+        highest = std::max(highest, record.Tag);
+    return highest + 1;
+}
+
+std::optional<double> AddressFile::append(const std::string& kind, const std::string& name,
+                                          const std::string& address) {
+    const double tag = GetNextAddyTag();
+    if (trimmed(name).empty()) return std::nullopt;
+    buffer_.Tag = tag;
+    fill(kind, name, address);
+    File(files_, path_).append(buffer_);
+    return tag;
+}
+
+std::optional<double> AddressFile::rewrite(const std::string& kind, const std::string& name,
+                                           const std::string& address) {
+    File file(files_, path_);
+    const std::string wanted = upper(trimmed(name));
+    const std::vector<AddressRecord> records = file.readAll();
+    const auto match = std::find_if(records.begin(), records.end(), [&](const auto& record) {
+        return upper(trimmedField(record.Name)) == wanted;
+    });
+    if (match == records.end()) return append(kind, name, address);
+    buffer_ = *match;
+    fill(kind, name, address);
+    file.write(static_cast<int>(match - records.begin()) + 1, buffer_);
+    return buffer_.Tag;
+}
+
+void AddressFile::removeNamed(const std::string& name) {
+    const FileSystem once = files_.withoutRetry();
+    const std::string temporary = path_.substr(0, path_.size() - 4) + ".tmp";
+    std::string kept;
+    for (const auto& record : File(once, path_).readAll()) {
+        buffer_ = record;
+        if (trimmedField(record.Name) != trimmed(name))
+            kept += encodeRecord(kAddressLayout, record);
+    }
+    // A temporary file left behind by a crash is written over, not emptied.
+    once.openRandom(temporary).write(0, kept);
+    once.rename(temporary, path_);
+}
+
+void AddressFile::fill(const std::string& kind, const std::string& name,
+                       const std::string& address) {
+    buffer_.Kind = kind;
+    buffer_.Active = "1";
+    buffer_.Name = trimmed(name);
+    buffer_.Address = trimmed(address);
+}
+
+}  // namespace bramblet

@@ -1,0 +1,72 @@
+// The address book's file "po_addy.dat": vendors and ship-to destinations in one file of
+// fixed-length records.
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/fixed_record.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+/// 570 bytes on disk.
+struct AddressRecord {
+    std::string Active;  ///< always "1"; never tested
+    std::string Kind;    ///< kVendor or kDestination; records of any other kind are passed over
+    double Tag = 0;      ///< the address number, given once
+    std::string Name;
+    std::string Address;  ///< lines apart by CR LF
+};
+
+inline constexpr std::array kAddressLayout{
+    textField<&AddressRecord::Active>(0, 1),     textField<&AddressRecord::Kind>(1, 1),
+    numberField<&AddressRecord::Tag>(2),         textField<&AddressRecord::Name>(10, 60),
+    textField<&AddressRecord::Address>(70, 500),
+};
+static_assert(recordSize(kAddressLayout) == 570);
+
+inline constexpr const char* kVendor = "V";
+inline constexpr const char* kDestination = "T";
+
+/// Each operation opens the file, works and closes it, and throws FileError.
+class AddressFile {
+  public:
+    /// `path` ends in "po_addy.dat".
+    AddressFile(FileSystem files, std::string path);
+
+    std::vector<AddressRecord> readAll();
+
+    /// The first record among `records` of exactly this name, whatever its kind; none when there
+    /// is none.
+    std::optional<AddressRecord> findNamed(const std::vector<AddressRecord>& records,
+                                           const std::string& name);
+
+    /// The number for a new address: the highest in the file, of either kind, plus one.
+    double GetNextAddyTag();
+
+    /// Appends a record under the next number, which is returned; a blank name appends nothing.
+    std::optional<double> append(const std::string& kind, const std::string& name,
+                                 const std::string& address);
+
+    /// Rewrites the first record whose name is the same but for letter case, whatever its kind,
+    /// keeping its number; appends when there is none. Returns the number as `append` does.
+    std::optional<double> rewrite(const std::string& kind, const std::string& name,
+                                  const std::string& address);
+
+    /// Copies the file without the records of exactly this name, whatever their kind. Faults are
+    /// thrown at once, without waiting.
+    void removeNamed(const std::string& name);
+
+  private:
+    void fill(const std::string& kind, const std::string& name, const std::string& address);
+
+    FileSystem files_;
+    std::string path_;
+    /// The one record buffer of all address work: what an operation does not set keeps the value
+    /// of the record read last.
+    AddressRecord buffer_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,42 @@
+// One address block of the order: the name with its list, the address, its number and the buttons
+// that save and delete it. The main window has two.
+#pragma once
+
+#include "addresses/address_book.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QLabel;
+class QPlainTextEdit;
+class QToolButton;
+
+namespace bramblet {
+
+class AddressPanel : public QWidget {
+    Q_OBJECT
+  public:
+    AddressPanel(AddressSide side, AddressBook& book, const OpenOrder& open,
+                 QWidget* parent = nullptr);
+
+    /// Shows what the book and the order hold now.
+    void refresh();
+
+    QComboBox* nameBox() const { return name_; }
+    QPlainTextEdit* addressBox() const { return address_; }
+
+  private:
+    void pickTypedName();
+
+    AddressSide side_;
+    AddressBook& book_;
+    const OpenOrder& open_;
+    QComboBox* name_;
+    QPlainTextEdit* address_;
+    QLabel* counter_;
+    QToolButton* save_;
+    QToolButton* remove_;
+    std::vector<std::string> listed_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,43 @@
+#include "app/data_folder.h"
+
+#include "platform/text.h"
+
+namespace bramblet {
+
+DataFolder::DataFolder(const std::string& directory) : path_(withSeparator(directory)) {}
+
+void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
+    const FileSystem once = files.withoutRetry();
+    const std::string probe = file("testfile.tmp");
+    try {
+        once.touch(probe);
+        once.remove(probe);
+        ok_ = true;
+    } catch (const FileError& error) {
+        ok_ = false;
+        reason_ = "Error " + std::to_string(error.code()) + " " + error.description();
+        available(prompts);
+    }
+}
+
+bool DataFolder::available(Prompts& prompts) const {
+    if (ok_) return true;
+    prompts.ask(
+        {"Unable to access the data directory " + path_ +
+             "\r\n\r\nThis could be caused by a number of factors, including an incorrect data "
+             "path "
+             "entry in your configuration file, the network being down, you not being connected to "
+             "the network, or you lacking correct network permissions.\r\n\r\nThis problem must be "
+             "corrected before you can continue. \r\n\r\n" +
+             reason_,
+         "No Server Access!", Buttons::Ok, Icon::Information});
+    return false;
+}
+
+std::string DataFolder::documentPath(const std::string& orderNumber) const {
+    const std::string name = trimmed(orderNumber);
+    if (!isPlainFileName(name)) throw FileError(FaultNumber::BadFileName, name);
+    return file(name + ".htm");
+}
+
+}  // namespace bramblet

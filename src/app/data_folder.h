@@ -1,0 +1,44 @@
+// The data folder: where all business data lives, whether it can be used, and the names of the
+// files in it.
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/prompts.h"
+
+#include <optional>
+#include <string>
+
+namespace bramblet {
+
+class DataFolder {
+  public:
+    /// `directory` is the folder as the settings hold it; fixed for the run.
+    explicit DataFolder(const std::string& directory);
+
+    /// Proves the folder writable by creating and deleting a file in it; shows the no-access
+    /// message when that fails. The folder itself is never created.
+    void CheckDataPath(const FileSystem& files, Prompts& prompts);
+
+    /// Whether the check succeeded.
+    bool DataPathOK() const { return ok_; }
+
+    /// For the start of every command on data: true when the folder can be used, else the
+    /// no-access message is shown.
+    bool available(Prompts& prompts) const;
+
+    /// The folder with the separator at its end.
+    const std::string& DataPath() const { return path_; }
+
+    std::string file(const std::string& name) const { return path_ + name; }
+
+    /// Path of an order's document. Throws FileError (52) for a number that would name a file
+    /// anywhere else, or that no file system takes.
+    std::string documentPath(const std::string& orderNumber) const;
+
+  private:
+    std::string path_;
+    std::string reason_;
+    bool ok_ = false;
+};
+
+}  // namespace bramblet

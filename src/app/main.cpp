@@ -1,0 +1,32 @@
+// The program's entry: it knows everybody, and does nothing itself.
+
+#include "app/main_window.h"
+#include "app/program.h"
+#include "platform/dialog_prompts.h"
+#include "platform/qt_text.h"
+#include "platform/system_formats.h"
+#include "platform/theme.h"
+#include "platform/waiting.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+int main(int argc, char** argv) {
+    using namespace bramblet;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Bramblet"));
+    applyTheme(application, systemTheme());
+
+    Waiting waiting;
+    DialogPrompts prompts;
+    Clock clock = systemClock();
+    clock.waitOneSecond = [&waiting] { waiting.waitOneSecond(); };
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    Program program({pathFromQt(documents), systemRegionalFormats(), clock,
+                     [&waiting](const FileError& error) { waiting.waitForFile(error); }},
+                    prompts);
+    MainWindow window(program, prompts, waiting);
+    window.show();
+    program.start();
+    return QApplication::exec();
+}

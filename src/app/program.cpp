@@ -1,0 +1,82 @@
+#include "app/program.h"
+
+#include "document/amount_text.h"
+#include "platform/sorting.h"
+#include "platform/text.h"
+
+namespace bramblet {
+
+Program::Program(Environment environment, Prompts& prompts)
+    : environment_(std::move(environment)),
+      prompts_(prompts),
+      files_(environment_.waitForFile),
+      settingsFile_(FileSystem(), homeFolderIn(environment_.documentsFolder)),
+      settings(settingsFile_.LoadConfig(prompts)),
+      folder(settings.DataDirectory),
+      taxFreight(isOn(settings.TaxFreight)),
+      addresses(files_, folder, prompts, open),
+      index(files_, folder.file("po_data.dat"), environment_.formats, environment_.clock),
+      savedOrders(index, folder, environment_.formats, prompts),
+      editor({files_, folder, settings, taxFreight, environment_.formats, environment_.clock,
+              prompts, open, addresses, index, savedOrders}),
+      lines(open, environment_.formats, prompts) {
+    lines.totalUp = [this] { editor.TotalUp_Click(); };
+    folder.CheckDataPath(files_, prompts);
+}
+
+void Program::start() {
+    if (folder.DataPathOK()) {
+        addresses.PopAddyLists();
+        savedOrders.PopPOGrid();
+    }
+    editor.clearOrder();
+    open.order.DiscountFactorEd.clear();
+    open.order.TaxFactorEd.clear();
+    if (isOn(settings.RequisitionMode)) open.order.kind = OrderKind::Requisition;
+    open.Save_POEnabled = false;
+    open.markSaved();
+    open.onChange();
+}
+
+Program::Leave Program::leave(const WindowPlace& place) {
+    if (open.OrderDirty) {
+        const Message question{"Save changes to Bramblet Number " + open.order.PONoEd + " ?",
+                               "Save PO?", Buttons::YesNoCancel, Icon::Question};
+        const Answer answer = prompts_.ask(question);
+        if (answer == Answer::Cancel) return Leave::Now;  // as designed: without the settings
+        if (answer == Answer::Yes) {
+            editor.SaveChanges_Click();
+            if (open.OrderDirty) return Leave::Stay;
+        }
+    }
+    settings.RequisitionMode = flag(open.order.kind == OrderKind::Requisition);
+    const auto twips = [](double value) { return generalText(value, RegionalFormats{}); };
+    settings.WindowHeight = fitted(twips(place.height), 5);
+    settings.WindowWidth = fitted(twips(place.width), 5);
+    settings.WindowTop = fitted(twips(place.top), 5);
+    settings.WindowLeft = fitted(twips(place.left), 5);
+    try {
+        settingsFile_.SaveConfig(settings);
+    } catch (const Fault& fault) {
+        prompts_.ask({"The settings were not saved: " + fault.inWords() + ".", "Bramblet",
+                      Buttons::Ok, Icon::Exclamation});
+    }
+    return Leave::Now;
+}
+
+WindowPlace Program::windowPlace() const {
+    const auto twips = [](const std::string& field) { return leadingNumber(trimmedField(field)); };
+    return {twips(settings.WindowHeight), twips(settings.WindowWidth), twips(settings.WindowTop),
+            twips(settings.WindowLeft)};
+}
+
+void Program::mu_About() {
+    prompts_.ask({"Quenmoor \"Bramblet\"\r\nVersion 1.5, January 17, 2004", "About Bramblet",
+                  Buttons::Ok, Icon::Information});
+}
+
+std::string Program::homeFolderIn(const std::string& documentsFolder) {
+    return withSeparator(withSeparator(documentsFolder) + "Quenmoor");
+}
+
+}  // namespace bramblet

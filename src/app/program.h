@@ -1,0 +1,80 @@
+// The program without its windows: everything it owns, in the order in which it comes to life, and
+// the flows of starting up and leaving.
+#pragma once
+
+#include "addresses/address_book.h"
+#include "app/data_folder.h"
+#include "app/settings_file.h"
+#include "orders/line_items.h"
+#include "orders/open_order.h"
+#include "orders/order_editor.h"
+#include "orders/order_index.h"
+#include "orders/saved_orders.h"
+#include "platform/clock.h"
+#include "platform/file_system.h"
+#include "platform/prompts.h"
+#include "platform/regional_formats.h"
+
+#include <string>
+
+namespace bramblet {
+
+/// What the program is given from outside.
+struct Environment {
+    std::string documentsFolder;  ///< of the user, with or without the separator at its end
+    RegionalFormats formats;
+    Clock clock;
+    FileWait waitForFile;
+};
+
+/// Place and size of the main window in twips, 15 to a pixel.
+struct WindowPlace {
+    double height;
+    double width;
+    double top;
+    double left;
+};
+
+class Program {
+  public:
+    /// Loads the settings and checks the data folder; both may speak to the user.
+    Program(Environment environment, Prompts& prompts);
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    /// Fills the lists and shows an empty order. Called once, when the windows are watching.
+    void start();
+
+    enum class Leave { Now, Stay };
+    /// The shut-down: offers to save a changed order and writes the settings. To stay is the
+    /// answer when the order was to be saved and could not be.
+    Leave leave(const WindowPlace& place);
+
+    WindowPlace windowPlace() const;
+
+    void mu_About();
+
+    /// The home folder, with the separator at its end.
+    static std::string homeFolderIn(const std::string& documentsFolder);
+
+  private:
+    Environment environment_;
+    Prompts& prompts_;
+    FileSystem files_;
+    SettingsFile settingsFile_;
+
+  public:
+    Settings settings;
+    DataFolder folder;
+    const bool taxFreight;  ///< as the settings had it at start-up
+    OpenOrder open;
+    AddressBook addresses;
+    OrderIndex index;
+    SavedOrders savedOrders;
+    OrderEditor editor;
+    LineItems lines;
+
+    const RegionalFormats& formats() const { return environment_.formats; }
+};
+
+}  // namespace bramblet

@@ -1,0 +1,38 @@
+// The settings file "po15.cfg" in the home folder, and the taking over of its forerunner's record.
+#pragma once
+
+#include "app/settings.h"
+#include "platform/file_system.h"
+#include "platform/prompts.h"
+
+#include <string>
+
+namespace bramblet {
+
+class SettingsFile {
+  public:
+    /// `homeFolder` ends in the folder separator.
+    SettingsFile(FileSystem files, std::string homeFolder);
+
+    /// Reads the settings; a missing or empty file is first filled with the record of "po14.cfg",
+    /// or with the defaults, whose data folder is then created. A file that cannot be used is kept
+    /// under another name, said so, and replaced by the defaults. `DataDirectory` comes trimmed.
+    Settings LoadConfig(Prompts& prompts) const;
+
+    /// Writes the record. Throws FileError.
+    void SaveConfig(const Settings& settings) const;
+
+    const std::string& homeFolder() const { return home_; }
+
+  private:
+    Settings firstSettings(Prompts& prompts) const;
+    Settings newDefaults() const;
+    Settings insteadOfUnusable(const std::string& name, const std::string& reason,
+                               Prompts& prompts) const;
+    std::string moveAside(const std::string& name) const;
+
+    FileSystem files_;
+    std::string home_;
+};
+
+}  // namespace bramblet

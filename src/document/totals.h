@@ -1,0 +1,15 @@
+// The money side of the order: the one place where its amounts are computed.
+#pragma once
+
+#include "orders/order.h"
+#include "platform/regional_formats.h"
+
+namespace bramblet {
+
+/// Recomputes the eight amount boxes from the lines and from the factors and amounts that the user
+/// typed; `taxFreight` tells whether shipping is taxed. Throws BoxFault naming the box whose text
+/// cannot be read, or whose amount leaves the range of Currency; the boxes before it are then
+/// updated already.
+void TotalUp(Order& order, bool taxFreight, const RegionalFormats& formats);
+
+}  // namespace bramblet

@@ -1,0 +1,40 @@
+// The column of amounts beside the lines, and the button that totals them up.
+#pragma once
+
+#include "orders/order_editor.h"
+
+#include <QWidget>
+
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+
+namespace bramblet {
+
+class TotalsPanel : public QWidget {
+    Q_OBJECT
+  public:
+    /// With `taxFreight` the shipping row stands above the tax row.
+    TotalsPanel(OrderEditor& editor, const OpenOrder& open, bool taxFreight,
+                QWidget* parent = nullptr);
+
+    /// Shows the order's amounts.
+    void refresh();
+
+  private:
+    struct Row;
+    static std::vector<Row> columnRows();
+    static void ArrangeTaxAndShippingBoxes(std::vector<Row>& rows);
+    void addRow(QGridLayout* grid, int line, const Row& row);
+    QLineEdit* addBox(const char* name, const QString& tip, OrderField field, bool typed);
+
+    OrderEditor& editor_;
+    const OpenOrder& open_;
+    struct BoundBox {
+        QLineEdit* box;
+        OrderField field;
+    };
+    std::vector<BoundBox> boxes_;
+};
+
+}  // namespace bramblet

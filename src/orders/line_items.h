@@ -1,0 +1,68 @@
+// The lines of the order: adding, editing and removing them. What is typed goes through the line
+// dialog, which the windows supply.
+#pragma once
+
+#include "orders/open_order.h"
+#include "platform/prompts.h"
+#include "platform/regional_formats.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace bramblet {
+
+/// The four boxes of the line dialog.
+struct LineEntry {
+    std::string quantity;
+    std::string unit;
+    std::string description;
+    std::string unitCost;
+};
+
+/// Shows the line dialog with `entry` in its boxes under `caption`; what was stored, or none when
+/// it was closed without storing. The dialog checks what it stores with `checkedEntry`.
+using LineDialog =
+    std::function<std::optional<LineEntry>(const LineEntry& entry, const std::string& caption)>;
+
+/// What the dialog's Save stores of its boxes: texts trimmed, control characters and all beyond
+/// ASCII in the description replaced by blanks, amounts reduced to digits, "." and ",".
+LineEntry storedEntry(const LineEntry& boxes);
+
+/// As `storedEntry`; throws BoxFault when an amount cannot be read even so.
+LineEntry checkedEntry(const LineEntry& boxes, const RegionalFormats& formats);
+
+/// `quantity` × `unitCost` in the format "standard". Throws Fault for a text that is no number.
+std::string lineTotal(const std::string& quantity, const std::string& unitCost,
+                      const RegionalFormats& formats);
+
+class LineItems {
+  public:
+    LineItems(OpenOrder& open, const RegionalFormats& formats, Prompts& prompts);
+
+    LineDialog showDialog;
+
+    /// Called at the end of every change of the lines: totals the order.
+    std::function<void()> totalUp = [] {};
+
+    /// "Add one-time item": the line is added however the dialog was closed.
+    void OrderPop_OneTime_Click();
+
+    /// "Edit this item": edits line `row` (from 0), or removes it when its quantity has become 0;
+    /// a row that is not there does nothing. The line becomes a special one.
+    void OrderPop_DescriptionOverride_Click(int row);
+
+    /// What the dialog's Del does to a line, without the dialog.
+    void removeLine(int row);
+
+  private:
+    bool hasLine(int row) const;
+    void store(OrderLine& line, const LineEntry& entry) const;
+    void finish();
+
+    OpenOrder& open_;
+    const RegionalFormats& formats_;
+    Prompts& prompts_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,42 @@
+// The lines of the order in their grid, with the grid's pop-up menu.
+#pragma once
+
+#include "orders/line_items.h"
+
+#include <QWidget>
+
+class QMenu;
+
+namespace bramblet {
+
+class GridView;
+class OrderLinesModel;
+
+class LinesPanel : public QWidget {
+    Q_OBJECT
+  public:
+    LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFormats& formats,
+               Prompts& prompts, QWidget* parent = nullptr);
+
+    /// Shows the lines that the order holds now.
+    void refresh();
+
+    void addOneTimeItem();
+    void editCurrentLine();
+    void deleteCurrentLine();
+
+    /// Asked before a double-click edits a line: whether the data folder can be used.
+    std::function<bool()> dataAvailable = [] { return true; };
+
+    GridView* grid() const { return grid_; }
+
+  private:
+    LineDialog lineDialog(const RegionalFormats& formats, Prompts& prompts);
+
+    LineItems& lines_;
+    OrderLinesModel* model_;
+    GridView* grid_;
+    QMenu* menu_;
+};
+
+}  // namespace bramblet

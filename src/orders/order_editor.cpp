@@ -1,0 +1,286 @@
+#include "orders/order_editor.h"
+
+#include "document/amount_text.h"
+#include "document/document_reader.h"
+#include "document/document_writer.h"
+#include "document/totals.h"
+#include "platform/text.h"
+
+#include <cstdio>
+
+namespace bramblet {
+namespace {
+
+constexpr int kCopies = 10;
+constexpr std::size_t kIndexNumberWidth = 6;
+
+/// An order number as it is shown: six digits with leading zeros, longer numbers in full.
+std::string orderNumberText(double number) {
+    std::string digits(32, '\0');
+    const int length = std::snprintf(digits.data(), digits.size(), "%06.0f", number);
+    digits.resize(static_cast<std::size_t>(length));
+    return digits;
+}
+
+}  // namespace
+
+void OrderEditor::SaveChanges_Click() {
+    if (!at_.folder.available(at_.prompts)) return;
+    if (at_.open.isPending()) {
+        const Message question{"Save new Bramblet Number?", "Save PO?", Buttons::YesNo,
+                               Icon::Question};
+        if (at_.prompts.ask(question) != Answer::Yes) return;
+        for (const AddressSide side : kAddressSides) {
+            if (at_.addresses.shown(side).changedEnabled) at_.addresses.Changed_Click(side);
+        }
+        if (const auto number = nextNumber()) saveAs(*number);
+    } else if (totalUp()) {
+        write();
+        at_.open.Save_POEnabled = true;
+    }
+    at_.savedOrders.PopPOGrid();
+    changed();
+}
+
+void OrderEditor::NewPO_Click() {
+    if (!at_.folder.available(at_.prompts)) return;
+    if (offerToSave("Order", "Save?") == Offer::Stop) return;
+    if (!confirm("Create blank new order ?")) return;
+    // Drawn before the window is cleared: without a number the shown order stays as it is.
+    const auto number = nextNumber();
+    if (!number) return;
+    at_.addresses.PopAddyLists();
+    clearOrder();
+    saveAs(*number);
+    at_.savedOrders.PopPOGrid();
+    at_.open.Save_POEnabled = true;
+    changed();
+}
+
+void OrderEditor::Save_PO_Click() {
+    if (!at_.folder.available(at_.prompts)) return;
+    if (offerToSave("Bramblet", "Save PO?") == Offer::Stop) return;
+    if (!confirm("Create new purchase order based on details currently displayed?")) return;
+    const auto number = nextNumber();
+    if (!number) return;
+    at_.open.order.MarkReceivedCheck = false;
+    saveAs(*number);
+    at_.savedOrders.PopPOGrid();
+    changed();
+}
+
+void OrderEditor::Clear_Click() {
+    if (!at_.folder.available(at_.prompts)) return;
+    clearOrder();
+    at_.open.MarkOrderChanged();
+    changed();
+}
+
+void OrderEditor::make10_Click() {
+    if (!at_.folder.available(at_.prompts)) return;
+    for (int copy = 1; copy <= kCopies; ++copy) {
+        const auto number = nextNumber();
+        if (!number || !saveAs(*number)) break;
+        at_.savedOrders.PopPOGrid();
+        changed();
+        at_.clock.waitOneSecond();
+        setCaption("making number " + std::to_string(copy));
+    }
+    setCaption("done");
+    changed();
+}
+
+void OrderEditor::Label11_DblClick() {
+    const Message question{
+        "Are you SURE you want to unlock the PO number field?\r\n\r\nThis should only be done ONE "
+        "TIME in order to make Bramblet conform to your existing numbered records. DO NOT do this "
+        "as a matter of course - data corruption is very likely if you do!",
+        "Confirm Setting Initial Document Number", Buttons::YesNo, Icon::Stop, Answer::No};
+    if (at_.prompts.ask(question) != Answer::Yes) return;
+    at_.open.numberUnlocked = true;
+    changed();
+}
+
+void OrderEditor::TotalUp_Click() {
+    totalUp();
+}
+
+void OrderEditor::POGrid_Click(const std::string& orderNumber) {
+    if (!at_.folder.available(at_.prompts)) return;
+    if (offerToSave("Bramblet", "Save PO?") == Offer::Stop) return;
+    LoadOrder(orderNumber);
+}
+
+void OrderEditor::POPop_delete_Click(const std::string& orderNumber) {
+    if (!at_.folder.available(at_.prompts)) return;
+    const Message question{"Delete purchase order " + orderNumber + " ?", "Confirm", Buttons::YesNo,
+                           Icon::None, Answer::No};
+    if (at_.prompts.ask(question) != Answer::Yes) return;
+    try {
+        at_.index.markDeleted(orderNumber);
+    } catch (const Fault& fault) {
+        at_.prompts.say("Order " + orderNumber + " was not deleted: " + fault.inWords());
+    }
+    at_.savedOrders.PopPOGrid();
+}
+
+void OrderEditor::edit(OrderField field, const std::string& text) {
+    if (at_.open.order.*field == text) return;
+    at_.open.order.*field = text;
+    at_.open.MarkOrderChanged();
+    changed();
+}
+
+void OrderEditor::MarkReceivedCheck_Click(bool received) {
+    if (at_.open.order.MarkReceivedCheck == received) return;
+    at_.open.order.MarkReceivedCheck = received;
+    at_.open.MarkOrderChanged();
+    changed();
+}
+
+void OrderEditor::MonthView1_DateClick(OrderField box, DayCount day) {
+    edit(box, shortDateText(day, at_.formats));
+}
+
+DayCount OrderEditor::calendarStart(OrderField box) const {
+    const DayCount today = at_.clock.today();
+    return parseDate(at_.open.order.*box, at_.formats, today).value_or(today);
+}
+
+void OrderEditor::clearOrder() {
+    Order cleared;
+    cleared.PONoEd = at_.open.order.PONoEd;
+    cleared.kind = at_.open.order.kind;
+    cleared.OrderDateEd = shortDateText(at_.clock.today(), at_.formats);
+    cleared.DiscountFactorEd = "0";
+    cleared.TaxFactorEd = "0";
+    const std::string zero = standardText(Currency{}, at_.formats);
+    for (const auto box : {&Order::SubTotalEd, &Order::DiscountEd, &Order::NetTotalEd,
+                           &Order::SalesTaxEd, &Order::ShippingEd, &Order::OrderTotalEd}) {
+        cleared.*box = zero;
+    }
+    at_.open.order = cleared;
+    at_.addresses.showNone();
+    TotalUp(at_.open.order, at_.taxFreight, at_.formats);
+}
+
+OrderEditor::Offer OrderEditor::offerToSave(const std::string& named, const std::string& title) {
+    if (!at_.open.OrderDirty) return Offer::GoOn;
+    const Message question{"Save changes to " + named + " Number " + at_.open.order.PONoEd + " ?",
+                           title, Buttons::YesNoCancel, Icon::Question};
+    switch (at_.prompts.ask(question)) {
+        case Answer::Yes:
+            SaveChanges_Click();
+            return at_.open.OrderDirty ? Offer::Stop : Offer::GoOn;
+        case Answer::No:
+            return Offer::GoOn;
+        default:
+            return Offer::Stop;
+    }
+}
+
+bool OrderEditor::confirm(const std::string& question) {
+    return at_.prompts.ask({question, "Confirm", Buttons::YesNo, Icon::Question}) == Answer::Yes;
+}
+
+bool OrderEditor::totalUp() {
+    Order& order = at_.open.order;
+    const std::string totalBefore = order.OrderTotalEd;
+    bool totalled = true;
+    try {
+        TotalUp(order, at_.taxFreight, at_.formats);
+    } catch (const BoxFault& fault) {
+        totalled = false;
+        at_.prompts.ask({"The order cannot be totalled up: " + fault.inWords() + ".", "Total up",
+                         Buttons::Ok, Icon::Exclamation});
+    }
+    if (order.OrderTotalEd != totalBefore) at_.open.MarkOrderChanged();
+    changed();
+    return totalled;
+}
+
+std::optional<std::string> OrderEditor::nextNumber() {
+    try {
+        return orderNumberText(at_.index.NextPONumber());
+    } catch (const Fault& fault) {
+        at_.prompts.say("No order number could be drawn: " + fault.inWords());
+        return std::nullopt;
+    }
+}
+
+bool OrderEditor::saveAs(const std::string& number) {
+    const std::string previousNumber = at_.open.order.PONoEd;
+    at_.open.order.PONoEd = number;
+    if (totalUp()) return write();
+    at_.open.order.PONoEd = previousNumber;
+    changed();
+    return false;
+}
+
+bool OrderEditor::write() {
+    const Order& order = at_.open.order;
+    std::string failures;
+    const auto attempt = [&](const std::string& failure, const auto& step) {
+        try {
+            step();
+        } catch (const Fault& fault) {
+            failures += failure + fault.inWords() + ". ";
+        }
+    };
+    attempt("Order " + order.PONoEd + " was not entered in the list of orders: ",
+            [&] { at_.index.RecordData(order); });
+    attempt("The document of order " + order.PONoEd + " was not saved: ", [&] {
+        MakeSnap(at_.folder.documentPath(order.PONoEd), order,
+                 {at_.settings, at_.taxFreight, at_.formats}, at_.files);
+    });
+    at_.settings.OrdersSavedCount += 1;
+    at_.open.markSaved();
+    if (!failures.empty()) {
+        at_.open.MarkOrderChanged();  // what is shown is not what is stored
+        at_.prompts.say(trimmed(failures));
+    } else if (trimmed(order.PONoEd).size() > kIndexNumberWidth) {
+        at_.prompts.say(
+            "Order " + order.PONoEd +
+            " is saved, but the list of orders holds only six characters of its number");
+    } else {
+        at_.prompts.say("Order " + order.PONoEd + " is saved");
+    }
+    return failures.empty();
+}
+
+void OrderEditor::LoadOrder(const std::string& orderNumber) {
+    std::string document;
+    try {
+        const std::string path = at_.folder.documentPath(orderNumber);
+        at_.files.touch(path);
+        document = at_.files.read(path);
+    } catch (const Fault& fault) {
+        at_.prompts.ask({"Order " + orderNumber + " cannot be opened: " + fault.inWords() + ".",
+                         "Bramblet", Buttons::Ok, Icon::Exclamation});
+        return;
+    }
+    clearOrder();
+    Order& order = at_.open.order;
+    order.kind = OrderKind::PurchaseOrder;
+    const MarkersFound found = readMarkers(document, order);
+    // Without a number of its own what is shown must not be saved over the order shown before.
+    if (!found.number) {
+        order.PONoEd = kPendingNumber;
+        at_.prompts.say("The document of order " + orderNumber + " holds no order");
+    }
+    if (found.vendor) at_.addresses.Combo_Click(AddressSide::Vendor);
+    if (found.shipTo) at_.addresses.Combo_Click(AddressSide::Destination);
+    totalUp();
+    at_.open.markSaved();
+    at_.open.Save_POEnabled = true;
+    changed();
+}
+
+void OrderEditor::chooseKind(OrderKind kind) {
+    if (at_.open.order.kind == kind) return;
+    at_.open.order.kind = kind;
+    at_.open.MarkOrderChanged();
+    changed();
+}
+
+}  // namespace bramblet

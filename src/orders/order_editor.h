@@ -1,0 +1,84 @@
+// The commands on the order shown: new, save, save as a copy, clear, open, and what goes with them.
+#pragma once
+
+#include "addresses/address_book.h"
+#include "app/data_folder.h"
+#include "app/settings.h"
+#include "orders/line_items.h"
+#include "orders/open_order.h"
+#include "orders/order_index.h"
+#include "orders/saved_orders.h"
+#include "platform/clock.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace bramblet {
+
+class OrderEditor {
+  public:
+    /// What the commands work with; all of it outlives the editor.
+    struct Workplace {
+        const FileSystem& files;
+        const DataFolder& folder;
+        Settings& settings;
+        bool taxFreight;
+        const RegionalFormats& formats;
+        const Clock& clock;
+        Prompts& prompts;
+        OpenOrder& open;
+        AddressBook& addresses;
+        const OrderIndex& index;
+        SavedOrders& savedOrders;
+    };
+    explicit OrderEditor(const Workplace& workplace) : at_(workplace) {}
+
+    /// Shows a text as the main window's caption.
+    std::function<void(const std::string&)> setCaption = [](const std::string&) {};
+
+    void SaveChanges_Click();
+    void NewPO_Click();
+    void Save_PO_Click();
+    void Clear_Click();
+    /// "make 10 copies"
+    void make10_Click();
+    /// Unlocks the number box after a question.
+    void Label11_DblClick();
+    void TotalUp_Click();
+    /// A click on a row of the saved orders: opens that order after offering to save this one.
+    void POGrid_Click(const std::string& orderNumber);
+    /// "Delete Order" of the saved orders' pop-up menu.
+    void POPop_delete_Click(const std::string& orderNumber);
+
+    /// The user has typed into a box.
+    void edit(OrderField field, const std::string& text);
+    void OptionPO_Click() { chooseKind(OrderKind::PurchaseOrder); }
+    void OptionRe_Click() { chooseKind(OrderKind::Requisition); }
+    void MarkReceivedCheck_Click(bool received);
+    /// A day of the calendar was clicked: its date goes into the box in the short form.
+    void MonthView1_DateClick(OrderField box, DayCount day);
+    /// The day at which the calendar opens for a box: its own, or today.
+    DayCount calendarStart(OrderField box) const;
+
+    /// Empties the order as the clear command does, without marking it changed.
+    void clearOrder();
+
+  private:
+    enum class Offer { GoOn, Stop };
+    /// Asks whether to save a changed order, named as "Order" or "Bramblet" number.
+    Offer offerToSave(const std::string& named, const std::string& title);
+    bool confirm(const std::string& question);
+    // Each of these is none or false when the user has been told what went wrong.
+    std::optional<std::string> nextNumber();
+    bool totalUp();
+    bool write();
+    bool saveAs(const std::string& number);
+    void LoadOrder(const std::string& orderNumber);
+    void chooseKind(OrderKind kind);
+    void changed() { at_.open.onChange(); }
+
+    Workplace at_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,218 @@
+#include "orders/order_panel.h"
+
+#include "addresses/address_panel.h"
+#include "platform/boxes.h"
+#include "platform/calendar_popup.h"
+#include "platform/icons.h"
+#include "platform/qt_text.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace bramblet {
+namespace {
+
+constexpr int kJobNumberLimit = 12;
+
+/// The boxes of the terms column, from top to bottom.
+struct TermsBox {
+    const char* name;
+    const char* label;
+    const char* tip;
+    OrderField field;
+};
+const std::array<TermsBox, 5> kTerms{{
+    {"JobNumberEd", QT_TRANSLATE_NOOP("OrderPanel", "&Job Number"),
+     QT_TRANSLATE_NOOP("OrderPanel", "The job that the order belongs to; 12 characters at most."),
+     &Order::JobNumberEd},
+    {"ByEd", QT_TRANSLATE_NOOP("OrderPanel", "B&y:"),
+     QT_TRANSLATE_NOOP("OrderPanel", "Who places the order."), &Order::ByEd},
+    {"ShipViaEd", QT_TRANSLATE_NOOP("OrderPanel", "&Via:"),
+     QT_TRANSLATE_NOOP("OrderPanel", "How the goods are to be shipped."), &Order::ShipViaEd},
+    {"FOBEd", QT_TRANSLATE_NOOP("OrderPanel", "F&OB:"),
+     QT_TRANSLATE_NOOP("OrderPanel", "The place from which freight is the buyer's."),
+     &Order::FOBEd},
+    {"TermsEd", QT_TRANSLATE_NOOP("OrderPanel", "Ter&ms:"),
+     QT_TRANSLATE_NOOP("OrderPanel", "Terms of payment."), &Order::TermsEd},
+}};
+
+}  // namespace
+
+OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, const OpenOrder& open,
+                       int firstDayOfWeek, QWidget* parent)
+    : QFrame(parent), editor_(editor), open_(open) {
+    setObjectName(QStringLiteral("band"));
+    calendar_ = new CalendarPopup(firstDayOfWeek, this);
+    vendor_ = new AddressPanel(AddressSide::Vendor, addresses, open);
+    shipTo_ = new AddressPanel(AddressSide::Destination, addresses, open);
+
+    auto* middle = new QHBoxLayout;
+    middle->setSpacing(14);
+    QLayout* const strip = makeStrip();
+    middle->addWidget(vendor_, 5);
+    middle->addWidget(shipTo_, 5);
+    middle->addLayout(makeTerms(), 4);
+
+    comments_ = historyBox("CommentsEd", tr("Comments"));
+    comments_->setToolTip(tr("Printed below the lines of the order."));
+    bind(comments_->lineEdit(), &Order::CommentsEd);
+    connect(comments_, &QComboBox::activated, this,
+            [this] { editor_.edit(&Order::CommentsEd, fromQt(comments_->currentText())); });
+    auto* comments = new QHBoxLayout;
+    comments->addWidget(boxLabel(tr("Comme&nts"), comments_));
+    comments->addWidget(comments_, 1);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(10, 8, 10, 8);
+    layout->setSpacing(8);
+    layout->addLayout(strip);
+    layout->addLayout(middle, 1);
+    layout->addLayout(comments);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    setTabs();
+}
+
+void OrderPanel::refresh() {
+    const Order& order = open_.order;
+    for (const auto& bound : boxes_)
+        showText(bound.box, order.*bound.field);
+    number_->setReadOnly(!open_.numberUnlocked);
+    (order.kind == OrderKind::Requisition ? requisition_ : purchaseOrder_)->setChecked(true);
+    received_->setChecked(order.MarkReceivedCheck);
+    vendor_->refresh();
+    shipTo_->refresh();
+}
+
+QLayout* OrderPanel::makeStrip() {
+    number_ = new QLineEdit;
+    number_->setObjectName(QStringLiteral("PONoEd"));
+    number_->setAccessibleName(tr("Order number"));
+    number_->setToolTip(tr("Number of the order shown; (PEND) until it is saved."));
+    number_->setMaxLength(6);
+    QFont bold = number_->font();
+    bold.setBold(true);
+    bold.setPointSizeF(bold.pointSizeF() * 1.25);
+    number_->setFont(bold);
+    number_->setFixedWidth(QFontMetrics(bold).horizontalAdvance(QStringLiteral("(PEND)00")) + 10);
+    bind(number_, &Order::PONoEd);
+    numberLabel_ = new QLabel(tr("Number"));
+    numberLabel_->setObjectName(QStringLiteral("Label11"));
+    numberLabel_->setToolTip(tr("Double-click to unlock the number."));
+    numberLabel_->installEventFilter(this);
+
+    purchaseOrder_ = new QRadioButton(tr("&Bramblet"));
+    purchaseOrder_->setObjectName(QStringLiteral("OptionPO"));
+    purchaseOrder_->setToolTip(tr("Create a Bramblet"));
+    requisition_ = new QRadioButton(tr("Re&quistion"));
+    requisition_->setObjectName(QStringLiteral("OptionRe"));
+    requisition_->setToolTip(tr("Create a Requisition"));
+    received_ = new QCheckBox(tr("Mar&k Received"));
+    received_->setObjectName(QStringLiteral("MarkReceivedCheck"));
+    received_->setToolTip(tr("Check to mark order as Received"));
+    connect(purchaseOrder_, &QRadioButton::clicked, this, [this] { editor_.OptionPO_Click(); });
+    connect(requisition_, &QRadioButton::clicked, this, [this] { editor_.OptionRe_Click(); });
+    connect(received_, &QCheckBox::clicked, this,
+            [this](bool checked) { editor_.MarkReceivedCheck_Click(checked); });
+
+    auto* orderDate = dateBox("OrderDateEd", tr("The date of the order."));
+    bind(orderDate, &Order::OrderDateEd);
+    auto* shipDate = dateBox("ShipDateEd", tr("When the goods are to be on site; may be empty."));
+    bind(shipDate, &Order::ShipDateEd);
+    orderDatePicker_ = datePicker("OrderDatePicker", tr("Select order date from calendar."),
+                                  orderDate, &Order::OrderDateEd);
+    shipDatePicker_ = datePicker("ShipDatePicker", tr("Select on-site date from calendar."),
+                                 shipDate, &Order::ShipDateEd);
+
+    auto* strip = new QHBoxLayout;
+    strip->setSpacing(6);
+    strip->addWidget(numberLabel_);
+    strip->addWidget(number_);
+    strip->addSpacing(12);
+    strip->addWidget(purchaseOrder_);
+    strip->addSpacing(4);
+    strip->addWidget(requisition_);
+    strip->addSpacing(14);
+    strip->addWidget(received_);
+    strip->addStretch(1);
+    strip->addWidget(boxLabel(tr("Order D&ate"), orderDate));
+    strip->addWidget(orderDate);
+    strip->addWidget(orderDatePicker_);
+    strip->addSpacing(8);
+    strip->addWidget(boxLabel(tr("On Sit&e"), shipDate));
+    strip->addWidget(shipDate);
+    strip->addWidget(shipDatePicker_);
+    return strip;
+}
+
+QLineEdit* OrderPanel::dateBox(const char* name, const QString& tip) {
+    auto* box = new QLineEdit;
+    box->setObjectName(QLatin1String(name));
+    box->setToolTip(tip);
+    box->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00/00000")) + 14);
+    return box;
+}
+
+QToolButton* OrderPanel::datePicker(const char* name, const QString& tip, QLineEdit* box,
+                                    OrderField field) {
+    auto* picker = toolButton(name, Drawing::Calendar, {}, tip);
+    connect(picker, &QToolButton::clicked, this, [this, box, field] {
+        calendar_->openUnder(box, editor_.calendarStart(field), [this, field](DayCount day) {
+            editor_.MonthView1_DateClick(field, day);
+        });
+    });
+    return picker;
+}
+
+QLayout* OrderPanel::makeTerms() {
+    auto* grid = new QGridLayout;
+    grid->setVerticalSpacing(4);
+    for (std::size_t i = 0; i < kTerms.size(); ++i) {
+        const TermsBox& terms = kTerms[i];
+        const OrderField field = terms.field;
+        auto* box = historyBox(terms.name, tr(terms.label).remove(QLatin1Char('&')));
+        box->setToolTip(tr(terms.tip));
+        if (field == &Order::JobNumberEd) box->lineEdit()->setMaxLength(kJobNumberLimit);
+        bind(box->lineEdit(), field);
+        connect(box, &QComboBox::activated, this,
+                [this, box, field] { editor_.edit(field, fromQt(box->currentText())); });
+        grid->addWidget(boxLabel(tr(terms.label), box), static_cast<int>(i), 0);
+        grid->addWidget(box, static_cast<int>(i), 1);
+    }
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(static_cast<int>(kTerms.size()), 1);
+    return grid;
+}
+
+/// Tab goes along the strip, then down the two addresses, the terms and the comments.
+void OrderPanel::setTabs() {
+    std::vector<QWidget*> order{number_, purchaseOrder_, requisition_, received_};
+    for (const auto* name :
+         {"OrderDateEd", "OrderDatePicker", "ShipDateEd", "ShipDatePicker", "ToCombo", "ToField",
+          "ChangedVendor", "DeleteVendor", "ShipToCombo", "ShipToField", "ChangedDest",
+          "DeleteDest", "JobNumberEd", "ByEd", "ShipViaEd", "FOBEd", "TermsEd", "CommentsEd"}) {
+        order.push_back(findChild<QWidget*>(QLatin1String(name)));
+    }
+    for (std::size_t i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void OrderPanel::bind(QLineEdit* box, OrderField field) {
+    boxes_.push_back({box, field});
+    connect(box, &QLineEdit::textEdited, this,
+            [this, field](const QString& text) { editor_.edit(field, fromQt(text)); });
+}
+
+bool OrderPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == numberLabel_ && event->type() == QEvent::MouseButtonDblClick) {
+        editor_.Label11_DblClick();
+        return true;
+    }
+    return QFrame::eventFilter(watched, event);
+}
+
+}  // namespace bramblet

@@ -1,0 +1,111 @@
+#include "orders/saved_orders.h"
+
+#include "document/amount_text.h"
+#include "platform/sorting.h"
+#include "platform/text.h"
+
+namespace bramblet {
+
+SavedOrders::SavedOrders(const OrderIndex& index, const DataFolder& folder,
+                         const RegionalFormats& formats, Prompts& prompts)
+    : index_(index), folder_(folder), formats_(formats), prompts_(prompts) {}
+
+void SavedOrders::PopPOGrid() {
+    rows_.clear();
+    try {
+        rows_ = index_.readAll();
+    } catch (const Fault& fault) {
+        prompts_.say("The list of saved orders was not read: " + fault.inWords());
+    }
+    std::erase_if(rows_, [this](const auto& record) { return !isListed(record); });
+    sortColumn_ = kNumberColumn;
+    descending_ = true;
+    sort();
+    onChange();
+}
+
+void SavedOrders::ListCheck_Click(bool SavedOrders::*filter, bool checked) {
+    this->*filter = checked;
+    if (folder_.available(prompts_)) PopPOGrid();
+}
+
+void SavedOrders::sortByHeading(int column) {
+    const bool initialOrder = sortColumn_ == kNumberColumn && descending_;
+    descending_ = column == sortColumn_ && !initialOrder && !descending_;
+    sortColumn_ = column;
+    sort();
+    onChange();
+}
+
+std::string SavedOrders::cell(int row, int column) const {
+    return cellOf(rows_[static_cast<std::size_t>(row)], column);
+}
+
+int SavedOrders::rowOf(const std::string& orderNumber) const {
+    for (int row = 0; row < rowCount(); ++row) {
+        if (trimmedField(rows_[static_cast<std::size_t>(row)].Number) == orderNumber) return row;
+    }
+    return -1;
+}
+
+std::string SavedOrders::countText() const {
+    return std::to_string(rowCount()) + " orders listed";
+}
+
+bool SavedOrders::isListed(const OrderIndexRecord& record) const {
+    const std::string status = trimmedField(record.Status);
+    if (status == kDeletedOrder) return false;
+    if (status == "A") return ListCheckPO;
+    if (status == "R") return ListCheckRE;
+    if (status == "a" || status == "r") return ListCheckRecd;
+    return true;
+}
+
+std::string SavedOrders::cellOf(const OrderIndexRecord& record, int column) const {
+    const auto date = [this](double days) {
+        return days == 0 ? std::string() : shortDateText(days, formats_);
+    };
+    switch (column) {
+        case kNumberColumn:
+            return trimmedField(record.Number);
+        case kJobColumn:
+            return trimmedField(record.Job);
+        case kDateColumn:
+            return date(record.OrderDate);
+        case kVendorColumn:
+            return trimmedField(record.Vendor);
+        case kShipToColumn:
+            return trimmedField(record.ShipTo);
+        case kShipDateColumn:
+            return date(record.ShipDate);
+        case kOrderTotalColumn:
+            return currencyText(record.OrderTotal, formats_);
+        case kShippingColumn:
+            return currencyText(record.Shipping, formats_);
+        case kSalesTaxColumn:
+            return currencyText(record.SalesTax, formats_);
+        case kNetColumn:
+            return currencyText(record.NetTotal, formats_);
+        case kDiscountColumn:
+            return currencyText(record.Discount, formats_);
+        case kSubTotalColumn:
+            return currencyText(record.SubTotal, formats_);
+        case kStatusColumn:
+            return trimmedField(record.Status);
+        default:
+            return {};
+    }
+}
+
+void SavedOrders::sort() {
+    if (sortColumn_ == kNumberColumn) {
+        sortRows(rows_, descending_, [this](const auto& record) {
+            return leadingNumber(cellOf(record, kNumberColumn));
+        });
+    } else {
+        sortRows(rows_, descending_,
+                 [this](const auto& record) { return upper(cellOf(record, sortColumn_)); });
+    }
+}
+
+}  // namespace bramblet

@@ -1,0 +1,85 @@
+// The list of saved orders: the records of the index that pass the filters, in the order in which
+// they are shown. Cells are made into text when they are asked for.
+#pragma once
+
+#include "app/data_folder.h"
+#include "orders/order_index.h"
+#include "platform/prompts.h"
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+/// The columns of the grid.
+enum SavedOrderColumn : int {
+    kNumberColumn,
+    kJobColumn,
+    kDateColumn,
+    kVendorColumn,
+    kShipToColumn,
+    kShipDateColumn,
+    kOrderTotalColumn,
+    kShippingColumn,
+    kSalesTaxColumn,
+    kNetColumn,
+    kDiscountColumn,
+    kSubTotalColumn,
+    kStatusColumn,
+    kSavedOrderColumns
+};
+
+class SavedOrders {
+  public:
+    SavedOrders(const OrderIndex& index, const DataFolder& folder, const RegionalFormats& formats,
+                Prompts& prompts);
+
+    /// The three filters. Received orders of both kinds are governed by `ListCheckRecd` alone.
+    bool ListCheckPO = true;
+    bool ListCheckRE = true;
+    bool ListCheckRecd = true;
+
+    /// Called after the list or its order has changed.
+    std::function<void()> onChange = [] {};
+
+    /// Reads the index anew; the highest order number comes first.
+    void PopPOGrid();
+
+    /// A click on one of the filter boxes: lists anew.
+    void ListCheck_Click(bool SavedOrders::*filter, bool checked);
+
+    /// A click on a heading: sorts by that column, ascending at first and then in turn. Order
+    /// numbers sort as numbers, everything else as text without regard to case.
+    void sortByHeading(int column);
+
+    int rowCount() const { return static_cast<int>(rows_.size()); }
+    std::string cell(int row, int column) const;
+    std::string number(int row) const { return cell(row, kNumberColumn); }
+    /// The status letter of a row: "A", "R", "a" or "r".
+    std::string status(int row) const { return cell(row, kStatusColumn); }
+    /// The row of an order number; -1 when it is not listed.
+    int rowOf(const std::string& orderNumber) const;
+
+    int sortColumn() const { return sortColumn_; }
+    bool sortedDescending() const { return descending_; }
+
+    /// "12 orders listed", for the tool tip of the label under the list.
+    std::string countText() const;
+
+  private:
+    bool isListed(const OrderIndexRecord& record) const;
+    std::string cellOf(const OrderIndexRecord& record, int column) const;
+    void sort();
+
+    const OrderIndex& index_;
+    const DataFolder& folder_;
+    const RegionalFormats& formats_;
+    Prompts& prompts_;
+    std::vector<OrderIndexRecord> rows_;
+    int sortColumn_ = kNumberColumn;
+    bool descending_ = true;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,34 @@
+// Making the small controls of the panels, and keeping a box at the text it has to show.
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolButton>
+
+#include <string>
+
+class QPlainTextEdit;
+
+namespace bramblet {
+
+enum class Drawing;
+
+/// A label with a mnemonic for `buddy`.
+QLabel* boxLabel(const QString& caption, QWidget* buddy);
+
+/// A button with an icon, and a caption beside it unless that is empty.
+QToolButton* toolButton(const char* name, Drawing drawing, const QString& caption,
+                        const QString& tip);
+
+/// An editable combo box whose list never changes what is typed: entries that match are offered
+/// below it and taken only when chosen.
+QComboBox* historyBox(const char* name, const QString& accessibleName);
+
+/// Puts `text` into a box that shows another one, leaving the cursor where it was. No signal of an
+/// edit is sent.
+void showText(QLineEdit* box, const std::string& text);
+void showText(QComboBox* box, const std::string& text);
+void showText(QPlainTextEdit* box, const std::string& lines);
+
+}  // namespace bramblet

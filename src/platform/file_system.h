@@ -1,0 +1,111 @@
+// The files of the program. Every statement on them goes through here and through the rule for a
+// data folder that several people share: a file that another user holds (errors 70 and 75) is
+// waited for, one second at a time, and the statement is tried again.
+#pragma once
+
+#include "platform/fault.h"
+#include "platform/os_files.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace bramblet {
+
+/// Waits about a second for the file that the error names. It may throw to give up waiting.
+using FileWait = std::function<void(const FileError&)>;
+
+class RandomFile;
+
+class FileSystem {
+  public:
+    /// Without a wait function nothing is retried.
+    FileSystem() = default;
+    explicit FileSystem(FileWait wait) : wait_(std::move(wait)) {}
+
+    /// The same files, but with every fault thrown at once.
+    FileSystem withoutRetry() const { return FileSystem(); }
+
+    /// Opens for reading and writing by position; a missing file is created empty.
+    RandomFile openRandom(const std::string& path) const;
+
+    /// The whole content of a file.
+    std::string read(const std::string& path) const;
+
+    /// Creates an empty file where there is none.
+    void touch(const std::string& path) const;
+
+    void append(const std::string& path, std::string_view content) const;
+
+    /// Puts `content` in place of the file's: written to a temporary file beside it, flushed to
+    /// disk and renamed, so that at any moment the old or the new content is there whole.
+    void replace(const std::string& path, std::string_view content) const;
+
+    /// Copies a file under a temporary name and renames it when whole, time stamp kept.
+    void copy(const std::string& from, const std::string& to) const;
+
+    bool exists(const std::string& path) const;
+    os::FileStatus status(const std::string& path) const;
+    void remove(const std::string& path) const;
+    void rename(const std::string& from, const std::string& to) const;
+    /// Creates a folder and those above it where they are missing.
+    void createFolders(const std::string& path) const;
+    std::vector<std::string> fileNames(const std::string& folder) const;
+    std::vector<std::string> folderNames(const std::string& folder) const;
+    std::uint64_t freeSpace(const std::string& folder) const;
+
+    /// Runs one file statement under the waiting rule.
+    template <class Statement>
+    auto run(Statement statement) const {
+        for (;;) {
+            try {
+                return statement();
+            } catch (const FileError& error) {
+                if (!wait_ || !isBusy(error)) throw;
+                wait_(error);
+            }
+        }
+    }
+
+  private:
+    static bool isBusy(const FileError& error) {
+        return error.number() == FaultNumber::PermissionDenied ||
+               error.number() == FaultNumber::PathFileAccess;
+    }
+
+    FileWait wait_;
+};
+
+/// An open file whose bytes are read and written by their position.
+class RandomFile {
+  public:
+    RandomFile(const FileSystem& files, const std::string& path, os::Open how);
+
+    std::uint64_t length() const;
+    /// The bytes at `offset`, fewer at the end of the file.
+    std::string read(std::uint64_t offset, std::size_t count) const;
+    std::string readAll() const;
+    /// One write call.
+    void write(std::uint64_t offset, std::string_view bytes);
+
+  private:
+    FileSystem files_;
+    os::File file_;
+};
+
+/// The separator that folder texts end in.
+#ifdef _WIN32
+inline constexpr char kFolderSeparator = '\\';
+#else
+inline constexpr char kFolderSeparator = '/';
+#endif
+
+/// The folder text with its separator at the end.
+std::string withSeparator(std::string folder);
+
+/// Whether a name may be used as one component of a path: not empty, no separators, no "..", no
+/// drive colon, nothing that a file system refuses.
+bool isPlainFileName(std::string_view name);
+
+}  // namespace bramblet

@@ -1,0 +1,55 @@
+// The table view behind the program's grids: whole rows, columns laid out for the view's width,
+// and every action of the mouse also on the keyboard.
+#pragma once
+
+#include <QTableView>
+
+#include <vector>
+
+namespace bramblet {
+
+/// How a column of a grid is laid out.
+struct GridColumn {
+    int characters = 0;  ///< width in characters; 0 hides the column
+    bool stretches =
+        false;  ///< takes a share of what the view has left, and no less than its width
+};
+
+class GridView : public QTableView {
+    Q_OBJECT
+  public:
+    explicit GridView(QWidget* parent = nullptr);
+
+    void setColumns(const std::vector<GridColumn>& columns);
+    int currentRow() const;
+
+  signals:
+    void rowClicked(int row);
+    void rowDoubleClicked(int row);
+    /// Return or Enter on a row.
+    void rowEntered(int row);
+    void insertPressed();
+    void deletePressed(int row);
+    void headingClicked(int column);
+    /// The right button was released (its row has been made current), or the menu key pressed.
+    void menuRequested(const QPoint& globalPosition);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    void layOutColumns();
+    /// The current row is tinted, more so in the grid that has the focus.
+    void tintSelection(bool focused);
+
+    std::vector<GridColumn> columns_;
+    bool layingOut_ = false;
+    bool resizedByHand_ = false;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,224 @@
+#include "platform/fault.h"
+#include "platform/os_files.h"
+#include "platform/text.h"
+
+#include <cerrno>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+namespace bramblet::os {
+namespace {
+
+bool isFolder(const std::string& path) {
+    struct stat information {};
+    return ::stat(pathToUtf8(path).c_str(), &information) == 0 && S_ISDIR(information.st_mode);
+}
+
+std::string parentOf(const std::string& path) {
+    const auto separator = path.find_last_of('/');
+    if (separator == std::string::npos) return ".";
+    return separator == 0 ? "/" : path.substr(0, separator);
+}
+
+FaultNumber faultOf(int error, const std::string& path) {
+    switch (error) {
+        case EACCES:
+        case EPERM:
+        case EROFS:
+        case EISDIR:
+            return FaultNumber::PathFileAccess;
+        case EAGAIN:
+        case EBUSY:
+        case ETXTBSY:
+            return FaultNumber::PermissionDenied;
+        case ENOENT:
+            return isFolder(parentOf(path)) ? FaultNumber::FileNotFound : FaultNumber::PathNotFound;
+        case ENOTDIR:
+            return FaultNumber::PathNotFound;
+        case ENOSPC:
+        case EDQUOT:
+            return FaultNumber::DiskFull;
+        case EINVAL:
+        case ENAMETOOLONG:
+            return FaultNumber::BadFileName;
+        case EMFILE:
+        case ENFILE:
+            return FaultNumber::TooManyFiles;
+        default:
+            return FaultNumber::DeviceError;
+    }
+}
+
+[[noreturn]] void fail(const std::string& path) {
+    throw FileError(faultOf(errno, path), path);
+}
+
+int flagsOf(Open how) {
+    switch (how) {
+        case Open::ReadWrite:
+            return O_RDWR | O_CREAT;
+        case Open::Read:
+            return O_RDONLY;
+        case Open::WriteNew:
+            return O_WRONLY | O_CREAT | O_EXCL;
+        case Open::AppendOrCreate:
+            return O_WRONLY | O_CREAT | O_APPEND;
+    }
+    return O_RDONLY;
+}
+
+/// Runs a system call again for as long as a signal interrupts it.
+template <class Call>
+auto uninterrupted(Call call) {
+    for (;;) {
+        const auto result = call();
+        if (result != -1 || errno != EINTR) return result;
+    }
+}
+
+std::int64_t nanoseconds(const timespec& time) {
+    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
+
+std::vector<std::string> namesIn(const std::string& folder, bool folders) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(pathToUtf8(folder).c_str()),
+                                                     ::closedir);
+    if (!stream) fail(folder);
+    const std::string base = folder.ends_with('/') ? folder : folder + "/";
+    std::vector<std::string> names;
+    while (const dirent* entry = ::readdir(stream.get())) {
+        const std::string utf8 = entry->d_name;
+        if (utf8 == "." || utf8 == "..") continue;
+        struct stat information {};
+        if (::stat((pathToUtf8(base) + utf8).c_str(), &information) != 0) continue;
+        const bool wanted = folders ? S_ISDIR(information.st_mode) : S_ISREG(information.st_mode);
+        if (wanted) names.push_back(pathFromUnicode(pathToUnicode(utf8)));
+    }
+    return names;
+}
+
+}  // namespace
+
+File::File(const std::string& path, Open how) : path_(path), handle_(-1) {
+    const std::string native = pathToUtf8(path);
+    const int flags = flagsOf(how) | O_CLOEXEC;
+    handle_ = uninterrupted([&] { return ::open(native.c_str(), flags, 0666); });
+    if (handle_ == -1) fail(path);
+    struct stat information {};
+    if (::fstat(static_cast<int>(handle_), &information) == 0 && S_ISDIR(information.st_mode)) {
+        ::close(static_cast<int>(handle_));
+        throw FileError(FaultNumber::PathFileAccess, path);
+    }
+}
+
+File::File(File&& other) noexcept : path_(std::move(other.path_)), handle_(other.handle_) {
+    other.handle_ = -1;
+}
+
+File::~File() {
+    if (handle_ != -1) ::close(static_cast<int>(handle_));
+}
+
+std::uint64_t File::length() const {
+    struct stat information {};
+    if (::fstat(static_cast<int>(handle_), &information) != 0) fail(path_);
+    return static_cast<std::uint64_t>(information.st_size);
+}
+
+std::string File::read(std::uint64_t offset, std::size_t count) const {
+    std::string bytes(count, '\0');
+    std::size_t done = 0;
+    while (done < count) {
+        const auto got = uninterrupted([&] {
+            return ::pread(static_cast<int>(handle_), bytes.data() + done, count - done,
+                           static_cast<off_t>(offset + done));
+        });
+        if (got == -1) fail(path_);
+        if (got == 0) break;
+        done += static_cast<std::size_t>(got);
+    }
+    bytes.resize(done);
+    return bytes;
+}
+
+void File::write(std::uint64_t offset, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto put = uninterrupted([&] {
+            return ::pwrite(static_cast<int>(handle_), bytes.data(), bytes.size(),
+                            static_cast<off_t>(offset));
+        });
+        if (put == -1) fail(path_);
+        offset += static_cast<std::uint64_t>(put);
+        bytes.remove_prefix(static_cast<std::size_t>(put));
+    }
+}
+
+void File::append(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto put = uninterrupted(
+            [&] { return ::write(static_cast<int>(handle_), bytes.data(), bytes.size()); });
+        if (put == -1) fail(path_);
+        bytes.remove_prefix(static_cast<std::size_t>(put));
+    }
+}
+
+void File::flush() {
+    const int result = uninterrupted([&] { return ::fsync(static_cast<int>(handle_)); });
+    if (result != 0 && errno != EINVAL) fail(path_);  // EINVAL: nothing to flush on such a file
+}
+
+bool exists(const std::string& path) {
+    struct stat information {};
+    return ::stat(pathToUtf8(path).c_str(), &information) == 0;
+}
+
+FileStatus status(const std::string& path) {
+    struct stat information {};
+    if (::stat(pathToUtf8(path).c_str(), &information) != 0) fail(path);
+    return {S_ISDIR(information.st_mode), static_cast<std::uint64_t>(information.st_size),
+            nanoseconds(information.st_mtim)};
+}
+
+void setModified(const std::string& path, std::int64_t modified) {
+    timespec time{};
+    time.tv_sec = static_cast<time_t>(modified / 1'000'000'000);
+    time.tv_nsec = static_cast<long>(modified % 1'000'000'000);
+    const timespec times[2]{time, time};
+    if (::utimensat(AT_FDCWD, pathToUtf8(path).c_str(), times, 0) != 0) fail(path);
+}
+
+void remove(const std::string& path) {
+    if (::unlink(pathToUtf8(path).c_str()) != 0) fail(path);
+}
+
+void rename(const std::string& from, const std::string& to) {
+    if (::rename(pathToUtf8(from).c_str(), pathToUtf8(to).c_str()) != 0) fail(to);
+}
+
+void createFolder(const std::string& path) {
+    if (::mkdir(pathToUtf8(path).c_str(), 0777) != 0 && !isFolder(path)) fail(path);
+}
+
+std::vector<std::string> fileNames(const std::string& folder) {
+    return namesIn(folder, false);
+}
+
+std::vector<std::string> folderNames(const std::string& folder) {
+    return namesIn(folder, true);
+}
+
+std::uint64_t freeSpace(const std::string& folder) {
+    struct statvfs information {};
+    if (::statvfs(pathToUtf8(folder).c_str(), &information) != 0) fail(folder);
+    return static_cast<std::uint64_t>(information.f_bavail) * information.f_frsize;
+}
+
+std::uint64_t processNumber() {
+    return static_cast<std::uint64_t>(::getpid());
+}
+
+}  // namespace bramblet::os

@@ -1,0 +1,41 @@
+// Texts of the core: single-byte strings in the system's ANSI code page, so that one char is one
+// byte is one column of a record. Conversion to and from Unicode happens at the windows' edge only.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace bramblet {
+
+/// The text without the blanks at both ends. Only blanks: tabs and line breaks stay.
+std::string trimmed(std::string_view text);
+
+/// The value of a record's text field: without blanks and zero bytes at both ends, so that a field
+/// that was never assigned (all zero bytes) reads as empty.
+std::string trimmedField(std::string_view field);
+
+/// Upper case by the letters of the code page (é becomes É).
+std::string upper(std::string_view text);
+
+/// The text at exactly `width` bytes: cut when longer, padded with blanks when shorter.
+std::string fitted(std::string_view text, std::size_t width);
+
+/// UTF-16 of a code page text.
+std::u16string toUnicode(std::string_view text);
+
+/// Code page text of UTF-16; a character that the code page lacks becomes "?".
+std::string fromUnicode(std::u16string_view text);
+
+/// A path or a message that names one: as `toUnicode`, unless the text is well-formed UTF-8 with
+/// letters outside ASCII, which is how paths that the code page cannot hold are carried.
+std::u16string pathToUnicode(std::string_view text);
+
+/// Code page text of a path, or UTF-8 when the code page lacks one of its characters, so that a
+/// folder of any name can be used.
+std::string pathFromUnicode(std::u16string_view text);
+
+/// The UTF-8 of a path: each of its components is taken as UTF-8 when it is that, else as code
+/// page text.
+std::string pathToUtf8(std::string_view path);
+
+}  // namespace bramblet

@@ -1,0 +1,111 @@
+#include "platform/theme.h"
+
+#include "platform/icons.h"
+
+#include <QApplication>
+#include <QColor>
+#include <QPalette>
+#include <QProxyStyle>
+
+namespace bramblet {
+namespace {
+
+struct Colours {
+    const char* window;
+    const char* base;
+    const char* alternate;
+    const char* text;
+    const char* muted;
+    const char* button;
+    const char* border;
+    const char* accent;
+    const char* accentText;
+    const char* link;
+    const char* tip;
+};
+
+constexpr Colours kLight{"#f3f4f6", "#ffffff", "#f8f8fb", "#1c2128", "#8a919b", "#fafafb",
+                         "#d3d7de", "#5b3f8c", "#ffffff", "#5b3f8c", "#fffdf2"};
+constexpr Colours kDark{"#202226", "#282b30", "#2c2f35", "#e7e9ec", "#7d848e", "#31343a",
+                        "#41454d", "#7c5fb5", "#ffffff", "#b49be6", "#33363d"};
+
+QPalette paletteOf(const Colours& colours) {
+    QPalette palette;
+    const auto set = [&](QPalette::ColorRole role, const char* colour) {
+        palette.setColor(role, QColor(colour));
+    };
+    set(QPalette::Window, colours.window);
+    set(QPalette::WindowText, colours.text);
+    set(QPalette::Base, colours.base);
+    set(QPalette::AlternateBase, colours.alternate);
+    set(QPalette::Text, colours.text);
+    set(QPalette::Button, colours.button);
+    set(QPalette::ButtonText, colours.text);
+    set(QPalette::BrightText, colours.accentText);
+    set(QPalette::Highlight, colours.accent);
+    set(QPalette::HighlightedText, colours.accentText);
+    set(QPalette::Link, colours.link);
+    set(QPalette::LinkVisited, colours.link);
+    set(QPalette::ToolTipBase, colours.tip);
+    set(QPalette::ToolTipText, colours.text);
+    set(QPalette::PlaceholderText, colours.muted);
+    set(QPalette::Mid, colours.border);
+    set(QPalette::Midlight, colours.border);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(colours.muted));
+    }
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(colours.accent));
+    return palette;
+}
+
+/// Fusion with more air in the cells and headings of grids, and signs of our own.
+class RoomyStyle : public QProxyStyle {
+  public:
+    RoomyStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        if (metric == PM_FocusFrameHMargin) return 4;
+        if (metric == PM_HeaderMargin) return 5;
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+    QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        switch (which) {
+            case SP_MessageBoxInformation:
+                return icon(Sign::Information);
+            case SP_MessageBoxQuestion:
+                return icon(Sign::Question);
+            case SP_MessageBoxWarning:
+                return icon(Sign::Warning);
+            case SP_MessageBoxCritical:
+                return icon(Sign::Critical);
+            default:
+                return QProxyStyle::standardIcon(which, option, widget);
+        }
+    }
+};
+
+}  // namespace
+
+Theme systemTheme() {
+    const QPalette palette = QApplication::palette();
+    const bool darkWindows = palette.color(QPalette::Window).lightness() < 128;
+    return darkWindows ? Theme::Dark : Theme::Light;
+}
+
+void applyTheme(QApplication& application, Theme theme) {
+    QApplication::setStyle(new RoomyStyle);
+    QApplication::setPalette(paletteOf(theme == Theme::Dark ? kDark : kLight));
+    application.setStyleSheet(
+        QStringLiteral("QToolTip { padding: 3px; border: 1px solid palette(mid); }"
+                       "QFrame#band { border: 1px solid palette(mid); border-radius: 5px;"
+                       "              background: palette(alternate-base); }"));
+}
+
+QColor borderColour() {
+    return QApplication::palette().color(QPalette::Mid);
+}
+
+}  // namespace bramblet

@@ -1,0 +1,20 @@
+// The look: one palette for light and one for dark, over Qt's own style.
+#pragma once
+
+class QApplication;
+class QColor;
+
+namespace bramblet {
+
+enum class Theme { Light, Dark };
+
+/// Dark when the system's own windows are dark.
+Theme systemTheme();
+
+/// Gives the application its style and colours.
+void applyTheme(QApplication& application, Theme theme);
+
+/// The thin lines around panels, in the colours of the theme applied last.
+QColor borderColour();
+
+}  // namespace bramblet

@@ -1,0 +1,185 @@
+#include "addresses/address_file.h"
+#include "support/office.h"
+
+#include <gtest/gtest.h>
+
+namespace bramblet {
+namespace {
+
+using namespace test;
+
+std::string padded(const std::string& text, std::size_t width) {
+    return text + std::string(width - text.size(), ' ');
+}
+
+class AddressFileTest : public ::testing::Test {
+  protected:
+    std::string path() const { return folder_ / "po_addy.dat"; }
+    std::string bytes() const { return contentOf(path()); }
+    /// "V3 Acme" for each record.
+    std::vector<std::string> entries() {
+        std::vector<std::string> entries;
+        for (const auto& record : file_.readAll()) {
+            entries.push_back(record.Kind + std::to_string(static_cast<int>(record.Tag)) + " " +
+                              trimmedField(record.Name));
+        }
+        return entries;
+    }
+
+    TemporaryFolder folder_;
+    AddressFile file_{FileSystem(), path()};
+};
+
+using Entries = std::vector<std::string>;
+
+TEST_F(AddressFileTest, ARecordToTheByte) {
+    file_.append(kVendor, "  Acme ", "1 Road\r\nTown ");
+    const std::string one("\0\0\0\0\0\0\xF0\x3F", 8);  // 1 as a double
+    EXPECT_EQ(bytes(), "1V" + one + padded("Acme", 60) + padded("1 Road\r\nTown", 500));
+    file_.append(kDestination, std::string(70, 'n'), std::string(600, 'a'));
+    EXPECT_EQ(bytes().substr(570), std::string("1T\0\0\0\0\0\0\0\x40", 10) + std::string(60, 'n') +
+                                       std::string(500, 'a'));
+}
+
+TEST_F(AddressFileTest, NumbersGoOnFromTheHighest) {
+    EXPECT_EQ(file_.GetNextAddyTag(), 1);
+    file_.append(kVendor, "Acme", "");
+    file_.append(kDestination, "Depot", "");
+    file_.removeNamed("Acme");
+    EXPECT_EQ(file_.GetNextAddyTag(), 3);
+    file_.removeNamed("Depot");
+    EXPECT_EQ(file_.GetNextAddyTag(), 1);
+    EXPECT_EQ(file_.append(kVendor, "  ", "x"), std::nullopt);
+    EXPECT_EQ(bytes(), "");
+}
+
+TEST_F(AddressFileTest, RewritingMatchesWithoutCaseAndKind) {
+    file_.append(kDestination, "CAF\xC9", "old");
+    file_.append(kVendor, "caf\xE9", "second");
+    EXPECT_EQ(file_.rewrite(kVendor, "Caf\xE9", "new"), 1.0);
+    EXPECT_EQ(entries(), (Entries{"V1 Caf\xE9", "V2 caf\xE9"}));
+    EXPECT_EQ(file_.rewrite(kVendor, "Other", ""), 3.0);
+    EXPECT_EQ(entries().back(), "V3 Other");
+}
+
+TEST_F(AddressFileTest, RemovingIsExactAndTakesEveryEntryOfTheName) {
+    for (const char* name : {"ACME", "Acme", "ACME"})
+        file_.append(kVendor, name, "");
+    file_.append(kDestination, "ACME", "");
+    file_.removeNamed(" ACME ");
+    EXPECT_EQ(entries(), Entries{"V2 Acme"});
+    EXPECT_FALSE(FileSystem().exists(folder_ / "po_addy.tmp"));
+}
+
+TEST_F(AddressFileTest, TheCopyIsWrittenOverATemporaryFileLeftByACrash) {
+    file_.append(kVendor, "Acme", "");
+    file_.append(kVendor, "Bolt", "");
+    const std::string stale = padded("1VSTALE...", 570) + padded("1VSECOND..", 570);
+    writeFile(folder_ / "po_addy.tmp", stale);
+    file_.removeNamed("Acme");
+    EXPECT_EQ(bytes().size(), 2 * 570u);
+    EXPECT_EQ(bytes().substr(10, 4), "Bolt");
+    EXPECT_EQ(bytes().substr(570), stale.substr(570));
+}
+
+class AddressBookTest : public Office {
+  protected:
+    const AddressBook::Shown& vendor() { return program().addresses.shown(AddressSide::Vendor); }
+    void type(AddressSide side, const std::string& name, const std::string& address) {
+        program().addresses.Combo_Change(side, name);
+        program().addresses.Field_Change(side, address);
+    }
+    void save(AddressSide side, const std::string& name, const std::string& address) {
+        type(side, name, address);
+        program().addresses.Changed_Click(side);
+    }
+    void pick(AddressSide side, const std::string& name) {
+        program().addresses.Combo_Change(side, name);
+        program().addresses.Combo_Click(side);
+    }
+};
+
+TEST_F(AddressBookTest, SavedAddressesAreListedPickedAndNumbered) {
+    start();
+    save(AddressSide::Vendor, "Zed", "Z Road");
+    save(AddressSide::Destination, "Depot", "D Road");
+    save(AddressSide::Vendor, "Acme", "A Road");
+    EXPECT_EQ(vendor().names, (std::vector<std::string>{"Zed", "Acme"}));  // in file order
+    EXPECT_EQ(vendor().counter, "3");
+    EXPECT_FALSE(vendor().changedEnabled || vendor().deleteEnabled);
+    pick(AddressSide::Vendor, "Zed");
+    EXPECT_EQ(order().ToField, "Z Road");
+    EXPECT_EQ(vendor().counter, "1");
+    EXPECT_TRUE(vendor().deleteEnabled);
+    EXPECT_FALSE(vendor().changedEnabled);
+    pick(AddressSide::Vendor, "zed");  // picking is exact; the number keeps its old text
+    EXPECT_EQ(order().ToField, "");
+    EXPECT_EQ(vendor().counter, "1");
+}
+
+TEST_F(AddressBookTest, ButtonsFollowTheEdits) {
+    start();
+    program().addresses.Combo_Change(AddressSide::Vendor, "A");
+    EXPECT_TRUE(vendor().changedEnabled);
+    EXPECT_FALSE(vendor().deleteEnabled);
+    program().addresses.Field_Change(AddressSide::Vendor, "Road");
+    EXPECT_TRUE(vendor().deleteEnabled);
+}
+
+TEST_F(AddressBookTest, PickingADestinationLoadsTheFirstRecordOfTheNameOfAnyKind) {
+    start();
+    save(AddressSide::Vendor, "Acme", "as vendor");
+    // The name is known: saving it as a destination turns that record into one.
+    save(AddressSide::Destination, "Acme", "as destination");
+    EXPECT_TRUE(vendor().names.empty());
+    pick(AddressSide::Vendor, "Acme");
+    EXPECT_EQ(order().ToField, "as destination");
+}
+
+TEST_F(AddressBookTest, SavingOneSideKeepsWhatWasTypedOnTheOther) {
+    start();
+    type(AddressSide::Destination, "Depot", "not saved yet");
+    save(AddressSide::Vendor, "Acme", "A Road");
+    EXPECT_EQ(order().ShipToField, "not saved yet");
+    EXPECT_TRUE(program().addresses.shown(AddressSide::Destination).changedEnabled);
+}
+
+TEST_F(AddressBookTest, ARefillDoesNotChangeTheOrderButShowsTheBookAnew) {
+    start();
+    newOrder();
+    save(AddressSide::Vendor, "Acme", "A Road");
+    program().editor.SaveChanges_Click();
+    AddressFile(FileSystem(), data("po_addy.dat")).rewrite(kVendor, "Acme", "B Road");
+    program().addresses.PopAddyLists();
+    EXPECT_EQ(order().ToField, "B Road");
+    EXPECT_FALSE(program().open.OrderDirty);
+    EXPECT_FALSE(program().open.SaveChangesEnabled);
+}
+
+TEST_F(AddressBookTest, DeletingAsksNothingAndABlankNameIsTold) {
+    start();
+    save(AddressSide::Vendor, "Acme", "A Road");
+    program().addresses.Delete_Click(AddressSide::Vendor);
+    EXPECT_EQ(order().ToCombo + order().ToField, "");
+    EXPECT_TRUE(vendor().names.empty());
+    prompts.expect(
+        {"Please select a vendor to delete.", "Nothing to do!", Buttons::Ok, Icon::Information});
+    program().addresses.Delete_Click(AddressSide::Vendor);
+    prompts.expect(
+        {"Please select an address to delete.", "Nothing to do!", Buttons::Ok, Icon::Information});
+    program().addresses.Delete_Click(AddressSide::Destination);
+}
+
+TEST_F(AddressBookTest, APickIsWorthSavingAndChangesAnOrderThatHasANumber) {
+    start();
+    save(AddressSide::Vendor, "Acme", "A Road");
+    pick(AddressSide::Vendor, "Acme");
+    EXPECT_TRUE(program().open.SaveChangesEnabled);
+    EXPECT_FALSE(program().open.OrderDirty);  // still pending
+    newOrder();
+    pick(AddressSide::Vendor, "Acme");
+    EXPECT_TRUE(program().open.OrderDirty);
+}
+
+}  // namespace
+}  // namespace bramblet

@@ -1,0 +1,148 @@
+#include "support/office.h"
+
+#include <gtest/gtest.h>
+
+namespace bramblet {
+namespace {
+
+using namespace test;
+
+class StartUp : public Office {
+  protected:
+    Settings storedSettings() const {
+        return decodeRecord(kSettingsLayout, contentOf(home() + "po15.cfg"));
+    }
+    void store(const Settings& settings) const {
+        FileSystem().createFolders(home());
+        writeFile(home() + "po15.cfg", encodeRecord(kSettingsLayout, settings));
+    }
+    static WindowPlace place() { return {9000, 12000, 150, -15}; }
+};
+
+TEST_F(StartUp, ShowsAnEmptyPendingOrderDatedToday) {
+    start();
+    EXPECT_EQ(order().PONoEd, "(PEND)");
+    EXPECT_EQ(order().OrderDateEd, "3/4/2026");
+    EXPECT_EQ(order().DiscountFactorEd, "");
+    EXPECT_EQ(order().OrderTotalEd, "0.00");
+    EXPECT_FALSE(program().open.SaveChangesEnabled || program().open.Save_POEnabled);
+    EXPECT_TRUE(program().folder.DataPathOK());
+    EXPECT_FALSE(FileSystem().exists(data("testfile.tmp")));
+}
+
+TEST_F(StartUp, TheHomeFolderGetsOneSeparator) {
+    const std::string expected = withSeparator(withSeparator("/home/me/Documents") + "Quenmoor");
+    EXPECT_EQ(Program::homeFolderIn("/home/me/Documents"), expected);
+    EXPECT_EQ(Program::homeFolderIn(withSeparator("/home/me/Documents")), expected);
+}
+
+TEST_F(StartUp, AMissingDataFolderIsToldOnceAndByEveryDataCommand) {
+    Settings settings = defaultSettings(home());
+    settings.DataDirectory = withSeparator(documents / "nowhere");
+    store(settings);
+    const Message noAccess{
+        "Unable to access the data directory " + settings.DataDirectory +
+            "\r\n\r\nThis could be caused by a number of factors, including an incorrect data path "
+            "entry in your configuration file, the network being down, you not being connected to "
+            "the network, or you lacking correct network permissions.\r\n\r\nThis problem must be "
+            "corrected before you can continue. \r\n\r\nError 76 Path not found",
+        "No Server Access!", Buttons::Ok, Icon::Information};
+    prompts.expect(noAccess);
+    start();
+    EXPECT_TRUE(prompts.done());
+    EXPECT_FALSE(FileSystem().exists(documents / "nowhere"));
+
+    const std::vector<std::function<void()>> commands{
+        [&] { program().editor.SaveChanges_Click(); },
+        [&] { program().editor.NewPO_Click(); },
+        [&] { program().editor.Save_PO_Click(); },
+        [&] { program().editor.Clear_Click(); },
+        [&] { program().editor.make10_Click(); },
+        [&] { program().editor.POGrid_Click("000001"); },
+        [&] { program().editor.POPop_delete_Click("000001"); },
+        [&] { program().savedOrders.ListCheck_Click(&SavedOrders::ListCheckPO, false); },
+        [&] { program().addresses.Changed_Click(AddressSide::Vendor); },
+        [&] { program().addresses.Delete_Click(AddressSide::Destination); },
+    };
+    for (const auto& command : commands) {
+        prompts.expect(noAccess);
+        command();
+    }
+    EXPECT_TRUE(prompts.done());
+    EXPECT_FALSE(FileSystem().exists(documents / "nowhere"));
+}
+
+TEST_F(StartUp, ADataFolderWithoutItsSeparatorStillNamesTheFolder) {
+    Settings settings = defaultSettings(home());
+    settings.DataDirectory = documents / "orders";
+    FileSystem().createFolders(withSeparator(documents / "orders"));
+    store(settings);
+    start();
+    EXPECT_EQ(program().folder.file("po_data.dat"),
+              withSeparator(documents / "orders") + "po_data.dat");
+}
+
+TEST_F(StartUp, LeavingKeepsPlaceAndKind) {
+    start();
+    program().editor.OptionRe_Click();
+    EXPECT_EQ(program().leave(place()), Program::Leave::Now);
+    EXPECT_EQ(storedSettings().WindowWidth + storedSettings().WindowHeight +
+                  storedSettings().WindowTop + storedSettings().WindowLeft,
+              "120009000 150  -15  ");
+    start();
+    EXPECT_EQ(order().kind, OrderKind::Requisition);
+    EXPECT_EQ(program().windowPlace().left, -15);
+    EXPECT_EQ(program().windowPlace().width, 12000);
+}
+
+TEST_F(StartUp, APlaceOfSixCharactersIsCutToFive) {
+    start();
+    program().leave({123456, 12000, 0, -28800});
+    EXPECT_EQ(storedSettings().WindowHeight, "12345");
+    EXPECT_EQ(storedSettings().WindowLeft, "-2880");
+}
+
+class Leaving : public StartUp {
+  protected:
+    void SetUp() override {
+        start();
+        newOrder();
+        program().editor.edit(&Order::JobNumberEd, "J-1");
+        program().settings.NumberPrefix = "X-";
+    }
+    Program::Leave leaveAnswering(Answer answer) {
+        prompts.expect(yesNoCancel("Save changes to Bramblet Number 000001 ?", "Save PO?"), answer);
+        return program().leave(place());
+    }
+    std::string storedJob() const { return contentOf(data("po_data.dat")).substr(7, 3); }
+};
+
+TEST_F(Leaving, YesSavesTheOrderAndTheSettings) {
+    EXPECT_EQ(leaveAnswering(Answer::Yes), Program::Leave::Now);
+    EXPECT_EQ(storedJob(), "J-1");
+    EXPECT_EQ(storedSettings().NumberPrefix, "X-        ");
+    EXPECT_EQ(storedSettings().OrdersSavedCount, 2);
+}
+
+TEST_F(Leaving, NoDropsTheEditsAndSavesTheSettings) {
+    EXPECT_EQ(leaveAnswering(Answer::No), Program::Leave::Now);
+    EXPECT_EQ(storedJob(), "   ");
+    EXPECT_EQ(storedSettings().NumberPrefix, "X-        ");
+}
+
+TEST_F(Leaving, CancelLeavesWithoutSavingAnything) {
+    EXPECT_EQ(leaveAnswering(Answer::Cancel), Program::Leave::Now);
+    EXPECT_EQ(storedJob(), "   ");
+    EXPECT_EQ(trimmedField(storedSettings().NumberPrefix), "");
+}
+
+TEST_F(Leaving, AnOrderThatCannotBeSavedKeepsTheProgramOpen) {
+    program().editor.edit(&Order::OrderDateEd, "someday");
+    EXPECT_EQ(leaveAnswering(Answer::Yes), Program::Leave::Stay);
+    EXPECT_EQ(prompts.lastLine,
+              "Order 000001 was not entered in the list of orders: \"someday\" in the box Order "
+              "Date is not a date.");
+}
+
+}  // namespace
+}  // namespace bramblet

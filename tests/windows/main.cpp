@@ -1,0 +1,15 @@
+// The window tests' entry: they need an application, and run without a display.
+
+#include "platform/theme.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    bramblet::applyTheme(application, bramblet::Theme::Light);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,217 @@
+#include "driver/driver.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTableView>
+#include <QTest>
+
+#include <cstdlib>
+#include <iostream>
+
+namespace bramblet {
+namespace {
+
+constexpr int kWatchEvery = 20;      // milliseconds
+constexpr int kPatience = 3000;      // for a dialog that nobody expects
+constexpr int kLastPatience = 6000;  // before giving up on one that does not close
+
+/// Where typing for a control goes.
+QWidget* typingTarget(QWidget* control) {
+    if (auto* combo = qobject_cast<QComboBox*>(control)) return combo->lineEdit();
+    return control;
+}
+
+}  // namespace
+
+Driver::Driver(QWidget& window) : window_(window) {
+    complain = [](const QString& complaint) { std::cerr << qPrintable(complaint) << std::endl; };
+    QObject::connect(&watch_, &QTimer::timeout, [this] { lookForDialog(); });
+    watch_.start(kWatchEvery);
+}
+
+QWidget* Driver::control(const QString& name) const {
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (modal != nullptr) {
+        if (auto* found = modal->findChild<QWidget*>(name)) return found;
+    }
+    if (auto* found = window_.findChild<QWidget*>(name)) return found;
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+        if (top->objectName() == name) return top;
+        if (auto* found = top->findChild<QWidget*>(name)) return found;
+    }
+    giveUp(QStringLiteral("There is no ") + name);
+}
+
+void Driver::click(const QString& button) {
+    QWidget* const target = control(button);
+    if (!target->isEnabled()) complain(button + QStringLiteral(" is disabled"));
+    QTest::mouseClick(target, Qt::LeftButton);
+    settle();
+}
+
+void Driver::doubleClick(const QString& name) {
+    QTest::mouseDClick(control(name), Qt::LeftButton);
+    settle();
+}
+
+void Driver::type(const QString& box, const QString& text) {
+    QWidget* const target = typingTarget(control(box));
+    focus(target);
+    QTest::keySequence(target, QKeySequence::SelectAll);
+    if (text.isEmpty()) QTest::keyClick(target, Qt::Key_Delete);
+    for (const QChar c : text) {
+        if (c == QLatin1Char('\n')) {
+            QTest::keyClick(target, Qt::Key_Return);
+        } else {
+            QTest::sendKeyEvent(QTest::Click, target, Qt::Key_unknown, QString(c), Qt::NoModifier);
+        }
+    }
+    settle();
+}
+
+void Driver::pick(const QString& comboBox, const QString& entry) {
+    auto* const combo = find<QComboBox>(comboBox);
+    const int index = combo->findText(entry, Qt::MatchExactly);
+    if (index < 0) giveUp(entry + QStringLiteral(" is not in ") + comboBox);
+    focus(combo);
+    combo->showPopup();
+    settle();
+    QAbstractItemView* const list = combo->view();
+    list->setCurrentIndex(combo->model()->index(index, 0));
+    QTest::keyClick(list, Qt::Key_Return);
+    settle();
+}
+
+/// Focus and shortcuts work in the active window only.
+void Driver::focus(QWidget* target) {
+    if (!target->isActiveWindow()) {
+        target->window()->activateWindow();
+        settle();
+    }
+    target->setFocus();
+}
+
+void Driver::press(const QString& name, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QWidget* const target = typingTarget(control(name));
+    focus(target);
+    QTest::keyClick(target, key, modifiers);
+    settle();
+}
+
+void Driver::trigger(const QString& action) {
+    auto* const found = window_.findChild<QAction*>(action);
+    if (found == nullptr) giveUp(QStringLiteral("There is no command ") + action);
+    if (!found->isEnabled()) complain(action + QStringLiteral(" is disabled"));
+    found->trigger();
+    settle();
+}
+
+void Driver::clickCell(const QString& grid, int row, int column, Qt::MouseButton button) {
+    auto* const view = find<QTableView>(grid);
+    QTest::mouseClick(view->viewport(), button, {}, cellRect(view, row, column).center());
+    settle();
+}
+
+void Driver::doubleClickCell(const QString& grid, int row, int column) {
+    auto* const view = find<QTableView>(grid);
+    const QPoint place = cellRect(view, row, column).center();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, place);
+    settle();
+}
+
+void Driver::clickHeading(const QString& grid, int column) {
+    QHeaderView* const header = find<QTableView>(grid)->horizontalHeader();
+    const int x = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
+    settle();
+}
+
+QString Driver::text(const QString& box) const {
+    QWidget* const target = control(box);
+    if (auto* combo = qobject_cast<QComboBox*>(target)) return combo->currentText();
+    if (auto* line = qobject_cast<QLineEdit*>(target)) return line->text();
+    if (auto* label = qobject_cast<QLabel*>(target)) return label->text();
+    return find<QPlainTextEdit>(box)->toPlainText();
+}
+
+QString Driver::cell(const QString& grid, int row, int column) const {
+    const QAbstractItemModel* const model = find<QTableView>(grid)->model();
+    return model->index(row, column).data().toString();
+}
+
+int Driver::rows(const QString& grid) const {
+    return find<QTableView>(grid)->model()->rowCount();
+}
+
+void Driver::onNextDialog(std::function<void(QWidget& dialog)> use) {
+    expected_.push_back(std::move(use));
+}
+
+void Driver::answer(const QString& part, QMessageBox::StandardButton button) {
+    onNextDialog([this, part, button](QWidget& dialog) {
+        auto* const box = qobject_cast<QMessageBox*>(&dialog);
+        if (box == nullptr) giveUp(QStringLiteral("No message box came for: ") + part);
+        if (!box->text().contains(part)) complain(part + QStringLiteral(" / came: ") + box->text());
+        QWidget* const pressed = box->button(button);
+        if (pressed == nullptr) giveUp(QStringLiteral("No such button: ") + box->text());
+        QTest::mouseClick(pressed, Qt::LeftButton);
+    });
+}
+
+QPixmap Driver::picture(QWidget& window) {
+    settle();
+    return window.grab();
+}
+
+void Driver::settle() {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+}
+
+void Driver::giveUp(const QString& why) const {
+    complain(why);
+    std::cerr << qPrintable(why) << std::endl;
+    std::exit(1);
+}
+
+/// Hands a modal window that has come up to whoever expects it. One that nobody expects is a
+/// complaint, and is closed so that the rest can go on.
+void Driver::lookForDialog() {
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (modal == nullptr) {
+        handled_ = nullptr;
+        unexpectedFor_ = 0;
+        return;
+    }
+    if (modal != handled_ && !expected_.empty() && modal->isVisible()) {
+        handled_ = modal;
+        // Not from within this timer's call: it has to watch while the dialog is being used.
+        QTimer::singleShot(0, modal, [use = expected_.front(), modal] { use(*modal); });
+        expected_.pop_front();
+        return;
+    }
+    unexpectedFor_ += kWatchEvery;
+    if (unexpectedFor_ == kPatience) {
+        complain(QStringLiteral("A dialog nobody answers: ") + modal->windowTitle());
+        modal->close();
+    }
+    if (unexpectedFor_ > kLastPatience) giveUp(QStringLiteral("A dialog does not close"));
+}
+
+QRect Driver::cellRect(QAbstractItemView* view, int row, int column) const {
+    const QModelIndex index = view->model()->index(row, column);
+    if (!index.isValid()) giveUp(view->objectName() + QStringLiteral(" has no such cell"));
+    view->scrollTo(index);
+    settle();
+    return view->visualRect(index);
+}
+
+}  // namespace bramblet

@@ -1,0 +1,81 @@
+// Uses the program's windows as a person does: finds controls by their names, clicks, types,
+// answers message boxes. The guided tour and the window tests drive the windows through it.
+#pragma once
+
+#include <QMessageBox>
+#include <QPixmap>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+#include <deque>
+#include <functional>
+
+class QAbstractItemView;
+
+namespace bramblet {
+
+class Driver {
+  public:
+    explicit Driver(QWidget& window);
+
+    /// The control of a name, in the main window or any other window that is open. A missing one
+    /// is a complaint, and ends the program: nothing that follows would mean anything.
+    QWidget* control(const QString& name) const;
+    template <class Control>
+    Control* find(const QString& name) const {
+        auto* const found = qobject_cast<Control*>(control(name));
+        if (found == nullptr) giveUp(name + QStringLiteral(" is of another kind"));
+        return found;
+    }
+
+    void click(const QString& button);
+    void doubleClick(const QString& control);
+    /// Selects what stands in a box (or combo box, or text box) and types over it.
+    void type(const QString& box, const QString& text);
+    /// Opens a combo box and picks an entry by keyboard.
+    void pick(const QString& comboBox, const QString& entry);
+    void press(const QString& control, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    void trigger(const QString& action);
+    void clickCell(const QString& grid, int row, int column,
+                   Qt::MouseButton button = Qt::LeftButton);
+    void doubleClickCell(const QString& grid, int row, int column);
+    void clickHeading(const QString& grid, int column);
+
+    /// What a box shows; a grid's cell.
+    QString text(const QString& box) const;
+    QString cell(const QString& grid, int row, int column) const;
+    int rows(const QString& grid) const;
+    bool isEnabled(const QString& control) const { return this->control(control)->isEnabled(); }
+
+    /// The next modal window is handed to `use`, which must end it.
+    void onNextDialog(std::function<void(QWidget& dialog)> use);
+    /// The next modal window is a message box that says `part`; it is answered.
+    void answer(const QString& part, QMessageBox::StandardButton button);
+    /// Whether every expected dialog has come.
+    bool allAnswered() const { return expected_.empty(); }
+
+    /// A picture of a window, with the frame of no window manager.
+    static QPixmap picture(QWidget& window);
+
+    /// Lets the windows catch up.
+    static void settle();
+
+    /// What was not as expected.
+    std::function<void(const QString& complaint)> complain;
+
+  private:
+    [[noreturn]] void giveUp(const QString& why) const;
+    void lookForDialog();
+    static void focus(QWidget* target);
+    QRect cellRect(QAbstractItemView* view, int row, int column) const;
+
+    QWidget& window_;
+    QTimer watch_;
+    std::deque<std::function<void(QWidget&)>> expected_;
+    QPointer<QWidget> handled_;
+    int unexpectedFor_ = 0;
+};
+
+}  // namespace bramblet
