@@ -3,6 +3,8 @@
 #include "document/amount_text.h"
 #include "platform/text.h"
 
+#include <algorithm>
+
 namespace bramblet {
 namespace {
 
@@ -48,7 +50,7 @@ void AddressBook::PopAddyLists() {
         if (!name.empty()) showPicked(side, records);
         shown_[index(side)].deleteEnabled = false;
     }
-    changed();
+    open_.onChange();
 }
 
 void AddressBook::showNone() {
@@ -57,7 +59,7 @@ void AddressBook::showNone() {
         side.changedEnabled = false;
         side.deleteEnabled = false;
     }
-    changed();
+    open_.onChange();
 }
 
 void AddressBook::Combo_Click(AddressSide side) {
@@ -65,20 +67,33 @@ void AddressBook::Combo_Click(AddressSide side) {
     try {
         showPicked(side, file_.readAll());
     } catch (const Fault& fault) {
+        (open_.order.*facts(side).address).clear();
+        open_.MarkOrderChanged();
         prompts_.say("The address was not read: " + fault.inWords());
+        open_.onChange();
+        return;
     }
     open_.markWorthSaving();
     shown_[index(side)].deleteEnabled = true;
     shown_[index(side)].changedEnabled = false;
-    changed();
+    open_.onChange();
     if (side == AddressSide::Vendor) onVendorPicked();
+}
+
+void AddressBook::pickTypedName(AddressSide side) {
+    const Shown& shown = shown_[index(side)];
+    const std::string& name = open_.order.*facts(side).name;
+    const bool listed =
+        std::find(shown.names.begin(), shown.names.end(), name) != shown.names.end();
+    const bool noAddress = (open_.order.*facts(side).address).empty();
+    if (listed && noAddress && shown.changedEnabled) Combo_Click(side);
 }
 
 void AddressBook::Combo_Change(AddressSide side, const std::string& text) {
     open_.order.*facts(side).name = text;
     open_.MarkOrderChanged();
     shown_[index(side)].changedEnabled = true;
-    changed();
+    open_.onChange();
 }
 
 void AddressBook::Field_Change(AddressSide side, const std::string& text) {
@@ -86,17 +101,18 @@ void AddressBook::Field_Change(AddressSide side, const std::string& text) {
     open_.MarkOrderChanged();
     shown_[index(side)].changedEnabled = true;
     shown_[index(side)].deleteEnabled = true;
-    changed();
+    open_.onChange();
 }
 
 void AddressBook::Changed_Click(AddressSide side) {
     if (!folder_.available(prompts_)) return;
+    const Prompts::Command command(prompts_);
     const SideFacts& fact = facts(side);
     Shown& shown = shown_[index(side)];
     try {
         const auto tag =
             file_.rewrite(fact.kind, open_.order.*fact.name, open_.order.*fact.address);
-        if (tag) shown.counter = generalText(*tag, RegionalFormats{});
+        if (tag) shown.counter = tagText(*tag);
     } catch (const Fault& fault) {
         prompts_.say("The address was not saved: " + fault.inWords());
         return;
@@ -104,7 +120,7 @@ void AddressBook::Changed_Click(AddressSide side) {
     shown.changedEnabled = false;
     PopAddyLists();
     shown.deleteEnabled = false;
-    changed();
+    open_.onChange();
 }
 
 void AddressBook::Delete_Click(AddressSide side) {
@@ -126,7 +142,7 @@ void AddressBook::Delete_Click(AddressSide side) {
     PopAddyLists();
     name.clear();
     open_.MarkOrderChanged();
-    changed();
+    open_.onChange();
 }
 
 void AddressBook::showPicked(AddressSide side, const std::vector<AddressRecord>& records) {
@@ -134,7 +150,7 @@ void AddressBook::showPicked(AddressSide side, const std::vector<AddressRecord>&
     address.clear();
     if (const auto record = file_.findNamed(records, open_.order.*facts(side).name)) {
         address = trimmedField(record->Address);
-        shown_[index(side)].counter = generalText(record->Tag, RegionalFormats{});
+        shown_[index(side)].counter = tagText(record->Tag);
     }
 }
 
@@ -144,11 +160,6 @@ void AddressBook::fillList(AddressSide side, const std::vector<AddressRecord>& r
     for (const auto& record : records) {
         if (record.Kind == facts(side).kind) names.push_back(trimmedField(record.Name));
     }
-}
-
-void AddressBook::changed() {
-    onChange();
-    open_.onChange();
 }
 
 }  // namespace bramblet

@@ -31,8 +31,6 @@ class AddressBook {
     };
     const Shown& shown(AddressSide side) const { return shown_[index(side)]; }
 
-    /// Called after every change of what `shown` tells.
-    std::function<void()> onChange = [] {};
     /// Called when a vendor has been picked.
     std::function<void()> onVendorPicked = [] {};
 
@@ -45,6 +43,10 @@ class AddressBook {
 
     /// ToCombo_Click and ShipToCombo_Click: the name in the box has been picked from its list.
     void Combo_Click(AddressSide side);
+
+    /// A name that was typed in full counts as picked when it is listed and no address has been
+    /// typed for it. Called when the box is left, and before the order is saved.
+    void pickTypedName(AddressSide side);
 
     /// ToCombo_Change and ShipToCombo_Change; ToField_Change and ShipToField_Change.
     void Combo_Change(AddressSide side, const std::string& text);
@@ -61,7 +63,6 @@ class AddressBook {
     void showPicked(AddressSide side, const std::vector<AddressRecord>& records);
     void fillList(AddressSide side, const std::vector<AddressRecord>& records);
     bool hasUnsavedEdits(AddressSide side) const { return shown_[index(side)].changedEnabled; }
-    void changed();
 
     const DataFolder& folder_;
     Prompts& prompts_;

@@ -46,22 +46,25 @@ std::optional<double> AddressFile::append(const std::string& kind, const std::st
     if (trimmed(name).empty()) return std::nullopt;
     buffer_.Tag = tag;
     fill(kind, name, address);
-    File(files_, path_).append(buffer_);
+    File file(files_, path_);
+    file.append(buffer_);
+    file.flush();
     return tag;
 }
 
 std::optional<double> AddressFile::rewrite(const std::string& kind, const std::string& name,
                                            const std::string& address) {
-    File file(files_, path_);
     const std::string wanted = upper(trimmed(name));
-    const std::vector<AddressRecord> records = file.readAll();
+    const std::vector<AddressRecord> records = readAll();
     const auto match = std::find_if(records.begin(), records.end(), [&](const auto& record) {
         return upper(trimmedField(record.Name)) == wanted;
     });
     if (match == records.end()) return append(kind, name, address);
     buffer_ = *match;
     fill(kind, name, address);
+    File file(files_, path_);
     file.write(static_cast<int>(match - records.begin()) + 1, buffer_);
+    file.flush();
     return buffer_.Tag;
 }
 
@@ -75,7 +78,9 @@ void AddressFile::removeNamed(const std::string& name) {
             kept += encodeRecord(kAddressLayout, record);
     }
     // A temporary file left behind by a crash is written over, not emptied.
-    once.openRandom(temporary).write(0, kept);
+    RandomFile copy = once.openRandom(temporary);
+    copy.write(0, kept);
+    copy.flush();
     once.rename(temporary, path_);
 }
 

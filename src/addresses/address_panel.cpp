@@ -4,7 +4,6 @@
 #include "platform/icons.h"
 #include "platform/qt_text.h"
 
-#include <QCompleter>
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -56,6 +55,8 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
                            QWidget* parent)
     : QWidget(parent), side_(side), book_(book), open_(open) {
     const Look look = lookOf(side);
+    nameField_ = look.name;
+    addressField_ = look.address;
     name_ = historyBox(look.nameBox, look.label);
     name_->lineEdit()->setMaxLength(kNameLimit);
     name_->setMaxVisibleItems(16);
@@ -99,15 +100,15 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
         book_.Combo_Change(side_, fromQt(name_->currentText()));
         book_.Combo_Click(side_);
     });
-    connect(name_->lineEdit(), &QLineEdit::editingFinished, this, &AddressPanel::pickTypedName);
+    connect(name_->lineEdit(), &QLineEdit::editingFinished, this,
+            [this] { book_.pickTypedName(side_); });
     connect(address_, &QPlainTextEdit::textChanged, this,
-            [this] { book_.Field_Change(side_, linesFromQt(address_->toPlainText())); });
+            [this] { book_.Field_Change(side_, linesFromQt(linesIn(address_))); });
     connect(save_, &QToolButton::clicked, this, [this] { book_.Changed_Click(side_); });
     connect(remove_, &QToolButton::clicked, this, [this] { book_.Delete_Click(side_); });
 }
 
 void AddressPanel::refresh() {
-    const Look look = lookOf(side_);
     const AddressBook::Shown& shown = book_.shown(side_);
     if (listed_ != shown.names) {
         listed_ = shown.names;
@@ -119,21 +120,11 @@ void AddressPanel::refresh() {
         name_->addItems(names);
         name_->setCurrentIndex(-1);
     }
-    showText(name_, open_.order.*look.name);
-    showText(address_, open_.order.*look.address);
+    showText(name_, open_.order.*nameField_);
+    showText(address_, open_.order.*addressField_);
     counter_->setText(toQt(shown.counter));
     save_->setEnabled(shown.changedEnabled);
     remove_->setEnabled(shown.deleteEnabled);
-}
-
-/// A name typed in full counts as picked when it is listed and no address was typed for it.
-void AddressPanel::pickTypedName() {
-    const Look look = lookOf(side_);
-    const std::string& name = open_.order.*look.name;
-    const bool listed = std::find(listed_.begin(), listed_.end(), name) != listed_.end();
-    if (listed && (open_.order.*look.address).empty() && book_.shown(side_).changedEnabled) {
-        book_.Combo_Click(side_);
-    }
 }
 
 }  // namespace bramblet

@@ -25,10 +25,13 @@ class AddressPanel : public QWidget {
     QComboBox* nameBox() const { return name_; }
     QPlainTextEdit* addressBox() const { return address_; }
 
-  private:
-    void pickTypedName();
+    QToolButton* saveButton() const { return save_; }
+    QToolButton* deleteButton() const { return remove_; }
 
+  private:
     AddressSide side_;
+    OrderField nameField_;
+    OrderField addressField_;
     AddressBook& book_;
     const OpenOrder& open_;
     QComboBox* name_;

@@ -4,12 +4,14 @@
 
 namespace bramblet {
 
-DataFolder::DataFolder(const std::string& directory) : path_(withSeparator(directory)) {}
+DataFolder::DataFolder(const std::string& directory)
+    : path_(directory.empty() ? directory : withSeparator(directory)) {}
 
 void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
     const FileSystem once = files.withoutRetry();
     const std::string probe = file("testfile.tmp");
     try {
+        if (path_.empty()) throw FileError(FaultNumber::PathNotFound, path_);
         once.touch(probe);
         once.remove(probe);
         ok_ = true;

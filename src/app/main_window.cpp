@@ -1,20 +1,20 @@
 #include "app/main_window.h"
 
+#include "app/lists_panel.h"
+#include "app/main_menu.h"
 #include "app/window_place.h"
 #include "document/totals_panel.h"
 #include "orders/lines_panel.h"
 #include "orders/order_panel.h"
-#include "orders/saved_orders_panel.h"
 #include "platform/boxes.h"
 #include "platform/dialog_prompts.h"
-#include "platform/grid_view.h"
 #include "platform/icons.h"
 #include "platform/qt_text.h"
+#include "stock/stock_panel.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -27,16 +27,47 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     setWindowTitle(QStringLiteral("Bramblet"));
     order_ = new OrderPanel(program.editor, program.addresses, program.open,
                             program.formats().firstDayOfWeek);
-    lines_ = new LinesPanel(program.lines, program.open, program.formats(), prompts);
-    lines_->dataAvailable = [this] { return program_.folder.available(prompts_); };
+    lines_ = new LinesPanel(program.lines, program.open, program.stock, program.formats(), prompts);
     totals_ = new TotalsPanel(program.editor, program.open, program.taxFreight);
-    savedOrders_ = new SavedOrdersPanel(program.editor, program.savedOrders, program.open);
+    lists_ = new ListsPanel(program);
+    const auto dataAvailable = [this] { return program_.folder.available(prompts_); };
+    lines_->dataAvailable = dataAvailable;
+    lists_->stock()->dataAvailable = dataAvailable;
 
+    setCentralWidget(makeContent());
+    makeStatusBar();
+    menu_ = new MainMenu(*this, program, *lines_, *lists_);
+    watchCore();
+    refresh();
+    lists_->refreshStock();
+    placeMainWindow(*this, program.windowPlace());
+}
+
+MainWindow::~MainWindow() {
+    // The core outlives the window; it must not call into what is gone.
+    program_.open.onChange = [] {};
+    program_.savedOrders.onChange = [] {};
+    program_.stock.onListChange = [] {};
+    program_.stock.onPick = [] {};
+    program_.editor.setCaption = [](const std::string&) {};
+    program_.lines.showDialog = nullptr;
+    prompts_.showLine = [](const std::string&, bool) {};
+    prompts_.setParent(nullptr);
+    waiting_.setNotice({});
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    const bool stay =
+        waiting_.isWaiting() || program_.leave(placeOfMainWindow(*this)) == Program::Leave::Stay;
+    event->setAccepted(!stay);
+}
+
+QWidget* MainWindow::makeContent() {
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->setChildrenCollapsible(false);
     splitter->setHandleWidth(8);
     splitter->addWidget(makeLinesBand());
-    splitter->addWidget(savedOrders_);
+    splitter->addWidget(lists_);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 1);
 
@@ -47,29 +78,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     layout->addWidget(makeCommandBar());
     layout->addWidget(order_);
     layout->addWidget(splitter, 1);
-    setCentralWidget(content);
-    makeStatusBar();
-    makeMenus();
-    watchCore();
-    refresh();
-    placeMainWindow(*this, program.windowPlace());
-}
-
-MainWindow::~MainWindow() {
-    // The core outlives the window; it must not call into what is gone.
-    program_.open.onChange = [] {};
-    program_.addresses.onChange = [] {};
-    program_.savedOrders.onChange = [] {};
-    program_.editor.setCaption = [](const std::string&) {};
-    prompts_.showLine = [](const std::string&) {};
-    prompts_.setParent(nullptr);
-    waiting_.setNotice({});
-}
-
-void MainWindow::closeEvent(QCloseEvent* event) {
-    const bool stay =
-        waiting_.isWaiting() || program_.leave(placeOfMainWindow(*this)) == Program::Leave::Stay;
-    event->setAccepted(!stay);
+    return content;
 }
 
 QWidget* MainWindow::makeCommandBar() {
@@ -93,6 +102,9 @@ QWidget* MainWindow::makeCommandBar() {
                       tr("Create a copy of current PO."), &OrderEditor::Save_PO_Click);
     add("Clear", Drawing::Clear, tr("Clea&r"), tr("Clear all fields except PO number"),
         &OrderEditor::Clear_Click);
+    layout->addSpacing(12);
+    add("TotalUp", Drawing::TotalUp, tr("Total &Up"), tr("Total up order."),
+        &OrderEditor::TotalUp_Click);
     layout->addStretch(1);
     return bar;
 }
@@ -116,120 +128,50 @@ void MainWindow::makeStatusBar() {
     stopWaiting_->setObjectName(QStringLiteral("StopWaiting"));
     stopWaiting_->setText(tr("Stop waiting"));
     stopWaiting_->setToolTip(tr("Give up; the file is left as it is."));
+    stopWaiting_->setFocusPolicy(Qt::NoFocus);
     stopWaiting_->hide();
     statusBar()->addPermanentWidget(stopWaiting_);
     statusBar()->addPermanentWidget(dataLabel);
 }
 
-void MainWindow::makeMenus() {
-    addOrderMenu();
-    addItemsMenu();
-    addListsMenu();
-    addHelpMenu();
-}
-
-void MainWindow::addOrderMenu() {
-    OrderEditor& editor = program_.editor;
-    QMenu* menu = menuBar()->addMenu(tr("&File"));
-    addEntry(
-        menu, "mu_NewPO", tr("&New Order"), [&editor] { editor.NewPO_Click(); }, QKeySequence::New);
-    saveEntry_ = addEntry(
-        menu, "mu_SaveChanges", tr("&Save Changes"), [&editor] { editor.SaveChanges_Click(); },
-        QKeySequence::Save);
-    copyEntry_ = addEntry(
-        menu, "mu_Save_PO", tr("Save as &Copy"), [&editor] { editor.Save_PO_Click(); },
-        QKeySequence(tr("Ctrl+Shift+S")));
-    addEntry(menu, "make10", tr("&make 10 copies"), [&editor] { editor.make10_Click(); });
-    addEntry(menu, "mu_Clear", tr("C&lear"), [&editor] { editor.Clear_Click(); });
-    menu->addSeparator();
-    addEntry(
-        menu, "mu_TotalUp", tr("&Total Up"), [&editor] { editor.TotalUp_Click(); },
-        QKeySequence(Qt::Key_F9));
-    addEntry(menu, "mu_UnlockNumber", tr("&Unlock the Number ..."),
-             [&editor] { editor.Label11_DblClick(); });
-    menu->addSeparator();
-    addEntry(
-        menu, "mu_exit", tr("E&xit"), [this] { close(); }, QKeySequence(tr("Ctrl+Q")));
-}
-
-void MainWindow::addItemsMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&Items"));
-    addEntry(
-        menu, "mu_OneTime", tr("&Add one-time item"), [this] { lines_->addOneTimeItem(); },
-        QKeySequence(tr("Ctrl+I")));
-    addEntry(
-        menu, "mu_EditItem", tr("&Edit this item"), [this] { lines_->editCurrentLine(); },
-        QKeySequence(tr("Ctrl+E")));
-}
-
-void MainWindow::addListsMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&Lists"));
-    addEntry(
-        menu, "mu_GoToLines", tr("Go to the &Lines"), [this] { lines_->grid()->setFocus(); },
-        QKeySequence(Qt::Key_F6));
-    addEntry(
-        menu, "mu_GoToList", tr("&Go to the List"), [this] { savedOrders_->grid()->setFocus(); },
-        QKeySequence(Qt::Key_F7));
-    QMenu* sort = menu->addMenu(tr("&Sort Saved Orders by"));
-    const QAbstractItemModel* model = savedOrders_->grid()->model();
-    for (int column = 0; column < kSavedOrderColumns; ++column) {
-        const QString heading = model->headerData(column, Qt::Horizontal).toString();
-        sort->addAction(heading, this, [this, column] { savedOrders_->sortBy(column); });
-    }
-    menu->addSeparator();
-    addEntry(menu, "mu_DeleteOrder", tr("&Delete Order"),
-             [this] { savedOrders_->deleteCurrentOrder(); });
-}
-
-void MainWindow::addHelpMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&Help"));
-    addEntry(menu, "mu_About", tr("&About Bramblet"), [this] { program_.mu_About(); });
-}
-
-QAction* MainWindow::addEntry(QMenu* menu, const char* name, const QString& caption,
-                              std::function<void()> command, const QKeySequence& keys) {
-    QAction* entry = menu->addAction(caption);
-    entry->setObjectName(QLatin1String(name));
-    entry->setShortcut(keys);
-    connect(entry, &QAction::triggered, this, [command = std::move(command)] { command(); });
-    return entry;
-}
-
 void MainWindow::watchCore() {
     prompts_.setParent(this);
-    prompts_.showLine = [this](const std::string& line) { showStatus(pathToQt(line)); };
+    prompts_.showLine = [this](const std::string& line, bool lasting) {
+        statusBar()->showMessage(pathToQt(line));
+        doneLine_ = lasting ? QString() : statusBar()->currentMessage();
+    };
     program_.open.onChange = [this] { refresh(); };
-    program_.savedOrders.onChange = [this] { savedOrders_->refreshList(); };
+    program_.savedOrders.onChange = [this] { lists_->refreshOrders(); };
+    program_.stock.onListChange = [this] { lists_->refreshStock(); };
+    program_.stock.onPick = [this] { lists_->stock()->refreshEditor(); };
     program_.editor.setCaption = [this](const std::string& caption) {
         setWindowTitle(toQt(caption));
     };
-    waiting_.setNotice({[this](const std::string& line) {
-                            showStatus(pathToQt(line));
-                            stopWaiting_->show();
-                        },
-                        [this] {
-                            statusBar()->clearMessage();
-                            stopWaiting_->hide();
-                        },
-                        stopWaiting_});
+    const auto show = [this](const std::string& line) {
+        waitingLine_ = pathToQt(line);
+        statusBar()->showMessage(waitingLine_);
+        stopWaiting_->show();
+    };
+    const auto hide = [this] {
+        // What the operation said when it ended stays.
+        if (statusBar()->currentMessage() == waitingLine_) statusBar()->clearMessage();
+        stopWaiting_->hide();
+    };
+    waiting_.setNotice({show, hide, stopWaiting_});
 }
 
 void MainWindow::refresh() {
     order_->refresh();
     lines_->refresh();
     totals_->refresh();
+    menu_->refresh();
     saveButton_->setEnabled(program_.open.SaveChangesEnabled);
     copyButton_->setEnabled(program_.open.Save_POEnabled);
-    saveEntry_->setEnabled(program_.open.SaveChangesEnabled);
-    copyEntry_->setEnabled(program_.open.Save_POEnabled);
     // "Order 000123 is saved" is no longer true once it has been edited again.
-    const bool changed = program_.open.OrderDirty;
-    if (changed && !wasChanged_) statusBar()->clearMessage();
-    wasChanged_ = changed;
-}
-
-void MainWindow::showStatus(const QString& line) {
-    statusBar()->showMessage(line);
+    if (program_.open.OrderDirty && !doneLine_.isEmpty()) {
+        if (statusBar()->currentMessage() == doneLine_) statusBar()->clearMessage();
+        doneLine_.clear();
+    }
 }
 
 }  // namespace bramblet

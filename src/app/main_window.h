@@ -6,16 +6,15 @@
 
 #include <QMainWindow>
 
-class QAction;
-class QMenu;
 class QToolButton;
 
 namespace bramblet {
 
 class DialogPrompts;
 class LinesPanel;
+class ListsPanel;
+class MainMenu;
 class OrderPanel;
-class SavedOrdersPanel;
 class TotalsPanel;
 
 class MainWindow : public QMainWindow {
@@ -28,19 +27,12 @@ class MainWindow : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    QWidget* makeContent();
     QWidget* makeCommandBar();
     QWidget* makeLinesBand();
     void makeStatusBar();
-    void makeMenus();
-    void addOrderMenu();
-    void addItemsMenu();
-    void addListsMenu();
-    void addHelpMenu();
-    QAction* addEntry(QMenu* menu, const char* name, const QString& caption,
-                      std::function<void()> command, const QKeySequence& keys = {});
     void watchCore();
     void refresh();
-    void showStatus(const QString& line);
 
     Program& program_;
     DialogPrompts& prompts_;
@@ -48,13 +40,13 @@ class MainWindow : public QMainWindow {
     OrderPanel* order_;
     LinesPanel* lines_;
     TotalsPanel* totals_;
-    SavedOrdersPanel* savedOrders_;
+    ListsPanel* lists_;
+    MainMenu* menu_;
     QToolButton* stopWaiting_;
-    QAction* saveEntry_;
-    QAction* copyEntry_;
     QToolButton* saveButton_;
     QToolButton* copyButton_;
-    bool wasChanged_ = false;
+    QString waitingLine_;
+    QString doneLine_;
 };
 
 }  // namespace bramblet

@@ -17,10 +17,14 @@ Program::Program(Environment environment, Prompts& prompts)
       addresses(files_, folder, prompts, open),
       index(files_, folder.file("po_data.dat"), environment_.formats, environment_.clock),
       savedOrders(index, folder, environment_.formats, prompts),
+      stock(files_, folder, settings, open, environment_.formats, prompts),
+      stockExchange(files_, folder, open, stock, prompts),
       editor({files_, folder, settings, taxFreight, environment_.formats, environment_.clock,
-              prompts, open, addresses, index, savedOrders}),
+              prompts, open, addresses, index, savedOrders, stock}),
       lines(open, environment_.formats, prompts) {
     lines.totalUp = [this] { editor.TotalUp_Click(); };
+    addresses.onVendorPicked = [this] { stock.PopStockList(); };
+    stock.VendorItemsCheck = leadingNumber(trimmedField(settings.VendorItemsCheck)) != 0;
     folder.CheckDataPath(files_, prompts);
 }
 
@@ -29,6 +33,7 @@ void Program::start() {
         addresses.PopAddyLists();
         savedOrders.PopPOGrid();
     }
+    stock.PopStockList();
     editor.clearOrder();
     open.order.DiscountFactorEd.clear();
     open.order.TaxFactorEd.clear();
@@ -39,18 +44,17 @@ void Program::start() {
 }
 
 Program::Leave Program::leave(const WindowPlace& place) {
-    if (open.OrderDirty) {
-        const Message question{"Save changes to Bramblet Number " + open.order.PONoEd + " ?",
-                               "Save PO?", Buttons::YesNoCancel, Icon::Question};
-        const Answer answer = prompts_.ask(question);
-        if (answer == Answer::Cancel) return Leave::Now;  // as designed: without the settings
-        if (answer == Answer::Yes) {
-            editor.SaveChanges_Click();
-            if (open.OrderDirty) return Leave::Stay;
-        }
+    switch (editor.offerToSave("Bramblet", "Save PO?")) {
+        case OrderEditor::Offer::Cancelled:
+            return Leave::Now;  // as designed: without the settings
+        case OrderEditor::Offer::NotSaved:
+            return Leave::Stay;
+        case OrderEditor::Offer::GoOn:
+            break;
     }
     settings.RequisitionMode = flag(open.order.kind == OrderKind::Requisition);
     const auto twips = [](double value) { return generalText(value, RegionalFormats{}); };
+    settings.VendorItemsCheck = stock.VendorItemsCheck ? "1" : "0";
     settings.WindowHeight = fitted(twips(place.height), 5);
     settings.WindowWidth = fitted(twips(place.width), 5);
     settings.WindowTop = fitted(twips(place.top), 5);

@@ -14,6 +14,8 @@
 #include "platform/file_system.h"
 #include "platform/prompts.h"
 #include "platform/regional_formats.h"
+#include "stock/stock_exchange.h"
+#include "stock/stock_list.h"
 
 #include <string>
 
@@ -71,10 +73,13 @@ class Program {
     AddressBook addresses;
     OrderIndex index;
     SavedOrders savedOrders;
+    StockList stock;
+    StockExchange stockExchange;
     OrderEditor editor;
     LineItems lines;
 
     const RegionalFormats& formats() const { return environment_.formats; }
+    Prompts& prompts() const { return prompts_; }
 };
 
 }  // namespace bramblet

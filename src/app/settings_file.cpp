@@ -14,11 +14,11 @@ constexpr std::size_t kSize = recordSize(kSettingsLayout);
 SettingsFile::SettingsFile(FileSystem files, std::string homeFolder)
     : files_(std::move(files)), home_(std::move(homeFolder)) {}
 
-Settings SettingsFile::LoadConfig(Prompts& prompts) const {
+Settings SettingsFile::LoadConfig(Prompts& prompts) {
     Settings settings;
     try {
         files_.createFolders(home_);
-        const std::string bytes = files_.openRandom(home_ + kFile).readAll();
+        const std::string bytes = contentOf(kFile);
         if (bytes.empty()) {
             settings = firstSettings(prompts);
         } else if (bytes.size() < kSize) {
@@ -38,11 +38,20 @@ Settings SettingsFile::LoadConfig(Prompts& prompts) const {
 }
 
 void SettingsFile::SaveConfig(const Settings& settings) const {
-    files_.openRandom(home_ + kFile).write(0, encodeRecord(kSettingsLayout, settings));
+    if (handsOff_) return;
+    RandomFile file = files_.openRandom(home_ + kFile);
+    file.write(0, encodeRecord(kSettingsLayout, settings));
+    file.flush();
 }
 
-Settings SettingsFile::firstSettings(Prompts& prompts) const {
-    const std::string forerunner = files_.openRandom(home_ + kForerunner).readAll();
+/// The content of a file of the home folder, which is created empty when it is missing.
+std::string SettingsFile::contentOf(const char* name) const {
+    if (!files_.exists(home_ + name)) files_.touch(home_ + name);
+    return files_.read(home_ + name);
+}
+
+Settings SettingsFile::firstSettings(Prompts& prompts) {
+    const std::string forerunner = contentOf(kForerunner);
     if (forerunner.size() >= kSize) {
         Settings settings = decodeRecord(kSettingsLayout, forerunner);
         settings.BackupFolder = defaultDataDirectory(home_);
@@ -65,19 +74,21 @@ Settings SettingsFile::newDefaults() const {
 }
 
 Settings SettingsFile::insteadOfUnusable(const std::string& name, const std::string& reason,
-                                         Prompts& prompts) const {
+                                         Prompts& prompts) {
     std::string text = "The settings file " + home_ + name + " cannot be used: " + reason +
-                       ".\r\n\r\nThe program goes on with its default settings.";
-    Settings settings = defaultSettings(home_);
+                       ".\r\n\r\nThe program goes on with its default settings. ";
+    handsOff_ = true;
     try {
-        const std::string kept = moveAside(name);
-        settings = newDefaults();
-        text += " The old file was kept as " + kept + " in the same folder.";
+        text += "The old file was kept as " + moveAside(name) + " in the same folder.";
+        handsOff_ = false;
+        newDefaults();
     } catch (const FileError& error) {
-        text += " They could not be stored: " + error.inWords() + ".";
+        text += handsOff_ ? "The old file was left where it is, and no settings are saved this time"
+                          : " The default settings could not be stored";
+        text += ": " + error.inWords() + ".";
     }
     prompts.ask({text, "Settings", Buttons::Ok, Icon::Exclamation});
-    return settings;
+    return defaultSettings(home_);
 }
 
 std::string SettingsFile::moveAside(const std::string& name) const {

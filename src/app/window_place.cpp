@@ -18,8 +18,10 @@ int pixels(double twips) {
 
 const QScreen* screenOf(const QRect& frame) {
     for (const QScreen* screen : QGuiApplication::screens()) {
-        const QRect visible = screen->availableGeometry() & frame;
-        if (visible.width() >= 100 && visible.height() >= 50) return screen;
+        // The title bar has to be within reach.
+        const QRect titleBar(frame.topLeft(), QSize(frame.width(), 30));
+        const QRect visible = screen->availableGeometry() & titleBar;
+        if (visible.width() >= 100 && visible.height() >= 20) return screen;
     }
     return nullptr;
 }
@@ -54,8 +56,9 @@ void placeMainWindow(QMainWindow& window, const WindowPlace& place) {
 }
 
 WindowPlace placeOfMainWindow(const QMainWindow& window) {
-    const QSize size = window.size();
-    const QPoint place = window.pos();
+    const QRect normal = window.normalGeometry();
+    const QSize size = window.isMinimized() ? normal.size() : window.size();
+    const QPoint place = window.isMinimized() ? normal.topLeft() : window.pos();
     return {size.height() * kTwipsPerPixel, size.width() * kTwipsPerPixel,
             place.y() * kTwipsPerPixel, place.x() * kTwipsPerPixel};
 }

@@ -170,6 +170,10 @@ std::string generalText(double value, const RegionalFormats& formats) {
     return out;
 }
 
+std::string tagText(double tag) {
+    return std::isfinite(tag) ? generalText(tag, RegionalFormats{}) : "0";
+}
+
 std::string exactText(Currency amount, const RegionalFormats& formats) {
     const Decimal number = toDecimal(amount);
     const int behindPoint = static_cast<int>(number.digits.size()) - number.exponent;

@@ -39,6 +39,9 @@ std::string currencyText(std::string_view text, const RegionalFormats& formats);
 /// A number as people write it: up to 15 digits, no group separators, no zeros at its end.
 std::string generalText(double value, const RegionalFormats& formats);
 
+/// The number of an address or a stock item: plain digits, in every region the same.
+std::string tagText(double tag);
+
 /// An amount with at least two and at most four decimals, so that nothing of it is lost.
 std::string exactText(Currency amount, const RegionalFormats& formats);
 

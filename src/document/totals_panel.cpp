@@ -1,7 +1,6 @@
 #include "document/totals_panel.h"
 
 #include "platform/boxes.h"
-#include "platform/icons.h"
 #include "platform/qt_text.h"
 
 #include <QGridLayout>
@@ -55,7 +54,7 @@ void TotalsPanel::ArrangeTaxAndShippingBoxes(std::vector<Row>& rows) {
 
 TotalsPanel::TotalsPanel(OrderEditor& editor, const OpenOrder& open, bool taxFreight,
                          QWidget* parent)
-    : QWidget(parent), editor_(editor), open_(open) {
+    : QWidget(parent), boxes_(editor, open) {
     std::vector<Row> rows = columnRows();
     if (taxFreight) ArrangeTaxAndShippingBoxes(rows);
     auto* grid = new QGridLayout(this);
@@ -65,19 +64,13 @@ TotalsPanel::TotalsPanel(OrderEditor& editor, const OpenOrder& open, bool taxFre
     int line = 0;
     for (const Row& row : rows)
         addRow(grid, line++, row);
-    auto* totalUp = toolButton("TotalUp", Drawing::TotalUp, tr("Total &Up"), tr("Total up order."));
-    totalUp->setAutoRaise(false);
-    totalUp->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(totalUp, &QToolButton::clicked, this, [this] { editor_.TotalUp_Click(); });
-    grid->addWidget(totalUp, line, 0, 1, 3);
-    grid->setRowStretch(line + 1, 1);
+    grid->setRowStretch(line, 1);
     grid->setColumnStretch(2, 1);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    setFixedWidth(fontMetrics().averageCharWidth() * 44);
 }
 
 void TotalsPanel::refresh() {
-    for (const auto& bound : boxes_)
-        showText(bound.box, open_.order.*bound.field);
+    boxes_.refresh();
 }
 
 void TotalsPanel::addRow(QGridLayout* grid, int line, const Row& row) {
@@ -115,9 +108,7 @@ QLineEdit* TotalsPanel::addBox(const char* name, const QString& tip, OrderField 
         computed.setBrush(QPalette::Base, computed.window());
         box->setPalette(computed);
     }
-    boxes_.push_back({box, field});
-    connect(box, &QLineEdit::textEdited, this,
-            [this, field](const QString& text) { editor_.edit(field, fromQt(text)); });
+    boxes_.bind(box, field);
     return box;
 }
 

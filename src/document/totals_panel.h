@@ -1,7 +1,7 @@
-// The column of amounts beside the lines, and the button that totals them up.
+// The column of amounts beside the lines.
 #pragma once
 
-#include "orders/order_editor.h"
+#include "orders/order_boxes.h"
 
 #include <QWidget>
 
@@ -28,13 +28,7 @@ class TotalsPanel : public QWidget {
     void addRow(QGridLayout* grid, int line, const Row& row);
     QLineEdit* addBox(const char* name, const QString& tip, OrderField field, bool typed);
 
-    OrderEditor& editor_;
-    const OpenOrder& open_;
-    struct BoundBox {
-        QLineEdit* box;
-        OrderField field;
-    };
-    std::vector<BoundBox> boxes_;
+    OrderBoxes boxes_;
 };
 
 }  // namespace bramblet

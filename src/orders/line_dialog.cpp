@@ -61,8 +61,10 @@ EditLineDialog::EditLineDialog(const LineEntry& entry, const std::string& captio
     save->setDefault(true);
     connect(save, &QPushButton::clicked, this, &EditLineDialog::save);
     connect(remove, &QPushButton::clicked, this, [this] {
-        quantity_->setText(QStringLiteral("0"));
-        this->save();
+        LineEntry removed = storedEntry(boxes());
+        removed.quantity = "0";
+        stored_ = removed;
+        accept();
     });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -97,11 +99,14 @@ EditLineDialog::EditLineDialog(const LineEntry& entry, const std::string& captio
     setTabOrder(cancel, remove);
 }
 
+LineEntry EditLineDialog::boxes() const {
+    return {fromQt(quantity_->text()), fromQt(unit_->currentText()),
+            fromQt(description_->toPlainText()), fromQt(unitCost_->text())};
+}
+
 void EditLineDialog::save() {
-    const LineEntry boxes{fromQt(quantity_->text()), fromQt(unit_->currentText()),
-                          fromQt(description_->toPlainText()), fromQt(unitCost_->text())};
     try {
-        stored_ = checkedEntry(boxes, formats_);
+        stored_ = checkedEntry(boxes(), formats_);
     } catch (const Fault& fault) {
         prompts_.ask({fault.inWords() + ".", "Edit Line Item", Buttons::Ok, Icon::Exclamation});
         return;

@@ -24,6 +24,7 @@ class EditLineDialog : public QDialog {
     const std::optional<LineEntry>& stored() const { return stored_; }
 
   private:
+    LineEntry boxes() const;
     void save();
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -4,6 +4,11 @@
 #include "platform/fault.h"
 #include "platform/text.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
 namespace bramblet {
 namespace {
 
@@ -60,11 +65,14 @@ void LineItems::OrderPop_OneTime_Click() {
 
 void LineItems::OrderPop_DescriptionOverride_Click(int row) {
     if (!hasLine(row)) return;
-    OrderLine& line = open_.order.lines[static_cast<std::size_t>(row)];
-    const LineEntry entry = showDialog(entryOf(line), "Edit Line Item").value_or(entryOf(line));
-    store(line, entry);
-    if (cleanedNumber(entry.quantity).find_first_of("123456789") == std::string::npos) {
+    const auto place = static_cast<std::size_t>(row);
+    const LineEntry before = entryOf(open_.order.lines[place]);
+    const LineEntry entry = showDialog(before, "Edit Line Item").value_or(before);
+    const bool none = cleanedNumber(entry.quantity).find_first_of("123456789") == std::string::npos;
+    if (none) {
         open_.order.lines.erase(open_.order.lines.begin() + row);
+    } else {
+        store(open_.order.lines[place], entry);
     }
     finish();
 }
@@ -72,6 +80,43 @@ void LineItems::OrderPop_DescriptionOverride_Click(int row) {
 void LineItems::removeLine(int row) {
     if (!hasLine(row)) return;
     open_.order.lines.erase(open_.order.lines.begin() + row);
+    finish();
+}
+
+LineItems::Quantity LineItems::GetQuantity(const std::string& fileNumber) const {
+    const std::string wanted = trimmed(fileNumber);
+    const auto& lines = open_.order.lines;
+    const auto line = std::find_if(lines.begin(), lines.end(), [&](const OrderLine& cells) {
+        return trimmed(cells[kFileNumber]) == wanted;
+    });
+    if (line == lines.end()) return {};
+    const double quantity =
+        std::nearbyint(numberOf(cleanedNumber((*line)[kQuantity]), formats_) + 1);
+    if (quantity > std::numeric_limits<std::int16_t>::max()) throw Fault(FaultNumber::Overflow);
+    return {static_cast<int>(quantity), static_cast<std::size_t>(line - lines.begin())};
+}
+
+void LineItems::StockGrid_DblClick(const StockList& list, int row) {
+    if (row < 0 || row >= list.rowCount()) return;
+    const std::string fileNumber = list.cell(row, StockColumn::FileNumber);
+    try {
+        const Quantity found = GetQuantity(fileNumber);
+        const int quantity = found.value == 0 ? 1 : found.value;
+        const double total = toDouble(list.item(row).UnitCost) * quantity;
+        OrderLine line;
+        line[kQuantity] = std::to_string(quantity);
+        line[kUnit] = list.cell(row, StockColumn::Unit);
+        line[kDescription] = list.cell(row, StockColumn::Description);
+        line[kUnitCost] = list.cell(row, StockColumn::UnitCost);
+        line[kLineTotal] = standardText(toCurrency(total), formats_);
+        line[kFileNumber] = fileNumber;
+        auto& lines = open_.order.lines;
+        lines.push_back(line);
+        if (found.value != 0) lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(found.line));
+    } catch (const Fault& fault) {
+        prompts_.say("The item was not added: " + fault.inWords());
+        return;
+    }
     finish();
 }
 
@@ -88,7 +133,7 @@ void LineItems::store(OrderLine& line, const LineEntry& entry) const {
     try {
         line[kLineTotal] = lineTotal(entry.quantity, entry.unitCost, formats_);
     } catch (const Fault& fault) {
-        // Only a line of a document edited by hand gets here: the dialog takes numbers alone.
+        // A product out of all bounds, or a cell of a document edited by hand.
         prompts_.say("The line's total was not computed: " + fault.inWords());
     }
 }

@@ -5,6 +5,7 @@
 #include "orders/open_order.h"
 #include "platform/prompts.h"
 #include "platform/regional_formats.h"
+#include "stock/stock_list.h"
 
 #include <functional>
 #include <optional>
@@ -51,6 +52,19 @@ class LineItems {
     /// "Edit this item": edits line `row` (from 0), or removes it when its quantity has become 0;
     /// a row that is not there does nothing. The line becomes a special one.
     void OrderPop_DescriptionOverride_Click(int row);
+
+    /// The quantity that a further pick of a stock item comes to, and the line that has it so far;
+    /// 0 when no line carries the item's file number. Throws Fault when the line's quantity is no
+    /// number, or the result is beyond 32,767.
+    struct Quantity {
+        int value = 0;
+        std::size_t line = 0;
+    };
+    Quantity GetQuantity(const std::string& fileNumber) const;
+
+    /// Adds the stock item of a row of the list to the order; an item that is there already moves
+    /// to the end with its quantity raised by one.
+    void StockGrid_DblClick(const StockList& list, int row);
 
     /// What the dialog's Del does to a line, without the dialog.
     void removeLine(int row);

@@ -1,7 +1,7 @@
 #include "orders/lines_panel.h"
 
 #include "orders/line_dialog.h"
-#include "orders/order_lines_model.h"
+#include "platform/grid_model.h"
 #include "platform/grid_view.h"
 
 #include <QMenu>
@@ -18,10 +18,23 @@ const std::vector<GridColumn> kColumns{
 
 }  // namespace
 
-LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFormats& formats,
-                       Prompts& prompts, QWidget* parent)
-    : QWidget(parent), lines_(lines) {
-    model_ = new OrderLinesModel(open.order.lines, this);
+LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const StockList& stock,
+                       const RegionalFormats& formats, Prompts& prompts, QWidget* parent)
+    : QWidget(parent), lines_(lines), open_(open) {
+    const GridSource source{
+        [this] { return static_cast<int>(shown_.size()); },
+        [this](int row, int column) {
+            return shown_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+        }};
+    model_ = new GridModel({{tr("Quant"), true},
+                            {},
+                            {},
+                            {tr("Unit")},
+                            {tr("Description")},
+                            {tr("Unit Cost"), true},
+                            {tr("Total"), true},
+                            {tr("File Number")}},
+                           source, this);
     grid_ = new GridView;
     grid_->setObjectName(QStringLiteral("OrderGrid"));
     grid_->setAccessibleName(tr("Lines of the order"));
@@ -51,19 +64,21 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFo
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(grid_);
-    lines_.showDialog = lineDialog(formats, prompts);
+    lines_.showDialog = lineDialog(stock, formats, prompts);
 }
 
 void LinesPanel::refresh() {
+    if (shown_ == open_.order.lines) return;
     const int row = grid_->currentRow();
+    shown_ = open_.order.lines;
     model_->refresh();
     const int last = model_->rowCount() - 1;
-    if (row >= 0 && last >= 0) grid_->selectRow(qMin(row, last));
+    if (row >= 0 && last >= 0) grid_->showRow(qMin(row, last));
 }
 
 void LinesPanel::addOneTimeItem() {
     lines_.OrderPop_OneTime_Click();
-    grid_->selectRow(model_->rowCount() - 1);
+    grid_->showRow(model_->rowCount() - 1);
     grid_->scrollToBottom();
 }
 
@@ -75,9 +90,11 @@ void LinesPanel::deleteCurrentLine() {
     lines_.removeLine(grid_->currentRow());
 }
 
-LineDialog LinesPanel::lineDialog(const RegionalFormats& formats, Prompts& prompts) {
-    return [this, &formats, &prompts](const LineEntry& entry, const std::string& caption) {
-        EditLineDialog dialog(entry, caption, {}, formats, prompts, window());
+LineDialog LinesPanel::lineDialog(const StockList& stock, const RegionalFormats& formats,
+                                  Prompts& prompts) {
+    return [=, this, &stock, &formats, &prompts](const LineEntry& entry,
+                                                 const std::string& caption) {
+        EditLineDialog dialog(entry, caption, stock.entries().units, formats, prompts, window());
         dialog.exec();
         return dialog.stored();
     };

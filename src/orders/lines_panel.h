@@ -9,14 +9,15 @@ class QMenu;
 
 namespace bramblet {
 
+class GridModel;
 class GridView;
-class OrderLinesModel;
 
 class LinesPanel : public QWidget {
     Q_OBJECT
   public:
-    LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFormats& formats,
-               Prompts& prompts, QWidget* parent = nullptr);
+    /// `stock` gives the units that the line dialog offers.
+    LinesPanel(LineItems& lines, const OpenOrder& open, const StockList& stock,
+               const RegionalFormats& formats, Prompts& prompts, QWidget* parent = nullptr);
 
     /// Shows the lines that the order holds now.
     void refresh();
@@ -31,10 +32,12 @@ class LinesPanel : public QWidget {
     GridView* grid() const { return grid_; }
 
   private:
-    LineDialog lineDialog(const RegionalFormats& formats, Prompts& prompts);
+    LineDialog lineDialog(const StockList& stock, const RegionalFormats& formats, Prompts& prompts);
 
     LineItems& lines_;
-    OrderLinesModel* model_;
+    const OpenOrder& open_;
+    std::vector<OrderLine> shown_;
+    GridModel* model_;
     GridView* grid_;
     QMenu* menu_;
 };

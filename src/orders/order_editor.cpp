@@ -12,7 +12,7 @@ namespace bramblet {
 namespace {
 
 constexpr int kCopies = 10;
-constexpr std::size_t kIndexNumberWidth = 6;
+constexpr std::size_t kIndexNumberWidth = kOrderIndexLayout[1].width;
 
 /// An order number as it is shown: six digits with leading zeros, longer numbers in full.
 std::string orderNumberText(double number) {
@@ -26,6 +26,9 @@ std::string orderNumberText(double number) {
 
 void OrderEditor::SaveChanges_Click() {
     if (!at_.folder.available(at_.prompts)) return;
+    const Prompts::Command command(at_.prompts);
+    for (const AddressSide side : kAddressSides)
+        at_.addresses.pickTypedName(side);
     if (at_.open.isPending()) {
         const Message question{"Save new Bramblet Number?", "Save PO?", Buttons::YesNo,
                                Icon::Question};
@@ -44,13 +47,15 @@ void OrderEditor::SaveChanges_Click() {
 
 void OrderEditor::NewPO_Click() {
     if (!at_.folder.available(at_.prompts)) return;
-    if (offerToSave("Order", "Save?") == Offer::Stop) return;
+    if (offerToSave("Order", "Save?") != Offer::GoOn) return;
     if (!confirm("Create blank new order ?")) return;
+    const Prompts::Command command(at_.prompts);
     // Drawn before the window is cleared: without a number the shown order stays as it is.
     const auto number = nextNumber();
     if (!number) return;
     at_.addresses.PopAddyLists();
     clearOrder();
+    at_.stock.PopStockList();
     saveAs(*number);
     at_.savedOrders.PopPOGrid();
     at_.open.Save_POEnabled = true;
@@ -59,12 +64,18 @@ void OrderEditor::NewPO_Click() {
 
 void OrderEditor::Save_PO_Click() {
     if (!at_.folder.available(at_.prompts)) return;
-    if (offerToSave("Bramblet", "Save PO?") == Offer::Stop) return;
+    if (offerToSave("Bramblet", "Save PO?") != Offer::GoOn) return;
     if (!confirm("Create new purchase order based on details currently displayed?")) return;
+    const Prompts::Command command(at_.prompts);
+    for (const AddressSide side : kAddressSides)
+        at_.addresses.pickTypedName(side);
     const auto number = nextNumber();
     if (!number) return;
+    const bool received = at_.open.order.MarkReceivedCheck;
     at_.open.order.MarkReceivedCheck = false;
-    saveAs(*number);
+    if (!saveAs(*number) && at_.open.order.PONoEd != *number) {
+        at_.open.order.MarkReceivedCheck = received;  // there is no copy: the source is as it was
+    }
     at_.savedOrders.PopPOGrid();
     changed();
 }
@@ -72,15 +83,22 @@ void OrderEditor::Save_PO_Click() {
 void OrderEditor::Clear_Click() {
     if (!at_.folder.available(at_.prompts)) return;
     clearOrder();
+    at_.stock.PopStockList();
     at_.open.MarkOrderChanged();
     changed();
 }
 
 void OrderEditor::make10_Click() {
     if (!at_.folder.available(at_.prompts)) return;
+    const Prompts::Command command(at_.prompts);
+    for (const AddressSide side : kAddressSides)
+        at_.addresses.pickTypedName(side);
     for (int copy = 1; copy <= kCopies; ++copy) {
         const auto number = nextNumber();
-        if (!number || !saveAs(*number)) break;
+        if (!number || !saveAs(*number)) {
+            setCaption("Bramblet");
+            return;
+        }
         at_.savedOrders.PopPOGrid();
         changed();
         at_.clock.waitOneSecond();
@@ -107,7 +125,8 @@ void OrderEditor::TotalUp_Click() {
 
 void OrderEditor::POGrid_Click(const std::string& orderNumber) {
     if (!at_.folder.available(at_.prompts)) return;
-    if (offerToSave("Bramblet", "Save PO?") == Offer::Stop) return;
+    const Prompts::Command command(at_.prompts);
+    if (offerToSave("Bramblet", "Save PO?") != Offer::GoOn) return;
     LoadOrder(orderNumber);
 }
 
@@ -116,6 +135,7 @@ void OrderEditor::POPop_delete_Click(const std::string& orderNumber) {
     const Message question{"Delete purchase order " + orderNumber + " ?", "Confirm", Buttons::YesNo,
                            Icon::None, Answer::No};
     if (at_.prompts.ask(question) != Answer::Yes) return;
+    const Prompts::Command command(at_.prompts);
     try {
         at_.index.markDeleted(orderNumber);
     } catch (const Fault& fault) {
@@ -171,11 +191,11 @@ OrderEditor::Offer OrderEditor::offerToSave(const std::string& named, const std:
     switch (at_.prompts.ask(question)) {
         case Answer::Yes:
             SaveChanges_Click();
-            return at_.open.OrderDirty ? Offer::Stop : Offer::GoOn;
+            return at_.open.OrderDirty ? Offer::NotSaved : Offer::GoOn;
         case Answer::No:
             return Offer::GoOn;
         default:
-            return Offer::Stop;
+            return Offer::Cancelled;
     }
 }
 
@@ -219,40 +239,47 @@ bool OrderEditor::saveAs(const std::string& number) {
 
 bool OrderEditor::write() {
     const Order& order = at_.open.order;
-    std::string failures;
+    bool written = true;
     const auto attempt = [&](const std::string& failure, const auto& step) {
         try {
             step();
+            return true;
         } catch (const Fault& fault) {
-            failures += failure + fault.inWords() + ". ";
+            written = false;
+            at_.prompts.say(failure + fault.inWords());
+            return false;
         }
     };
-    attempt("Order " + order.PONoEd + " was not entered in the list of orders: ",
-            [&] { at_.index.RecordData(order); });
-    attempt("The document of order " + order.PONoEd + " was not saved: ", [&] {
-        MakeSnap(at_.folder.documentPath(order.PONoEd), order,
-                 {at_.settings, at_.taxFreight, at_.formats}, at_.files);
-    });
-    at_.settings.OrdersSavedCount += 1;
+    std::string path;
+    const bool named = attempt("Order " + order.PONoEd + " was not saved: ",
+                               [&] { path = at_.folder.documentPath(order.PONoEd); });
+    if (named) {
+        attempt("Order " + order.PONoEd + " was not entered in the list of orders: ",
+                [&] { at_.index.RecordData(order); });
+        attempt("The document of order " + order.PONoEd + " was not saved: ", [&] {
+            MakeSnap(path, order, {at_.settings, at_.taxFreight, at_.formats}, at_.files);
+        });
+    }
     at_.open.markSaved();
-    if (!failures.empty()) {
+    if (written) {
+        at_.settings.OrdersSavedCount += 1;
+        at_.prompts.sayDone("Order " + order.PONoEd + " is saved");
+    } else {
         at_.open.MarkOrderChanged();  // what is shown is not what is stored
-        at_.prompts.say(trimmed(failures));
-    } else if (trimmed(order.PONoEd).size() > kIndexNumberWidth) {
+    }
+    if (written && trimmed(order.PONoEd).size() > kIndexNumberWidth) {
         at_.prompts.say(
             "Order " + order.PONoEd +
             " is saved, but the list of orders holds only six characters of its number");
-    } else {
-        at_.prompts.say("Order " + order.PONoEd + " is saved");
     }
-    return failures.empty();
+    return written;
 }
 
 void OrderEditor::LoadOrder(const std::string& orderNumber) {
     std::string document;
     try {
         const std::string path = at_.folder.documentPath(orderNumber);
-        at_.files.touch(path);
+        if (!at_.files.exists(path)) at_.files.touch(path);
         document = at_.files.read(path);
     } catch (const Fault& fault) {
         at_.prompts.ask({"Order " + orderNumber + " cannot be opened: " + fault.inWords() + ".",
@@ -268,7 +295,11 @@ void OrderEditor::LoadOrder(const std::string& orderNumber) {
         order.PONoEd = kPendingNumber;
         at_.prompts.say("The document of order " + orderNumber + " holds no order");
     }
-    if (found.vendor) at_.addresses.Combo_Click(AddressSide::Vendor);
+    if (found.vendor) {
+        at_.addresses.Combo_Click(AddressSide::Vendor);  // which lists its stock items too
+    } else {
+        at_.stock.PopStockList();
+    }
     if (found.shipTo) at_.addresses.Combo_Click(AddressSide::Destination);
     totalUp();
     at_.open.markSaved();

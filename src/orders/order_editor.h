@@ -9,6 +9,7 @@
 #include "orders/order_index.h"
 #include "orders/saved_orders.h"
 #include "platform/clock.h"
+#include "stock/stock_list.h"
 
 #include <functional>
 #include <optional>
@@ -31,6 +32,7 @@ class OrderEditor {
         AddressBook& addresses;
         const OrderIndex& index;
         SavedOrders& savedOrders;
+        StockList& stock;
     };
     explicit OrderEditor(const Workplace& workplace) : at_(workplace) {}
 
@@ -64,10 +66,11 @@ class OrderEditor {
     /// Empties the order as the clear command does, without marking it changed.
     void clearOrder();
 
-  private:
-    enum class Offer { GoOn, Stop };
-    /// Asks whether to save a changed order, named as "Order" or "Bramblet" number.
+    /// Asks whether to save a changed order, named as "Order" or "Bramblet" number, and does so.
+    enum class Offer { GoOn, Cancelled, NotSaved };
     Offer offerToSave(const std::string& named, const std::string& title);
+
+  private:
     bool confirm(const std::string& question);
     // Each of these is none or false when the user has been told what went wrong.
     std::optional<std::string> nextNumber();

@@ -52,6 +52,7 @@ void OrderIndex::RecordData(const Order& order) const {
     IndexFile index = openIndex(files_, path_);
     const int found = find(index.readAll(), order.PONoEd);
     index.write(found != 0 ? found : index.count() + 1, record);
+    index.flush();
 }
 
 double OrderIndex::NextPONumber() const {
@@ -74,6 +75,7 @@ bool OrderIndex::markDeleted(const std::string& number) const {
     OrderIndexRecord& record = records[static_cast<std::size_t>(found) - 1];
     record.Status = kDeletedOrder;
     index.write(found, record);
+    index.flush();
     return true;
 }
 

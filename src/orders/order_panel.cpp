@@ -27,25 +27,19 @@ struct TermsBox {
     OrderField field;
 };
 const std::array<TermsBox, 5> kTerms{{
-    {"JobNumberEd", QT_TRANSLATE_NOOP("OrderPanel", "&Job Number"),
-     QT_TRANSLATE_NOOP("OrderPanel", "The job that the order belongs to; 12 characters at most."),
+    {"JobNumberEd", "&Job Number", "The job that the order belongs to; 12 characters at most.",
      &Order::JobNumberEd},
-    {"ByEd", QT_TRANSLATE_NOOP("OrderPanel", "B&y:"),
-     QT_TRANSLATE_NOOP("OrderPanel", "Who places the order."), &Order::ByEd},
-    {"ShipViaEd", QT_TRANSLATE_NOOP("OrderPanel", "&Via:"),
-     QT_TRANSLATE_NOOP("OrderPanel", "How the goods are to be shipped."), &Order::ShipViaEd},
-    {"FOBEd", QT_TRANSLATE_NOOP("OrderPanel", "F&OB:"),
-     QT_TRANSLATE_NOOP("OrderPanel", "The place from which freight is the buyer's."),
-     &Order::FOBEd},
-    {"TermsEd", QT_TRANSLATE_NOOP("OrderPanel", "Ter&ms:"),
-     QT_TRANSLATE_NOOP("OrderPanel", "Terms of payment."), &Order::TermsEd},
+    {"ByEd", "B&y:", "Who places the order.", &Order::ByEd},
+    {"ShipViaEd", "&Via:", "How the goods are to be shipped.", &Order::ShipViaEd},
+    {"FOBEd", "F&OB:", "The place from which freight is the buyer's.", &Order::FOBEd},
+    {"TermsEd", "Ter&ms:", "Terms of payment.", &Order::TermsEd},
 }};
 
 }  // namespace
 
 OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, const OpenOrder& open,
                        int firstDayOfWeek, QWidget* parent)
-    : QFrame(parent), editor_(editor), open_(open) {
+    : QFrame(parent), editor_(editor), open_(open), boxes_(editor, open) {
     setObjectName(QStringLiteral("band"));
     calendar_ = new CalendarPopup(firstDayOfWeek, this);
     vendor_ = new AddressPanel(AddressSide::Vendor, addresses, open);
@@ -60,9 +54,7 @@ OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, const OpenOr
 
     comments_ = historyBox("CommentsEd", tr("Comments"));
     comments_->setToolTip(tr("Printed below the lines of the order."));
-    bind(comments_->lineEdit(), &Order::CommentsEd);
-    connect(comments_, &QComboBox::activated, this,
-            [this] { editor_.edit(&Order::CommentsEd, fromQt(comments_->currentText())); });
+    boxes_.bind(comments_, &Order::CommentsEd);
     auto* comments = new QHBoxLayout;
     comments->addWidget(boxLabel(tr("Comme&nts"), comments_));
     comments->addWidget(comments_, 1);
@@ -79,8 +71,7 @@ OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, const OpenOr
 
 void OrderPanel::refresh() {
     const Order& order = open_.order;
-    for (const auto& bound : boxes_)
-        showText(bound.box, order.*bound.field);
+    boxes_.refresh();
     number_->setReadOnly(!open_.numberUnlocked);
     (order.kind == OrderKind::Requisition ? requisition_ : purchaseOrder_)->setChecked(true);
     received_->setChecked(order.MarkReceivedCheck);
@@ -93,13 +84,12 @@ QLayout* OrderPanel::makeStrip() {
     number_->setObjectName(QStringLiteral("PONoEd"));
     number_->setAccessibleName(tr("Order number"));
     number_->setToolTip(tr("Number of the order shown; (PEND) until it is saved."));
-    number_->setMaxLength(6);
     QFont bold = number_->font();
     bold.setBold(true);
     bold.setPointSizeF(bold.pointSizeF() * 1.25);
     number_->setFont(bold);
     number_->setFixedWidth(QFontMetrics(bold).horizontalAdvance(QStringLiteral("(PEND)00")) + 10);
-    bind(number_, &Order::PONoEd);
+    boxes_.bind(number_, &Order::PONoEd);
     numberLabel_ = new QLabel(tr("Number"));
     numberLabel_->setObjectName(QStringLiteral("Label11"));
     numberLabel_->setToolTip(tr("Double-click to unlock the number."));
@@ -119,14 +109,14 @@ QLayout* OrderPanel::makeStrip() {
     connect(received_, &QCheckBox::clicked, this,
             [this](bool checked) { editor_.MarkReceivedCheck_Click(checked); });
 
-    auto* orderDate = dateBox("OrderDateEd", tr("The date of the order."));
-    bind(orderDate, &Order::OrderDateEd);
-    auto* shipDate = dateBox("ShipDateEd", tr("When the goods are to be on site; may be empty."));
-    bind(shipDate, &Order::ShipDateEd);
+    orderDate_ = dateBox("OrderDateEd", tr("The date of the order."));
+    boxes_.bind(orderDate_, &Order::OrderDateEd);
+    shipDate_ = dateBox("ShipDateEd", tr("When the goods are to be on site; may be empty."));
+    boxes_.bind(shipDate_, &Order::ShipDateEd);
     orderDatePicker_ = datePicker("OrderDatePicker", tr("Select order date from calendar."),
-                                  orderDate, &Order::OrderDateEd);
+                                  orderDate_, &Order::OrderDateEd);
     shipDatePicker_ = datePicker("ShipDatePicker", tr("Select on-site date from calendar."),
-                                 shipDate, &Order::ShipDateEd);
+                                 shipDate_, &Order::ShipDateEd);
 
     auto* strip = new QHBoxLayout;
     strip->setSpacing(6);
@@ -139,12 +129,12 @@ QLayout* OrderPanel::makeStrip() {
     strip->addSpacing(14);
     strip->addWidget(received_);
     strip->addStretch(1);
-    strip->addWidget(boxLabel(tr("Order D&ate"), orderDate));
-    strip->addWidget(orderDate);
+    strip->addWidget(boxLabel(tr("Order D&ate"), orderDate_));
+    strip->addWidget(orderDate_);
     strip->addWidget(orderDatePicker_);
     strip->addSpacing(8);
-    strip->addWidget(boxLabel(tr("On Sit&e"), shipDate));
-    strip->addWidget(shipDate);
+    strip->addWidget(boxLabel(tr("On Sit&e"), shipDate_));
+    strip->addWidget(shipDate_);
     strip->addWidget(shipDatePicker_);
     return strip;
 }
@@ -177,9 +167,8 @@ QLayout* OrderPanel::makeTerms() {
         auto* box = historyBox(terms.name, tr(terms.label).remove(QLatin1Char('&')));
         box->setToolTip(tr(terms.tip));
         if (field == &Order::JobNumberEd) box->lineEdit()->setMaxLength(kJobNumberLimit);
-        bind(box->lineEdit(), field);
-        connect(box, &QComboBox::activated, this,
-                [this, box, field] { editor_.edit(field, fromQt(box->currentText())); });
+        boxes_.bind(box, field);
+        terms_.push_back(box);
         grid->addWidget(boxLabel(tr(terms.label), box), static_cast<int>(i), 0);
         grid->addWidget(box, static_cast<int>(i), 1);
     }
@@ -190,21 +179,16 @@ QLayout* OrderPanel::makeTerms() {
 
 /// Tab goes along the strip, then down the two addresses, the terms and the comments.
 void OrderPanel::setTabs() {
-    std::vector<QWidget*> order{number_, purchaseOrder_, requisition_, received_};
-    for (const auto* name :
-         {"OrderDateEd", "OrderDatePicker", "ShipDateEd", "ShipDatePicker", "ToCombo", "ToField",
-          "ChangedVendor", "DeleteVendor", "ShipToCombo", "ShipToField", "ChangedDest",
-          "DeleteDest", "JobNumberEd", "ByEd", "ShipViaEd", "FOBEd", "TermsEd", "CommentsEd"}) {
-        order.push_back(findChild<QWidget*>(QLatin1String(name)));
+    std::vector<QWidget*> order{number_,    purchaseOrder_,   requisition_, received_,
+                                orderDate_, orderDatePicker_, shipDate_,    shipDatePicker_};
+    for (const AddressPanel* side : {vendor_, shipTo_}) {
+        order.insert(order.end(), {side->nameBox(), side->addressBox(), side->saveButton(),
+                                   side->deleteButton()});
     }
+    order.insert(order.end(), terms_.begin(), terms_.end());
+    order.push_back(comments_);
     for (std::size_t i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
-}
-
-void OrderPanel::bind(QLineEdit* box, OrderField field) {
-    boxes_.push_back({box, field});
-    connect(box, &QLineEdit::textEdited, this,
-            [this, field](const QString& text) { editor_.edit(field, fromQt(text)); });
 }
 
 bool OrderPanel::eventFilter(QObject* watched, QEvent* event) {

@@ -2,7 +2,7 @@
 // and comments.
 #pragma once
 
-#include "orders/order_editor.h"
+#include "orders/order_boxes.h"
 
 #include <QFrame>
 
@@ -33,11 +33,11 @@ class OrderPanel : public QFrame {
     QLayout* makeStrip();
     QLayout* makeTerms();
     void setTabs();
-    void bind(QLineEdit* box, OrderField field);
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     OrderEditor& editor_;
     const OpenOrder& open_;
+    OrderBoxes boxes_;
     CalendarPopup* calendar_;
     QLabel* numberLabel_;
     QLineEdit* number_;
@@ -46,16 +46,12 @@ class OrderPanel : public QFrame {
     QCheckBox* received_;
     AddressPanel* vendor_;
     AddressPanel* shipTo_;
-    QComboBox* comments_;
+    QLineEdit* orderDate_;
+    QLineEdit* shipDate_;
     QToolButton* orderDatePicker_;
     QToolButton* shipDatePicker_;
-
-    /// Every box of this panel whose text is a field of the order.
-    struct BoundBox {
-        QLineEdit* box;
-        OrderField field;
-    };
-    std::vector<BoundBox> boxes_;
+    std::vector<QComboBox*> terms_;
+    QComboBox* comments_;
 };
 
 }  // namespace bramblet

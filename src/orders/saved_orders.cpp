@@ -11,13 +11,15 @@ SavedOrders::SavedOrders(const OrderIndex& index, const DataFolder& folder,
     : index_(index), folder_(folder), formats_(formats), prompts_(prompts) {}
 
 void SavedOrders::PopPOGrid() {
-    rows_.clear();
+    // What is shown changes in one go: reading may have to wait, and the windows go on meanwhile.
+    std::vector<OrderIndexRecord> records;
     try {
-        rows_ = index_.readAll();
+        records = index_.readAll();
     } catch (const Fault& fault) {
         prompts_.say("The list of saved orders was not read: " + fault.inWords());
     }
-    std::erase_if(rows_, [this](const auto& record) { return !isListed(record); });
+    std::erase_if(records, [this](const auto& record) { return !isListed(record); });
+    rows_ = std::move(records);
     sortColumn_ = kNumberColumn;
     descending_ = true;
     sort();

@@ -1,13 +1,10 @@
 #include "orders/saved_orders_panel.h"
 
-#include "orders/saved_orders_model.h"
+#include "platform/grid_model.h"
 #include "platform/grid_view.h"
-#include "platform/qt_text.h"
 
-#include <QCheckBox>
-#include <QHBoxLayout>
+#include <QApplication>
 #include <QHeaderView>
-#include <QLabel>
 #include <QMenu>
 #include <QVBoxLayout>
 
@@ -19,12 +16,39 @@ const std::vector<GridColumn> kColumns{
     {12, false}, {12, false}, {14, false}, {12, false}, {14, false}, {7, false},
 };
 
+/// The colour of a row's first cell: red for open requisitions, the button text's for what has
+/// been received, the grid's own for open purchase orders.
+QColor colourOf(const std::string& status) {
+    if (status == "R") return {255, 0, 0};
+    if (status == "a" || status == "r") return QApplication::palette().color(QPalette::ButtonText);
+    return {};
+}
+
 }  // namespace
 
 SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, const OpenOrder& open,
                                    QWidget* parent)
     : QWidget(parent), editor_(editor), orders_(orders), open_(open) {
-    model_ = new SavedOrdersModel(orders, this);
+    const GridSource source{[&orders] { return orders.rowCount(); },
+                            [&orders](int row, int column) { return orders.cell(row, column); },
+                            [&orders](int row, int column) {
+                                return column == kNumberColumn ? colourOf(orders.status(row))
+                                                               : QColor();
+                            }};
+    model_ = new GridModel({{tr("Number")},
+                            {tr("Job")},
+                            {tr("Date")},
+                            {tr("Vendor")},
+                            {tr("Ship To")},
+                            {tr("Ship Date")},
+                            {tr("Order Total"), true},
+                            {tr("Shipping"), true},
+                            {tr("Sales Tax"), true},
+                            {tr("Net"), true},
+                            {tr("Discount"), true},
+                            {tr("Sub Total"), true},
+                            {tr("Status")}},
+                           source, this);
     grid_ = new GridView;
     grid_->setObjectName(QStringLiteral("POGrid"));
     grid_->setAccessibleName(tr("Saved orders"));
@@ -49,29 +73,9 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
         menu_->popup(place);
     });
 
-    label_ = new QLabel(tr("Saved Orders"));
-    label_->setObjectName(QStringLiteral("BottomLabel"));
-    count_ = new QLabel;
-    count_->setForegroundRole(QPalette::PlaceholderText);
-    auto* bar = new QHBoxLayout;
-    bar->setSpacing(12);
-    bar->addWidget(label_);
-    bar->addWidget(count_);
-    bar->addStretch(1);
-    bar->addWidget(filterBox("ListCheckPO", tr("Purchase Orders"),
-                             tr("Check to include Purchase Orders in list"),
-                             &SavedOrders::ListCheckPO));
-    bar->addWidget(filterBox("ListCheckRE", tr("Requisitions"),
-                             tr("Check to include Requisitions in list"),
-                             &SavedOrders::ListCheckRE));
-    bar->addWidget(filterBox("ListCheckRecd", tr("Received (Both)"),
-                             tr("Check to include items marked Received"),
-                             &SavedOrders::ListCheckRecd));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addWidget(grid_, 1);
-    layout->addLayout(bar);
+    layout->addWidget(grid_);
 }
 
 void SavedOrdersPanel::refreshList() {
@@ -79,10 +83,8 @@ void SavedOrdersPanel::refreshList() {
     grid_->horizontalHeader()->setSortIndicator(orders_.sortColumn(), orders_.sortedDescending()
                                                                           ? Qt::DescendingOrder
                                                                           : Qt::AscendingOrder);
-    label_->setToolTip(toQt(orders_.countText()));
-    count_->setText(toQt(orders_.countText()));
     const int row = orders_.rowOf(open_.order.PONoEd);
-    if (row >= 0) grid_->selectRow(row);
+    if (row >= 0) grid_->showRow(row);
 }
 
 void SavedOrdersPanel::deleteCurrentOrder() {
@@ -92,17 +94,6 @@ void SavedOrdersPanel::deleteCurrentOrder() {
 
 void SavedOrdersPanel::sortBy(int column) {
     orders_.sortByHeading(column);
-}
-
-QCheckBox* SavedOrdersPanel::filterBox(const char* name, const QString& caption, const QString& tip,
-                                       bool SavedOrders::*filter) {
-    auto* box = new QCheckBox(caption);
-    box->setObjectName(QLatin1String(name));
-    box->setToolTip(tip);
-    box->setChecked(orders_.*filter);
-    connect(box, &QCheckBox::clicked, this,
-            [this, filter](bool checked) { orders_.ListCheck_Click(filter, checked); });
-    return box;
 }
 
 void SavedOrdersPanel::openRow(int row) {

@@ -1,18 +1,16 @@
-// The list of saved orders: its grid, the filters, and the label under it.
+// The grid of saved orders with its pop-up menu.
 #pragma once
 
 #include "orders/order_editor.h"
 
 #include <QWidget>
 
-class QCheckBox;
-class QLabel;
 class QMenu;
 
 namespace bramblet {
 
+class GridModel;
 class GridView;
-class SavedOrdersModel;
 
 class SavedOrdersPanel : public QWidget {
     Q_OBJECT
@@ -29,18 +27,14 @@ class SavedOrdersPanel : public QWidget {
     GridView* grid() const { return grid_; }
 
   private:
-    QCheckBox* filterBox(const char* name, const QString& caption, const QString& tip,
-                         bool SavedOrders::*filter);
     void openRow(int row);
 
     OrderEditor& editor_;
     SavedOrders& orders_;
     const OpenOrder& open_;
-    SavedOrdersModel* model_;
+    GridModel* model_;
     GridView* grid_;
     QMenu* menu_;
-    QLabel* label_;
-    QLabel* count_;
 };
 
 }  // namespace bramblet

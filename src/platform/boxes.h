@@ -22,7 +22,8 @@ QToolButton* toolButton(const char* name, Drawing drawing, const QString& captio
                         const QString& tip);
 
 /// An editable combo box whose list never changes what is typed: entries that match are offered
-/// below it and taken only when chosen.
+/// below it and taken only when chosen. Only a choice from the list sends `activated`; the mouse
+/// wheel passes over a closed box.
 QComboBox* historyBox(const char* name, const QString& accessibleName);
 
 /// Puts `text` into a box that shows another one, leaving the cursor where it was. No signal of an
@@ -30,5 +31,8 @@ QComboBox* historyBox(const char* name, const QString& accessibleName);
 void showText(QLineEdit* box, const std::string& text);
 void showText(QComboBox* box, const std::string& text);
 void showText(QPlainTextEdit* box, const std::string& lines);
+
+/// The lines of a box as they stand in it; no-break blanks stay what they are.
+QString linesIn(const QPlainTextEdit* box);
 
 }  // namespace bramblet

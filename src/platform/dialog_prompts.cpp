@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QProgressDialog>
 
 namespace bramblet {
 namespace {
@@ -73,6 +74,9 @@ QString suffixOf(const FileChoice& choice) {
 
 }  // namespace
 
+DialogPrompts::DialogPrompts() = default;
+DialogPrompts::~DialogPrompts() = default;
+
 Answer DialogPrompts::ask(const Message& message) {
     const std::vector<Answer> answers = answersOf(message.buttons);
     QMessageBox box(iconOf(message.icon), pathToQt(message.title), pathToQt(message.text),
@@ -114,6 +118,23 @@ std::optional<std::string> DialogPrompts::chooseFolder(const std::string& title,
     auto folder = choose(choice, Purpose::Folder);
     if (folder) folder = withSeparator(*folder);
     return folder;
+}
+
+void DialogPrompts::progress(const std::string& what, int done, int total) {
+    if (done >= total) {
+        progress_.reset();
+        return;
+    }
+    if (!progress_) {
+        progress_ =
+            std::make_unique<QProgressDialog>(pathToQt(what), QString(), 0, total, parent());
+        progress_->setWindowModality(Qt::WindowModal);
+        progress_->setMinimumDuration(700);
+        progress_->setWindowTitle(QStringLiteral("Bramblet"));
+        // What is under way cannot be left half done.
+        progress_->setWindowFlag(Qt::WindowCloseButtonHint, false);
+    }
+    progress_->setValue(done);
 }
 
 std::optional<std::string> DialogPrompts::choose(const FileChoice& choice, Purpose purpose) {

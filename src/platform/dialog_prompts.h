@@ -4,18 +4,24 @@
 #include "platform/prompts.h"
 
 #include <functional>
+#include <memory>
 
+class QProgressDialog;
 class QWidget;
 
 namespace bramblet {
 
 class DialogPrompts : public Prompts {
   public:
+    DialogPrompts();
+    ~DialogPrompts() override;
+
     /// The window above which the dialogs open; none before it exists.
     void setParent(QWidget* parent) { parent_ = parent; }
 
-    /// Shows a line in the status bar.
-    std::function<void(const std::string&)> showLine = [](const std::string&) {};
+    /// Shows a line in the status bar; `lasting` when it tells of a failure.
+    std::function<void(const std::string& line, bool lasting)> showLine = [](const std::string&,
+                                                                             bool) {};
 
     Answer ask(const Message& message) override;
     std::optional<std::string> input(const std::string& prompt, const std::string& title,
@@ -24,7 +30,12 @@ class DialogPrompts : public Prompts {
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFolder(const std::string& title,
                                             const std::string& start) override;
-    void say(const std::string& line) override { showLine(line); }
+    void progress(const std::string& what, int done, int total) override;
+
+  protected:
+    void showStatus(const std::string& line, Tone tone) override {
+        showLine(line, tone == Tone::Failure);
+    }
 
   private:
     enum class Purpose { Open, Save, Folder };
@@ -32,6 +43,7 @@ class DialogPrompts : public Prompts {
     QWidget* parent() const;
 
     QWidget* parent_ = nullptr;
+    std::unique_ptr<QProgressDialog> progress_;
 };
 
 }  // namespace bramblet

@@ -4,44 +4,72 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <optional>
+#include <random>
 
 namespace bramblet {
 namespace {
-
-constexpr std::size_t kCopyBlock = 1 << 20;
 
 std::string folderOf(const std::string& path) {
     const auto separator = path.find_last_of(kFolderSeparator);
     return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
 }
 
-/// A name beside `path` that no other process uses and no backup pattern matches.
+/// A name beside `path` that nobody else uses, on this machine or another, and no backup pattern
+/// matches.
 std::string temporaryNameFor(const std::string& path) {
-    static unsigned count = 0;
-    return folderOf(path) + "~bramblet-" + std::to_string(os::processNumber()) + "-" +
-           std::to_string(++count) + ".tmp";
+    static std::mt19937_64 numbers(std::random_device{}() ^ os::processNumber() << 32);
+    std::array<char, 17> text{};
+    std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(numbers()));
+    return folderOf(path) + "~bramblet-" + text.data() + ".tmp";
 }
 
-/// Removes a temporary file unless it has been renamed away.
-class TemporaryFile {
+/// A file that is written beside another one to take its place. It is removed again unless it
+/// comes to that.
+class Replacement {
   public:
-    explicit TemporaryFile(std::string path) : path_(std::move(path)) {}
-    ~TemporaryFile() {
+    /// Faults are those of `target`, which is what the user knows of.
+    Replacement(const FileSystem& files, std::string target)
+        : files_(files), target_(std::move(target)), path_(temporaryNameFor(target_)) {
+        run([&] { file_.emplace(path_, os::Open::WriteNew); });
+    }
+    ~Replacement() {
+        file_.reset();
         try {
-            if (!kept_ && os::exists(path_)) os::remove(path_);
+            if (os::exists(path_)) os::remove(path_);
         } catch (const FileError&) {
             // The share is gone; a leftover temporary file does no harm.
         }
     }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
 
-    const std::string& path() const { return path_; }
-    void keep() { kept_ = true; }
+    void write(std::uint64_t offset, std::string_view bytes) {
+        run([&] { file_->write(offset, bytes); });
+    }
+    void putInPlace() {
+        if (file_) run([&] { file_->flush(); });
+        file_.reset();
+        run([&] { os::rename(path_, target_); });
+    }
 
   private:
+    template <class Statement>
+    void run(Statement statement) {
+        files_.run([&] {
+            try {
+                statement();
+            } catch (const FileError& error) {
+                throw FileError(error.number(), target_);
+            }
+        });
+    }
+
+    const FileSystem& files_;
+    std::string target_;
     std::string path_;
-    bool kept_ = false;
+    std::optional<os::File> file_;
 };
 
 }  // namespace
@@ -64,37 +92,17 @@ void FileSystem::append(const std::string& path, std::string_view content) const
 }
 
 void FileSystem::replace(const std::string& path, std::string_view content) const {
-    TemporaryFile temporary(temporaryNameFor(path));
-    {
-        os::File file = run([&] { return os::File(temporary.path(), os::Open::WriteNew); });
-        run([&] { file.write(0, content); });
-        run([&] { file.flush(); });
-    }
-    run([&] { os::rename(temporary.path(), path); });
-    temporary.keep();
-}
-
-void FileSystem::copy(const std::string& from, const std::string& to) const {
-    TemporaryFile temporary(temporaryNameFor(to));
-    const os::FileStatus source = status(from);
-    {
-        const RandomFile input(*this, from, os::Open::Read);
-        os::File output = run([&] { return os::File(temporary.path(), os::Open::WriteNew); });
-        for (std::uint64_t offset = 0;;) {
-            const std::string block = input.read(offset, kCopyBlock);
-            if (block.empty()) break;
-            run([&] { output.write(offset, block); });
-            offset += block.size();
-        }
-        run([&] { output.flush(); });
-    }
-    run([&] { os::setModified(temporary.path(), source.modified); });
-    run([&] { os::rename(temporary.path(), to); });
-    temporary.keep();
+    Replacement replacement(*this, path);
+    replacement.write(0, content);
+    replacement.putInPlace();
 }
 
 bool FileSystem::exists(const std::string& path) const {
     return os::exists(path);
+}
+
+bool FileSystem::isSameFile(const std::string& a, const std::string& b) const {
+    return os::isSameFile(a, b);
 }
 
 os::FileStatus FileSystem::status(const std::string& path) const {
@@ -148,24 +156,43 @@ void RandomFile::write(std::uint64_t offset, std::string_view bytes) {
     files_.run([&] { file_.write(offset, bytes); });
 }
 
+void RandomFile::flush() {
+    files_.run([&] { file_.flush(); });
+}
+
 std::string withSeparator(std::string folder) {
     if (!folder.ends_with(kFolderSeparator)) folder.push_back(kFolderSeparator);
     return folder;
 }
 
-bool isPlainFileName(std::string_view name) {
+namespace {
+
+bool isRefusedInNames(char c) {
     constexpr std::string_view kRefused = "/\\:*?\"<>|";
+    return static_cast<unsigned char>(c) < 0x20 || kRefused.find(c) != std::string_view::npos;
+}
+
+}  // namespace
+
+bool isPlainFileName(std::string_view name) {
     constexpr std::array<std::string_view, 4> kDevices{"CON", "PRN", "AUX", "NUL"};
     if (name.empty() || name.find("..") != std::string_view::npos) return false;
-    const bool refused = std::any_of(name.begin(), name.end(), [&](char c) {
-        return static_cast<unsigned char>(c) < 0x20 || kRefused.find(c) != std::string_view::npos;
-    });
-    if (refused) return false;
+    if (std::any_of(name.begin(), name.end(), isRefusedInNames)) return false;
     const std::string stem = upper(trimmed(name.substr(0, name.find('.'))));
     const bool numberedPort = stem.size() == 4 &&
                               (stem.starts_with("COM") || stem.starts_with("LPT")) &&
                               stem[3] >= '1' && stem[3] <= '9';
     return !numberedPort && std::find(kDevices.begin(), kDevices.end(), stem) == kDevices.end();
+}
+
+std::string madePlainFileName(std::string name) {
+    std::replace_if(name.begin(), name.end(), isRefusedInNames, '_');
+    for (auto dots = name.find(".."); dots != std::string::npos; dots = name.find("..")) {
+        name.replace(dots, 2, "_");
+    }
+    while (name.ends_with('.') || name.ends_with(' '))
+        name.pop_back();
+    return isPlainFileName(name) ? name : name + "_";
 }
 
 }  // namespace bramblet

@@ -42,10 +42,8 @@ class FileSystem {
     /// disk and renamed, so that at any moment the old or the new content is there whole.
     void replace(const std::string& path, std::string_view content) const;
 
-    /// Copies a file under a temporary name and renames it when whole, time stamp kept.
-    void copy(const std::string& from, const std::string& to) const;
-
     bool exists(const std::string& path) const;
+    bool isSameFile(const std::string& a, const std::string& b) const;
     os::FileStatus status(const std::string& path) const;
     void remove(const std::string& path) const;
     void rename(const std::string& from, const std::string& to) const;
@@ -88,6 +86,8 @@ class RandomFile {
     std::string readAll() const;
     /// One write call.
     void write(std::uint64_t offset, std::string_view bytes);
+    /// Hands what was written to the disk; a full disk or a lost share may show only here.
+    void flush();
 
   private:
     FileSystem files_;
@@ -107,5 +107,8 @@ std::string withSeparator(std::string folder);
 /// Whether a name may be used as one component of a path: not empty, no separators, no "..", no
 /// drive colon, nothing that a file system refuses.
 bool isPlainFileName(std::string_view name);
+
+/// A name with what may not be part of a file name replaced by "_".
+std::string madePlainFileName(std::string name);
 
 }  // namespace bramblet

@@ -49,6 +49,17 @@ int GridView::currentRow() const {
     return currentIndex().isValid() ? currentIndex().row() : -1;
 }
 
+void GridView::showRow(int row) {
+    showingRow_ = true;
+    selectRow(row);
+    showingRow_ = false;
+}
+
+void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (!showingRow_ && current.isValid()) emit rowReached(current.row());
+}
+
 void GridView::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Return:

@@ -22,10 +22,14 @@ class GridView : public QTableView {
 
     void setColumns(const std::vector<GridColumn>& columns);
     int currentRow() const;
+    /// Makes a row current without telling that it has been reached.
+    void showRow(int row);
 
   signals:
     void rowClicked(int row);
     void rowDoubleClicked(int row);
+    /// A row has become current, by a click or a key.
+    void rowReached(int row);
     /// Return or Enter on a row.
     void rowEntered(int row);
     void insertPressed();
@@ -35,6 +39,7 @@ class GridView : public QTableView {
     void menuRequested(const QPoint& globalPosition);
 
   protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -48,6 +53,7 @@ class GridView : public QTableView {
     void tintSelection(bool focused);
 
     std::vector<GridColumn> columns_;
+    bool showingRow_ = false;
     bool layingOut_ = false;
     bool resizedByHand_ = false;
 };

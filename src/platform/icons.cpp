@@ -45,6 +45,11 @@ const char* strokesOf(Drawing drawing) {
             return "M 10 3 L 5 8 L 10 13";
         case Drawing::Next:
             return "M 6 3 L 11 8 L 6 13";
+        case Drawing::Up:
+            return "M 8 13 L 8 3 M 4 7 L 8 3 L 12 7";
+        case Drawing::Lists:
+            return "M 2 3.5 L 3 3.5 M 6 3.5 L 14 3.5 M 2 8 L 3 8 M 6 8 L 14 8 M 2 12.5 L 3 12.5 "
+                   "M 6 12.5 L 14 12.5";
     }
     return "";
 }

@@ -17,7 +17,9 @@ enum class Drawing {
     Help,
     Folder,
     Previous,
-    Next
+    Next,
+    Up,
+    Lists
 };
 
 /// The signs of message boxes: white on a disc of their colour.

@@ -47,6 +47,8 @@ struct FileStatus {
 };
 
 bool exists(const std::string& path);
+/// Whether two paths name one file; false when either is missing.
+bool isSameFile(const std::string& a, const std::string& b);
 FileStatus status(const std::string& path);
 void setModified(const std::string& path, std::int64_t modified);
 void remove(const std::string& path);

@@ -176,6 +176,14 @@ bool exists(const std::string& path) {
     return ::stat(pathToUtf8(path).c_str(), &information) == 0;
 }
 
+bool isSameFile(const std::string& a, const std::string& b) {
+    struct stat first {};
+    struct stat second {};
+    return ::stat(pathToUtf8(a).c_str(), &first) == 0 &&
+           ::stat(pathToUtf8(b).c_str(), &second) == 0 && first.st_dev == second.st_dev &&
+           first.st_ino == second.st_ino;
+}
+
 FileStatus status(const std::string& path) {
     struct stat information {};
     if (::stat(pathToUtf8(path).c_str(), &information) != 0) fail(path);

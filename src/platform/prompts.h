@@ -53,8 +53,64 @@ class Prompts {
     virtual std::optional<std::string> chooseFolder(const std::string& title,
                                                     const std::string& start) = 0;
 
-    /// One line for the status bar.
-    virtual void say(const std::string& line) = 0;
+    /// How far a long operation has come: `done` of `total` steps; it is over at `total`. Shown
+    /// only when the operation lasts longer than a moment.
+    virtual void progress(const std::string& what, int done, int total) = 0;
+
+    /// Says in the status bar what did not happen and why. Within a command (below) everything
+    /// said is kept and shown together when it ends.
+    void say(const std::string& failure);
+
+    /// Says in the status bar what has been done; passed over when the command also said a failure.
+    void sayDone(const std::string& line);
+
+    /// One command of the user, during which lines for the status bar are collected. Commands run
+    /// within one another count as one.
+    class Command {
+      public:
+        explicit Command(Prompts& prompts) : prompts_(prompts) { ++prompts_.depth_; }
+        ~Command() {
+            if (--prompts_.depth_ == 0) prompts_.showCollected();
+        }
+        Command(const Command&) = delete;
+        Command& operator=(const Command&) = delete;
+
+      private:
+        Prompts& prompts_;
+    };
+
+  protected:
+    enum class Tone { Failure, Done };
+    /// Shows one line in the status bar. A failure stays until the next line.
+    virtual void showStatus(const std::string& line, Tone tone) = 0;
+
+  private:
+    void showCollected();
+
+    int depth_ = 0;
+    std::string failures_;
+    std::string done_;
+};
+
+/// Tells how far a long operation has come, and that it is over however it ends.
+class LongOperation {
+  public:
+    LongOperation(Prompts& prompts, std::string what, int total)
+        : prompts_(prompts), what_(std::move(what)), total_(total) {}
+    ~LongOperation() { prompts_.progress(what_, total_, total_); }
+    LongOperation(const LongOperation&) = delete;
+    LongOperation& operator=(const LongOperation&) = delete;
+
+    /// To be called for every step; tells of some of them only.
+    void reached(int done) {
+        constexpr int kStep = 256;
+        if (done % kStep == 0 && done < total_) prompts_.progress(what_, done, total_);
+    }
+
+  private:
+    Prompts& prompts_;
+    std::string what_;
+    int total_;
 };
 
 }  // namespace bramblet

@@ -11,6 +11,10 @@ QString toQString(const std::u16string& text) {
     return QString::fromStdU16String(text);
 }
 
+std::string coded(const QString& text) {
+    return fromUnicode(text.normalized(QString::NormalizationForm_C).toStdU16String());
+}
+
 }  // namespace
 
 QString toQt(const std::string& text) {
@@ -18,7 +22,11 @@ QString toQt(const std::string& text) {
 }
 
 std::string fromQt(const QString& text) {
-    return fromUnicode(text.normalized(QString::NormalizationForm_C).toStdU16String());
+    std::string line = coded(text);
+    for (char& c : line) {
+        if (static_cast<unsigned char>(c) < 0x20) c = ' ';
+    }
+    return line;
 }
 
 QString linesToQt(const std::string& text) {
@@ -26,9 +34,11 @@ QString linesToQt(const std::string& text) {
 }
 
 std::string linesFromQt(const QString& text) {
-    QString lines = text;
-    lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    return fromQt(lines.replace(QLatin1Char('\n'), QLatin1String("\r\n")));
+    QStringList lines = text.split(QLatin1Char('\n'));
+    std::string out = fromQt(lines.takeFirst());
+    for (const QString& line : lines)
+        out += "\r\n" + fromQt(line);
+    return out;
 }
 
 QString pathToQt(const std::string& path) {

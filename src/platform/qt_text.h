@@ -8,7 +8,8 @@
 namespace bramblet {
 
 QString toQt(const std::string& text);
-/// Composed letters first, then by the code page; what it lacks becomes "?".
+/// One line of text: composed letters first, then by the code page; what it lacks becomes "?",
+/// and pasted line breaks, tabs and other control characters become blanks.
 std::string fromQt(const QString& text);
 
 /// Texts of several lines: CR LF in the core, LF in Qt's boxes.

@@ -69,6 +69,9 @@ class RecordFile {
 
     void append(const Record& record) { write(count_ + 1, record); }
 
+    /// To be called when an operation has written all that it has to.
+    void flush() { file_.flush(); }
+
   private:
     void checkNumber(int number) const {
         if (number < 1) throw FileError(FaultNumber::BadRecordNumber, path_);

@@ -1,6 +1,7 @@
 #include "platform/sorting.h"
 
 #include <charconv>
+#include <cmath>
 
 namespace bramblet {
 
@@ -10,7 +11,7 @@ double leadingNumber(std::string_view text) {
     text.remove_prefix(start);
     double value = 0;
     std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
-    return value;
+    return std::isfinite(value) ? value : 0;
 }
 
 }  // namespace bramblet

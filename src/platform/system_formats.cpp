@@ -12,11 +12,12 @@ bool inCodePage(const QString& text) {
     return toQt(fromQt(text)) == text;
 }
 
-/// A separator of the locale in the code page: every kind of blank is the no-break blank there.
-std::string separator(const QString& text) {
+/// A separator of the locale in the code page: every kind of blank is the no-break blank there,
+/// and one that it lacks is `otherwise`.
+std::string separator(const QString& text, const char* otherwise) {
     if (text.isEmpty()) return {};
     if (text.trimmed().isEmpty()) return "\xA0";
-    return inCodePage(text) ? fromQt(text) : ".";
+    return inCodePage(text) ? fromQt(text) : otherwise;
 }
 
 std::string currencySign(const QLocale& locale) {
@@ -94,8 +95,8 @@ std::string shortDate(const QLocale& locale) {
 
 RegionalFormats regionalFormats(const QLocale& locale) {
     RegionalFormats formats;
-    formats.decimalSeparator = separator(locale.decimalPoint());
-    formats.groupSeparator = separator(locale.groupSeparator());
+    formats.decimalSeparator = separator(locale.decimalPoint(), ".");
+    formats.groupSeparator = separator(locale.groupSeparator(), ",");
     formats.grouping = grouping(locale);
     formats.currencySign = currencySign(locale);
     formats.currencyDecimals = currencyDecimals(locale);

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kSecond = 1000;
 
+/// What a person does to the windows, and what would make a box act on it.
 bool isInput(QEvent::Type type) {
     switch (type) {
         case QEvent::MouseButtonPress:
@@ -26,6 +27,8 @@ bool isInput(QEvent::Type type) {
         case QEvent::InputMethod:
         case QEvent::TouchBegin:
         case QEvent::Drop:
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
         case QEvent::Close:
             return true;
         default:
@@ -38,28 +41,47 @@ std::string nameOf(const std::string& path) {
     return separator == std::string::npos ? path : path.substr(separator + 1);
 }
 
+/// Keeps input away while it lives, and shows the pointer that says so.
+class InputHeld {
+  public:
+    explicit InputHeld(QObject& filter) : filter_(filter) {
+        QApplication::setOverrideCursor(Qt::BusyCursor);
+        qApp->installEventFilter(&filter_);
+    }
+    ~InputHeld() {
+        qApp->removeEventFilter(&filter_);
+        QApplication::restoreOverrideCursor();
+    }
+    InputHeld(const InputHeld&) = delete;
+    InputHeld& operator=(const InputHeld&) = delete;
+
+  private:
+    QObject& filter_;
+};
+
 }  // namespace
 
 void Waiting::setNotice(Notice notice) {
     notice_ = std::move(notice);
     if (notice_.stopButton == nullptr) return;
-    connect(notice_.stopButton, &QToolButton::clicked, this, [this] { stopped_ = true; });
+    connect(notice_.stopButton, &QToolButton::clicked, this, &Waiting::giveUp);
 }
 
 void Waiting::waitForFile(const FileError& error) {
-    stopped_ = false;
+    if (givenUp_) throw error;
     if (notice_.show) {
         notice_.show("Waiting for " + nameOf(error.path()) + ", which is in use or locked (" +
-                     error.description() + "). Trying again every second ...");
+                     error.description() + "). Esc stops waiting ...");
     }
     letASecondPass();
-    // Once the statement has succeeded and the program is idle again, the notice goes.
-    if (notice_.hide) {
-        QTimer::singleShot(0, this, [this] {
-            if (!waiting_) notice_.hide();
-        });
-    }
-    if (stopped_) throw error;
+    // Once the command has ended and the program is idle again, the notice goes, and the next
+    // command waits anew.
+    QTimer::singleShot(0, this, [this] {
+        if (waiting_) return;
+        givenUp_ = false;
+        if (notice_.hide) notice_.hide();
+    });
+    if (givenUp_) throw error;
 }
 
 void Waiting::waitOneSecond() {
@@ -67,25 +89,27 @@ void Waiting::waitOneSecond() {
 }
 
 void Waiting::letASecondPass() {
-    waiting_ = true;
-    QApplication::setOverrideCursor(Qt::BusyCursor);
-    qApp->installEventFilter(this);
     QEventLoop loop;
     QTimer::singleShot(kSecond, &loop, &QEventLoop::quit);
-    if (notice_.stopButton != nullptr) {
-        if (notice_.stopButton == nullptr) return;
-        connect(notice_.stopButton, &QToolButton::clicked, &loop, &QEventLoop::quit);
-    }
+    const InputHeld held(*this);
+    waiting_ = &loop;
     loop.exec();
-    qApp->removeEventFilter(this);
-    QApplication::restoreOverrideCursor();
-    waiting_ = false;
+    waiting_ = nullptr;
+}
+
+void Waiting::giveUp() {
+    if (!waiting_) return;
+    givenUp_ = true;
+    waiting_->quit();
 }
 
 bool Waiting::eventFilter(QObject* watched, QEvent* event) {
     if (!isInput(event->type()) || watched == notice_.stopButton) return false;
-    if (watched->isWidgetType()) return true;
-    return event->type() == QEvent::Shortcut;
+    if (event->type() == QEvent::Close) event->ignore();
+    const bool escape = event->type() == QEvent::KeyPress &&
+                        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (escape) giveUp();
+    return watched->isWidgetType() || event->type() == QEvent::Shortcut;
 }
 
 }  // namespace bramblet

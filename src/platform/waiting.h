@@ -9,6 +9,7 @@
 #include <functional>
 #include <string>
 
+class QEventLoop;
 class QToolButton;
 
 namespace bramblet {
@@ -24,13 +25,13 @@ class Waiting : public QObject {
     void setNotice(Notice notice);
 
     /// Waits a second for the file that the error names; throws the error when the user has
-    /// pressed the stop button.
+    /// pressed the stop button or Escape, and from then on until the command has ended.
     void waitForFile(const FileError& error);
 
     /// Lets a second pass.
     void waitOneSecond();
 
-    bool isWaiting() const { return waiting_; }
+    bool isWaiting() const { return waiting_ != nullptr; }
 
   protected:
     /// Keeps input from all windows while waiting, but for the stop button.
@@ -38,10 +39,11 @@ class Waiting : public QObject {
 
   private:
     void letASecondPass();
+    void giveUp();
 
     Notice notice_;
-    bool waiting_ = false;
-    bool stopped_ = false;
+    QEventLoop* waiting_ = nullptr;  ///< the loop that runs while waiting
+    bool givenUp_ = false;           ///< by the user, for the rest of the command
 };
 
 }  // namespace bramblet

@@ -156,6 +156,17 @@ TEST_F(AddressBookTest, ARefillDoesNotChangeTheOrderButShowsTheBookAnew) {
     EXPECT_FALSE(program().open.SaveChangesEnabled);
 }
 
+TEST_F(AddressBookTest, APickThatCannotBeReadLeavesNoOtherVendorsAddress) {
+    start();
+    save(AddressSide::Vendor, "Acme", "A Road");
+    pick(AddressSide::Vendor, "Acme");
+    std::filesystem::remove(data("po_addy.dat"));
+    std::filesystem::create_directory(data("po_addy.dat"));
+    pick(AddressSide::Vendor, "Bolt");
+    EXPECT_EQ(order().ToField, "");
+    EXPECT_EQ(prompts.lastLine.find("The address was not read: "), 0u);
+}
+
 TEST_F(AddressBookTest, DeletingAsksNothingAndABlankNameIsTold) {
     start();
     save(AddressSide::Vendor, "Acme", "A Road");

@@ -229,7 +229,7 @@ TEST_F(OrderFlows, AMissingDocumentLoadsAsAClearedOrderWithoutANumber) {
     EXPECT_EQ(contentOf(data("000099.htm")), "");
     EXPECT_EQ(order().PONoEd, "(PEND)");
     EXPECT_EQ(order().JobNumberEd, "");
-    EXPECT_EQ(prompts.lastLine, "The document of order 000099 holds no order");
+    EXPECT_EQ(prompts.lastLine, "The document of order 000099 holds no order.");
     EXPECT_EQ(documentJob("000001"), "J");
 }
 
@@ -300,6 +300,55 @@ TEST_F(OrderFlows, AFailedSaveSaysWhatWasNotDone) {
     EXPECT_NE(prompts.lastLine.find("The document of order 000001 was not saved: "),
               std::string::npos);
     expectChanged(true);
+}
+
+TEST_F(OrderFlows, ANumberThatNamesNoFileIsNotSavedAtAll) {
+    newOrder();
+    for (const char* number : {"12/34", "..", "", "CON"}) {
+        editor().edit(&Order::PONoEd, number);
+        editor().SaveChanges_Click();
+        EXPECT_NE(prompts.lastLine.find("was not saved: Bad file name or number (error 52)"),
+                  std::string::npos);
+        EXPECT_TRUE(open().OrderDirty);
+    }
+    EXPECT_EQ(records(), 1u);
+}
+
+TEST_F(OrderFlows, AllThatFailedInOneCommandIsSaid) {
+    newOrder();
+    editJob("J");
+    std::filesystem::remove_all(home() + "po_data");  // the share is gone
+    editor().SaveChanges_Click();
+    EXPECT_EQ(
+        prompts.lastLine,
+        "Order 000001 was not entered in the list of orders: Path not found (error 76). The "
+        "document of order 000001 was not saved: Path not found (error 76). The list of saved "
+        "orders was not read: Path not found (error 76).");
+}
+
+TEST_F(OrderFlows, AFailedCopyLeavesItsSourceAsItWas) {
+    newOrder();
+    editor().MarkReceivedCheck_Click(true);
+    editor().SaveChanges_Click();
+    editor().edit(&Order::DiscountEd, "ten");
+    prompts.expect(saveFirst("000001"), Answer::No);
+    prompts.expect(copy(), Answer::Yes);
+    prompts.expectSaying("\"ten\" in the box Discount is not an amount");
+    editor().Save_PO_Click();
+    EXPECT_EQ(order().PONoEd, "000001");
+    EXPECT_TRUE(order().MarkReceivedCheck);
+    EXPECT_EQ(program().settings.OrdersSavedCount, 2);
+}
+
+TEST_F(OrderFlows, ANameTypedInFullIsPickedBeforeTheOrderIsSaved) {
+    program().addresses.Combo_Change(AddressSide::Vendor, "Acme");
+    program().addresses.Field_Change(AddressSide::Vendor, "A Road");
+    program().addresses.Changed_Click(AddressSide::Vendor);
+    newOrder();
+    program().addresses.Combo_Change(AddressSide::Vendor, "Acme");
+    editor().SaveChanges_Click();
+    EXPECT_EQ(order().ToField, "A Road");
+    EXPECT_NE(contentOf(data("000001.htm")).find("A Road"), std::string::npos);
 }
 
 TEST_F(OrderFlows, NumbersBeyondSixDigitsAreShownInFullAndWarnedOf) {

@@ -75,7 +75,7 @@ TEST_F(SettingsFileTest, EveryByteOfAFileIsCarriedThrough) {
         old.push_back(static_cast<char>(i * 7 % 251));
     old.replace(908, 300, std::string("/d/") + std::string(297, ' '));
     writeFile(home() + "po15.cfg", old);
-    const SettingsFile file(FileSystem(), home());
+    SettingsFile file(FileSystem(), home());
     file.SaveConfig(file.LoadConfig(prompts_));
     EXPECT_EQ(bytes(), old);
 }
@@ -96,6 +96,15 @@ TEST_F(SettingsFileTest, AnUnreadableFileIsToldToo) {
     prompts_.expectSaying("Path/File access error (error 75)");
     EXPECT_EQ(trimmedField(load().FontName), "Arial");
     EXPECT_EQ(bytes().size(), 1719u);
+}
+
+TEST_F(SettingsFileTest, AFileThatCannotBePutAsideIsNeverWrittenOver) {
+    // The home folder's path runs through a plain file: nothing there can be read, moved or made.
+    writeFile(folder_ / "Quenmoor", "");
+    SettingsFile file(FileSystem(), home());
+    prompts_.expectSaying("no settings are saved this time");
+    const Settings settings = file.LoadConfig(prompts_);
+    EXPECT_NO_THROW(file.SaveConfig(settings));
 }
 
 TEST(Settings, OnlyAnExactYIsOn) {

@@ -102,6 +102,15 @@ TEST_F(StartUp, APlaceOfSixCharactersIsCutToFive) {
     EXPECT_EQ(storedSettings().WindowLeft, "-2880");
 }
 
+TEST_F(StartUp, WithoutADataDirectoryThereIsNoAccess) {
+    Settings settings = defaultSettings(home());
+    settings.DataDirectory = "";
+    store(settings);
+    prompts.expectSaying("Unable to access the data directory");
+    start();
+    EXPECT_FALSE(program().folder.DataPathOK());
+}
+
 class Leaving : public StartUp {
   protected:
     void SetUp() override {

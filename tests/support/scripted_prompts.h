@@ -75,7 +75,8 @@ class ScriptedPrompts : public Prompts {
         return choose(start);
     }
 
-    void say(const std::string& line) override { lastLine = line; }
+    void progress(const std::string&, int, int) override {}
+    void showStatus(const std::string& line, Tone) override { lastLine = line; }
 
   private:
     struct Box {

@@ -2,14 +2,14 @@
 
 #include <QCalendarWidget>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QMenu>
 #include <QRadioButton>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTest>
-
-#include <fcntl.h>
+#include <QWheelEvent>
 
 namespace bramblet::test {
 namespace {
@@ -141,6 +141,62 @@ TEST_F(MainWindowTest, SuggestionsDoNotReplaceWhatIsTyped) {
     type("ToCombo", "Acme");
     EXPECT_EQ(text("ToCombo"), name("Acme"));
     EXPECT_EQ(program->open.order.ToCombo, "Acme");
+}
+
+TEST_F(MainWindowTest, OnlyAChoiceFromTheListPicksAnAddress) {
+    for (const char* vendor : {"ACME", "Bolt", "Cole"}) {
+        type("ToCombo", vendor);
+        driver->type(name("ToField"), name(vendor) + name(" Road"));
+        click("ChangedVendor");
+    }
+    newOrder();
+    type("ToField", "one-off address");
+    type("ToCombo", "Acme");  // listed, but for letter case
+    driver->press(name("ToCombo"), Qt::Key_Tab);
+    EXPECT_EQ(text("ToCombo") + text("ToField"), name("Acmeone-off address"));
+
+    driver->pick(name("ToCombo"), name("Bolt"));
+    click("SaveChanges");
+    driver->press(name("ToCombo"), Qt::Key_Tab);  // leaving the box changes nothing
+    EXPECT_FALSE(program->open.OrderDirty);
+    auto* box = driver->control(name("ToCombo"));
+    QWheelEvent wheel({5, 5}, box->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(box, &wheel);
+    EXPECT_EQ(text("ToCombo"), name("Bolt"));
+    driver->press(name("ToCombo"), Qt::Key_Down);  // on from the entry shown
+    EXPECT_EQ(text("ToCombo"), name("Cole"));
+}
+
+TEST_F(MainWindowTest, PastedControlCharactersBecomeBlanks) {
+    QApplication::clipboard()->setText(name("two\nlines\tand a tab"));
+    driver->press(name("CommentsEd"), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(program->open.order.CommentsEd, "two lines and a tab");
+    // A no-break blank in an address stays one.
+    driver->type(name("ToField"), QString(QChar(0xA0)) + name("5"));
+    EXPECT_EQ(program->open.order.ToField,
+              "\xA0"
+              "5");
+}
+
+TEST_F(MainWindowTest, FailuresStayInTheStatusBarAndGoodNewsGoesWithTheNextEdit) {
+    newOrder();
+    const auto status = [&] { return window->statusBar()->currentMessage(); };
+    EXPECT_EQ(status(), name("Order 000001 is saved"));
+    type("ShipDateEd", "soon");
+    EXPECT_EQ(status(), S());
+    click("SaveChanges");
+    EXPECT_TRUE(status().contains(name("\"soon\" in the box On Site is not a date")));
+    type("ByEd", "Ann");
+    EXPECT_TRUE(status().contains(name("is not a date")));
+}
+
+TEST_F(MainWindowTest, ALineThatCannotBeReadCanStillBeRemoved) {
+    program->open.order.lines = {{"1", "", "", "ea", "x", "1.2.3", "0.00", "special"}};
+    program->open.onChange();
+    driver->onNextDialog([&](QWidget&) { click("Del"); });
+    driver->doubleClickCell(name("OrderGrid"), 0, kDescription);
+    EXPECT_EQ(driver->rows(name("OrderGrid")), 0);
 }
 
 TEST_F(MainWindowTest, LinesAreEditedByMouseAndKeyboard) {
@@ -294,27 +350,69 @@ TEST_F(MainWindowTest, LeavingAsksAndTheWindowComesBackWhereItWas) {
     EXPECT_TRUE(window->screen()->availableGeometry().intersects(window->frameGeometry()));
 }
 
-TEST_F(MainWindowTest, WaitingForABusyFileTellsWhichAndCanBeStopped) {
-    newOrder();
-    type("ByEd", "Ann");
-    // A folder in the document's place is refused with error 75 for as long as it is there.
-    const std::string document = program->folder.file("000001.htm");
-    std::filesystem::remove(document);
-    std::filesystem::create_directory(document);
-    QString seen;
-    bool tookInput = true;
-    QTimer::singleShot(300, window.get(), [&] {
-        seen = window->statusBar()->currentMessage();
+class WaitingTest : public MainWindowTest {
+  protected:
+    void SetUp() override {
+        MainWindowTest::SetUp();
+        newOrder();
+        type("ByEd", "Ann");
+        // A folder in the document's place is refused with error 75 for as long as it is there.
+        document_ = program->folder.file("000001.htm");
+        std::filesystem::remove(document_);
+        std::filesystem::create_directory(document_);
+    }
+    /// Runs `during` while a save waits for the document.
+    void saveWhile(const std::function<void()>& during) {
+        QTimer::singleShot(300, window.get(), during);
+        click("SaveChanges");
+    }
+    S status() const { return window->statusBar()->currentMessage(); }
+
+    std::string document_;
+};
+
+TEST_F(WaitingTest, TellsWhichFileAndCanBeStopped) {
+    saveWhile([&] {
+        EXPECT_TRUE(status().startsWith(name("Waiting for 000001.htm"))) << status().toStdString();
         QTest::keyClicks(driver->control(name("FOBEd")), name("x"));
-        tookInput = !program->open.order.FOBEd.empty();
         QTest::mouseClick(driver->control(name("StopWaiting")), Qt::LeftButton);
     });
-    click("SaveChanges");
-    EXPECT_TRUE(seen.startsWith(name("Waiting for 000001.htm"))) << seen.toStdString();
-    EXPECT_FALSE(tookInput);
+    EXPECT_EQ(program->open.order.FOBEd, "");  // no input was taken
     EXPECT_TRUE(program->open.OrderDirty);
-    std::filesystem::remove(document);
-    click("SaveChanges");
+    Driver::settle();
+    EXPECT_TRUE(status().startsWith(name("The document of order 000001 was not saved")))
+        << status().toStdString();
+    EXPECT_FALSE(driver->control(name("StopWaiting"))->isVisible());
+}
+
+TEST_F(WaitingTest, EndsWhenTheFileIsFreeAndByEscape) {
+    saveWhile([&] { std::filesystem::remove(document_); });
+    EXPECT_FALSE(program->open.OrderDirty);
+    Driver::settle();
+    EXPECT_EQ(status(), name("Order 000001 is saved"));
+
+    type("ByEd", "Tom");
+    std::filesystem::remove(document_);
+    std::filesystem::create_directory(document_);
+    saveWhile([&] { QTest::keyClick(window.get(), Qt::Key_Escape); });
+    EXPECT_TRUE(program->open.OrderDirty);
+}
+
+TEST_F(WaitingTest, TheWindowDoesNotCloseAndTheOrderDoesNotChangeMeanwhile) {
+    type("ToCombo", "Acme");
+    type("ToField", "A Road");
+    click("ChangedVendor");
+    type("ToField", "");
+    type("ToCombo", "Acm");
+    saveWhile([&] {
+        window->close();
+        EXPECT_TRUE(window->isVisible());
+        program->open.order.ToCombo = "Acme";
+        driver->control(name("ByEd"))->setFocus();  // leaving the name box would pick it
+        EXPECT_EQ(program->open.order.ToField, "");
+        std::filesystem::remove(document_);
+    });
+    EXPECT_TRUE(window->isVisible());
     EXPECT_FALSE(program->open.OrderDirty);
 }
 

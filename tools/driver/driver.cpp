@@ -22,12 +22,6 @@ constexpr int kWatchEvery = 20;      // milliseconds
 constexpr int kPatience = 3000;      // for a dialog that nobody expects
 constexpr int kLastPatience = 6000;  // before giving up on one that does not close
 
-/// Where typing for a control goes.
-QWidget* typingTarget(QWidget* control) {
-    if (auto* combo = qobject_cast<QComboBox*>(control)) return combo->lineEdit();
-    return control;
-}
-
 }  // namespace
 
 Driver::Driver(QWidget& window) : window_(window) {
@@ -62,7 +56,7 @@ void Driver::doubleClick(const QString& name) {
 }
 
 void Driver::type(const QString& box, const QString& text) {
-    QWidget* const target = typingTarget(control(box));
+    QWidget* const target = control(box);
     focus(target);
     QTest::keySequence(target, QKeySequence::SelectAll);
     if (text.isEmpty()) QTest::keyClick(target, Qt::Key_Delete);
@@ -99,7 +93,7 @@ void Driver::focus(QWidget* target) {
 }
 
 void Driver::press(const QString& name, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QWidget* const target = typingTarget(control(name));
+    QWidget* const target = control(name);
     focus(target);
     QTest::keyClick(target, key, modifiers);
     settle();
@@ -163,6 +157,15 @@ void Driver::answer(const QString& part, QMessageBox::StandardButton button) {
         QWidget* const pressed = box->button(button);
         if (pressed == nullptr) giveUp(QStringLiteral("No such button: ") + box->text());
         QTest::mouseClick(pressed, Qt::LeftButton);
+    });
+}
+
+void Driver::chooseFile(const QString& path) {
+    onNextDialog([this, path](QWidget& dialog) {
+        auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (name == nullptr) giveUp(QStringLiteral("No choice of a file came for ") + path);
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
     });
 }
 

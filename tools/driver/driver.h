@@ -53,6 +53,8 @@ class Driver {
     void onNextDialog(std::function<void(QWidget& dialog)> use);
     /// The next modal window is a message box that says `part`; it is answered.
     void answer(const QString& part, QMessageBox::StandardButton button);
+    /// The next modal window is a choice of a file; this path is typed into it.
+    void chooseFile(const QString& path);
     /// Whether every expected dialog has come.
     bool allAnswered() const { return expected_.empty(); }
 

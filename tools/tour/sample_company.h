@@ -17,6 +17,14 @@ struct SampleLine {
     const char* unitCost;
 };
 
+struct SampleItem {
+    const char* category;
+    const char* vendor;
+    const char* unit;
+    const char* description;
+    const char* unitCost;
+};
+
 struct SampleOrder {
     bool requisition;
     bool received;
@@ -38,6 +46,7 @@ struct SampleOrder {
 
 extern const std::vector<SampleAddress> kVendors;
 extern const std::vector<SampleAddress> kDestinations;
+extern const std::vector<SampleItem> kItems;
 extern const std::vector<SampleOrder> kOrders;
 
 }  // namespace bramblet::tour

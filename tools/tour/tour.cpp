@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
 
 namespace bramblet::tour {
@@ -55,11 +56,28 @@ class Tour {
             writeOrder(kOrders[i], i == 8);
         openAndChange();
         copyOrder();
+        catalogue();
         sizes();
         return !complaints_ && driver_.allAnswered();
     }
 
+    /// In a second office: takes the catalogue over.
+    bool takeOver() {
+        driver_.answer(name("It is strongly suggested"), QMessageBox::Ok);
+        driver_.chooseFile(catalogueFile());
+        driver_.onNextDialog([&](QWidget& dialog) {
+            pictureWith("14-imported", dialog);
+            qobject_cast<QMessageBox*>(&dialog)->button(QMessageBox::Ok)->click();
+        });
+        driver_.click(name("HideOrders"));
+        driver_.trigger(name("mu_ImportStockItems"));
+        return !complaints_ && driver_.allAnswered() &&
+               driver_.rows(name("StockGrid")) == static_cast<int>(kItems.size());
+    }
+
   private:
+    QString catalogueFile() const { return folder_ + name("/catalogue.sid"); }
+
     void typeAddresses() {
         typeSide(kVendors, "ToCombo", "ToField", "ChangedVendor");
         typeSide(kDestinations, "ShipToCombo", "ShipToField", "ChangedDest");
@@ -154,12 +172,52 @@ class Tour {
         picture("09-copy");
     }
 
+    /// Types the catalogue, picks from it into a new order, and writes it out.
+    void catalogue() {
+        driver_.click(name("HideOrders"));
+        for (const auto& item : kItems) {
+            driver_.type(name("StockCatCombo"), name(item.category));
+            driver_.type(name("StockVendorCombo"), name(item.vendor));
+            driver_.type(name("StockUnitCombo"), name(item.unit));
+            driver_.type(name("StockDescriptionEd"), name(item.description));
+            driver_.type(name("StockUnitCostEd"), name(item.unitCost));
+            driver_.click(name("SaveNewStockItem"));
+        }
+        driver_.answer(name("Create blank new order ?"), QMessageBox::Yes);
+        driver_.click(name("NewPO"));
+        driver_.click(name("OptionPO"));
+        driver_.pick(name("ToCombo"), name("Eastgate Hardware Supply"));
+        driver_.pick(name("ShipToCombo"), name("Workshop"));
+        driver_.type(name("ByEd"), name("Tom Reed"));
+        driver_.type(name("TermsEd"), name("Net 30"));
+        driver_.click(name("VendorItemsCheck"));
+        for (const int row : {0, 3, 4, 0, 7, 0}) {
+            driver_.doubleClickCell(name("StockGrid"), row, 3);
+        }
+        picture("10-picking-stock-items");
+        driver_.clickCell(name("StockGrid"), 2, 3, Qt::RightButton);
+        auto* menu = driver_.find<QMenu>(name("itemspop"));
+        pictureWith("11-stock-menu", *menu);
+        menu->close();
+        driver_.click(name("SaveChanges"));
+        driver_.click(name("VendorItemsCheck"));
+        driver_.clickHeading(name("StockGrid"), 0);
+        picture("12-catalogue");
+        driver_.chooseFile(catalogueFile());
+        driver_.onNextDialog([&](QWidget& dialog) {
+            pictureWith("13-exported", dialog);
+            qobject_cast<QMessageBox*>(&dialog)->button(QMessageBox::Ok)->click();
+        });
+        driver_.trigger(name("mu_ExportStockItems"));
+        driver_.click(name("ViewExisting"));
+    }
+
     void sizes() {
         driver_.clickCell(name("POGrid"), 4, 3);
         window_.resize(1024, 700);
-        picture("10-at-1024x700");
+        picture("20-at-1024x700");
         window_.resize(1920, 1040);
-        picture("11-maximised");
+        picture("21-maximised");
     }
 
     void picture(const char* file) { save(file, Driver::picture(window_)); }
@@ -189,11 +247,10 @@ class Tour {
     bool complaints_ = false;
 };
 
-int runTour(const QString& folder) {
-    const QString documents = folder + name("/documents");
+/// Starts the program in a home folder of its own and takes `road` through it.
+std::string inOffice(const QString& documents, const std::function<void(MainWindow&)>& road) {
     QDir(documents).removeRecursively();
     QDir().mkpath(documents);
-
     DialogPrompts prompts;
     Waiting waiting;
     const Clock clock{[] { return *toDayCount(kTourDay); }, [&] { waiting.waitOneSecond(); }};
@@ -203,9 +260,21 @@ int runTour(const QString& folder) {
     MainWindow window(program, prompts, waiting);
     window.show();
     program.start();
-    const bool good = Tour(window, folder).run();
+    road(window);
+    window.close();
+    return program.folder.DataPath();
+}
+
+int runTour(const QString& folder) {
+    bool good = true;
+    QFile::remove(folder + name("/catalogue.sid"));
+    const std::string data = inOffice(folder + name("/documents"), [&](MainWindow& window) {
+        good = Tour(window, folder).run();
+    });
+    inOffice(folder + name("/second-office"),
+             [&](MainWindow& window) { good = Tour(window, folder).takeOver() && good; });
     std::cout << "The pictures are in " << qPrintable(QDir(folder).absolutePath())
-              << "\nThe sample company's data folder is " << program.folder.DataPath() << std::endl;
+              << "\nThe sample company's data folder is " << data << std::endl;
     return good ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

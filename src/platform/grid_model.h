@@ -1,0 +1,51 @@
+// The model behind the program's grids: texts that the core gives cell by cell, when they are
+// shown.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QColor>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+/// One column of a grid.
+struct GridHeading {
+    QString text;
+    bool amount = false;  ///< right-aligned
+};
+
+/// Where a grid's cells come from.
+struct GridSource {
+    std::function<int()> rows;
+    std::function<std::string(int row, int column)> cell;
+    /// A cell's own text colour; an invalid one for the grid's. May be left out.
+    std::function<QColor(int row, int column)> colour = nullptr;
+};
+
+class GridModel : public QAbstractTableModel {
+    Q_OBJECT
+  public:
+    GridModel(std::vector<GridHeading> headings, GridSource source, QObject* parent);
+
+    /// The rows have changed.
+    void refresh();
+    /// The columns have changed, and the rows with them.
+    void refresh(std::vector<GridHeading> headings);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  private:
+    QVariant alignment(int column) const;
+
+    std::vector<GridHeading> headings_;
+    GridSource source_;
+    int rows_ = 0;
+};
+
+}  // namespace bramblet

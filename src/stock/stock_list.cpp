@@ -1,0 +1,199 @@
+#include "stock/stock_list.h"
+
+#include "document/amount_text.h"
+#include "platform/sorting.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_set>
+
+namespace bramblet {
+namespace {
+
+/// The distinct values met, in the order in which they were met.
+class Distinct {
+  public:
+    explicit Distinct(std::vector<std::string>& values) : values_(values) { values_.clear(); }
+
+    void add(const std::string& value) {
+        if (known_.insert(value).second) values_.push_back(value);
+    }
+
+  private:
+    std::vector<std::string>& values_;
+    std::unordered_set<std::string> known_;
+};
+
+bool isNumeric(StockColumn column) {
+    return column == StockColumn::UnitCost || column == StockColumn::OnHand ||
+           column == StockColumn::FileNumber;
+}
+
+}  // namespace
+
+StockList::StockList(FileSystem files, const DataFolder& folder, const Settings& settings,
+                     const OpenOrder& open, const RegionalFormats& formats, Prompts& prompts)
+    : folder_(folder),
+      settings_(settings),
+      open_(open),
+      formats_(formats),
+      prompts_(prompts),
+      file_(std::move(files), folder.file("po_stock.dat"), formats) {}
+
+void StockList::VendorItemsCheck_Click(bool checked) {
+    VendorItemsCheck = checked;
+    if (folder_.available(prompts_)) PopStockList();
+}
+
+void StockList::PopStockList() {
+    // What is shown changes in one go: reading may have to wait, and the windows go on meanwhile.
+    std::vector<StockItemRecord> records;
+    try {
+        if (folder_.DataPathOK()) records = file_.readAll();
+    } catch (const Fault& fault) {
+        prompts_.say("The list of stock items was not read: " + fault.inWords());
+    }
+    columns_ = {StockColumn::Category, StockColumn::Vendor, StockColumn::Unit,
+                StockColumn::Description, StockColumn::UnitCost};
+    if (isOn(settings_.UseQuantities)) columns_.push_back(StockColumn::OnHand);
+    columns_.push_back(StockColumn::FileNumber);
+    sortColumn_.reset();
+    list(records);
+    onListChange();
+}
+
+std::string StockList::cell(int row, StockColumn column) const {
+    return textIn(rows_[static_cast<std::size_t>(row)], column);
+}
+
+int StockList::rowOf(const std::string& fileNumber) const {
+    const double tag = leadingNumber(fileNumber);
+    const auto row = std::find_if(rows_.begin(), rows_.end(),
+                                  [tag](const auto& record) { return record.Tag == tag; });
+    return row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
+}
+
+std::string StockList::countText() const {
+    return std::to_string(rowCount()) + " stock items listed";
+}
+
+void StockList::sortByHeading(StockColumn column) {
+    descending_ = sortColumn_ == column && !descending_;
+    sortColumn_ = column;
+    if (isNumeric(column)) {
+        sortRows(rows_, descending_, [&](const auto& record) { return numberIn(record, column); });
+    } else {
+        sortRows(rows_, descending_,
+                 [&](const auto& record) { return upper(textIn(record, column)); });
+    }
+    onListChange();
+}
+
+void StockList::StockGrid_Click(int row) {
+    if (row < 0 || row >= rowCount()) return;
+    boxes.StockCatCombo = cell(row, StockColumn::Category);
+    boxes.StockVendorCombo = cell(row, StockColumn::Vendor);
+    boxes.StockUnitCombo = cell(row, StockColumn::Unit);
+    boxes.StockDescriptionEd = cell(row, StockColumn::Description);
+    boxes.StockUnitCostEd = cell(row, StockColumn::UnitCost);
+    fileOrderTag_ = cell(row, StockColumn::FileNumber);
+    onPick();
+}
+
+void StockList::SaveNewStockItem_Click() {
+    if (!folder_.available(prompts_)) return;
+    change("The new item was not saved: ", [&] { file_.SaveNewStockItem(boxes); });
+}
+
+void StockList::SaveChangedStockItem_Click() {
+    if (!folder_.available(prompts_)) return;
+    change("The item was not saved: ", [&] {
+        if (!file_.SaveChangedStockItem(leadingNumber(fileOrderTag_), boxes)) {
+            prompts_.say("No item of the catalogue has the number " + fileOrderTag_ +
+                         "; nothing was changed");
+        }
+    });
+}
+
+void StockList::DeleteStockItem_Click() {
+    if (!folder_.available(prompts_)) return;
+    const Message question{"Delete stock item: \r\n\r\n" + pickedInWords(), "Confirm",
+                           Buttons::YesNo, Icon::Question, Answer::No};
+    if (prompts_.ask(question) != Answer::Yes) return;
+    change("The item was not deleted: ", [&] { file_.markDeleted(pickedRecord()); });
+}
+
+void StockList::ItemsPopOnHand_Click(int row) {
+    if (!folder_.available(prompts_)) return;
+    const bool shown = row >= 0 && row < rowCount() && isOn(settings_.UseQuantities);
+    const auto answer = prompts_.input("Specify quantity on hand:\r\n\r\n" + pickedInWords(),
+                                       "On Hand", shown ? cell(row, StockColumn::OnHand) : "");
+    if (!answer || answer->empty()) return;
+    change("The quantity was not stored: ",
+           [&] { file_.setOnHand(pickedRecord(), amountOf(cleanedNumber(*answer), formats_)); });
+}
+
+void StockList::list(const std::vector<StockItemRecord>& records) {
+    const std::string vendor = VendorItemsCheck ? trimmed(open_.order.ToCombo) : std::string();
+    Distinct categories(entries_.categories);
+    Distinct vendors(entries_.vendors);
+    Distinct units(entries_.units);
+    rows_.clear();
+    for (const auto& record : records) {
+        if (record.Status == kDeletedItem) continue;
+        const std::string itemVendor = trimmedField(record.Vendor);
+        if (!vendor.empty() && itemVendor != vendor) continue;
+        categories.add(trimmedField(record.Category));
+        vendors.add(itemVendor);
+        units.add(trimmedField(record.Unit));
+        rows_.push_back(record);
+    }
+}
+
+double StockList::numberIn(const StockItemRecord& record, StockColumn column) const {
+    if (column == StockColumn::FileNumber) return std::isnan(record.Tag) ? 0 : record.Tag;
+    return toDouble(column == StockColumn::OnHand ? record.OnHand : record.UnitCost);
+}
+
+std::string StockList::textIn(const StockItemRecord& record, StockColumn column) const {
+    switch (column) {
+        case StockColumn::Category:
+            return trimmedField(record.Category);
+        case StockColumn::Vendor:
+            return trimmedField(record.Vendor);
+        case StockColumn::Unit:
+            return trimmedField(record.Unit);
+        case StockColumn::Description:
+            return trimmedField(record.Description);
+        case StockColumn::UnitCost:
+            return exactText(record.UnitCost, formats_);
+        case StockColumn::OnHand:
+            return generalText(toDouble(record.OnHand), formats_);
+        case StockColumn::FileNumber:
+            return tagText(record.Tag);
+    }
+    return {};
+}
+
+int StockList::pickedRecord() const {
+    return recordNumberOf(leadingNumber(fileOrderTag_));
+}
+
+std::string StockList::pickedInWords() const {
+    return trimmed(boxes.StockCatCombo) + "\r\n" + trimmed(boxes.StockVendorCombo) + "\r\n" +
+           trimmed(boxes.StockDescriptionEd);
+}
+
+template <class Change>
+void StockList::change(const std::string& failure, Change change) {
+    const Prompts::Command command(prompts_);
+    try {
+        change();
+    } catch (const Fault& fault) {
+        prompts_.say(failure + fault.inWords());
+    }
+    PopStockList();
+}
+
+}  // namespace bramblet
