@@ -8,6 +8,7 @@
 #include "document/document_writer.h"
 #include "document/totals.h"
 #include "platform/record_file.h"
+#include "support/recording_desktop.h"
 #include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
@@ -35,6 +36,7 @@ class Agreeable : public Prompts {
     std::optional<std::string> chooseFolder(const std::string&, const std::string& start) override {
         return start;
     }
+    std::optional<std::string> chooseFont(const std::string& current) override { return current; }
     void progress(const std::string&, int, int) override {}
 
   protected:
@@ -51,7 +53,8 @@ class FullOffice {
         writeFile(path_ + "po_data.dat", orders());
         writeFile(path_ + "po_stock.dat", items(kLiveItem, 1));
         program_ = std::make_unique<Program>(
-            Environment{documents_.path(), {}, {[] { return 46085; }, [] {}}, nullptr}, prompts_);
+            Environment{desktop_, documents_.path(), {}, {[] { return 46085; }, [] {}}, nullptr},
+            prompts_);
         program_->start();
     }
 
@@ -95,44 +98,51 @@ class FullOffice {
   private:
     TemporaryFolder documents_;
     Agreeable prompts_;
+    test::RecordingDesktop desktop_;
     std::string path_;
     std::unique_ptr<Program> program_;
 };
 
 void listOrders(benchmark::State& state) {
     FullOffice office;
-    for (auto _ : state) office.program().savedOrders.PopPOGrid();
+    for (auto _ : state)
+        office.program().savedOrders.PopPOGrid();
 }
 BENCHMARK(listOrders)->Unit(benchmark::kMillisecond);
 
 void sortOrdersByVendor(benchmark::State& state) {
     FullOffice office;
-    for (auto _ : state) office.program().savedOrders.sortByHeading(kVendorColumn);
+    for (auto _ : state)
+        office.program().savedOrders.sortByHeading(kVendorColumn);
 }
 BENCHMARK(sortOrdersByVendor)->Unit(benchmark::kMillisecond);
 
 void sortOrdersByTotal(benchmark::State& state) {
     FullOffice office;
-    for (auto _ : state) office.program().savedOrders.sortByHeading(kOrderTotalColumn);
+    for (auto _ : state)
+        office.program().savedOrders.sortByHeading(kOrderTotalColumn);
 }
 BENCHMARK(sortOrdersByTotal)->Unit(benchmark::kMillisecond);
 
 void nextNumber(benchmark::State& state) {
     FullOffice office;
-    for (auto _ : state) benchmark::DoNotOptimize(office.program().index.NextPONumber());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(office.program().index.NextPONumber());
 }
 BENCHMARK(nextNumber)->Unit(benchmark::kMillisecond);
 
 void saveAnOrder(benchmark::State& state) {
     FullOffice office;
     office.program().open.order.PONoEd = "020000";
-    for (auto _ : state) office.program().editor.SaveChanges_Click();
+    for (auto _ : state)
+        office.program().editor.SaveChanges_Click();
 }
 BENCHMARK(saveAnOrder)->Unit(benchmark::kMillisecond);
 
 void listStock(benchmark::State& state) {
     FullOffice office;
-    for (auto _ : state) office.program().stock.PopStockList();
+    for (auto _ : state)
+        office.program().stock.PopStockList();
 }
 BENCHMARK(listStock)->Unit(benchmark::kMillisecond);
 
@@ -140,19 +150,22 @@ void listOneVendorsStock(benchmark::State& state) {
     FullOffice office;
     office.program().open.order.ToCombo = "Vendor number 7";
     office.program().stock.VendorItemsCheck = true;
-    for (auto _ : state) office.program().stock.PopStockList();
+    for (auto _ : state)
+        office.program().stock.PopStockList();
 }
 BENCHMARK(listOneVendorsStock)->Unit(benchmark::kMillisecond);
 
 void sortStockByDescription(benchmark::State& state) {
     FullOffice office;
-    for (auto _ : state) office.program().stock.sortByHeading(StockColumn::Description);
+    for (auto _ : state)
+        office.program().stock.sortByHeading(StockColumn::Description);
 }
 BENCHMARK(sortStockByDescription)->Unit(benchmark::kMillisecond);
 
 void pickAnItem(benchmark::State& state) {
     FullOffice office;
-    for (auto _ : state) office.program().lines.StockGrid_DblClick(office.program().stock, 20000);
+    for (auto _ : state)
+        office.program().lines.StockGrid_DblClick(office.program().stock, 20000);
 }
 BENCHMARK(pickAnItem)->Unit(benchmark::kMicrosecond)->Iterations(1000);
 
@@ -177,15 +190,17 @@ BENCHMARK(importStock)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iteration
 Order longOrder() {
     Order order;
     for (int i = 0; i < 200; ++i) {
-        order.lines.push_back({"2", "", "", "ea", "A line of the order, number " + std::to_string(i),
-                               "12.50", "25.00", "special"});
+        order.lines.push_back({"2", "", "", "ea",
+                               "A line of the order, number " + std::to_string(i), "12.50", "25.00",
+                               "special"});
     }
     return order;
 }
 
 void totalUp200Lines(benchmark::State& state) {
     Order order = longOrder();
-    for (auto _ : state) TotalUp(order, false, {});
+    for (auto _ : state)
+        TotalUp(order, false, {});
 }
 BENCHMARK(totalUp200Lines)->Unit(benchmark::kMicrosecond);
 

@@ -4,6 +4,7 @@
 #include "app/program.h"
 #include "platform/dialog_prompts.h"
 #include "platform/qt_text.h"
+#include "platform/system_desktop.h"
 #include "platform/system_formats.h"
 #include "platform/theme.h"
 #include "platform/waiting.h"
@@ -22,7 +23,8 @@ int main(int argc, char** argv) {
     Clock clock = systemClock();
     clock.waitOneSecond = [&waiting] { waiting.waitOneSecond(); };
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    Program program({pathFromQt(documents), systemRegionalFormats(), clock,
+    SystemDesktop desktop;
+    Program program({desktop, pathFromQt(documents), systemRegionalFormats(), clock,
                      [&waiting](const FileError& error) { waiting.waitForFile(error); }},
                     prompts);
     MainWindow window(program, prompts, waiting);

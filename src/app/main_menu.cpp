@@ -29,57 +29,50 @@ void MainMenu::refresh() {
 void MainMenu::addFileMenu() {
     OrderEditor& editor = program_.editor;
     QMenu* menu = addMenu(tr("&File"));
-    add(
-        menu, "mu_NewPO", tr("&New Order"), [&] { editor.NewPO_Click(); }, QKeySequence::New);
-    saveChanges_ = add(
-        menu, "mu_SaveChanges", tr("&Save Changes"), [&] { editor.SaveChanges_Click(); },
-        QKeySequence::Save);
-    saveCopy_ = add(
-        menu, "mu_Save_PO", tr("Save as &Copy"), [&] { editor.Save_PO_Click(); },
-        QKeySequence(tr("Ctrl+Shift+S")));
-    add(menu, "make10", tr("&make 10 copies"), [&] { editor.make10_Click(); });
-    add(menu, "mu_Clear", tr("C&lear"), [&] { editor.Clear_Click(); });
+    add(menu, "mu_NewPO", tr("&New Order"), QKeySequence::New, [&] { editor.NewPO_Click(); });
+    saveChanges_ = add(menu, "mu_SaveChanges", tr("&Save Changes"), QKeySequence::Save,
+                       [&] { editor.SaveChanges_Click(); });
+    saveCopy_ = add(menu, "mu_Save_PO", tr("Save as &Copy"), QKeySequence(tr("Ctrl+Shift+S")),
+                    [&] { editor.Save_PO_Click(); });
+    add(menu, "make10", tr("&make 10 copies"), {}, [&] { editor.make10_Click(); });
+    add(menu, "mu_Clear", tr("C&lear"), {}, [&] { editor.Clear_Click(); });
     menu->addSeparator();
-    add(
-        menu, "mu_TotalUp", tr("&Total Up"), [&] { editor.TotalUp_Click(); },
-        QKeySequence(Qt::Key_F9));
-    add(menu, "mu_UnlockNumber", tr("&Unlock the Number ..."), [&] { editor.Label11_DblClick(); });
+    add(menu, "mu_MakeOrder", tr("&View, Print or Mail ..."), QKeySequence::Print,
+        [this] { program_.viewer.MakeOrder_Click(); });
+    add(menu, "mu_TotalUp", tr("&Total Up"), QKeySequence(Qt::Key_F9),
+        [&] { editor.TotalUp_Click(); });
+    add(menu, "mu_UnlockNumber", tr("&Unlock the Number ..."), {},
+        [&] { editor.Label11_DblClick(); });
     menu->addSeparator();
-    add(
-        menu, "mu_exit", tr("E&xit"), [this] { window_.close(); }, QKeySequence(tr("Ctrl+Q")));
+    add(menu, "mu_Configuration", tr("Con&figuration ..."), {}, [this] { openConfiguration(); });
+    menu->addSeparator();
+    add(menu, "mu_exit", tr("E&xit"), QKeySequence(tr("Ctrl+Q")), [this] { window_.close(); });
 }
 
 void MainMenu::addItemsMenu() {
     QMenu* menu = addMenu(tr("&Items"));
-    add(
-        menu, "mu_OneTime", tr("&Add one-time item"), [this] { lines_.addOneTimeItem(); },
-        QKeySequence(tr("Ctrl+I")));
-    add(
-        menu, "mu_EditItem", tr("&Edit this item"), [this] { lines_.editCurrentLine(); },
-        QKeySequence(Qt::Key_F2));
-    add(
-        menu, "mu_AddToOrder", tr("Add the &stock item picked"),
-        [this] { lists_.stock()->addCurrentItem(); }, QKeySequence(Qt::Key_F8));
+    add(menu, "mu_OneTime", tr("&Add one-time item"), QKeySequence(tr("Ctrl+I")),
+        [this] { lines_.addOneTimeItem(); });
+    add(menu, "mu_EditItem", tr("&Edit this item"), QKeySequence(Qt::Key_F2),
+        [this] { lines_.editCurrentLine(); });
+    add(menu, "mu_AddToOrder", tr("Add the &stock item picked"), QKeySequence(Qt::Key_F8),
+        [this] { lists_.stock()->addCurrentItem(); });
 }
 
 void MainMenu::addListsMenu() {
     QMenu* menu = addMenu(tr("&Lists"));
-    add(
-        menu, "mu_GoToLines", tr("Go to the &Lines"), [this] { lines_.grid()->setFocus(); },
-        QKeySequence(Qt::Key_F6));
-    add(
-        menu, "mu_GoToList", tr("&Go to the List"), [this] { lists_.grid()->setFocus(); },
-        QKeySequence(Qt::Key_F7));
+    add(menu, "mu_GoToLines", tr("Go to the &Lines"), QKeySequence(Qt::Key_F6),
+        [this] { lines_.grid()->setFocus(); });
+    add(menu, "mu_GoToList", tr("&Go to the List"), QKeySequence(Qt::Key_F7),
+        [this] { lists_.grid()->setFocus(); });
     menu->addSeparator();
-    add(
-        menu, "mu_ViewExisting", tr("Saved &Orders"), [this] { lists_.ViewExisting_Click(); },
-        QKeySequence(tr("Ctrl+1")));
-    add(
-        menu, "mu_HideOrders", tr("Stock &Items List"), [this] { lists_.HideOrders_Click(); },
-        QKeySequence(tr("Ctrl+2")));
+    add(menu, "mu_ViewExisting", tr("Saved &Orders"), QKeySequence(tr("Ctrl+1")),
+        [this] { lists_.ViewExisting_Click(); });
+    add(menu, "mu_HideOrders", tr("Stock &Items List"), QKeySequence(tr("Ctrl+2")),
+        [this] { lists_.HideOrders_Click(); });
     menu->addSeparator();
     addSortMenu(menu->addMenu(tr("&Sort by")));
-    add(menu, "mu_DeleteOrder", tr("&Delete Order"),
+    add(menu, "mu_DeleteOrder", tr("&Delete Order"), {},
         [this] { lists_.orders()->deleteCurrentOrder(); });
 }
 
@@ -99,23 +92,31 @@ void MainMenu::addSortMenu(QMenu* menu) {
 void MainMenu::addDataMenu() {
     StockExchange& exchange = program_.stockExchange;
     QMenu* menu = addMenu(tr("&Data"));
-    add(menu, "mu_ExportStockItems", tr("&Export Stock Items ..."),
+    add(menu, "mu_DataExport", tr("Export Orders to a &Spreadsheet ..."), {},
+        [this] { program_.csvExport.mu_DataExport_Click(); });
+    menu->addSeparator();
+    add(menu, "mu_ExportStockItems", tr("&Export Stock Items ..."), {},
         [&] { exchange.mu_ExportStockItems_Click(); });
-    add(menu, "mu_ImportStockItems", tr("&Import Stock Items ..."),
+    add(menu, "mu_ImportStockItems", tr("&Import Stock Items ..."), {},
         [&] { exchange.mu_ImportStockItems_Click(); });
 }
 
 void MainMenu::addHelpMenu() {
     QMenu* menu = addMenu(tr("&Help"));
-    add(menu, "mu_About", tr("&About Bramblet"), [this] { program_.mu_About(); });
+    add(menu, "mu_HelpContents", tr("&Contents"), QKeySequence::HelpContents,
+        [this] { program_.browser.mu_HelpContents_Click(); });
+    add(menu, "mu_WebSite", tr("Bramblet on the &Web"), {},
+        [this] { program_.browser.mu_WebSite_Click(); });
+    menu->addSeparator();
+    add(menu, "mu_About", tr("&About Bramblet"), {}, [this] { program_.mu_About(); });
 }
 
 QMenu* MainMenu::addMenu(const QString& caption) {
     return window_.menuBar()->addMenu(caption);
 }
 
-QAction* MainMenu::add(QMenu* menu, const char* name, const QString& caption, Command command,
-                       const QKeySequence& keys) {
+QAction* MainMenu::add(QMenu* menu, const char* name, const QString& caption,
+                       const QKeySequence& keys, Command command) {
     QAction* entry = menu->addAction(caption);
     entry->setObjectName(QLatin1String(name));
     entry->setShortcut(keys);

@@ -22,14 +22,17 @@ class MainMenu : public QObject {
   public:
     MainMenu(QMainWindow& window, Program& program, LinesPanel& lines, ListsPanel& lists);
 
+    /// Opens the settings dialog.
+    std::function<void()> openConfiguration = [] {};
+
     /// Enables what can be done now.
     void refresh();
 
   private:
     using Command = std::function<void()>;
     QMenu* addMenu(const QString& caption);
-    QAction* add(QMenu* menu, const char* name, const QString& caption, Command command,
-                 const QKeySequence& keys = {});
+    QAction* add(QMenu* menu, const char* name, const QString& caption, const QKeySequence& keys,
+                 Command command);
     void addFileMenu();
     void addItemsMenu();
     void addListsMenu();

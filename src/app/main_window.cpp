@@ -1,8 +1,11 @@
 #include "app/main_window.h"
 
+#include "app/config_dialog.h"
+#include "app/help_window.h"
 #include "app/lists_panel.h"
 #include "app/main_menu.h"
 #include "app/window_place.h"
+#include "document/display_window.h"
 #include "document/totals_panel.h"
 #include "orders/lines_panel.h"
 #include "orders/order_panel.h"
@@ -37,6 +40,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     setCentralWidget(makeContent());
     makeStatusBar();
     menu_ = new MainMenu(*this, program, *lines_, *lists_);
+    menu_->openConfiguration = [this] { openConfiguration(nullptr, this); };
     watchCore();
     refresh();
     lists_->refreshStock();
@@ -51,6 +55,8 @@ MainWindow::~MainWindow() {
     program_.stock.onPick = [] {};
     program_.editor.setCaption = [](const std::string&) {};
     program_.lines.showDialog = nullptr;
+    program_.viewer.showViewer = [] {};
+    program_.browser.showHelp = [] {};
     prompts_.showLine = [](const std::string&, bool) {};
     prompts_.setParent(nullptr);
     waiting_.setNotice({});
@@ -87,12 +93,16 @@ QWidget* MainWindow::makeCommandBar() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
     OrderEditor& editor = program_.editor;
-    const auto add = [&](const char* name, Drawing drawing, const QString& caption,
-                         const QString& tip, void (OrderEditor::*command)()) {
+    const auto addButton = [&](const char* name, Drawing drawing, const QString& caption,
+                               const QString& tip, const std::function<void()>& command) {
         auto* button = toolButton(name, drawing, caption, tip);
-        connect(button, &QToolButton::clicked, this, [&editor, command] { (editor.*command)(); });
+        connect(button, &QToolButton::clicked, this, [command] { command(); });
         layout->addWidget(button);
         return button;
+    };
+    const auto add = [&](const char* name, Drawing drawing, const QString& caption,
+                         const QString& tip, void (OrderEditor::*command)()) {
+        return addButton(name, drawing, caption, tip, [&editor, command] { (editor.*command)(); });
     };
     add("NewPO", Drawing::New, tr("Ne&w"), tr("Clear all fields for new PO, new PO number"),
         &OrderEditor::NewPO_Click);
@@ -105,7 +115,12 @@ QWidget* MainWindow::makeCommandBar() {
     layout->addSpacing(12);
     add("TotalUp", Drawing::TotalUp, tr("Total &Up"), tr("Total up order."),
         &OrderEditor::TotalUp_Click);
+    addButton("MakeOrder", Drawing::View, tr("View Order"),
+              tr("Show the order as it is printed, to print or mail it."),
+              [this] { program_.viewer.MakeOrder_Click(); });
     layout->addStretch(1);
+    addButton("HelpButton", Drawing::Help, tr("Help"), tr("How to use Bramblet."),
+              [this] { program_.browser.mu_HelpContents_Click(); });
     return bar;
 }
 
@@ -134,7 +149,39 @@ void MainWindow::makeStatusBar() {
     statusBar()->addPermanentWidget(dataLabel);
 }
 
+void MainWindow::showViewer() {
+    auto* viewer = new DisplayWindow(program_.viewer, prompts_, this);
+    viewer->runBrowser = [this](const std::string& target) { program_.browser.RunBrowser(target); };
+    viewer->openConfiguration = [this, viewer](std::function<void()> rewrite) {
+        openConfiguration(std::move(rewrite), viewer);
+    };
+    viewer->show();
+}
+
+void MainWindow::openConfiguration(std::function<void()> rewrite, QWidget* above) {
+    program_.settingsEditor.rewriteShown = std::move(rewrite);
+    ConfigDialog dialog(program_.settingsEditor, program_.files(), program_.folder.DataPath(),
+                        above);
+    dialog.exec();
+    // The list of stock items may have one column more or less now.
+    if (program_.folder.DataPathOK()) program_.stock.PopStockList();
+}
+
+void MainWindow::showHelp() {
+    if (help_ == nullptr) {
+        help_ = new HelpWindow(this);
+        help_->runBrowser = [this](const std::string& target) {
+            program_.browser.RunBrowser(target);
+        };
+    }
+    help_->show();
+    help_->raise();
+    help_->activateWindow();
+}
+
 void MainWindow::watchCore() {
+    program_.viewer.showViewer = [this] { showViewer(); };
+    program_.browser.showHelp = [this] { showHelp(); };
     prompts_.setParent(this);
     prompts_.showLine = [this](const std::string& line, bool lasting) {
         statusBar()->showMessage(pathToQt(line));

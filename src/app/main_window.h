@@ -5,12 +5,14 @@
 #include "platform/waiting.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 class QToolButton;
 
 namespace bramblet {
 
 class DialogPrompts;
+class HelpWindow;
 class LinesPanel;
 class ListsPanel;
 class MainMenu;
@@ -31,6 +33,10 @@ class MainWindow : public QMainWindow {
     QWidget* makeCommandBar();
     QWidget* makeLinesBand();
     void makeStatusBar();
+    void showViewer();
+    /// Opens the settings dialog; `rewrite` when it is opened from the viewer.
+    void openConfiguration(std::function<void()> rewrite, QWidget* above);
+    void showHelp();
     void watchCore();
     void refresh();
 
@@ -45,6 +51,7 @@ class MainWindow : public QMainWindow {
     QToolButton* stopWaiting_;
     QToolButton* saveButton_;
     QToolButton* copyButton_;
+    QPointer<HelpWindow> help_;
     QString waitingLine_;
     QString doneLine_;
 };

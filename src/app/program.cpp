@@ -21,7 +21,11 @@ Program::Program(Environment environment, Prompts& prompts)
       stockExchange(files_, folder, open, stock, prompts),
       editor({files_, folder, settings, taxFreight, environment_.formats, environment_.clock,
               prompts, open, addresses, index, savedOrders, stock}),
-      lines(open, environment_.formats, prompts) {
+      lines(open, environment_.formats, prompts),
+      viewer(files_, folder, settings, editor, open, environment_.desktop, prompts),
+      csvExport(files_, folder, index, environment_.formats, environment_.desktop, prompts),
+      settingsEditor(files_, folder, settings, prompts),
+      browser(files_, settingsFile_.homeFolder(), environment_.desktop, prompts) {
     lines.totalUp = [this] { editor.TotalUp_Click(); };
     addresses.onVendorPicked = [this] { stock.PopStockList(); };
     stock.VendorItemsCheck = leadingNumber(trimmedField(settings.VendorItemsCheck)) != 0;

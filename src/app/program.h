@@ -3,8 +3,12 @@
 #pragma once
 
 #include "addresses/address_book.h"
+#include "app/browser.h"
 #include "app/data_folder.h"
+#include "app/settings_editor.h"
 #include "app/settings_file.h"
+#include "document/csv_export.h"
+#include "document/order_viewer.h"
 #include "orders/line_items.h"
 #include "orders/open_order.h"
 #include "orders/order_editor.h"
@@ -23,6 +27,7 @@ namespace bramblet {
 
 /// What the program is given from outside.
 struct Environment {
+    Desktop& desktop;
     std::string documentsFolder;  ///< of the user, with or without the separator at its end
     RegionalFormats formats;
     Clock clock;
@@ -77,7 +82,12 @@ class Program {
     StockExchange stockExchange;
     OrderEditor editor;
     LineItems lines;
+    OrderViewer viewer;
+    CsvExport csvExport;
+    SettingsEditor settingsEditor;
+    Browser browser;
 
+    const FileSystem& files() const { return files_; }
     const RegionalFormats& formats() const { return environment_.formats; }
     Prompts& prompts() const { return prompts_; }
 };

@@ -256,9 +256,8 @@ bool OrderEditor::write() {
     if (named) {
         attempt("Order " + order.PONoEd + " was not entered in the list of orders: ",
                 [&] { at_.index.RecordData(order); });
-        attempt("The document of order " + order.PONoEd + " was not saved: ", [&] {
-            MakeSnap(path, order, {at_.settings, at_.taxFreight, at_.formats}, at_.files);
-        });
+        attempt("The document of order " + order.PONoEd + " was not saved: ",
+                [&] { MakeSnap(path); });
     }
     at_.open.markSaved();
     if (written) {
@@ -273,6 +272,11 @@ bool OrderEditor::write() {
             " is saved, but the list of orders holds only six characters of its number");
     }
     return written;
+}
+
+void OrderEditor::MakeSnap(const std::string& path) const {
+    const DocumentStyle style{at_.settings, at_.taxFreight, at_.formats};
+    bramblet::MakeSnap(path, at_.open.order, style, at_.files);
 }
 
 void OrderEditor::LoadOrder(const std::string& orderNumber) {

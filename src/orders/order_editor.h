@@ -70,11 +70,15 @@ class OrderEditor {
     enum class Offer { GoOn, Cancelled, NotSaved };
     Offer offerToSave(const std::string& named, const std::string& title);
 
+    /// Totals the order up; false when the user has been told why that was not possible.
+    bool totalUp();
+    /// Writes the document of the order shown. Throws Fault.
+    void MakeSnap(const std::string& path) const;
+
   private:
     bool confirm(const std::string& question);
     // Each of these is none or false when the user has been told what went wrong.
     std::optional<std::string> nextNumber();
-    bool totalUp();
     bool write();
     bool saveAs(const std::string& number);
     void LoadOrder(const std::string& orderNumber);

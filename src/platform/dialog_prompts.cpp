@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProgressDialog>
@@ -118,6 +119,14 @@ std::optional<std::string> DialogPrompts::chooseFolder(const std::string& title,
     auto folder = choose(choice, Purpose::Folder);
     if (folder) folder = withSeparator(*folder);
     return folder;
+}
+
+std::optional<std::string> DialogPrompts::chooseFont(const std::string& current) {
+    bool accepted = false;
+    const QFont font = QFontDialog::getFont(&accepted, QFont(toQt(current)), parent(),
+                                            QObject::tr("Select a font"));
+    if (!accepted) return std::nullopt;
+    return fromQt(font.family());
 }
 
 void DialogPrompts::progress(const std::string& what, int done, int total) {

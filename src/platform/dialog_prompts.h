@@ -30,6 +30,7 @@ class DialogPrompts : public Prompts {
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFolder(const std::string& title,
                                             const std::string& start) override;
+    std::optional<std::string> chooseFont(const std::string& current) override;
     void progress(const std::string& what, int done, int total) override;
 
   protected:

@@ -48,6 +48,11 @@ class Replacement {
     void write(std::uint64_t offset, std::string_view bytes) {
         run([&] { file_->write(offset, bytes); });
     }
+    void setModified(std::int64_t modified) {
+        run([&] { file_->flush(); });
+        file_.reset();
+        run([&] { os::setModified(path_, modified); });
+    }
     void putInPlace() {
         if (file_) run([&] { file_->flush(); });
         file_.reset();
@@ -94,6 +99,21 @@ void FileSystem::append(const std::string& path, std::string_view content) const
 void FileSystem::replace(const std::string& path, std::string_view content) const {
     Replacement replacement(*this, path);
     replacement.write(0, content);
+    replacement.putInPlace();
+}
+
+void FileSystem::copy(const std::string& from, const std::string& to) const {
+    constexpr std::size_t kBlock = 1 << 20;
+    const os::FileStatus source = status(from);
+    const RandomFile input(*this, from, os::Open::Read);
+    Replacement replacement(*this, to);
+    for (std::uint64_t offset = 0;;) {
+        const std::string block = input.read(offset, kBlock);
+        if (block.empty()) break;
+        replacement.write(offset, block);
+        offset += block.size();
+    }
+    replacement.setModified(source.modified);
     replacement.putInPlace();
 }
 

@@ -42,6 +42,9 @@ class FileSystem {
     /// disk and renamed, so that at any moment the old or the new content is there whole.
     void replace(const std::string& path, std::string_view content) const;
 
+    /// Copies a file under a temporary name and renames it when whole, time stamp kept.
+    void copy(const std::string& from, const std::string& to) const;
+
     bool exists(const std::string& path) const;
     bool isSameFile(const std::string& a, const std::string& b) const;
     os::FileStatus status(const std::string& path) const;

@@ -47,6 +47,23 @@ const char* strokesOf(Drawing drawing) {
             return "M 6 3 L 11 8 L 6 13";
         case Drawing::Up:
             return "M 8 13 L 8 3 M 4 7 L 8 3 L 12 7";
+        case Drawing::View:
+            return "M 3 1.5 L 13 1.5 L 13 14.5 L 3 14.5 L 3 1.5 M 5.5 4.5 L 10.5 4.5 "
+                   "M 5.5 7.5 L 10.5 7.5 M 5.5 10.5 L 8.5 10.5";
+        case Drawing::Print:
+            return "M 4 6 L 4 1.8 L 12 1.8 L 12 6 M 4 11.5 L 1.8 11.5 L 1.8 6 L 14.2 6 "
+                   "L 14.2 11.5 L 12 11.5 M 4 9.2 L 12 9.2 L 12 14.2 L 4 14.2 L 4 9.2";
+        case Drawing::Preview:
+            return "M 8.5 14.5 L 2.5 14.5 L 2.5 1.5 L 12 1.5 L 12 6 O 10.3 9.8 2.8 "
+                   "M 12.4 11.9 L 14.6 14.2";
+        case Drawing::Mail:
+            return "M 1.5 3.2 L 14.5 3.2 L 14.5 12.8 L 1.5 12.8 L 1.5 3.2 M 1.8 3.6 L 8 8.8 "
+                   "L 14.2 3.6";
+        case Drawing::Settings:
+            return "M 1.5 4 L 14.5 4 M 1.5 8 L 14.5 8 M 1.5 12 L 14.5 12 O 5 4 1.6 O 11 8 1.6 "
+                   "O 6.5 12 1.6";
+        case Drawing::Close:
+            return "M 3.5 3.5 L 12.5 12.5 M 12.5 3.5 L 3.5 12.5";
         case Drawing::Lists:
             return "M 2 3.5 L 3 3.5 M 6 3.5 L 14 3.5 M 2 8 L 3 8 M 6 8 L 14 8 M 2 12.5 L 3 12.5 "
                    "M 6 12.5 L 14 12.5";

@@ -19,7 +19,13 @@ enum class Drawing {
     Previous,
     Next,
     Up,
-    Lists
+    Lists,
+    View,
+    Print,
+    Preview,
+    Mail,
+    Settings,
+    Close
 };
 
 /// The signs of message boxes: white on a disc of their colour.

@@ -53,6 +53,9 @@ class Prompts {
     virtual std::optional<std::string> chooseFolder(const std::string& title,
                                                     const std::string& start) = 0;
 
+    /// The name of a font; none when cancelled.
+    virtual std::optional<std::string> chooseFont(const std::string& current) = 0;
+
     /// How far a long operation has come: `done` of `total` steps; it is over at `total`. Shown
     /// only when the operation lasts longer than a moment.
     virtual void progress(const std::string& what, int done, int total) = 0;

@@ -79,6 +79,19 @@ TEST(Files, ReplacingLeavesTheOldContentWhenItFails) {
     EXPECT_EQ(files.fileNames(folder.path()), std::vector<std::string>{"000001.htm"});
 }
 
+TEST(Files, ACopyIsWholeAndKeepsItsTime) {
+    const TemporaryFolder folder;
+    const FileSystem files;
+    std::string content(3 << 20, 'x');
+    content[content.size() - 1] = 'y';
+    writeFile(folder / "from", content);
+    os::setModified(folder / "from", 1'000'000'000'000'000'000);
+    writeFile(folder / "to", "old");
+    files.copy(folder / "from", folder / "to");
+    EXPECT_EQ(contentOf(folder / "to"), content);
+    EXPECT_EQ(files.status(folder / "to").modified, 1'000'000'000'000'000'000);
+}
+
 TEST(Files, OnlyPlainNamesMayBePartOfAPath) {
     for (const char* name : {"000123", "PO 12", "A.1", "caf\xE9", "COMET", "console"}) {
         EXPECT_TRUE(isPlainFileName(name)) << name;

@@ -3,6 +3,7 @@
 
 #include "app/program.h"
 #include "platform/text.h"
+#include "support/recording_desktop.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 
@@ -31,7 +32,7 @@ class Office : public ::testing::Test {
     Program& start(const RegionalFormats& formats = {}) {
         program_.reset();
         program_ = std::make_unique<Program>(
-            Environment{documents.path(), formats, fixedClock(), nullptr}, prompts);
+            Environment{desktop, documents.path(), formats, fixedClock(), nullptr}, prompts);
         program_->lines.showDialog = [this](const LineEntry& entry, const std::string& caption) {
             lastCaption = caption;
             lastEntry = entry;
@@ -59,6 +60,7 @@ class Office : public ::testing::Test {
 
     TemporaryFolder documents;
     ScriptedPrompts prompts;
+    RecordingDesktop desktop;
     std::optional<LineEntry> lineAnswer;  ///< what the line dialog stores; none for Cancel
     std::string lastCaption;
     LineEntry lastEntry;

@@ -75,6 +75,9 @@ class ScriptedPrompts : public Prompts {
         return choose(start);
     }
 
+    std::optional<std::string> chooseFont(const std::string& current) override {
+        return choose(current);
+    }
     void progress(const std::string&, int, int) override {}
     void showStatus(const std::string& line, Tone) override { lastLine = line; }
 

@@ -25,7 +25,7 @@ class Desk : public ::testing::Test {
         driver.reset();
         window.reset();
         program = std::make_unique<Program>(
-            Environment{documents.path(), formats, fixedClock(),
+            Environment{desktop, documents.path(), formats, fixedClock(),
                         [this](const FileError& error) { waiting.waitForFile(error); }},
             prompts);
         window = std::make_unique<MainWindow>(*program, prompts, waiting);
@@ -56,6 +56,7 @@ class Desk : public ::testing::Test {
     TemporaryFolder documents;
     Waiting waiting;
     DialogPrompts prompts;
+    RecordingDesktop desktop;
     std::unique_ptr<Program> program;
     std::unique_ptr<MainWindow> window;
     std::unique_ptr<Driver> driver;

@@ -10,6 +10,7 @@
 #include "driver/driver.h"
 #include "platform/dialog_prompts.h"
 #include "platform/qt_text.h"
+#include "platform/system_desktop.h"
 #include "platform/theme.h"
 #include "tour/sample_company.h"
 
@@ -254,7 +255,8 @@ std::string inOffice(const QString& documents, const std::function<void(MainWind
     DialogPrompts prompts;
     Waiting waiting;
     const Clock clock{[] { return *toDayCount(kTourDay); }, [&] { waiting.waitOneSecond(); }};
-    Program program({pathFromQt(documents), RegionalFormats{}, clock,
+    SystemDesktop desktop;
+    Program program({desktop, pathFromQt(documents), RegionalFormats{}, clock,
                      [&](const FileError& error) { waiting.waitForFile(error); }},
                     prompts);
     MainWindow window(program, prompts, waiting);

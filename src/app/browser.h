@@ -1,0 +1,41 @@
+// Pages in the user's own browser, and the program's help.
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/file_system.h"
+#include "platform/prompts.h"
+
+#include <functional>
+#include <string>
+
+namespace bramblet {
+
+/// The project's home page.
+inline constexpr const char* kHomePage = "https://bramblet.example/";
+
+class Browser {
+  public:
+    Browser(const FileSystem& files, std::string homeFolder, Desktop& desktop, Prompts& prompts);
+
+    /// Shows the program's own help.
+    std::function<void()> showHelp = [] {};
+
+    /// Opens a file or an address in the default browser.
+    void RunBrowser(const std::string& target);
+
+    /// The web-site command.
+    void mu_WebSite_Click() { RunBrowser(kHomePage); }
+
+    /// Opens the help: the old help file where it and a viewer for it exist, else our own.
+    void mu_HelpContents_Click();
+
+  private:
+    std::string findBrowser() const;
+
+    FileSystem files_;
+    std::string home_;
+    Desktop& desktop_;
+    Prompts& prompts_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,170 @@
+#include "app/settings_editor.h"
+
+#include "platform/sorting.h"
+#include "platform/text.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace bramblet {
+namespace {
+
+/// The text boxes, in the order in which they are stored, with the width of their fields.
+struct TextBox {
+    std::string SettingsBoxes::*box;
+    std::string Settings::*field;
+    std::size_t width;
+};
+constexpr std::array kNames{
+    TextBox{&SettingsBoxes::FontNameEd, &Settings::FontName, 200},
+    TextBox{&SettingsBoxes::TopGraphicEd, &Settings::TopGraphic, 200},
+    TextBox{&SettingsBoxes::IDText1, &Settings::IDText1, 60},
+    TextBox{&SettingsBoxes::IDText2, &Settings::IDText2, 60},
+    TextBox{&SettingsBoxes::IDText3, &Settings::IDText3, 60},
+    TextBox{&SettingsBoxes::IDText4, &Settings::IDText4, 60},
+    TextBox{&SettingsBoxes::IDText5, &Settings::IDText5, 60},
+    TextBox{&SettingsBoxes::DataDirectoryEd, &Settings::DataDirectory, 300},
+    TextBox{&SettingsBoxes::PrefixEd, &Settings::NumberPrefix, 10},
+};
+constexpr std::size_t kFormWidthWidth = 3;
+
+struct FlagBox {
+    bool SettingsBoxes::*box;
+    std::string Settings::*field;
+};
+constexpr std::array kFlags{
+    FlagBox{&SettingsBoxes::Option1, &Settings::UseTopGraphic},
+    FlagBox{&SettingsBoxes::UseQuantitiesCheck, &Settings::UseQuantities},
+    FlagBox{&SettingsBoxes::TaxFreightCheck, &Settings::TaxFreight},
+    FlagBox{&SettingsBoxes::RequestForQuoteCheck, &Settings::RequestForQuote},
+    FlagBox{&SettingsBoxes::UseReqNumberCheck, &Settings::UseReqNumber},
+};
+
+/// A whole number with blanks around it; halves of a fraction go to the even neighbour.
+std::optional<double> wholeNumber(const std::string& text) {
+    const std::string digits = trimmed(text);
+    double value = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), end, value, std::chars_format::fixed);
+    if (digits.empty() || result.ec != std::errc{} || result.ptr != end) return std::nullopt;
+    return std::nearbyint(value);
+}
+
+bool fits16Bits(double number) {
+    return number >= std::numeric_limits<std::int16_t>::min() &&
+           number <= std::numeric_limits<std::int16_t>::max();
+}
+
+}  // namespace
+
+SettingsEditor::SettingsEditor(const FileSystem& files, const DataFolder& folder,
+                               Settings& settings, Prompts& prompts)
+    : files_(files.withoutRetry()), folder_(folder), settings_(settings), prompts_(prompts) {}
+
+void SettingsEditor::load() {
+    for (const auto& name : kNames) {
+        settings_.*name.field = trimmedField(settings_.*name.field);
+        boxes.*name.box = settings_.*name.field;
+    }
+    for (const auto& flag : kFlags) boxes.*flag.box = isOn(settings_.*flag.field);
+    boxes.WidthEd = trimmedField(settings_.FormWidth);
+    for (const NumberBox& box : {kSigLineSpace, kDescriptionLine}) {
+        boxes.*box.box = std::to_string(settings_.*box.field);
+    }
+}
+
+void SettingsEditor::SelectFont_Click() {
+    if (const auto name = prompts_.chooseFont(boxes.FontNameEd)) setFont(*name);
+}
+
+void SettingsEditor::Option_Click(bool graphic) {
+    boxes.Option1 = graphic;
+    settings_.UseTopGraphic = flag(graphic);
+}
+
+void SettingsEditor::SelectGraphic_Click(const std::string& name, const std::string& path) {
+    if (name.empty()) return;
+    const std::string target = folder_.file(name);
+    try {
+        if (!files_.isSameFile(path, target)) files_.copy(path, target);
+    } catch (const Fault& fault) {
+        prompts_.ask({"The picture " + name + " could not be copied into the data folder: " +
+                          fault.inWords() + ".",
+                      "Graphic Selector", Buttons::Ok, Icon::Exclamation});
+        return;
+    }
+    boxes.TopGraphicEd = name;
+    settings_.TopGraphic = trimmed(name);
+}
+
+void SettingsEditor::SelectDataDirectory_Click() {
+    const auto folder = prompts_.chooseFolder("Select a folder...", boxes.DataDirectoryEd);
+    if (!folder) return;
+    boxes.DataDirectoryEd = *folder;
+    prompts_.ask({"Note - changes to the data path will not take effect until after \"Bramblet\" is "
+                  "re-started!",
+                  "Attention", Buttons::Ok, Icon::Information});
+}
+
+void SettingsEditor::ReWrite_Click() {
+    if (rewriteShown) rewriteShown();
+}
+
+bool SettingsEditor::Command1_Click() {
+    std::int16_t sigLineSpace = 0;
+    std::int16_t descriptionLine = 0;
+    try {
+        sigLineSpace = numberIn(kSigLineSpace);
+        descriptionLine = numberIn(kDescriptionLine);
+    } catch (const BoxFault& fault) {
+        prompts_.ask({fault.inWords() + ".", "Configuration", Buttons::Ok, Icon::Exclamation});
+        return false;
+    }
+    for (const auto& name : kNames) {
+        settings_.*name.field = (boxes.*name.box).substr(0, name.width);
+    }
+    settings_.FormWidth = boxes.WidthEd.substr(0, kFormWidthWidth);
+    settings_.SigLineSpace = sigLineSpace;
+    settings_.DescriptionLineLength = descriptionLine;
+    for (const auto& box : kFlags) settings_.*box.field = flag(boxes.*box.box);
+    return true;
+}
+
+void SettingsEditor::stepWidth(int step) {
+    setWidth(std::to_string(static_cast<int>(leadingNumber(boxes.WidthEd)) + step));
+}
+
+void SettingsEditor::setWidth(const std::string& width) {
+    boxes.WidthEd = width;
+    settings_.FormWidth = width.substr(0, kFormWidthWidth);
+}
+
+void SettingsEditor::stepNumber(const NumberBox& box, int step) {
+    const double number = leadingNumber(boxes.*box.box) + step;
+    if (fits16Bits(number)) setNumber(box, static_cast<int>(number));
+}
+
+void SettingsEditor::setNumber(const NumberBox& box, int number) {
+    boxes.*box.box = std::to_string(number);
+    settings_.*box.field = static_cast<std::int16_t>(number);
+}
+
+void SettingsEditor::setFont(const std::string& name) {
+    boxes.FontNameEd = name;
+    settings_.FontName = trimmed(name);
+}
+
+std::int16_t SettingsEditor::numberIn(const NumberBox& box) const {
+    const std::string& text = boxes.*box.box;
+    const auto number = wholeNumber(text);
+    if (!number) throw BoxFault(FaultNumber::TypeMismatch, box.label, text, "is not a number");
+    if (!fits16Bits(*number)) {
+        throw BoxFault(FaultNumber::Overflow, box.label, text, "is too large a number");
+    }
+    return static_cast<std::int16_t>(*number);
+}
+
+}  // namespace bramblet

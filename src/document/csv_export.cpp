@@ -1,0 +1,78 @@
+#include "document/csv_export.h"
+
+#include "document/amount_text.h"
+#include "platform/text.h"
+
+namespace bramblet {
+namespace {
+
+void addLine(std::string& csv, const std::vector<std::string>& fields) {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        csv += i == 0 ? "\"" : ",\"";
+        csv += fields[i];
+        csv += '"';
+    }
+    csv += "\r\n";
+}
+
+}  // namespace
+
+std::string ordersAsCsv(const std::vector<OrderIndexRecord>& orders,
+                        const RegionalFormats& formats) {
+    std::string csv;
+    addLine(csv, {"Number", "Job", "Order Date", "Vendor", "Ship To", "Ship Date", "Total",
+                  "Shipping", "Tax", "Net", "Discount", "List"});
+    const auto date = [&](double days) {
+        return days == 0 ? std::string() : shortDateText(days, formats);
+    };
+    const auto amount = [&](Currency value) { return currencyText(value, formats); };
+    for (const auto& order : orders) {
+        if (order.Status == kDeletedOrder) continue;
+        addLine(csv, {trimmedField(order.Number), trimmedField(order.Job), date(order.OrderDate),
+                      trimmedField(order.Vendor), trimmedField(order.ShipTo), date(order.ShipDate),
+                      amount(order.OrderTotal), amount(order.Shipping), amount(order.SalesTax),
+                      amount(order.NetTotal), amount(order.Discount), amount(order.SubTotal)});
+    }
+    return csv;
+}
+
+CsvExport::CsvExport(const FileSystem& files, const DataFolder& folder, const OrderIndex& index,
+                     const RegionalFormats& formats, Desktop& desktop, Prompts& prompts)
+    : files_(files),
+      folder_(folder),
+      index_(index),
+      formats_(formats),
+      desktop_(desktop),
+      prompts_(prompts) {}
+
+void CsvExport::mu_DataExport_Click() {
+    if (!folder_.available(prompts_)) return;
+    const auto path = prompts_.chooseFileToSave(
+        {"Export Orders", "", "Orders.csv", {{"Comma Separated Values", "*.CSV"}}});
+    if (!path) return;
+    if (files_.exists(*path) && files_.status(*path).length > 0) {
+        const Message question{"File already exists - do you want to replace it?", "Confirm",
+                               Buttons::YesNo, Icon::Exclamation};
+        if (prompts_.ask(question) != Answer::Yes) return;
+    }
+    if (!write(*path)) return;
+    const Message finished{"Data has been exported to " + *path +
+                               "\r\n\r\nWe can try to open it in your default spreadsheet program "
+                               "now - proceed?",
+                           "Export Complete", Buttons::YesNo, Icon::Information, Answer::No};
+    if (prompts_.ask(finished) == Answer::Yes && !desktop_.open(*path)) {
+        prompts_.say("No program could be started to open " + *path);
+    }
+}
+
+bool CsvExport::write(const std::string& path) {
+    try {
+        files_.replace(path, ordersAsCsv(index_.readAll(), formats_));
+        return true;
+    } catch (const Fault& fault) {
+        prompts_.say("The orders were not exported to " + path + ": " + fault.inWords());
+        return false;
+    }
+}
+
+}  // namespace bramblet

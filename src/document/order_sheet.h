@@ -1,0 +1,49 @@
+// The order document laid out as a sheet of paper: the same layout is shown on the screen and
+// printed.
+#pragma once
+
+#include "document/display_html.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <QImage>
+#include <QTextDocument>
+
+class QPagedPaintDevice;
+
+namespace bramblet {
+
+/// Gives the bytes of a picture of the data folder by its name; empty when there is none.
+using PictureSource = std::function<std::string(const std::string& name)>;
+
+class OrderSheet : public QTextDocument {
+    Q_OBJECT
+  public:
+    explicit OrderSheet(PictureSource pictures, QObject* parent = nullptr);
+
+    /// Lays a document (code page text) out at `zoom` times its size. Pixels of 1/96 inch.
+    void show(const std::string& document, double zoom);
+
+    /// Width of the form at this zoom.
+    int formWidth() const { return page_.width; }
+
+    /// Divides the sheet into pages of this size in pixels and returns their count.
+    int paginate(const QSizeF& page);
+
+    /// Prints a document with the device's margins, reduced when the form is wider than the page.
+    static void print(const std::string& document, const PictureSource& pictures,
+                      QPagedPaintDevice& device);
+
+  protected:
+    /// Pictures come from the data folder alone, and nothing else is ever loaded.
+    QVariant loadResource(int type, const QUrl& name) override;
+
+  private:
+    PictureSource pictures_;
+    DisplayPage page_;
+    double zoom_ = 1;
+};
+
+}  // namespace bramblet

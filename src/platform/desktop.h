@@ -1,0 +1,38 @@
+// What the program asks of the desktop around it: opening files and addresses with the programs
+// that belong to them, and mail. The core knows this interface; the windows' side does it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+/// A message to be finished and sent in the user's own mail program.
+struct Mail {
+    std::string subject;
+    std::string text;
+    std::vector<std::string> attachments;  ///< paths
+};
+
+enum class MailResult { HandedOver, Cancelled, NoMailProgram, Failed };
+
+class Desktop {
+  public:
+    virtual ~Desktop() = default;
+
+    /// The program that opens a file of this kind; empty when there is none.
+    virtual std::string programFor(const std::string& path) = 0;
+
+    /// Opens a file or an address with a program that `programFor` gave. False when that fails.
+    virtual bool openWith(const std::string& program, const std::string& target) = 0;
+
+    /// Opens a file with the program that the system has for its type. False when that fails.
+    virtual bool open(const std::string& path) = 0;
+
+    virtual MailResult compose(const Mail& mail) = 0;
+
+    /// Opens a help file of the old kind in its own viewer; false where there is none.
+    virtual bool openHelpFile(const std::string& path) = 0;
+};
+
+}  // namespace bramblet
