@@ -4,12 +4,13 @@
 
 #include "document/display_html.h"
 
+#include <QHash>
 #include <QImage>
 #include <QTextDocument>
 
 #include <functional>
-#include <memory>
 #include <string>
+#include <vector>
 
 class QPagedPaintDevice;
 
@@ -29,8 +30,10 @@ class OrderSheet : public QTextDocument {
     /// Width of the form at this zoom.
     int formWidth() const { return page_.width; }
 
-    /// Divides the sheet into pages of this size in pixels and returns their count.
-    int paginate(const QSizeF& page);
+    /// Where the pages of at most this height begin, and the end of the last one, in pixels from
+    /// the top. Pages break between the rows of tables and, where a row is higher than a page,
+    /// between lines of text.
+    std::vector<double> pageBreaks(double height) const;
 
     /// Prints a document with the device's margins, reduced when the form is wider than the page.
     static void print(const std::string& document, const PictureSource& pictures,
@@ -41,9 +44,12 @@ class OrderSheet : public QTextDocument {
     QVariant loadResource(int type, const QUrl& name) override;
 
   private:
+    QImage load(const QString& file) const;
+
     PictureSource pictures_;
     DisplayPage page_;
     double zoom_ = 1;
+    QHash<QString, QImage> loaded_;  ///< pictures at this zoom, null for those that there are not
 };
 
 }  // namespace bramblet
