@@ -10,7 +10,6 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 class QPagedPaintDevice;
 
@@ -29,11 +28,6 @@ class OrderSheet : public QTextDocument {
 
     /// Width of the form at this zoom.
     int formWidth() const { return page_.width; }
-
-    /// Where the pages of at most this height begin, and the end of the last one, in pixels from
-    /// the top. Pages break between the rows of tables and, where a row is higher than a page,
-    /// between lines of text.
-    std::vector<double> pageBreaks(double height) const;
 
     /// Prints a document with the device's margins, reduced when the form is wider than the page.
     static void print(const std::string& document, const PictureSource& pictures,

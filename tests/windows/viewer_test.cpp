@@ -1,4 +1,5 @@
 #include "document/display_window.h"
+#include "document/page_breaks.h"
 #include "platform/qt_text.h"
 #include "support/sample_orders.h"
 #include "windows/desk.h"
@@ -182,7 +183,8 @@ class PagesTest : public ::testing::Test {
   protected:
     void divide(const std::string& document, double height) {
         sheet.show(document, 1);
-        breaks = sheet.pageBreaks(height);
+        for (const PageBreak& pageBreak : pageBreaks(sheet, height))
+            breaks.push_back(pageBreak.at);
         for (std::size_t i = 1; i < breaks.size(); ++i) {
             EXPECT_GT(breaks[i], breaks[i - 1]);
             EXPECT_LE(breaks[i], breaks[i - 1] + height);
