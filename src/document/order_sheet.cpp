@@ -24,6 +24,7 @@ OrderSheet::OrderSheet(PictureSource pictures, QObject* parent)
 
 void OrderSheet::show(const std::string& document, double zoom) {
     zoom_ = zoom;
+    shown_.clear();
     page_ = displayPage(document, zoom);
     QFont base(toQt(page_.fontFace));
     base.setStyleHint(QFont::SansSerif);
@@ -60,6 +61,7 @@ void OrderSheet::print(const std::string& document, const PictureSource& picture
         painter.translate(left, -i * page.height());
         context.clip = QRectF(QPointF(0, i * page.height()), page);
         painter.setClipRect(context.clip);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
         sheet.documentLayout()->draw(&painter, context);
         painter.restore();
     }
@@ -67,7 +69,14 @@ void OrderSheet::print(const std::string& document, const PictureSource& picture
 
 QVariant OrderSheet::loadResource(int type, const QUrl& name) {
     if (type != QTextDocument::ImageResource || !name.isRelative()) return {};
-    const std::string bytes = pictures_(fromQt(name.toString(QUrl::FullyDecoded)));
+    const auto known = shown_.constFind(name);
+    if (known != shown_.constEnd()) return *known;
+    // Asked for anew with every painting: the data folder is read once for each layout.
+    return *shown_.insert(name, pictureNamed(QUrl::fromPercentEncoding(name.toEncoded())));
+}
+
+QVariant OrderSheet::pictureNamed(const QString& name) const {
+    const std::string bytes = pictures_(fromQt(name));
     QImage picture = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
                                       static_cast<int>(bytes.size()));
     if (picture.isNull()) return {};

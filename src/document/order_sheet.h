@@ -4,8 +4,10 @@
 
 #include "document/display_html.h"
 
+#include <QHash>
 #include <QImage>
 #include <QTextDocument>
+#include <QUrl>
 
 #include <functional>
 #include <memory>
@@ -41,7 +43,11 @@ class OrderSheet : public QTextDocument {
     QVariant loadResource(int type, const QUrl& name) override;
 
   private:
+    /// The picture at this zoom; null when the data folder has none of this name.
+    QVariant pictureNamed(const QString& name) const;
+
     PictureSource pictures_;
+    QHash<QUrl, QVariant> shown_;  ///< the pictures of this layout, missing ones too
     DisplayPage page_;
     double zoom_ = 1;
 };
