@@ -84,8 +84,14 @@ void Driver::pick(const QString& comboBox, const QString& entry) {
     settle();
 }
 
-/// Focus and shortcuts work in the active window only.
+/// Focus and shortcuts work in the active window only, and going elsewhere closes a list that is
+/// open, for instance of suggestions.
 void Driver::focus(QWidget* target) {
+    QWidget* const popup = QApplication::activePopupWidget();
+    if (popup != nullptr && popup != target && !popup->isAncestorOf(target)) {
+        popup->close();
+        settle();
+    }
     if (!target->isActiveWindow()) {
         target->window()->activateWindow();
         settle();

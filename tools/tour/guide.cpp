@@ -58,12 +58,13 @@ void Guide::help(const char* file, QWidget& window) {
 }
 
 void Guide::help(const char* file, const std::vector<const char*>& controls) {
-    keepForHelp(file, cut(Driver::picture(window_), around(controls)));
+    keepForHelp(file, cut(Driver::picture(window_), around(controls, kAir)));
 }
 
-void Guide::helpWith(const char* file, QWidget& front, const std::vector<const char*>& controls) {
+void Guide::helpWith(const char* file, QWidget& front, const std::vector<const char*>& controls,
+                     int air) {
     const QRect above(front.mapToGlobal(QPoint()) - window_.mapToGlobal(QPoint()), front.size());
-    const QRect part = around(controls) | above.adjusted(-kAir, -kAir, kAir, kAir);
+    const QRect part = around(controls, air) | above.adjusted(-air, -air, air, air);
     keepForHelp(file, cut(windowWith(front, kNoShade), part & window_.rect()));
 }
 
@@ -81,8 +82,9 @@ void Guide::helpWithCallouts(const char* file, const std::vector<Callout>& callo
         const QRect area(control->mapTo(&window_, QPoint()), control->size());
         QRect bubble(0, 0, kBubble, kBubble);
         bubble.moveCenter(area.center());
-        if (callout.place & Qt::AlignLeft) bubble.moveLeft(area.left() + kAir);
-        if (callout.place & Qt::AlignRight) bubble.moveRight(area.right() - kAir);
+        const int inwards = callout.outside ? -kAir - kBubble : kAir;
+        if (callout.place & Qt::AlignLeft) bubble.moveLeft(area.left() + inwards);
+        if (callout.place & Qt::AlignRight) bubble.moveRight(area.right() - inwards);
         if (callout.place & Qt::AlignBottom) bubble.moveBottom(area.bottom() - kAir);
         painter.setPen(QPen(Qt::white, 2));
         painter.setBrush(QColor(0xc2, 0x41, 0x0c));
@@ -109,13 +111,13 @@ QPixmap Guide::windowWith(QWidget& front, int shade) {
     return whole;
 }
 
-QRect Guide::around(const std::vector<const char*>& controls) const {
+QRect Guide::around(const std::vector<const char*>& controls, int air) const {
     QRect part;
     for (const char* control : controls) {
         const QWidget* widget = driver_.control(name(control));
         part |= QRect(widget->mapTo(&window_, QPoint()), widget->size());
     }
-    return part.adjusted(-kAir, -kAir, kAir, kAir) & window_.rect();
+    return part.adjusted(-air, -air, air, air) & window_.rect();
 }
 
 void Guide::keepForHelp(const char* file, const QPixmap& picture) {

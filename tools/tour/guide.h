@@ -18,7 +18,8 @@ inline QString name(const char* text) {
 /// A place in a window that a picture of the help points at with a number.
 struct Callout {
     const char* control;
-    Qt::Alignment place;  ///< of the number, in the control
+    Qt::Alignment place;   ///< of the number, in the control
+    bool outside = false;  ///< right or left of the control instead
 };
 
 class Guide {
@@ -40,14 +41,15 @@ class Guide {
     /// A picture for the help: a whole window, or the part of it that holds some controls.
     void help(const char* file, QWidget& window);
     void help(const char* file, const std::vector<const char*>& controls);
-    /// The same with another window, a menu for instance, in front.
-    void helpWith(const char* file, QWidget& front, const std::vector<const char*>& controls);
+    /// The same with another window, a menu for instance, in front, and `air` pixels around it all.
+    void helpWith(const char* file, QWidget& front, const std::vector<const char*>& controls,
+                  int air);
     void helpWithCallouts(const char* file, const std::vector<Callout>& callouts);
     void readme(const char* file, QWidget& window);
 
   private:
     QPixmap windowWith(QWidget& front, int shade);
-    QRect around(const std::vector<const char*>& controls) const;
+    QRect around(const std::vector<const char*>& controls, int air) const;
     void keepForHelp(const char* file, const QPixmap& picture);
     void expect(bool kept, const char* file);
 

@@ -36,10 +36,10 @@ void newOrder(Driver& hands, bool requisition, const char* vendor, const char* s
 
 void calendar(Guide& guide) {
     Driver& hands = guide.hands();
-    hands.click(name("ShipDatePicker"));
+    hands.click(name("OrderDatePicker"));
     QWidget* popup = hands.control(name("MonthView1"))->parentWidget();
     guide.pictureWith("03-calendar", *popup);
-    guide.helpWith("calendar", *popup, {"OrderDateEd", "ShipDatePicker"});
+    guide.helpWith("calendar", *popup, {"OrderDateEd"}, 1);
     popup->hide();
 }
 
@@ -63,21 +63,13 @@ void lineMenu(Guide& guide) {
     guide.hands().clickCell(name("OrderGrid"), 1, 4, Qt::RightButton);
     auto* menu = guide.hands().find<QMenu>(name("OrderPop"));
     guide.pictureWith("06-line-menu", *menu);
-    guide.helpWith("line-menu", *menu, {"OrderGrid"});
+    guide.helpWith("line-menu", *menu, {"OrderGrid"}, 8);
     menu->close();
 }
 
 /// The order is written: its parts for the help.
 void picturesOfOrder(Guide& guide) {
     guide.picture("05-order");
-    guide.helpWithCallouts("window", {{"SaveChanges", Qt::AlignRight},
-                                      {"MarkReceivedCheck", Qt::AlignRight},
-                                      {"ToField", Qt::AlignRight | Qt::AlignBottom},
-                                      {"ShipToField", Qt::AlignRight | Qt::AlignBottom},
-                                      {"ShipViaEd", Qt::AlignHCenter},
-                                      {"OrderGrid", Qt::AlignRight | Qt::AlignBottom},
-                                      {"SubTotalEd", Qt::AlignLeft},
-                                      {"POGrid", Qt::AlignLeft | Qt::AlignBottom}});
     guide.help("number", {"Label11", "MarkReceivedCheck"});
     guide.help("address", {"ToCombo", "DeleteVendor", "ToField"});
     guide.help("totals", {"DiscountLab", "SubTotalEd", "OrderTotalEd"});
@@ -159,6 +151,14 @@ void openAndChange(Guide& guide) {
     hands.clickCell(name("POGrid"), 3, 3);
     guide.picture("07-saved-orders");
     guide.readme("main-window", guide.window());
+    guide.helpWithCallouts("window", {{"MakeOrder", Qt::AlignRight, true},
+                                      {"MarkReceivedCheck", Qt::AlignRight, true},
+                                      {"ToField", Qt::AlignRight | Qt::AlignBottom},
+                                      {"ShipToField", Qt::AlignRight | Qt::AlignBottom},
+                                      {"ShipViaEd", Qt::AlignHCenter},
+                                      {"OrderGrid", Qt::AlignRight | Qt::AlignBottom},
+                                      {"SubTotalEd", Qt::AlignLeft},
+                                      {"ListCheckPO", Qt::AlignLeft, true}});
     guide.help("saved-orders", {"POGrid", "BottomLabel", "HideOrders"});
     hands.click(name("MarkReceivedCheck"));
     hands.onNextDialog([&](QWidget& dialog) {

@@ -164,6 +164,13 @@ void readHelp(Guide& guide) {
     guide.picture("28-help", *help);
     hands.type(name("HelpSearch"), name("discount"));
     guide.picture("29-help-search", *help);
+    hands.type(name("HelpSearch"), {});
+    auto* const pages = hands.find<QListWidget>(name("HelpPages"));
+    help->resize(1000, 1900);
+    for (int page = 0; page < pages->count(); ++page) {
+        pages->setCurrentRow(page);
+        guide.picture(qPrintable(QStringLiteral("4%1-help-page").arg(page)), *help);
+    }
     help->close();
     Driver::settle();
 }
