@@ -7,10 +7,8 @@
 #include <QHash>
 #include <QImage>
 #include <QTextDocument>
-#include <QUrl>
 
 #include <functional>
-#include <memory>
 #include <string>
 
 class QPagedPaintDevice;
@@ -31,9 +29,6 @@ class OrderSheet : public QTextDocument {
     /// Width of the form at this zoom.
     int formWidth() const { return page_.width; }
 
-    /// Divides the sheet into pages of this size in pixels and returns their count.
-    int paginate(const QSizeF& page);
-
     /// Prints a document with the device's margins, reduced when the form is wider than the page.
     static void print(const std::string& document, const PictureSource& pictures,
                       QPagedPaintDevice& device);
@@ -43,13 +38,12 @@ class OrderSheet : public QTextDocument {
     QVariant loadResource(int type, const QUrl& name) override;
 
   private:
-    /// The picture at this zoom; null when the data folder has none of this name.
-    QVariant pictureNamed(const QString& name) const;
+    QImage load(const QString& file) const;
 
     PictureSource pictures_;
-    QHash<QUrl, QVariant> shown_;  ///< the pictures of this layout, missing ones too
     DisplayPage page_;
     double zoom_ = 1;
+    QHash<QString, QImage> loaded_;  ///< pictures at this zoom, null for those that there are not
 };
 
 }  // namespace bramblet
