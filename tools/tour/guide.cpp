@@ -10,7 +10,8 @@
 namespace bramblet::tour {
 namespace {
 
-constexpr int kAir = 10;     // around the part of a window
+constexpr int kAir = 6;      // around the part of a window
+constexpr int kInset = 10;   // of a number from the edge of what it points at
 constexpr int kBubble = 26;  // a number's disc
 constexpr int kShade = 40;   // of what lies behind a dialog, of 255
 constexpr int kNoShade = 0;
@@ -82,10 +83,10 @@ void Guide::helpWithCallouts(const char* file, const std::vector<Callout>& callo
         const QRect area(control->mapTo(&window_, QPoint()), control->size());
         QRect bubble(0, 0, kBubble, kBubble);
         bubble.moveCenter(area.center());
-        const int inwards = callout.outside ? -kAir - kBubble : kAir;
+        const int inwards = callout.outside ? -kInset - kBubble : kInset;
         if (callout.place & Qt::AlignLeft) bubble.moveLeft(area.left() + inwards);
         if (callout.place & Qt::AlignRight) bubble.moveRight(area.right() - inwards);
-        if (callout.place & Qt::AlignBottom) bubble.moveBottom(area.bottom() - kAir);
+        if (callout.place & Qt::AlignBottom) bubble.moveBottom(area.bottom() - kInset);
         painter.setPen(QPen(Qt::white, 2));
         painter.setBrush(QColor(0xc2, 0x41, 0x0c));
         painter.drawEllipse(bubble);
