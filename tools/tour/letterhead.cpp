@@ -12,7 +12,7 @@
 namespace bramblet::tour {
 namespace {
 
-constexpr int kWidth = 330;
+constexpr int kWidth = 332;  // rows of whole words: nothing in the file is left to chance
 constexpr int kHeight = 76;
 /// Lengths are in sixteenths of a pixel; a pixel is sampled at 4 x 4 places.
 constexpr int kPixel = 16;

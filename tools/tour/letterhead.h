@@ -6,7 +6,7 @@
 
 namespace bramblet::tour {
 
-/// The letterhead of Larkfield Joinery as a BMP file of 330 x 76 pixels.
+/// The letterhead of Larkfield Joinery as a BMP file of 332 x 76 pixels.
 QByteArray letterhead();
 
 }  // namespace bramblet::tour
