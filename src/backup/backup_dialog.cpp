@@ -186,8 +186,8 @@ void BackupDialog::showNames() {
 
 /// During a run the window is repainted now and then only, and always takes clicks.
 void BackupDialog::showRun() {
-    const bool due = !lastShown_.isValid() || lastShown_.elapsed() >= kShowEvery;
-    if (!backup_.running() || due) refresh();
+    const bool began = run_->isEnabled();
+    if (!backup_.running() || began || lastShown_.elapsed() >= kShowEvery) refresh();
     QCoreApplication::processEvents();
 }
 

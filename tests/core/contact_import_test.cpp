@@ -35,9 +35,13 @@ class ContactImportTest : public Office {
         program().addresses.Changed_Click(AddressSide::Vendor);
     }
     ContactImport& dialog() { return program().contactImport; }
-    void choose(const std::string& content) {
+    void choose(const std::string& content, bool good = true) {
         writeFile(documents / "contacts.dat", content);
-        prompts.expectChoice("", documents / "contacts.dat");
+        choosePath(documents / "contacts.dat", good);
+    }
+    void choosePath(const std::optional<std::string>& path, bool good = true) {
+        prompts.expectChoice("", path);
+        if (!good) prompts.expect(corrupt);
         dialog().Command1_Click();
     }
     void expectFinished() {
@@ -109,13 +113,10 @@ TEST_F(ContactImportTest, WhatIsShownStays) {
 }
 
 TEST_F(ContactImportTest, OnlyTheLengthOfAFileTellsWhetherItIsGood) {
-    prompts.expect(corrupt);
-    choose("");
-    prompts.expect(corrupt);
-    choose(std::string(523, 'x'));
+    choose("", false);
+    choose(std::string(523, 'x'), false);
     EXPECT_FALSE(dialog().importEnabled());
-    prompts.expectChoice("", std::nullopt);
-    dialog().Command1_Click();
+    choosePath(std::nullopt);
     choose(std::string(524, 'x'));
     EXPECT_TRUE(dialog().importEnabled());
 
@@ -124,9 +125,7 @@ TEST_F(ContactImportTest, OnlyTheLengthOfAFileTellsWhetherItIsGood) {
     expectFinished();
     dialog().ImportKettlebyVendors_Click();
     EXPECT_EQ(field(2, 10, 60), "Cut");
-    prompts.expect(corrupt);
-    prompts.expectChoice("", documents / "gone.dat");
-    dialog().Command1_Click();
+    choosePath(documents / "gone.dat", false);
     EXPECT_EQ(dialog().chosenFile(), documents / "contacts.dat") << "the good one stays chosen";
 }
 
