@@ -12,8 +12,8 @@ Browser::Browser(const FileSystem& files, std::string homeFolder, Desktop& deskt
 void Browser::RunBrowser(const std::string& target) {
     const std::string browser = findBrowser();
     if (browser.empty()) {
-        prompts_.ask({"Could not find your Browser", "Browser Not Found", Buttons::Ok,
-                      Icon::Exclamation});
+        prompts_.ask(
+            {"Could not find your Browser", "Browser Not Found", Buttons::Ok, Icon::Exclamation});
     } else if (!desktop_.openWith(browser, target)) {
         prompts_.ask({"Web Page not Opened", "URL Failed", Buttons::Ok, Icon::Exclamation});
     }

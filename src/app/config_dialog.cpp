@@ -96,12 +96,12 @@ QGroupBox* ConfigDialog::makeForm() {
                {button("WidthLess", less, tr("Narrower by 5"), &S::WidthLess_Click),
                 button("WidthMore", more, tr("Wider by 5"), &S::WidthMore_Click),
                 button("WidthDefault", usual, tr("Default width"), &S::WidthDefault_Click)});
-    addStepper(form, tr("Bottom of form spacing"),
-               textBox("SigLineSpaceEd", 0, &SettingsBoxes::SigLineSpaceEd),
-               {button("SigLess", less, tr("One row less"), &S::SigLess_Click),
-                button("SigMore", more, tr("One row more"), &S::SigMore_Click),
-                button("SigLineSpaceDefault", usual, tr("Default space"),
-                       &S::SigLineSpaceDefault_Click)});
+    addStepper(
+        form, tr("Bottom of form spacing"),
+        textBox("SigLineSpaceEd", 0, &SettingsBoxes::SigLineSpaceEd),
+        {button("SigLess", less, tr("One row less"), &S::SigLess_Click),
+         button("SigMore", more, tr("One row more"), &S::SigMore_Click),
+         button("SigLineSpaceDefault", usual, tr("Default space"), &S::SigLineSpaceDefault_Click)});
     addStepper(form, tr("Characters in description lines"),
                textBox("DescriptionLineEd", 0, &SettingsBoxes::DescriptionLineEd),
                {button("DesLess", less, tr("Five characters less"), &S::DesLess_Click),
@@ -111,7 +111,8 @@ QGroupBox* ConfigDialog::makeForm() {
     auto* quote = checkBox("RequestForQuoteCheck", tr("Requisitions read \"REQUEST FOR &QUOTE\""),
                            &SettingsBoxes::RequestForQuoteCheck);
     connect(quote, &QCheckBox::toggled, this, [this] { refresh(); });
-    useReqNumber_ = checkBox("UseReqNumberCheck", tr("Use &No."), &SettingsBoxes::UseReqNumberCheck);
+    useReqNumber_ =
+        checkBox("UseReqNumberCheck", tr("Use &No."), &SettingsBoxes::UseReqNumberCheck);
     useReqNumber_->setToolTip(tr("Put the number on a request for quote."));
     auto* quoteRow = new QHBoxLayout;
     quoteRow->addWidget(quote);
@@ -150,20 +151,22 @@ QGroupBox* ConfigDialog::makeOrders() {
 }
 
 QLayout* ConfigDialog::makeButtons() {
-    auto* rewrite = button("ReWrite", tr("&Rewrite"), tr("Rewrite and display with current settings"),
-                           &SettingsEditor::ReWrite_Click);
+    auto* rewrite =
+        button("ReWrite", tr("&Rewrite"), tr("Rewrite and display with current settings"),
+               &SettingsEditor::ReWrite_Click);
     rewrite->setEnabled(editor_.ReWriteAllowed());
     if (!editor_.ReWriteAllowed()) {
-        rewrite->setToolTip(tr("Rewrite and display with current settings (when an order is viewed)"));
+        rewrite->setToolTip(
+            tr("Rewrite and display with current settings (when an order is viewed)"));
     }
     auto* save = button("Command1", tr("&Save"), tr("Save and exit"), nullptr);
     save->setDefault(true);
     connect(save, &QPushButton::clicked, this, [this] {
         if (editor_.Command1_Click()) accept();
     });
-    auto* close = button("Close", tr("Close"),
-                         tr("Close without saving what was typed; what the buttons changed stays."),
-                         nullptr);
+    auto* close =
+        button("Close", tr("Close"),
+               tr("Close without saving what was typed; what the buttons changed stays."), nullptr);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addWidget(rewrite);
@@ -243,7 +246,8 @@ void ConfigDialog::refresh() {
             showText(text.box, value);
         }
     }
-    for (const auto& flag : flags_) flag.box->setChecked(editor_.boxes.*flag.field);
+    for (const auto& flag : flags_)
+        flag.box->setChecked(editor_.boxes.*flag.field);
     (editor_.boxes.Option1 ? useGraphic_ : useTexts_)->setChecked(true);
     useReqNumber_->setEnabled(editor_.boxes.RequestForQuoteCheck);
 }

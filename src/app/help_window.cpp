@@ -48,7 +48,8 @@ HelpWindow::HelpWindow(QWidget* parent) : QMainWindow(parent) {
     search_ = new QLineEdit;
     search_->setObjectName(QStringLiteral("HelpSearch"));
     search_->setPlaceholderText(tr("Search"));
-    search_->setToolTip(tr("Shows the pages that hold all these words; Enter goes to the next place."));
+    search_->setToolTip(
+        tr("Shows the pages that hold all these words; Enter goes to the next place."));
     search_->setClearButtonEnabled(true);
     pages_ = new QListWidget;
     pages_->setObjectName(QStringLiteral("HelpPages"));
@@ -128,7 +129,8 @@ void HelpWindow::search() {
         item->setHidden(!found);
         if (found && first == nullptr) first = item;
     }
-    const bool currentHidden = pages_->currentItem() == nullptr || pages_->currentItem()->isHidden();
+    const bool currentHidden =
+        pages_->currentItem() == nullptr || pages_->currentItem()->isHidden();
     if (first != nullptr && currentHidden) pages_->setCurrentItem(first);
     browser_->moveCursor(QTextCursor::Start);
     findNext();

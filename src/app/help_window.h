@@ -1,9 +1,9 @@
 // The program's own help: its pages, a search through them, all in the program itself.
 #pragma once
 
-#include <functional>
-
 #include <QMainWindow>
+
+#include <functional>
 
 class QLineEdit;
 class QListWidget;

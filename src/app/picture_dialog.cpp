@@ -4,13 +4,13 @@
 #include "platform/qt_text.h"
 #include "platform/text.h"
 
-#include <algorithm>
-
 #include <QComboBox>
 #include <QDir>
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
+
+#include <algorithm>
 
 namespace bramblet {
 namespace {
@@ -109,7 +109,8 @@ void PictureDialog::fillFolders() {
     if (parentOf(folder_) != folder_) folders_->addItem(QStringLiteral(".."));
     QStringList names;
     try {
-        for (const auto& name : files_.folderNames(folder_)) names.append(pathToQt(name));
+        for (const auto& name : files_.folderNames(folder_))
+            names.append(pathToQt(name));
     } catch (const FileError& error) {
         caption_->setText(pathToQt(error.inWords()));
     }

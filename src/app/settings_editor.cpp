@@ -69,7 +69,8 @@ void SettingsEditor::load() {
         settings_.*name.field = trimmedField(settings_.*name.field);
         boxes.*name.box = settings_.*name.field;
     }
-    for (const auto& flag : kFlags) boxes.*flag.box = isOn(settings_.*flag.field);
+    for (const auto& flag : kFlags)
+        boxes.*flag.box = isOn(settings_.*flag.field);
     boxes.WidthEd = trimmedField(settings_.FormWidth);
     for (const NumberBox& box : {kSigLineSpace, kDescriptionLine}) {
         boxes.*box.box = std::to_string(settings_.*box.field);
@@ -91,8 +92,8 @@ void SettingsEditor::SelectGraphic_Click(const std::string& name, const std::str
     try {
         if (!files_.isSameFile(path, target)) files_.copy(path, target);
     } catch (const Fault& fault) {
-        prompts_.ask({"The picture " + name + " could not be copied into the data folder: " +
-                          fault.inWords() + ".",
+        prompts_.ask({"The picture " + name +
+                          " could not be copied into the data folder: " + fault.inWords() + ".",
                       "Graphic Selector", Buttons::Ok, Icon::Exclamation});
         return;
     }
@@ -104,9 +105,10 @@ void SettingsEditor::SelectDataDirectory_Click() {
     const auto folder = prompts_.chooseFolder("Select a folder...", boxes.DataDirectoryEd);
     if (!folder) return;
     boxes.DataDirectoryEd = *folder;
-    prompts_.ask({"Note - changes to the data path will not take effect until after \"Bramblet\" is "
-                  "re-started!",
-                  "Attention", Buttons::Ok, Icon::Information});
+    prompts_.ask(
+        {"Note - changes to the data path will not take effect until after \"Bramblet\" is "
+         "re-started!",
+         "Attention", Buttons::Ok, Icon::Information});
 }
 
 void SettingsEditor::ReWrite_Click() {
@@ -129,7 +131,8 @@ bool SettingsEditor::Command1_Click() {
     settings_.FormWidth = boxes.WidthEd.substr(0, kFormWidthWidth);
     settings_.SigLineSpace = sigLineSpace;
     settings_.DescriptionLineLength = descriptionLine;
-    for (const auto& box : kFlags) settings_.*box.field = flag(boxes.*box.box);
+    for (const auto& box : kFlags)
+        settings_.*box.field = flag(boxes.*box.box);
     return true;
 }
 

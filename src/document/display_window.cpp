@@ -57,7 +57,8 @@ class DisplayWindow::Desk : public QTextBrowser {
         const int room = width() - verticalScrollBar()->sizeHint().width();
         const int left = qMax(kDeskMargin, (room - sheet.width()) / 2);
         const int right = qMax(0, room - sheet.width() - left);
-        setViewportMargins(left, kDeskMargin, right, qMax(0, height() - kDeskMargin - sheet.height()));
+        setViewportMargins(left, kDeskMargin, right,
+                           qMax(0, height() - kDeskMargin - sheet.height()));
     }
 };
 
@@ -117,8 +118,8 @@ QWidget* DisplayWindow::makeBar() {
                             tr("Send this order with your mail program."));
     connect(mail, &QToolButton::clicked, this, [this] { viewer_.IE_Button_Click(); });
     layout->addWidget(mail);
-    add("Configuration", Drawing::Settings, tr("&Configuration ..."),
-        tr("Change how orders look."), &DisplayWindow::configure);
+    add("Configuration", Drawing::Settings, tr("&Configuration ..."), tr("Change how orders look."),
+        &DisplayWindow::configure);
     layout->addStretch(1);
     auto* leave = toolButton("Leave", Drawing::Close, tr("C&lose"), tr("Close this window."));
     connect(leave, &QToolButton::clicked, this, &QWidget::close);
@@ -134,19 +135,25 @@ void DisplayWindow::makeMenus() {
         entry->setObjectName(QLatin1String(name));
         entry->setShortcut(keys);
     };
-    add(menu, "mu_Print", tr("&Print ..."), [this] { print(); }, QKeySequence::Print);
+    add(
+        menu, "mu_Print", tr("&Print ..."), [this] { print(); }, QKeySequence::Print);
     add(menu, "mu_Preview", tr("Print Pre&view ..."), [this] { preview(); }, {});
-    add(menu, "mu_SavePdf", tr("&Save as PDF ..."), [this] { savePdf(); }, QKeySequence::Save);
+    add(
+        menu, "mu_SavePdf", tr("&Save as PDF ..."), [this] { savePdf(); }, QKeySequence::Save);
     add(menu, "mu_Mail", tr("&E-mail"), [this] { viewer_.IE_Button_Click(); }, {});
     add(menu, "mu_conf", tr("&Configuration ..."), [this] { configure(); }, {});
     menu->addSeparator();
-    add(menu, "mu_exit", tr("C&lose"), [this] { close(); }, QKeySequence(Qt::Key_Escape));
+    add(
+        menu, "mu_exit", tr("C&lose"), [this] { close(); }, QKeySequence(Qt::Key_Escape));
     QMenu* view = menuBar()->addMenu(tr("&View"));
-    add(view, "mu_ZoomIn", tr("Zoom &In"), [this] { setZoom(zoom_ * kZoomStep); },
+    add(
+        view, "mu_ZoomIn", tr("Zoom &In"), [this] { setZoom(zoom_ * kZoomStep); },
         QKeySequence::ZoomIn);
-    add(view, "mu_ZoomOut", tr("Zoom &Out"), [this] { setZoom(zoom_ / kZoomStep); },
+    add(
+        view, "mu_ZoomOut", tr("Zoom &Out"), [this] { setZoom(zoom_ / kZoomStep); },
         QKeySequence::ZoomOut);
-    add(view, "mu_ZoomUsual", tr("&Usual Size"), [this] { setZoom(kUsualZoom); },
+    add(
+        view, "mu_ZoomUsual", tr("&Usual Size"), [this] { setZoom(kUsualZoom); },
         QKeySequence(tr("Ctrl+0")));
 }
 
@@ -198,9 +205,8 @@ void DisplayWindow::preview() {
     printer.setPageLayout(usualPage());
     printer.setDocName(windowTitle());
     QPrintPreviewDialog dialog(&printer, this);
-    connect(&dialog, &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* target) {
-        OrderSheet::print(document_, pictures(), *target);
-    });
+    connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
+            [this](QPrinter* target) { OrderSheet::print(document_, pictures(), *target); });
     dialog.resize(size());
     dialog.exec();
 }

@@ -5,9 +5,9 @@
 #include "document/order_sheet.h"
 #include "document/order_viewer.h"
 
-#include <functional>
-
 #include <QMainWindow>
+
+#include <functional>
 
 namespace bramblet {
 

@@ -4,12 +4,12 @@
 
 #include "document/display_html.h"
 
+#include <QImage>
+#include <QTextDocument>
+
 #include <functional>
 #include <memory>
 #include <string>
-
-#include <QImage>
-#include <QTextDocument>
 
 class QPagedPaintDevice;
 

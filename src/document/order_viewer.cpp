@@ -19,8 +19,8 @@ void OrderViewer::MakeOrder_Click() {
     if (!folder_.available(prompts_)) return;
     const Prompts::Command command(prompts_);
     try {
-        path_ = open_.isPending() ? folder_.file("po.htm")
-                                  : folder_.documentPath(open_.order.PONoEd);
+        path_ =
+            open_.isPending() ? folder_.file("po.htm") : folder_.documentPath(open_.order.PONoEd);
     } catch (const Fault& fault) {
         prompts_.say("Order " + open_.order.PONoEd + " cannot be shown: " + fault.inWords());
         return;
@@ -39,7 +39,9 @@ std::string OrderViewer::document() const {
     }
 }
 
-std::string OrderViewer::orderNumber() const { return trimmed(open_.order.PONoEd); }
+std::string OrderViewer::orderNumber() const {
+    return trimmed(open_.order.PONoEd);
+}
 
 std::string OrderViewer::picture(const std::string& name) const {
     if (!isPlainFileName(name) || !files_.exists(folder_.file(name))) return {};
@@ -56,6 +58,9 @@ void OrderViewer::ReWrite() {
 }
 
 void OrderViewer::savePdf(const std::string& path, const std::string& pdf) const {
+    const Message question{"File already exists - do you want to replace it?", "Confirm",
+                           Buttons::YesNo, Icon::Exclamation};
+    if (files_.exists(path) && prompts_.ask(question) != Answer::Yes) return;
     try {
         files_.replace(path, pdf);
         prompts_.sayDone("The order is saved as " + path);
@@ -79,9 +84,10 @@ void OrderViewer::IE_Button_Click() {
         case MailResult::Cancelled:
             return;
         case MailResult::NoMailProgram:
-            prompts_.ask({"No mail program was found on this machine. Set one up, or save the "
-                          "order as PDF and send that.",
-                          "E-mail", Buttons::Ok, Icon::Exclamation});
+            prompts_.ask(
+                {"No mail program was found on this machine. Set one up, or save the "
+                 "order as PDF and send that.",
+                 "E-mail", Buttons::Ok, Icon::Exclamation});
             return;
         case MailResult::Failed:
             prompts_.ask({"The mail program could not take the order.", "E-mail", Buttons::Ok,

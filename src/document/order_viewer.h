@@ -33,7 +33,8 @@ class OrderViewer {
     /// Writes the document anew with the settings as they are now.
     void ReWrite();
 
-    /// Puts a PDF of the document where the user wants it.
+    /// Puts a PDF of the document where the user wants it; an existing file is replaced when the
+    /// user says so.
     void savePdf(const std::string& path, const std::string& pdf) const;
 
     /// Hands the document to the user's mail program.

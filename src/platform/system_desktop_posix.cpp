@@ -50,8 +50,8 @@ Run run(const char* tool, const QStringList& arguments) {
 }  // namespace
 
 std::string SystemDesktop::programFor(const std::string& path) {
-    const Run type = run("xdg-mime", {QStringLiteral("query"), QStringLiteral("filetype"),
-                                      pathToQt(path)});
+    const Run type =
+        run("xdg-mime", {QStringLiteral("query"), QStringLiteral("filetype"), pathToQt(path)});
     if (!type.succeeded() || type.output.isEmpty()) return {};
     const Run program =
         run("xdg-mime", {QStringLiteral("query"), QStringLiteral("default"), type.output});
@@ -67,8 +67,8 @@ bool SystemDesktop::open(const std::string& path) {
 }
 
 MailResult SystemDesktop::compose(const Mail& mail) {
-    QStringList arguments{QStringLiteral("--utf8"), QStringLiteral("--subject"),
-                          toQt(mail.subject), QStringLiteral("--body"), toQt(mail.text)};
+    QStringList arguments{QStringLiteral("--utf8"), QStringLiteral("--subject"), toQt(mail.subject),
+                          QStringLiteral("--body"), toQt(mail.text)};
     for (const auto& attachment : mail.attachments) {
         arguments << QStringLiteral("--attach") << pathToQt(attachment);
     }
@@ -77,6 +77,8 @@ MailResult SystemDesktop::compose(const Mail& mail) {
     return mailer.succeeded() ? MailResult::HandedOver : MailResult::Failed;
 }
 
-bool SystemDesktop::openHelpFile(const std::string&) { return false; }
+bool SystemDesktop::openHelpFile(const std::string&) {
+    return false;
+}
 
 }  // namespace bramblet

@@ -1,0 +1,178 @@
+#include "document/display_html.h"
+#include "support/office.h"
+
+#include <gtest/gtest.h>
+
+namespace bramblet {
+namespace {
+
+using namespace test;
+
+class Viewer : public Office {
+  protected:
+    void SetUp() override {
+        start();
+        program().viewer.showViewer = [this] { ++shown; };
+    }
+    OrderViewer& viewer() { return program().viewer; }
+    void saveOrder() {
+        newOrder();
+        addLine({"2", "ea", "Hammer", "10"});
+        program().editor.SaveChanges_Click();
+    }
+
+    int shown = 0;
+};
+
+TEST_F(Viewer, APendingOrderIsShownAsItIsEachTime) {
+    addLine({"1", "ea", "Hammer", "10"});
+    viewer().MakeOrder_Click();
+    EXPECT_EQ(viewer().path(), data("po.htm"));
+    EXPECT_NE(viewer().document().find("Hammer"), std::string::npos);
+    addLine({"1", "ea", "Saw", "10"});
+    viewer().MakeOrder_Click();
+    EXPECT_NE(viewer().document().find("Saw"), std::string::npos);
+    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(order().OrderTotalEd, "20.00");
+}
+
+TEST_F(Viewer, ASavedOrderIsShownAsSavedAndAChangedOneIsWrittenFirst) {
+    saveOrder();
+    const std::string path = data("000001.htm");
+    writeFile(path, "kept by hand");
+    viewer().MakeOrder_Click();
+    EXPECT_EQ(viewer().document(), "kept by hand");
+
+    program().editor.edit(&Order::JobNumberEd, "J-9");
+    viewer().MakeOrder_Click();
+    EXPECT_NE(contentOf(path).find("<!-- JOB J-9 JOB -->"), std::string::npos);
+    EXPECT_TRUE(program().open.OrderDirty) << "viewing is not saving";
+    EXPECT_EQ(contentOf(data("po_data.dat")).find("J-9"), std::string::npos);
+
+    program().editor.SaveChanges_Click();
+    FileSystem().remove(path);
+    viewer().MakeOrder_Click();
+    EXPECT_TRUE(FileSystem().exists(path)) << "a lost document is written anew";
+    EXPECT_EQ(shown, 3);
+}
+
+TEST_F(Viewer, WhatCannotBeTotalledOrWrittenIsNotShown) {
+    saveOrder();
+    program().editor.edit(&Order::ShippingEd, "1.2.3");
+    prompts.expectSaying("1.2.3");
+    viewer().MakeOrder_Click();
+    program().editor.edit(&Order::ShippingEd, "1");
+    order().PONoEd = "../1";
+    viewer().MakeOrder_Click();
+    EXPECT_NE(prompts.lastLine.find("../1"), std::string::npos) << prompts.lastLine;
+    EXPECT_EQ(shown, 0);
+}
+
+TEST_F(Viewer, ItIsRewrittenWithTheSettingsAsTheyAreNow) {
+    saveOrder();
+    viewer().MakeOrder_Click();
+    program().settings.UseTopGraphic = "N";
+    program().settings.IDText1 = "Larkfield Joinery";
+    EXPECT_EQ(viewer().document().find("Larkfield"), std::string::npos);
+    viewer().ReWrite();
+    EXPECT_NE(viewer().document().find("Larkfield Joinery"), std::string::npos);
+}
+
+TEST_F(Viewer, TheMailHasTheDocumentAndTheGraphicWhenThereIsOne) {
+    saveOrder();
+    viewer().MakeOrder_Click();
+    program().settings.UseTopGraphic = "Y";
+    program().settings.TopGraphic = "top.gif   ";
+    viewer().IE_Button_Click();
+    EXPECT_EQ(desktop.mail.subject, "Bramblet #000001");
+    EXPECT_EQ(desktop.mail.text, "html format purchase order attached (file 000001.htm)");
+    EXPECT_EQ(desktop.mail.attachments, std::vector{data("000001.htm")});
+
+    writeFile(data("top.gif"), "GIF");
+    viewer().IE_Button_Click();
+    EXPECT_EQ(desktop.mail.attachments, (std::vector{data("000001.htm"), data("top.gif")}));
+    program().settings.UseTopGraphic = "N";
+    viewer().IE_Button_Click();
+    EXPECT_EQ(desktop.mail.attachments, std::vector{data("000001.htm")});
+}
+
+TEST_F(Viewer, AFailedMailIsToldAndACancelledOneIsNot) {
+    saveOrder();
+    viewer().MakeOrder_Click();
+    desktop.mailResult = MailResult::Cancelled;
+    viewer().IE_Button_Click();
+    desktop.mailResult = MailResult::NoMailProgram;
+    prompts.expectSaying("No mail program was found");
+    viewer().IE_Button_Click();
+    desktop.mailResult = MailResult::Failed;
+    prompts.expectSaying("could not take the order");
+    viewer().IE_Button_Click();
+}
+
+TEST_F(Viewer, PicturesComeFromTheDataFolderAlone) {
+    writeFile(data("top.gif"), "GIF");
+    writeFile(documents / "secret.gif", "no");
+    EXPECT_EQ(viewer().picture("top.gif"), "GIF");
+    EXPECT_EQ(viewer().picture("missing.gif"), "");
+    EXPECT_EQ(viewer().picture("../../secret.gif"), "");
+    EXPECT_EQ(viewer().picture(documents / "secret.gif"), "");
+}
+
+TEST_F(Viewer, APdfReplacesAnotherFileOnlyWhenTheUserSaysSo) {
+    const std::string path = documents / "1.pdf";
+    const Message question{"File already exists - do you want to replace it?", "Confirm",
+                           Buttons::YesNo, Icon::Exclamation};
+    viewer().savePdf(path, "%PDF one");
+    prompts.expect(question, Answer::No);
+    viewer().savePdf(path, "%PDF two");
+    EXPECT_EQ(contentOf(path), "%PDF one");
+    prompts.expect(question, Answer::Yes);
+    viewer().savePdf(path, "%PDF two");
+    EXPECT_EQ(contentOf(path), "%PDF two");
+    prompts.expectSaying("The PDF was not saved");
+    viewer().savePdf(documents / "nowhere/1.pdf", "%PDF");
+}
+
+std::string shownAs(const std::string& document, double zoom = 1) {
+    return displayPage(document, zoom).html;
+}
+
+TEST(DisplayHtml, MarkersAreDroppedAndTheFrameBecomesThePagesWidth) {
+    const DisplayPage page = displayPage(
+        "<html><!-- PON 1 PON --><basefont face=\"Arial\" size=\"2\"><table border=\"0\" "
+        "width=\"700\"><tr><td>Form</td></tr></table></html>",
+        1.5);
+    EXPECT_EQ(page.html, "<html>Form");
+    EXPECT_EQ(page.fontFace, "Arial");
+    EXPECT_EQ(page.fontSize, 20);  // 13 pixels
+    EXPECT_EQ(page.width, 1050);
+}
+
+TEST(DisplayHtml, OnlyCellsThatWouldHaveALineGetOne) {
+    EXPECT_EQ(shownAs("<table border=\"0\"><tr><td><table border=\"1\"><tr><td>a</td><td></td></tr>"
+                      "<tr bordercolor=\"white\"><td>b</td></tr></table>"
+                      "<table border=\"0\"><tr><td>c</td></tr></table></td></tr></table>"),
+              "<table width=\"100%\" border=\"0\" cellspacing=\"0\" cellpadding=\"2\" "
+              "style=\"border-collapse:collapse\"><tr>"
+              "<td style=\"border:1px solid #444444\">a</td><td></td></tr>"
+              "<tr bordercolor=\"white\"><td>b</td></tr></table>"
+              "<table border=\"0\"><tr><td>c</td></tr></table>");
+}
+
+TEST(DisplayHtml, FontSizesAreAbsoluteOrRelativeToTheBase) {
+    EXPECT_EQ(shownAs("<basefont size=\"2\"><font size=\"+2\">a</font><font size=-1>b</font>"
+                      "<font size=\"99\">c</font>"),
+              "<span style=\"font-size:18px\">a</span><span style=\"font-size:10px\">b</span>"
+              "<span style=\"font-size:48px\">c</span>");
+}
+
+TEST(DisplayHtml, BrokenMarkupLosesNoText) {
+    EXPECT_EQ(shownAs("a < b"), "a &lt; b");
+    EXPECT_EQ(shownAs("price <"), "price &lt;");
+    EXPECT_EQ(shownAs("end<!-- never closed"), "end");
+    EXPECT_EQ(shownAs("<font size=\"unclosed>x"), "<span style=\"font-size:10px\">x");
+    EXPECT_EQ(shownAs(""), "");
+}
+
+}  // namespace
+}  // namespace bramblet
