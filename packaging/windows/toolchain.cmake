@@ -12,5 +12,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# One file that needs no other: the compiler's own libraries go in as well.
-set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+# One file that needs no other: the compiler's own libraries go in as well, and what nobody calls
+# stays out.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -s -Wl,--gc-sections")
