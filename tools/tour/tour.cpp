@@ -280,8 +280,14 @@ int runTour(const QString& folder) {
     return good ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
+#ifdef _WIN32
+/// The windows come up on the real screen, which has to be large enough for every picture.
+void chooseScreen(bool twice) {
+    if (twice) qputenv("QT_SCALE_FACTOR", "2");
+}
+#else
 /// Chooses a screen in memory that is large enough for every picture.
-void chooseOffscreen(bool twice) {
+void chooseScreen(bool twice) {
     if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
     const QString file = QDir::tempPath() + name("/bramblet-tour-screen.json");
     QFile screen(file);
@@ -293,15 +299,16 @@ void chooseOffscreen(bool twice) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file));
     if (twice) qputenv("QT_SCALE_FACTOR", "2");
 }
+#endif
 
 }  // namespace
 }  // namespace bramblet::tour
 
 int main(int argc, char** argv) {
     using namespace bramblet;
-#ifndef _WIN32
-    tour::chooseOffscreen(std::find(argv, argv + argc, std::string("--twice")) != argv + argc);
-#endif
+    tour::chooseScreen(std::find(argv, argv + argc, std::string("--twice")) != argv + argc);
+    // The driver sees into Qt's dialogs only, not into the system's own.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     QStringList arguments = QApplication::arguments().mid(1);
     const bool dark = arguments.removeOne(QStringLiteral("--dark"));
