@@ -1,6 +1,7 @@
 #include "addresses/address_panel.h"
 
 #include "platform/boxes.h"
+#include "platform/history_box.h"
 #include "platform/icons.h"
 #include "platform/qt_text.h"
 
@@ -57,7 +58,7 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
     const Look look = lookOf(side);
     nameField_ = look.name;
     addressField_ = look.address;
-    name_ = historyBox(look.nameBox, look.label);
+    name_ = new HistoryBox(look.nameBox, look.label);
     name_->lineEdit()->setMaxLength(kNameLimit);
     name_->setMaxVisibleItems(16);
     name_->setToolTip(
@@ -110,17 +111,8 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
 
 void AddressPanel::refresh() {
     const AddressBook::Shown& shown = book_.shown(side_);
-    if (listed_ != shown.names) {
-        listed_ = shown.names;
-        const QSignalBlocker quiet(name_);
-        name_->clear();
-        QStringList names;
-        for (const auto& name : listed_)
-            names.append(toQt(name));
-        name_->addItems(names);
-        name_->setCurrentIndex(-1);
-    }
-    showText(name_, open_.order.*nameField_);
+    name_->setEntries(shown.names);
+    name_->showText(open_.order.*nameField_);
     showText(address_, open_.order.*addressField_);
     counter_->setText(toQt(shown.counter));
     save_->setEnabled(shown.changedEnabled);

@@ -6,12 +6,13 @@
 
 #include <QWidget>
 
-class QComboBox;
 class QLabel;
 class QPlainTextEdit;
 class QToolButton;
 
 namespace bramblet {
+
+class HistoryBox;
 
 class AddressPanel : public QWidget {
     Q_OBJECT
@@ -22,7 +23,7 @@ class AddressPanel : public QWidget {
     /// Shows what the book and the order hold now.
     void refresh();
 
-    QComboBox* nameBox() const { return name_; }
+    HistoryBox* nameBox() const { return name_; }
     QPlainTextEdit* addressBox() const { return address_; }
 
     QToolButton* saveButton() const { return save_; }
@@ -34,12 +35,11 @@ class AddressPanel : public QWidget {
     OrderField addressField_;
     AddressBook& book_;
     const OpenOrder& open_;
-    QComboBox* name_;
+    HistoryBox* name_;
     QPlainTextEdit* address_;
     QLabel* counter_;
     QToolButton* save_;
     QToolButton* remove_;
-    std::vector<std::string> listed_;
 };
 
 }  // namespace bramblet

@@ -28,7 +28,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     : program_(program), prompts_(prompts), waiting_(waiting) {
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(QStringLiteral("Bramblet"));
-    order_ = new OrderPanel(program.editor, program.addresses, program.open,
+    order_ = new OrderPanel(program.editor, program.addresses, program.histories, program.open,
                             program.formats().firstDayOfWeek);
     lines_ = new LinesPanel(program.lines, program.open, program.stock, program.formats(), prompts);
     totals_ = new TotalsPanel(program.editor, program.open, program.taxFreight);

@@ -15,12 +15,13 @@ Program::Program(Environment environment, Prompts& prompts)
       folder(settings.DataDirectory),
       taxFreight(isOn(settings.TaxFreight)),
       addresses(files_, folder, prompts, open),
+      histories(files_, folder, prompts, open, addresses),
       index(files_, folder.file("po_data.dat"), environment_.formats, environment_.clock),
       savedOrders(index, folder, environment_.formats, prompts),
       stock(files_, folder, settings, open, environment_.formats, prompts),
       stockExchange(files_, folder, open, stock, prompts),
       editor({files_, folder, settings, taxFreight, environment_.formats, environment_.clock,
-              prompts, open, addresses, index, savedOrders, stock}),
+              prompts, open, addresses, histories, index, savedOrders, stock}),
       lines(open, environment_.formats, prompts),
       viewer(files_, folder, settings, editor, open, environment_.desktop, prompts),
       csvExport(files_, folder, index, environment_.formats, environment_.desktop, prompts),
@@ -41,6 +42,7 @@ void Program::start() {
     editor.clearOrder();
     open.order.DiscountFactorEd.clear();
     open.order.TaxFactorEd.clear();
+    histories.AddToUserFields();
     if (isOn(settings.RequisitionMode)) open.order.kind = OrderKind::Requisition;
     open.Save_POEnabled = false;
     open.markSaved();

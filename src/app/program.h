@@ -9,6 +9,7 @@
 #include "app/settings_file.h"
 #include "document/csv_export.h"
 #include "document/order_viewer.h"
+#include "history/field_histories.h"
 #include "orders/line_items.h"
 #include "orders/open_order.h"
 #include "orders/order_editor.h"
@@ -76,6 +77,7 @@ class Program {
     const bool taxFreight;  ///< as the settings had it at start-up
     OpenOrder open;
     AddressBook addresses;
+    FieldHistories histories;
     OrderIndex index;
     SavedOrders savedOrders;
     StockList stock;

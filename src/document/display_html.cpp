@@ -128,7 +128,7 @@ class Translation {
         const bool empty = rest_.starts_with("</td>");
         if (!bordered_ || whiteRow_ || empty) return pass(tag);
         page_.html += "<" + std::string(tag.text) + " style=\"border:" + std::to_string(scaled(1)) +
-                      "px solid #444444\">";
+                      "px solid " + kLineColour + "\">";
     }
 
     int sizeOf(const Tag& tag) const {

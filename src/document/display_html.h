@@ -7,6 +7,9 @@
 
 namespace bramblet {
 
+/// Of the lines of bordered tables.
+inline constexpr const char* kLineColour = "#444444";
+
 /// A document ready to be laid out. Lengths are pixels of 1/96 inch.
 struct DisplayPage {
     std::string html;      ///< code page text

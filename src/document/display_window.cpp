@@ -7,6 +7,7 @@
 
 #include <QBuffer>
 #include <QHBoxLayout>
+#include <QLocale>
 #include <QMenuBar>
 #include <QPdfWriter>
 #include <QPrintDialog>

@@ -1,5 +1,6 @@
 #include "document/order_sheet.h"
 
+#include "document/page_breaks.h"
 #include "platform/qt_text.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -13,7 +14,6 @@ namespace {
 
 constexpr double kPixelsPerInch = 96;
 constexpr double kPointsPerInch = 72;
-
 }  // namespace
 
 OrderSheet::OrderSheet(PictureSource pictures, QObject* parent)
@@ -24,6 +24,7 @@ OrderSheet::OrderSheet(PictureSource pictures, QObject* parent)
 
 void OrderSheet::show(const std::string& document, double zoom) {
     zoom_ = zoom;
+    loaded_.clear();
     page_ = displayPage(document, zoom);
     QFont base(toQt(page_.fontFace));
     base.setStyleHint(QFont::SansSerif);
@@ -31,11 +32,6 @@ void OrderSheet::show(const std::string& document, double zoom) {
     setDefaultFont(base);
     setHtml(toQt(page_.html));
     setTextWidth(page_.width);
-}
-
-int OrderSheet::paginate(const QSizeF& page) {
-    setPageSize(page);
-    return pageCount();
 }
 
 void OrderSheet::print(const std::string& document, const PictureSource& pictures,
@@ -47,27 +43,40 @@ void OrderSheet::print(const std::string& document, const PictureSource& picture
     const QSizeF paper = device.pageLayout().paintRect(QPageLayout::Point).size() *
                          (kPixelsPerInch / kPointsPerInch);
     const double reduction = qMin(1.0, paper.width() / sheet.formWidth());
-    const QSizeF page(sheet.formWidth(), paper.height() / reduction);
     const double left = (paper.width() / reduction - sheet.formWidth()) / 2;
 
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette.setColor(QPalette::Text, Qt::black);
-    const int pages = sheet.paginate(page);
-    for (int i = 0; i < pages; ++i) {
+    // The line between two rows closes one page and, drawn once more, opens the next.
+    constexpr double kLine = 1;
+    const auto breaks = pageBreaks(sheet, paper.height() / reduction - 2 * kLine);
+    for (std::size_t i = 0; i + 1 < breaks.size(); ++i) {
         if (i > 0) device.newPage();
         painter.save();
         painter.scale(dotsPerPixel * reduction, dotsPerPixel * reduction);
-        painter.translate(left, -i * page.height());
-        context.clip = QRectF(QPointF(0, i * page.height()), page);
-        painter.setClipRect(context.clip);
+        const PageBreak& from = breaks[i];
+        painter.translate(left, kLine - from.at);
+        context.clip =
+            QRectF(QPointF(-kLine, from.at), QPointF(sheet.formWidth() + kLine, breaks[i + 1].at));
+        painter.setClipRect(context.clip.adjusted(0, -kLine, 0, 0));
         sheet.documentLayout()->draw(&painter, context);
+        painter.fillRect(QRectF(from.left, from.at - kLine, from.right - from.left, kLine),
+                         QColor(kLineColour));
         painter.restore();
     }
 }
 
 QVariant OrderSheet::loadResource(int type, const QUrl& name) {
     if (type != QTextDocument::ImageResource || !name.isRelative()) return {};
-    const std::string bytes = pictures_(fromQt(name.toString(QUrl::FullyDecoded)));
+    // Laying out and painting each ask again; the file is read once.
+    const QString file = name.path(QUrl::FullyDecoded);
+    auto found = loaded_.find(file);
+    if (found == loaded_.end()) found = loaded_.insert(file, load(file));
+    return found->isNull() ? QVariant() : *found;
+}
+
+QImage OrderSheet::load(const QString& file) const {
+    const std::string bytes = pictures_(fromQt(file));
     QImage picture = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
                                       static_cast<int>(bytes.size()));
     if (picture.isNull()) return {};

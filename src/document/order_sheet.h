@@ -4,11 +4,11 @@
 
 #include "document/display_html.h"
 
+#include <QHash>
 #include <QImage>
 #include <QTextDocument>
 
 #include <functional>
-#include <memory>
 #include <string>
 
 class QPagedPaintDevice;
@@ -29,9 +29,6 @@ class OrderSheet : public QTextDocument {
     /// Width of the form at this zoom.
     int formWidth() const { return page_.width; }
 
-    /// Divides the sheet into pages of this size in pixels and returns their count.
-    int paginate(const QSizeF& page);
-
     /// Prints a document with the device's margins, reduced when the form is wider than the page.
     static void print(const std::string& document, const PictureSource& pictures,
                       QPagedPaintDevice& device);
@@ -41,9 +38,12 @@ class OrderSheet : public QTextDocument {
     QVariant loadResource(int type, const QUrl& name) override;
 
   private:
+    QImage load(const QString& file) const;
+
     PictureSource pictures_;
     DisplayPage page_;
     double zoom_ = 1;
+    QHash<QString, QImage> loaded_;  ///< pictures at this zoom, null for those that there are not
 };
 
 }  // namespace bramblet

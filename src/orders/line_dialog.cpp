@@ -2,6 +2,7 @@
 
 #include "platform/boxes.h"
 #include "platform/fault.h"
+#include "platform/history_box.h"
 #include "platform/qt_text.h"
 
 #include <QComboBox>
@@ -49,11 +50,10 @@ EditLineDialog::EditLineDialog(const LineEntry& entry, const std::string& captio
     description_->selectAll();
     quantity_ = amountBox("QEd", entry.quantity, tr("How many are ordered; 0 removes the line."));
     unitCost_ = amountBox("UCEd", entry.unitCost, tr("What one unit costs."));
-    unit_ = historyBox("DescriptionUnitCombo", tr("Unit"));
+    unit_ = new HistoryBox("DescriptionUnitCombo", tr("Unit"));
     unit_->setToolTip(tr("The unit of measure, for example ea or box."));
-    for (const auto& unit : units)
-        unit_->addItem(toQt(unit));
-    unit_->setEditText(toQt(entry.unit));
+    unit_->setEntries(units);
+    unit_->showText(entry.unit);
 
     auto* save = button("Save", tr("&Save"), tr("Store the line."));
     auto* remove = button("Del", tr("De&lete"), tr("Remove the line from the order."));

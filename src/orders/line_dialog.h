@@ -6,11 +6,12 @@
 
 #include <QDialog>
 
-class QComboBox;
 class QLineEdit;
 class QPlainTextEdit;
 
 namespace bramblet {
+
+class HistoryBox;
 
 class EditLineDialog : public QDialog {
     Q_OBJECT
@@ -33,7 +34,7 @@ class EditLineDialog : public QDialog {
     QPlainTextEdit* description_;
     QLineEdit* quantity_;
     QLineEdit* unitCost_;
-    QComboBox* unit_;
+    HistoryBox* unit_;
     std::optional<LineEntry> stored_;
 };
 

@@ -6,7 +6,6 @@
 
 #include <vector>
 
-class QComboBox;
 class QLineEdit;
 
 namespace bramblet {
@@ -16,22 +15,19 @@ class OrderBoxes {
     OrderBoxes(OrderEditor& editor, const OpenOrder& open) : editor_(editor), open_(open) {}
 
     void bind(QLineEdit* box, OrderField field);
-    void bind(QComboBox* box, OrderField field);
 
     /// Shows what the order holds now.
     void refresh();
 
   private:
-    template <class Box>
     struct Bound {
-        Box* box;
+        QLineEdit* box;
         OrderField field;
     };
 
     OrderEditor& editor_;
     const OpenOrder& open_;
-    std::vector<Bound<QLineEdit>> lineEdits_;
-    std::vector<Bound<QComboBox>> comboBoxes_;
+    std::vector<Bound> boxes_;
 };
 
 }  // namespace bramblet

@@ -36,9 +36,9 @@ void OrderEditor::SaveChanges_Click() {
         for (const AddressSide side : kAddressSides) {
             if (at_.addresses.shown(side).changedEnabled) at_.addresses.Changed_Click(side);
         }
-        if (const auto number = nextNumber()) saveAs(*number);
+        if (const auto number = nextNumber()) saveAs(*number, Histories::Remember);
     } else if (totalUp()) {
-        write();
+        write(Histories::Remember);
         at_.open.Save_POEnabled = true;
     }
     at_.savedOrders.PopPOGrid();
@@ -53,10 +53,11 @@ void OrderEditor::NewPO_Click() {
     // Drawn before the window is cleared: without a number the shown order stays as it is.
     const auto number = nextNumber();
     if (!number) return;
+    at_.histories.AddToUserFields();
     at_.addresses.PopAddyLists();
     clearOrder();
     at_.stock.PopStockList();
-    saveAs(*number);
+    saveAs(*number, Histories::LeaveAlone);
     at_.savedOrders.PopPOGrid();
     at_.open.Save_POEnabled = true;
     changed();
@@ -73,7 +74,7 @@ void OrderEditor::Save_PO_Click() {
     if (!number) return;
     const bool received = at_.open.order.MarkReceivedCheck;
     at_.open.order.MarkReceivedCheck = false;
-    if (!saveAs(*number) && at_.open.order.PONoEd != *number) {
+    if (!saveAs(*number, Histories::LeaveAlone) && at_.open.order.PONoEd != *number) {
         at_.open.order.MarkReceivedCheck = received;  // there is no copy: the source is as it was
     }
     at_.savedOrders.PopPOGrid();
@@ -95,7 +96,7 @@ void OrderEditor::make10_Click() {
         at_.addresses.pickTypedName(side);
     for (int copy = 1; copy <= kCopies; ++copy) {
         const auto number = nextNumber();
-        if (!number || !saveAs(*number)) {
+        if (!number || !saveAs(*number, Histories::Remember)) {
             setCaption("Bramblet");
             return;
         }
@@ -228,16 +229,16 @@ std::optional<std::string> OrderEditor::nextNumber() {
     }
 }
 
-bool OrderEditor::saveAs(const std::string& number) {
+bool OrderEditor::saveAs(const std::string& number, Histories histories) {
     const std::string previousNumber = at_.open.order.PONoEd;
     at_.open.order.PONoEd = number;
-    if (totalUp()) return write();
+    if (totalUp()) return write(histories);
     at_.open.order.PONoEd = previousNumber;
     changed();
     return false;
 }
 
-bool OrderEditor::write() {
+bool OrderEditor::write(Histories histories) {
     const Order& order = at_.open.order;
     bool written = true;
     const auto attempt = [&](const std::string& failure, const auto& step) {
@@ -256,6 +257,7 @@ bool OrderEditor::write() {
     if (named) {
         attempt("Order " + order.PONoEd + " was not entered in the list of orders: ",
                 [&] { at_.index.RecordData(order); });
+        if (histories == Histories::Remember) at_.histories.AddToUserFields();
         attempt("The document of order " + order.PONoEd + " was not saved: ",
                 [&] { MakeSnap(path); });
     }

@@ -4,6 +4,7 @@
 #include "addresses/address_book.h"
 #include "app/data_folder.h"
 #include "app/settings.h"
+#include "history/field_histories.h"
 #include "orders/line_items.h"
 #include "orders/open_order.h"
 #include "orders/order_index.h"
@@ -30,6 +31,7 @@ class OrderEditor {
         Prompts& prompts;
         OpenOrder& open;
         AddressBook& addresses;
+        FieldHistories& histories;
         const OrderIndex& index;
         SavedOrders& savedOrders;
         StockList& stock;
@@ -79,8 +81,9 @@ class OrderEditor {
     bool confirm(const std::string& question);
     // Each of these is none or false when the user has been told what went wrong.
     std::optional<std::string> nextNumber();
-    bool write();
-    bool saveAs(const std::string& number);
+    enum class Histories { Remember, LeaveAlone };
+    bool write(Histories histories);
+    bool saveAs(const std::string& number, Histories histories);
     void LoadOrder(const std::string& orderNumber);
     void chooseKind(OrderKind kind);
     void changed() { at_.open.onChange(); }

@@ -21,29 +21,34 @@ constexpr int kJobNumberLimit = 12;
 
 /// The boxes of the terms column, from top to bottom.
 struct TermsBox {
-    const char* name;
     const char* label;
     const char* tip;
     OrderField field;
 };
 const std::array<TermsBox, 5> kTerms{{
-    {"JobNumberEd", "&Job Number", "The job that the order belongs to; 12 characters at most.",
+    {"&Job Number", "The job that the order belongs to; 12 characters at most.",
      &Order::JobNumberEd},
-    {"ByEd", "B&y:", "Who places the order.", &Order::ByEd},
-    {"ShipViaEd", "&Via:", "How the goods are to be shipped.", &Order::ShipViaEd},
-    {"FOBEd", "F&OB:", "The place from which freight is the buyer's.", &Order::FOBEd},
-    {"TermsEd", "Ter&ms:", "Terms of payment.", &Order::TermsEd},
+    {"B&y:", "Who places the order.", &Order::ByEd},
+    {"&Via:", "How the goods are to be shipped.", &Order::ShipViaEd},
+    {"F&OB:", "The place from which freight is the buyer's.", &Order::FOBEd},
+    {"Ter&ms:", "Terms of payment.", &Order::TermsEd},
 }};
 
 }  // namespace
 
-OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, const OpenOrder& open,
-                       int firstDayOfWeek, QWidget* parent)
-    : QFrame(parent), editor_(editor), open_(open), boxes_(editor, open) {
+OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistories& histories,
+                       const OpenOrder& open, int firstDayOfWeek, QWidget* parent)
+    : QFrame(parent),
+      editor_(editor),
+      open_(open),
+      boxes_(editor, open),
+      historyBoxes_(histories, open) {
     setObjectName(QStringLiteral("band"));
     calendar_ = new CalendarPopup(firstDayOfWeek, this);
     vendor_ = new AddressPanel(AddressSide::Vendor, addresses, open);
     shipTo_ = new AddressPanel(AddressSide::Destination, addresses, open);
+    historyBoxes_.bind(vendor_->nameBox(), AddressSide::Vendor);
+    historyBoxes_.bind(shipTo_->nameBox(), AddressSide::Destination);
 
     auto* middle = new QHBoxLayout;
     middle->setSpacing(14);
@@ -52,9 +57,8 @@ OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, const OpenOr
     middle->addWidget(shipTo_, 5);
     middle->addLayout(makeTerms(), 4);
 
-    comments_ = historyBox("CommentsEd", tr("Comments"));
+    comments_ = historyBoxes_.make(&Order::CommentsEd, tr("Comments"));
     comments_->setToolTip(tr("Printed below the lines of the order."));
-    boxes_.bind(comments_, &Order::CommentsEd);
     auto* comments = new QHBoxLayout;
     comments->addWidget(boxLabel(tr("Comme&nts"), comments_));
     comments->addWidget(comments_, 1);
@@ -72,6 +76,7 @@ OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, const OpenOr
 void OrderPanel::refresh() {
     const Order& order = open_.order;
     boxes_.refresh();
+    historyBoxes_.refresh();
     number_->setReadOnly(!open_.numberUnlocked);
     (order.kind == OrderKind::Requisition ? requisition_ : purchaseOrder_)->setChecked(true);
     received_->setChecked(order.MarkReceivedCheck);
@@ -164,10 +169,9 @@ QLayout* OrderPanel::makeTerms() {
     for (std::size_t i = 0; i < kTerms.size(); ++i) {
         const TermsBox& terms = kTerms[i];
         const OrderField field = terms.field;
-        auto* box = historyBox(terms.name, tr(terms.label).remove(QLatin1Char('&')));
+        auto* box = historyBoxes_.make(field, tr(terms.label).remove(QLatin1Char('&')));
         box->setToolTip(tr(terms.tip));
         if (field == &Order::JobNumberEd) box->lineEdit()->setMaxLength(kJobNumberLimit);
-        boxes_.bind(box, field);
         terms_.push_back(box);
         grid->addWidget(boxLabel(tr(terms.label), box), static_cast<int>(i), 0);
         grid->addWidget(box, static_cast<int>(i), 1);

@@ -2,12 +2,12 @@
 // and comments.
 #pragma once
 
+#include "history/history_boxes.h"
 #include "orders/order_boxes.h"
 
 #include <QFrame>
 
 class QCheckBox;
-class QComboBox;
 class QLabel;
 class QLineEdit;
 class QRadioButton;
@@ -21,8 +21,8 @@ class CalendarPopup;
 class OrderPanel : public QFrame {
     Q_OBJECT
   public:
-    OrderPanel(OrderEditor& editor, AddressBook& addresses, const OpenOrder& open,
-               int firstDayOfWeek, QWidget* parent = nullptr);
+    OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistories& histories,
+               const OpenOrder& open, int firstDayOfWeek, QWidget* parent = nullptr);
 
     /// Shows what the order holds now.
     void refresh();
@@ -38,6 +38,7 @@ class OrderPanel : public QFrame {
     OrderEditor& editor_;
     const OpenOrder& open_;
     OrderBoxes boxes_;
+    HistoryBoxes historyBoxes_;
     CalendarPopup* calendar_;
     QLabel* numberLabel_;
     QLineEdit* number_;
@@ -50,8 +51,8 @@ class OrderPanel : public QFrame {
     QLineEdit* shipDate_;
     QToolButton* orderDatePicker_;
     QToolButton* shipDatePicker_;
-    std::vector<QComboBox*> terms_;
-    QComboBox* comments_;
+    std::vector<HistoryBox*> terms_;
+    HistoryBox* comments_;
 };
 
 }  // namespace bramblet

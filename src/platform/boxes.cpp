@@ -3,23 +3,11 @@
 #include "platform/icons.h"
 #include "platform/qt_text.h"
 
-#include <QCompleter>
 #include <QPlainTextEdit>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QWheelEvent>
 
 namespace bramblet {
-namespace {
-
-class HistoryBox : public QComboBox {
-  protected:
-    /// Scrolling past must not change an order.
-    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-};
-
-}  // namespace
-
 QLabel* boxLabel(const QString& caption, QWidget* buddy) {
     auto* label = new QLabel(caption);
     label->setBuddy(buddy);
@@ -43,21 +31,6 @@ QToolButton* toolButton(const char* name, Drawing drawing, const QString& captio
     return button;
 }
 
-QComboBox* historyBox(const char* name, const QString& accessibleName) {
-    auto* box = new HistoryBox;
-    box->setObjectName(QLatin1String(name));
-    box->setAccessibleName(accessibleName);
-    box->setEditable(true);
-    box->setInsertPolicy(QComboBox::NoInsert);
-    // Qt's own handling of a finished edit would pick the entry that matches but for letter case.
-    QObject::disconnect(box->lineEdit(), &QLineEdit::editingFinished, box, nullptr);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(8);
-    box->completer()->setCompletionMode(QCompleter::PopupCompletion);
-    box->completer()->setCaseSensitivity(Qt::CaseInsensitive);
-    return box;
-}
-
 void showText(QLineEdit* box, const std::string& text) {
     const QString wanted = toQt(text);
     if (box->text() == wanted) return;
@@ -65,19 +38,6 @@ void showText(QLineEdit* box, const std::string& text) {
     const QSignalBlocker quiet(box);
     box->setText(wanted);
     box->setCursorPosition(box->hasFocus() ? cursor : 0);
-}
-
-void showText(QComboBox* box, const std::string& text) {
-    const QSignalBlocker quiet(box);
-    // The keys go on from the entry that is shown.
-    const int shown = box->findText(toQt(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (box->currentIndex() != shown) {
-        const int cursor = box->lineEdit()->cursorPosition();
-        box->setCurrentIndex(shown);
-        showText(box->lineEdit(), text);
-        if (box->hasFocus()) box->lineEdit()->setCursorPosition(cursor);
-    }
-    showText(box->lineEdit(), text);
 }
 
 QString linesIn(const QPlainTextEdit* box) {

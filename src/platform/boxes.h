@@ -1,7 +1,6 @@
 // Making the small controls of the panels, and keeping a box at the text it has to show.
 #pragma once
 
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
@@ -21,15 +20,9 @@ QLabel* boxLabel(const QString& caption, QWidget* buddy);
 QToolButton* toolButton(const char* name, Drawing drawing, const QString& caption,
                         const QString& tip);
 
-/// An editable combo box whose list never changes what is typed: entries that match are offered
-/// below it and taken only when chosen. Only a choice from the list sends `activated`; the mouse
-/// wheel passes over a closed box.
-QComboBox* historyBox(const char* name, const QString& accessibleName);
-
 /// Puts `text` into a box that shows another one, leaving the cursor where it was. No signal of an
 /// edit is sent.
 void showText(QLineEdit* box, const std::string& text);
-void showText(QComboBox* box, const std::string& text);
 void showText(QPlainTextEdit* box, const std::string& lines);
 
 /// The lines of a box as they stand in it; no-break blanks stay what they are.

@@ -3,6 +3,7 @@
 #include "platform/boxes.h"
 #include "platform/grid_model.h"
 #include "platform/grid_view.h"
+#include "platform/history_box.h"
 #include "platform/icons.h"
 #include "platform/qt_text.h"
 
@@ -36,21 +37,6 @@ ColumnLook lookOf(StockColumn column) {
             return {{StockPanel::tr("File Number"), true}, {}};  // out of sight
     }
     return {};
-}
-
-void fillList(QComboBox* box, const std::vector<std::string>& entries) {
-    QStringList texts;
-    for (const auto& entry : entries)
-        texts.append(toQt(entry));
-    QStringList shown;
-    for (int i = 0; i < box->count(); ++i)
-        shown.append(box->itemText(i));
-    if (texts == shown) return;
-    const QSignalBlocker quiet(box);
-    const QString text = box->currentText();
-    box->clear();
-    box->addItems(texts);
-    box->setEditText(text);
 }
 
 }  // namespace
@@ -143,9 +129,9 @@ QWidget* StockPanel::makeEditor() {
     return editor;
 }
 
-QComboBox* StockPanel::comboBox(const char* name, const QString& tip, int limit,
-                                std::string StockItemBoxes::*box) {
-    auto* combo = historyBox(name, tip);
+HistoryBox* StockPanel::comboBox(const char* name, const QString& tip, int limit,
+                                 std::string StockItemBoxes::*box) {
+    auto* combo = new HistoryBox(name, tip);
     combo->setToolTip(tip);
     combo->lineEdit()->setMaxLength(limit);
     const auto edited = [this, box](const QString& text) { stock_.boxes.*box = fromQt(text); };
@@ -208,18 +194,18 @@ void StockPanel::refreshList() {
             static_cast<int>(place - shownColumns_.begin()),
             stock_.sortedDescending() ? Qt::DescendingOrder : Qt::AscendingOrder);
     }
-    fillList(category_, stock_.entries().categories);
-    fillList(vendor_, stock_.entries().vendors);
-    fillList(unit_, stock_.entries().units);
+    category_->setEntries(stock_.entries().categories);
+    vendor_->setEntries(stock_.entries().vendors);
+    unit_->setEntries(stock_.entries().units);
     const int row = stock_.rowOf(stock_.FileOrderTag());
     if (row >= 0) grid_->showRow(row);
     refreshEditor();
 }
 
 void StockPanel::refreshEditor() {
-    showText(category_, stock_.boxes.StockCatCombo);
-    showText(vendor_, stock_.boxes.StockVendorCombo);
-    showText(unit_, stock_.boxes.StockUnitCombo);
+    category_->showText(stock_.boxes.StockCatCombo);
+    vendor_->showText(stock_.boxes.StockVendorCombo);
+    unit_->showText(stock_.boxes.StockUnitCombo);
     showText(description_, stock_.boxes.StockDescriptionEd);
     showText(unitCost_, stock_.boxes.StockUnitCostEd);
     fileNumber_->setText(toQt(stock_.FileOrderTag()));

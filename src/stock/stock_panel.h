@@ -7,13 +7,15 @@
 #include <QWidget>
 
 class QAction;
-class QComboBox;
+
 class QLabel;
 class QLineEdit;
 class QMenu;
 class QToolButton;
 
 namespace bramblet {
+
+class HistoryBox;
 
 class GridModel;
 class GridView;
@@ -40,8 +42,8 @@ class StockPanel : public QWidget {
   private:
     void makeGrid();
     QWidget* makeEditor();
-    QComboBox* comboBox(const char* name, const QString& tip, int limit,
-                        std::string StockItemBoxes::*box);
+    HistoryBox* comboBox(const char* name, const QString& tip, int limit,
+                         std::string StockItemBoxes::*box);
     QLineEdit* lineEdit(const char* name, const QString& tip, std::string StockItemBoxes::*box);
     QWidget* makeButtons();
     void refreshColumns();
@@ -52,9 +54,9 @@ class StockPanel : public QWidget {
     GridView* grid_;
     QMenu* menu_;
     QAction* onHand_;
-    QComboBox* category_;
-    QComboBox* vendor_;
-    QComboBox* unit_;
+    HistoryBox* category_;
+    HistoryBox* vendor_;
+    HistoryBox* unit_;
     QLineEdit* description_;
     QLineEdit* unitCost_;
     QLabel* fileNumber_;

@@ -1,4 +1,5 @@
 #include "document/csv_export.h"
+
 #include "support/office.h"
 #include "support/regions.h"
 
@@ -32,11 +33,11 @@ OrderIndexRecord sampleRecord() {
 }
 
 TEST(OrdersAsCsv, EachOrderIsOneLineInTheFormatsOfTheRegion) {
-    EXPECT_EQ(ordersAsCsv({sampleRecord()}, enUS()),
-              kHeadings +
-                  std::string("\"000123\",\"J-7\",\"3/4/2026\",\"Acme, \"Supply\"\",\"Depot\","
-                              "\"3/20/2026\",\"$1,298.13\",\"$10.00\",\"$7.31\",\"$112.50\","
-                              "\"($12.50)\",\"$125.00\"\r\n"));
+    EXPECT_EQ(
+        ordersAsCsv({sampleRecord()}, enUS()),
+        kHeadings + std::string("\"000123\",\"J-7\",\"3/4/2026\",\"Acme, \"Supply\"\",\"Depot\","
+                                "\"3/20/2026\",\"$1,298.13\",\"$10.00\",\"$7.31\",\"$112.50\","
+                                "\"($12.50)\",\"$125.00\"\r\n"));
     EXPECT_NE(ordersAsCsv({sampleRecord()}, deDE()).find("\"1.298,13\xA0\x80\""),
               std::string::npos);
 }

@@ -135,9 +135,10 @@ TEST_F(SettingsEditing, AChosenPictureIsCopiedIntoTheDataFolder) {
 TEST_F(SettingsEditing, AnotherDataFolderCountsFromTheNextStartOn) {
     const std::string before = program().folder.DataPath();
     prompts.expectChoice(boxes().DataDirectoryEd, documents / "other/");
-    prompts.expect({"Note - changes to the data path will not take effect until after \"Bramblet\" "
-                    "is re-started!",
-                    "Attention", Buttons::Ok, Icon::Information});
+    prompts.expect(
+        {"Note - changes to the data path will not take effect until after \"Bramblet\" "
+         "is re-started!",
+         "Attention", Buttons::Ok, Icon::Information});
     editor().SelectDataDirectory_Click();
     EXPECT_TRUE(editor().Command1_Click());
     EXPECT_EQ(settings().DataDirectory, documents / "other/");
@@ -160,9 +161,9 @@ class PagesInTheBrowser : public Office {
 
 TEST_F(PagesInTheBrowser, AreOpenedWithTheProgramThatOpensPages) {
     program().browser.mu_WebSite_Click();
-    EXPECT_EQ(desktop.asked, (std::vector<std::string>{"program for " + page(),
-                                                       "open " + std::string(kHomePage) +
-                                                           " with browser"}));
+    EXPECT_EQ(desktop.asked,
+              (std::vector<std::string>{"program for " + page(),
+                                        "open " + std::string(kHomePage) + " with browser"}));
     EXPECT_FALSE(FileSystem().exists(page()));
 }
 

@@ -1,0 +1,111 @@
+#include "history/field_histories.h"
+
+#include "platform/text.h"
+
+namespace bramblet {
+namespace {
+
+template <std::size_t... I>
+std::array<FieldHistory, kHistories.size()> historiesIn(const DataFolder& folder,
+                                                        std::index_sequence<I...>) {
+    return {FieldHistory(folder.file(kHistories[I].file))...};
+}
+
+std::size_t indexOf(OrderField field) {
+    std::size_t index = 0;
+    while (kHistories[index].field != field)
+        ++index;
+    return index;
+}
+
+struct AddressBox {
+    const char* name;
+    AddressSide side;
+};
+constexpr std::array kAddressBoxes{AddressBox{"ToCombo", AddressSide::Vendor},
+                                   AddressBox{"ShipToCombo", AddressSide::Destination}};
+
+}  // namespace
+
+FieldHistories::FieldHistories(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
+                               OpenOrder& open, AddressBook& addresses)
+    : files_(files),
+      folder_(folder),
+      prompts_(prompts),
+      open_(open),
+      addresses_(addresses),
+      histories_(historiesIn(folder, std::make_index_sequence<kHistories.size()>())) {}
+
+const FieldHistory::Entries& FieldHistories::entries(OrderField field) const {
+    return histories_[indexOf(field)].entries();
+}
+
+void FieldHistories::AddToUserFields() {
+    if (!folder_.DataPathOK()) return;
+    const Prompts::Command command(prompts_);
+    for (std::size_t i = 0; i < kHistories.size(); ++i) {
+        std::string& text = open_.order.*kHistories[i].field;
+        try {
+            histories_[i].remember(files_, text);
+        } catch (const Fault& fault) {
+            prompts_.say("The lists of earlier entries were not brought up to date: " +
+                         fault.inWords());
+            break;
+        }
+        text = trimmed(text);
+        if (isCurrent(kHistories[i])) CurrentHistoryText = text;
+    }
+    open_.onChange();
+}
+
+void FieldHistories::RemoveHistoryEntry() {
+    if (!folder_.available(prompts_)) return;
+    for (const AddressBox& box : kAddressBoxes) {
+        if (CurrentHistoryFile == box.name) return addresses_.Delete_Click(box.side);
+    }
+    for (std::size_t i = 0; i < kHistories.size(); ++i) {
+        if (isCurrent(kHistories[i])) return removeFrom(i);
+    }
+}
+
+void FieldHistories::removeFrom(std::size_t history) {
+    const Prompts::Command command(prompts_);
+    const std::string forgotten = trimmed(CurrentHistoryText);
+    try {
+        histories_[history].forget(files_, forgotten, folder_.file("user.tmp"));
+    } catch (const Fault& fault) {
+        prompts_.say("\"" + forgotten + "\" was not removed from the list: " + fault.inWords());
+        return;
+    }
+    // Another value stands in the box when the entry was pointed at in the open list.
+    const OrderField field = kHistories[history].field;
+    if (trimmed(open_.order.*field) == forgotten) Change(field, "");
+    AddToUserFields();
+    if (!forgotten.empty()) prompts_.sayDone("\"" + forgotten + "\" is no longer in the list");
+}
+
+void FieldHistories::Change(OrderField field, const std::string& text) {
+    CurrentHistoryText = text;
+    if (open_.order.*field == text) return;
+    open_.order.*field = text;
+    open_.MarkOrderChanged();
+    open_.onChange();
+}
+
+void FieldHistories::DropDown() {
+    open_.MarkOrderChanged();
+    open_.onChange();
+}
+
+void FieldHistories::GotFocus(OrderField field) {
+    CurrentHistoryFile = kHistories[indexOf(field)].file;
+    CurrentHistoryText = open_.order.*field;
+}
+
+void FieldHistories::GotFocus(AddressSide side) {
+    for (const AddressBox& box : kAddressBoxes) {
+        if (box.side == side) CurrentHistoryFile = box.name;
+    }
+}
+
+}  // namespace bramblet

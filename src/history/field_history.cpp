@@ -1,0 +1,68 @@
+#include "history/field_history.h"
+
+#include "platform/text.h"
+
+#include <algorithm>
+
+namespace bramblet {
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+/// Lines end with CR LF; a file that another program has written may use one of the two alone.
+std::vector<std::string> linesOf(const std::string& content) {
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < content.size();) {
+        const auto end = std::min(content.find_first_of(kLineEnd, start), content.size());
+        lines.push_back(content.substr(start, end - start));
+        const bool both = content.compare(end, 2, kLineEnd) == 0;
+        start = end + (both ? 2 : 1);
+    }
+    return lines;
+}
+
+/// The value as one line: trimmed, with a blank for every line end within it.
+std::string asLine(const std::string& value) {
+    std::string line = trimmed(value);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return line;
+}
+
+bool endsLine(const std::string& content) {
+    return content.empty() || content.back() == '\n' || content.back() == '\r';
+}
+
+}  // namespace
+
+void FieldHistory::remember(const FileSystem& files, const std::string& value) {
+    files.touch(path_);
+    std::string content = files.read(path_);
+    std::vector<std::string> lines = linesOf(content);
+    const std::string line = asLine(value);
+    const bool known = std::any_of(lines.begin(), lines.end(), [&](const std::string& entry) {
+        return trimmed(entry) == line;
+    });
+    if (!line.empty() && !known) {
+        const std::string added = (endsLine(content) ? "" : kLineEnd) + line + kLineEnd;
+        files.append(path_, added);
+        content += added;
+        lines.push_back(line);
+    }
+    if (content == content_) return;
+    content_ = std::move(content);
+    entries_ = std::make_shared<const std::vector<std::string>>(std::move(lines));
+}
+
+void FieldHistory::forget(const FileSystem& files, const std::string& value,
+                          const std::string& scratch) const {
+    const std::string line = trimmed(value);
+    std::string kept;
+    for (const auto& entry : linesOf(files.read(path_))) {
+        if (trimmed(entry) != line) kept += entry + kLineEnd;
+    }
+    files.replace(scratch, kept);
+    files.rename(scratch, path_);
+}
+
+}  // namespace bramblet

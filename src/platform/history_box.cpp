@@ -1,0 +1,136 @@
+#include "platform/history_box.h"
+
+#include "platform/boxes.h"
+#include "platform/qt_text.h"
+
+#include <QCompleter>
+#include <QContextMenuEvent>
+#include <QListView>
+#include <QMenu>
+#include <QStringListModel>
+
+namespace bramblet {
+namespace {
+
+/// Long lists open at once when every row is known to be as high as the first.
+void expectManyRows(QAbstractItemView* view) {
+    if (auto* list = qobject_cast<QListView*>(view)) list->setUniformItemSizes(true);
+}
+
+}  // namespace
+
+HistoryBox::HistoryBox(const char* name, const QString& accessibleName)
+    : model_(new QStringListModel(this)) {
+    setObjectName(QLatin1String(name));
+    setAccessibleName(accessibleName);
+    setModel(model_);
+    setEditable(true);
+    setInsertPolicy(NoInsert);
+    // Qt's own handling of a finished edit would pick the entry that matches but for letter case.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(8);
+    completer()->setCompletionMode(QCompleter::PopupCompletion);
+    completer()->setCaseSensitivity(Qt::CaseInsensitive);
+    expectManyRows(view());
+    expectManyRows(completer()->popup());
+}
+
+void HistoryBox::setForget(std::function<void(const QString&)> forget) {
+    forget_ = std::move(forget);
+    lineEdit()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(lineEdit(), &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& place) { openMenu(lineEdit()->mapToGlobal(place)); });
+    lineEdit()->installEventFilter(this);
+    view()->installEventFilter(this);
+}
+
+void HistoryBox::setEntries(const std::vector<std::string>& entries) {
+    if (entries == entries_) return;
+    entries_ = entries;
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(entries.size()));
+    for (const auto& entry : entries)
+        texts.append(toQt(entry));
+    const QSignalBlocker quiet(this);
+    const QString shown = currentText();
+    model_->setStringList(texts);
+    setCurrentIndex(-1);
+    setEditText(shown);
+}
+
+void HistoryBox::showText(const std::string& text) {
+    const QSignalBlocker quiet(this);
+    bramblet::showText(lineEdit(), text);
+}
+
+void HistoryBox::showPopup() {
+    onDropDown();
+    goToShownEntry();
+    QComboBox::showPopup();
+}
+
+bool HistoryBox::eventFilter(QObject* watched, QEvent* event) {
+    const bool key = event->type() == QEvent::KeyPress;
+    if (key && takesKey(*static_cast<QKeyEvent*>(event))) return true;
+    return QComboBox::eventFilter(watched, event);
+}
+
+void HistoryBox::keyPressEvent(QKeyEvent* event) {
+    if (takesKey(*event)) return;
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) goToShownEntry();
+    QComboBox::keyPressEvent(event);
+}
+
+/// The keys and the opened list go on from the entry whose text is shown, if there is one.
+void HistoryBox::goToShownEntry() {
+    const QString shown = currentText();
+    const QSignalBlocker quiet(this);
+    setCurrentIndex(findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    setEditText(shown);
+}
+
+/// Shift+Delete forgets an entry.
+bool HistoryBox::takesKey(const QKeyEvent& event) {
+    const bool wanted = event.key() == Qt::Key_Delete && event.modifiers() == Qt::ShiftModifier;
+    if (!wanted || !forget_) return false;
+    const int row = view()->currentIndex().row();
+    const bool open = view()->isVisible();
+    const QString entry = open && row >= 0 ? itemText(row) : currentText();
+    if (entry.isEmpty()) return true;
+    forget_(entry);
+    // The open list goes on with the entry that moved up.
+    if (open) view()->setCurrentIndex(model()->index(qMin(row, count() - 1), 0));
+    return true;
+}
+
+void HistoryBox::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    onFocus();
+}
+
+void HistoryBox::contextMenuEvent(QContextMenuEvent* event) {
+    if (!forget_) return QComboBox::contextMenuEvent(event);
+    openMenu(event->globalPos());
+}
+
+/// The usual menu of a box, in which "Delete" forgets the entry shown.
+void HistoryBox::openMenu(const QPoint& place) {
+    QMenu* const menu = lineEdit()->createStandardContextMenu();
+    menu->setObjectName(QStringLiteral("EditPop"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (auto* remove = menu->findChild<QAction*>(QStringLiteral("edit-delete"))) {
+        remove->disconnect();
+        remove->setShortcut(QKeySequence(tr("Shift+Del")));
+        remove->setEnabled(!currentText().isEmpty());
+        connect(remove, &QAction::triggered, this, [this] { forget_(currentText()); });
+    }
+    menu->popup(place);
+}
+
+/// Scrolling past must not change an order.
+void HistoryBox::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+}  // namespace bramblet

@@ -1,0 +1,55 @@
+// An editable box with a list of earlier entries.
+#pragma once
+
+#include <QComboBox>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class QStringListModel;
+
+namespace bramblet {
+
+/// The list never changes what is typed: entries that match are offered below the box and taken
+/// only when chosen. Only a choice from the list sends `activated`; the mouse wheel passes over a
+/// closed box.
+class HistoryBox : public QComboBox {
+    Q_OBJECT
+  public:
+    HistoryBox(const char* name, const QString& accessibleName);
+
+    /// The box got the focus; its list is about to open.
+    std::function<void()> onFocus = [] {};
+    std::function<void()> onDropDown = [] {};
+
+    /// Makes "Delete" of the pop-up menu, and Shift+Delete, forget an entry: the one shown, or the
+    /// one pointed at while the list is open.
+    void setForget(std::function<void(const QString& entry)> forget);
+
+    /// What the list offers. The text shown stays.
+    void setEntries(const std::vector<std::string>& entries);
+
+    /// Puts a text into the box, leaving the cursor where it was. No signal of an edit is sent.
+    void showText(const std::string& text);
+
+    void showPopup() override;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    void goToShownEntry();
+    bool takesKey(const QKeyEvent& event);
+    void openMenu(const QPoint& place);
+
+    std::function<void(const QString&)> forget_;
+    QStringListModel* model_;
+    std::vector<std::string> entries_;
+};
+
+}  // namespace bramblet

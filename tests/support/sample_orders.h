@@ -1,0 +1,32 @@
+// Documents of made-up orders.
+#pragma once
+
+#include "document/document_writer.h"
+#include "document/totals.h"
+
+#include <string>
+
+namespace bramblet::test {
+
+/// An order of many lines, some with long descriptions.
+inline std::string longDocument(int lines) {
+    Order order;
+    order.PONoEd = "000200";
+    for (int i = 1; i <= lines; ++i) {
+        const std::string number = std::to_string(i);
+        const std::string more = i % 7 == 0 ? " with a description of many words that goes on" : "";
+        order.lines.push_back({"1", "", "", "ea", "Item-" + number + "-" + more + more + more,
+                               "1.00", "1.00", "special"});
+    }
+    Settings settings;
+    settings.SigLineSpace = 23;
+    settings.DescriptionLineLength = 65;
+    settings.FontName = "DejaVu Sans";
+    settings.FormWidth = "640";
+    settings.UseTopGraphic = "N";
+    settings.IDText1 = "Larkfield Joinery";
+    TotalUp(order, false, {});
+    return orderDocument(order, {settings, false, {}});
+}
+
+}  // namespace bramblet::test

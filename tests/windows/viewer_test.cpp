@@ -1,0 +1,279 @@
+#include "document/display_window.h"
+#include "document/page_breaks.h"
+#include "platform/qt_text.h"
+#include "support/sample_orders.h"
+#include "windows/desk.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QAction>
+#include <QBuffer>
+#include <QImage>
+#include <QLabel>
+#include <QListWidget>
+#include <QPainter>
+#include <QPushButton>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTextTable>
+#include <QWheelEvent>
+
+namespace bramblet::test {
+namespace {
+
+using S = QString;
+
+S name(const char* text) {
+    return S::fromLatin1(text);
+}
+
+class ViewerTest : public Desk {
+  protected:
+    /// Shows the order and hands the viewer to `use`, which ends with its being closed.
+    void view(const std::function<void(QWidget& viewer)>& use) {
+        driver->onNextDialog([use](QWidget& viewer) {
+            EXPECT_EQ(viewer.objectName(), name("TandrilDisplayForm"));
+            use(viewer);
+            viewer.close();
+        });
+        driver->click(name("MakeOrder"));
+        while (!driver->allAnswered() || QApplication::activeModalWidget() != nullptr) {
+            Driver::settle();
+        }
+    }
+    QTextBrowser* browser() { return driver->find<QTextBrowser>(name("WebBrowser1")); }
+    S shown() { return browser()->toPlainText(); }
+};
+
+TEST_F(ViewerTest, TheOrderIsShownZoomedAndClosedWithEscape) {
+    addLine(name("2"), name("Nails, 40 mm"), name("12.50"));
+    driver->type(name("CommentsEd"), QString::fromUtf8("Café"));
+    bool closedByEscape = false;
+    view([&](QWidget& viewer) {
+        EXPECT_TRUE(shown().contains(name("Nails, 40 mm")));
+        EXPECT_TRUE(shown().contains(QString::fromUtf8("Café")));
+        EXPECT_FALSE(shown().contains(name("PON")));
+        const double usual = browser()->document()->size().width();
+        const auto wheel = [&](int steps) {
+            QWheelEvent turn({40, 40}, browser()->mapToGlobal(QPointF(40, 40)), {},
+                             QPoint(0, 120 * steps), Qt::NoButton, Qt::ControlModifier,
+                             Qt::NoScrollPhase, false);
+            QApplication::sendEvent(browser()->viewport(), &turn);
+        };
+        wheel(1);
+        wheel(1);
+        EXPECT_NEAR(browser()->document()->size().width(), usual * 1.21, 2);
+        for (int i = 0; i < 50; ++i)
+            wheel(-1);
+        EXPECT_GT(browser()->document()->size().width(), 100);
+        QTest::keyClick(&viewer, Qt::Key_0, Qt::ControlModifier);
+        EXPECT_EQ(browser()->document()->size().width(), usual);
+        QTest::keyClick(&viewer, Qt::Key_Escape);
+        closedByEscape = !viewer.isVisible();
+    });
+    EXPECT_TRUE(closedByEscape);
+}
+
+TEST_F(ViewerTest, ItSavesAPdfAndMails) {
+    newOrder();
+    const S pdf = S::fromStdString(documents / "order.pdf");
+    view([&](QWidget&) {
+        driver->chooseFile(pdf);
+        driver->click(name("SavePdf"));
+        driver->click(name("IE_Button"));
+    });
+    EXPECT_EQ(contentOf(pdf.toStdString()).substr(0, 5), "%PDF-");
+    EXPECT_EQ(desktop.mail.subject, "Bramblet #000001");
+}
+
+TEST_F(ViewerTest, RewriteShowsTheSettingsAtOnce) {
+    newOrder();
+    view([&](QWidget&) {
+        EXPECT_FALSE(shown().contains(name("Larkfield")));
+        driver->onNextDialog([&](QWidget& dialog) {
+            driver->type(name("IDText1"), name("Larkfield Joinery"));
+            driver->click(name("Option2"));
+            driver->click(name("Command1"));
+            EXPECT_FALSE(dialog.isVisible());
+        });
+        driver->click(name("Configuration"));
+        driver->onNextDialog([&](QWidget& dialog) {
+            driver->click(name("ReWrite"));
+            EXPECT_TRUE(shown().contains(name("Larkfield Joinery")));
+            dialog.close();
+        });
+        driver->click(name("Configuration"));
+    });
+}
+
+TEST_F(ViewerTest, LinksAreHandedToTheBrowser) {
+    addLine(name("1"), name("See <a href=\"https://acme.example/\">our site</a>"), name("1"));
+    view([&](QWidget&) {
+        emit browser()->anchorClicked(QUrl(name("https://acme.example/")));
+        EXPECT_EQ(desktop.asked.back(), "open https://acme.example/ with browser");
+        EXPECT_TRUE(shown().contains(name("our site")));
+    });
+}
+
+TEST_F(ViewerTest, OnTheMainWindowTheSettingsReachTheProgram) {
+    driver->onNextDialog([&](QWidget& dialog) {
+        EXPECT_FALSE(driver->isEnabled(name("ReWrite")));
+        EXPECT_TRUE(driver->isEnabled(name("UseReqNumberCheck")));
+        driver->click(name("RequestForQuoteCheck"));
+        EXPECT_FALSE(driver->isEnabled(name("UseReqNumberCheck")));
+        driver->click(name("UseQuantitiesCheck"));
+        driver->click(name("WidthMore"));
+        EXPECT_EQ(driver->text(name("WidthEd")), name("645"));
+        driver->type(name("PrefixEd"), name("LJ-"));
+        driver->type(name("SigLineSpaceEd"), name("few"));
+        driver->answer(name("Bottom of form spacing"), QMessageBox::Ok);
+        driver->click(name("Command1"));
+        EXPECT_TRUE(dialog.isVisible());
+        driver->type(name("SigLineSpaceEd"), name("12"));
+        driver->click(name("Command1"));
+    });
+    driver->trigger(name("mu_Configuration"));
+    EXPECT_EQ(program->settings.NumberPrefix, "LJ-");
+    EXPECT_EQ(program->settings.SigLineSpace, 12);
+    EXPECT_EQ(program->settings.RequestForQuote, "N");
+    EXPECT_EQ(program->settings.FormWidth, "645");
+    EXPECT_TRUE(window->findChild<QAction*>(name("ItemsPopOnHand"))->isVisible());
+}
+
+TEST_F(ViewerTest, APictureIsChosenWithAPreview) {
+    const S folder = pathToQt(program->folder.DataPath());
+    QImage picture(1000, 500, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    EXPECT_TRUE(picture.save(folder + name("logo.bmp")));
+    writeFile(program->folder.file("broken.gif"), "no picture");
+    driver->onNextDialog([&](QWidget&) {
+        driver->onNextDialog([&](QWidget& chooser) {
+            EXPECT_EQ(chooser.windowTitle(), name("Graphic Selector"));
+            EXPECT_FALSE(chooser.findChild<QPushButton*>(name("Command1"))->isEnabled());
+            auto* files = driver->find<QListWidget>(name("File1"));
+            EXPECT_EQ(files->count(), 2);
+            files->setCurrentRow(0);
+            files->setCurrentRow(1);
+            const auto labels = chooser.findChildren<QLabel*>();
+            EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+                return label->text() == name("logo.bmp (shown smaller here)");
+            }));
+            QTest::mouseClick(chooser.findChild<QPushButton*>(name("Command1")), Qt::LeftButton);
+        });
+        driver->click(name("SelectGraphic"));
+        EXPECT_EQ(driver->text(name("TopGraphicEd")), name("logo.bmp"));
+        driver->click(name("Command1"));
+    });
+    driver->trigger(name("mu_Configuration"));
+    EXPECT_EQ(program->settings.TopGraphic, "logo.bmp");
+}
+
+/// The tables within a frame, nested ones too.
+std::vector<QTextTable*> tablesIn(QTextFrame* frame) {
+    std::vector<QTextTable*> tables;
+    for (QTextFrame* child : frame->childFrames()) {
+        if (auto* table = qobject_cast<QTextTable*>(child)) tables.push_back(table);
+        for (QTextTable* inner : tablesIn(child))
+            tables.push_back(inner);
+    }
+    return tables;
+}
+
+class PagesTest : public ::testing::Test {
+  protected:
+    void divide(const std::string& document, double height) {
+        sheet.show(document, 1);
+        for (const PageBreak& pageBreak : pageBreaks(sheet, height))
+            breaks.push_back(pageBreak.at);
+        for (std::size_t i = 1; i < breaks.size(); ++i) {
+            EXPECT_GT(breaks[i], breaks[i - 1]);
+            EXPECT_LE(breaks[i], breaks[i - 1] + height);
+        }
+        EXPECT_EQ(breaks.back(), sheet.size().height());
+    }
+    QRectF place(const QTextBlock& block) const {
+        return sheet.documentLayout()->blockBoundingRect(block);
+    }
+    /// Whether a page ends between two heights.
+    bool cut(double top, double bottom) const {
+        return std::any_of(breaks.begin(), breaks.end(),
+                           [&](double at) { return at > top + 0.01 && at < bottom - 0.01; });
+    }
+    int cutLines() const {
+        int found = 0;
+        for (QTextBlock block = sheet.begin(); block.isValid(); block = block.next()) {
+            for (int i = 0; i < block.layout()->lineCount(); ++i) {
+                const QRectF line = block.layout()->lineAt(i).rect();
+                const double top = line.translated(place(block).topLeft()).top();
+                if (cut(top, top + line.height())) ++found;
+            }
+        }
+        return found;
+    }
+
+    OrderSheet sheet{[](const std::string&) { return std::string(); }};
+    std::vector<double> breaks;
+};
+
+TEST_F(PagesTest, BreakBetweenRowsAndHoldEveryLine) {
+    divide(longDocument(200), 950);
+    EXPECT_GE(breaks.size(), 5u);
+    EXPECT_EQ(cutLines(), 0);
+    int tallRows = 0;
+    for (QTextTable* table : tablesIn(sheet.rootFrame())) {
+        for (int row = 0; row < table->rows(); ++row) {
+            for (int column = 0; column < table->columns(); ++column) {
+                const QTextTableCell cell = table->cellAt(row, column);
+                const double top = place(cell.firstCursorPosition().block()).top();
+                const double bottom = place(cell.lastCursorPosition().block()).bottom();
+                EXPECT_FALSE(cut(top, bottom)) << row << ", " << column;
+                if (bottom - top > 20) ++tallRows;
+            }
+        }
+    }
+    EXPECT_GT(tallRows, 20);
+    for (int i = 1; i <= 200; ++i) {
+        EXPECT_EQ(sheet.toPlainText().count(S::fromLatin1("Item-%1-").arg(i)), 1) << i;
+    }
+}
+
+TEST_F(PagesTest, ARowHigherThanAPageBreaksBetweenItsLines) {
+    std::string text;
+    for (int i = 0; i < 100; ++i)
+        text += "line " + std::to_string(i) + "<br>";
+    divide("<table border=\"1\"><tr><td>" + text + "</td></tr></table>", 300);
+    EXPECT_GE(breaks.size(), 4u);
+    EXPECT_EQ(cutLines(), 0);
+}
+
+TEST_F(PagesTest, PicturesOfTheDataFolderAreShownAndNothingElseIsAskedFor) {
+    std::vector<std::string> asked;
+    QImage red(20, 10, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(red.save(&buffer, "BMP"));
+    OrderSheet withPictures([&](const std::string& wanted) {
+        asked.push_back(wanted);
+        return bytes.toStdString();
+    });
+    withPictures.show(
+        "<img src=\"top.bmp\"><img src=\"http://far.example/spy.gif\">"
+        "<img src=\"file:///etc/spy.gif\">",
+        1);
+    QImage paper(200, 60, QImage::Format_RGB32);
+    paper.fill(Qt::white);
+    QPainter painter(&paper);
+    withPictures.drawContents(&painter);
+    painter.end();
+    EXPECT_EQ(asked, std::vector<std::string>{"top.bmp"});
+    int redPixels = 0;
+    for (int i = 0; i < paper.width() * paper.height(); ++i) {
+        redPixels += paper.pixelColor(i % 200, i / 200) == QColor(Qt::red) ? 1 : 0;
+    }
+    EXPECT_EQ(redPixels, red.width() * red.height());
+}
+
+}  // namespace
+}  // namespace bramblet::test
