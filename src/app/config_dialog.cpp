@@ -81,6 +81,7 @@ QGroupBox* ConfigDialog::makeForm() {
     auto* form = new QFormLayout(group);
     auto* font = textBox("FontNameEd", 200, &SettingsBoxes::FontNameEd);
     font->setToolTip(tr("Font"));
+    font->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
     auto* fontRow = new QHBoxLayout;
     fontRow->addWidget(font, 1);
     fontRow->addWidget(button("SelectFont", tr("&Font ..."), tr("Select a font"),
@@ -225,8 +226,8 @@ void ConfigDialog::addStepper(QFormLayout* form, const QString& label, QLineEdit
         step->setAutoRepeat(true);
         row->addWidget(step);
     }
-    row->addWidget(buttons[2]);
     row->addStretch(1);
+    row->addWidget(buttons[2]);
     form->addRow(label, row);
 }
 

@@ -4,10 +4,12 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <string>
 
+class QLabel;
 class QLineEdit;
 class QListWidget;
-class QTextBrowser;
+class QUrl;
 
 namespace bramblet {
 
@@ -20,14 +22,20 @@ class HelpWindow : public QMainWindow {
     std::function<void(const std::string& target)> runBrowser;
 
   private:
+    class Page;
+
+    QWidget* makeSide();
+    void makeShortcuts();
     void listPages();
-    void showPage(const QString& file);
+    void showPage(const QString& page);
+    void follow(const QUrl& link);
     void search();
     void findNext();
 
     QLineEdit* search_;
     QListWidget* pages_;
-    QTextBrowser* browser_;
+    QLabel* nothing_;
+    Page* text_;
 };
 
 }  // namespace bramblet

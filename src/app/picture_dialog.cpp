@@ -6,7 +6,8 @@
 
 #include <QComboBox>
 #include <QDir>
-#include <QHBoxLayout>
+#include <QGridLayout>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 
@@ -76,16 +77,28 @@ PictureDialog::PictureDialog(FileSystem files, const std::string& folder, QWidge
     connect(take_, &QPushButton::clicked, this, &PictureDialog::choose);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
-    auto* left = new QVBoxLayout;
-    left->addWidget(drives_);
-    left->addWidget(folders_, 1);
-    auto* right = new QVBoxLayout;
-    right->addWidget(preview_, 1);
-    right->addWidget(caption_);
-    auto* lists = new QHBoxLayout;
-    lists->addLayout(left, 1);
-    lists->addWidget(pictures_, 1);
-    lists->addLayout(right, 1);
+    place_ = new QLineEdit;
+    place_->setObjectName(QStringLiteral("Place"));
+    place_->setAccessibleName(tr("Folder shown"));
+    place_->setReadOnly(true);
+    place_->setFocusPolicy(Qt::ClickFocus);
+    QPalette plain = place_->palette();
+    plain.setBrush(QPalette::Base, plain.window());
+    place_->setPalette(plain);
+
+    auto* lists = new QGridLayout;
+    lists->setHorizontalSpacing(10);
+    lists->addWidget(drives_, 0, 0);
+    lists->addWidget(place_, 0, 1, 1, 2);
+    lists->addWidget(boxLabel(tr("&Folders"), folders_), 1, 0);
+    lists->addWidget(boxLabel(tr("&Pictures"), pictures_), 1, 1);
+    lists->addWidget(folders_, 2, 0);
+    lists->addWidget(pictures_, 2, 1);
+    lists->addWidget(preview_, 2, 2);
+    lists->addWidget(caption_, 3, 2);
+    lists->setRowStretch(2, 1);
+    for (int column = 0; column < 3; ++column)
+        lists->setColumnStretch(column, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(take_);
@@ -98,7 +111,8 @@ PictureDialog::PictureDialog(FileSystem files, const std::string& folder, QWidge
 
 void PictureDialog::goTo(const std::string& folder) {
     folder_ = folder;
-    folders_->setToolTip(pathToQt(folder_));
+    place_->setText(pathToQt(folder_));
+    place_->setToolTip(pathToQt(folder_));
     fillFolders();
     fillFiles();
     showPicture();

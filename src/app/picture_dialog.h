@@ -7,6 +7,7 @@
 
 class QComboBox;
 class QLabel;
+class QLineEdit;
 class QListWidget;
 class QPushButton;
 
@@ -34,6 +35,7 @@ class PictureDialog : public QDialog {
     FileSystem files_;
     std::string folder_;
     QComboBox* drives_;
+    QLineEdit* place_;
     QListWidget* folders_;
     QListWidget* pictures_;
     QLabel* preview_;

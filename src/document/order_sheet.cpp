@@ -4,6 +4,7 @@
 #include "platform/qt_text.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QPageRanges>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPalette>
@@ -50,8 +51,12 @@ void OrderSheet::print(const std::string& document, const PictureSource& picture
     // The line between two rows closes one page and, drawn once more, opens the next.
     constexpr double kLine = 1;
     const auto breaks = pageBreaks(sheet, paper.height() / reduction - 2 * kLine);
+    const QPageRanges wanted = device.pageRanges();
+    bool first = true;
     for (std::size_t i = 0; i + 1 < breaks.size(); ++i) {
-        if (i > 0) device.newPage();
+        if (!wanted.isEmpty() && !wanted.contains(static_cast<int>(i) + 1)) continue;
+        if (!first) device.newPage();
+        first = false;
         painter.save();
         painter.scale(dotsPerPixel * reduction, dotsPerPixel * reduction);
         const PageBreak& from = breaks[i];
@@ -59,6 +64,7 @@ void OrderSheet::print(const std::string& document, const PictureSource& picture
         context.clip =
             QRectF(QPointF(-kLine, from.at), QPointF(sheet.formWidth() + kLine, breaks[i + 1].at));
         painter.setClipRect(context.clip.adjusted(0, -kLine, 0, 0));
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
         sheet.documentLayout()->draw(&painter, context);
         painter.fillRect(QRectF(from.left, from.at - kLine, from.right - from.left, kLine),
                          QColor(kLineColour));

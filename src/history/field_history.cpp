@@ -37,20 +37,20 @@ bool endsLine(const std::string& content) {
 
 void FieldHistory::remember(const FileSystem& files, const std::string& value) {
     files.touch(path_);
-    std::string content = files.read(path_);
-    std::vector<std::string> lines = linesOf(content);
-    const std::string line = asLine(value);
-    const bool known = std::any_of(lines.begin(), lines.end(), [&](const std::string& entry) {
-        return trimmed(entry) == line;
-    });
-    if (!line.empty() && !known) {
-        const std::string added = (endsLine(content) ? "" : kLineEnd) + line + kLineEnd;
-        files.append(path_, added);
-        content += added;
-        lines.push_back(line);
+    if (std::string content = files.read(path_); content != content_) {
+        entries_ = std::make_shared<const std::vector<std::string>>(linesOf(content));
+        content_ = std::move(content);
     }
-    if (content == content_) return;
-    content_ = std::move(content);
+    const std::string line = asLine(value);
+    const bool known =
+        std::any_of(entries_->begin(), entries_->end(),
+                    [&](const std::string& entry) { return trimmed(entry) == line; });
+    if (line.empty() || known) return;
+    const std::string added = (endsLine(content_) ? "" : kLineEnd) + line + kLineEnd;
+    files.append(path_, added);
+    content_ += added;
+    auto lines = *entries_;
+    lines.push_back(line);
     entries_ = std::make_shared<const std::vector<std::string>>(std::move(lines));
 }
 

@@ -39,6 +39,12 @@ CalendarPopup::CalendarPopup(int firstDayOfWeek, QWidget* parent) : QFrame(paren
         for (auto* button : bar->findChildren<QToolButton*>())
             button->setPalette(calm);
     }
+    // Beside the month's name; below its last letter it looks like a comma.
+    if (auto* month = calendar_->findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton")))
+        month->setStyleSheet(
+            QStringLiteral("QToolButton { padding-right: 14px; }"
+                           "QToolButton::menu-indicator { subcontrol-origin: padding;"
+                           " subcontrol-position: center right; right: -1px; }"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(calendar_);

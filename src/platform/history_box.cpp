@@ -119,11 +119,13 @@ void HistoryBox::openMenu(const QPoint& place) {
     QMenu* const menu = lineEdit()->createStandardContextMenu();
     menu->setObjectName(QStringLiteral("EditPop"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (auto* remove = menu->findChild<QAction*>(QStringLiteral("edit-delete"))) {
-        remove->disconnect();
-        remove->setShortcut(QKeySequence(tr("Shift+Del")));
-        remove->setEnabled(!currentText().isEmpty());
-        connect(remove, &QAction::triggered, this, [this] { forget_(currentText()); });
+    for (QAction* entry : menu->actions()) {
+        if (entry->text() != QLineEdit::tr("Delete")) continue;
+        disconnect(entry, nullptr, lineEdit(), nullptr);
+        entry->setObjectName(QStringLiteral("EditPop_Delete"));
+        entry->setShortcut(QKeySequence(tr("Shift+Del")));
+        entry->setEnabled(!currentText().isEmpty());
+        connect(entry, &QAction::triggered, this, [this] { forget_(currentText()); });
     }
     menu->popup(place);
 }

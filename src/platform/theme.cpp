@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
 
 namespace bramblet {
 namespace {
@@ -68,6 +70,22 @@ class RoomyStyle : public QProxyStyle {
         if (metric == PM_FocusFrameHMargin) return 4;
         if (metric == PM_HeaderMargin) return 5;
         return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+    /// Fusion's outlines are darker than the window, which hides unchecked boxes on dark ones.
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool round = element == PE_IndicatorRadioButton;
+        if (!round && element != PE_IndicatorCheckBox) return;
+        if (option->palette.color(QPalette::Window).lightness() >= 128) return;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(option->palette.color(QPalette::PlaceholderText));
+        painter->setBrush(Qt::NoBrush);
+        const QRectF outline = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        round ? painter->drawEllipse(outline) : painter->drawRoundedRect(outline, 1.5, 1.5);
+        painter->restore();
     }
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,

@@ -10,7 +10,9 @@
 #include <QImage>
 #include <QLabel>
 #include <QListWidget>
+#include <QPageRanges>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPushButton>
 #include <QTest>
 #include <QTextBlock>
@@ -244,6 +246,22 @@ TEST_F(PagesTest, ARowHigherThanAPageBreaksBetweenItsLines) {
     divide("<table border=\"1\"><tr><td>" + text + "</td></tr></table>", 300);
     EXPECT_GE(breaks.size(), 4u);
     EXPECT_EQ(cutLines(), 0);
+}
+
+TEST_F(PagesTest, OnlyThePagesAskedForArePrinted) {
+    const auto pagesPrinted = [](const QPageRanges& wanted) {
+        QBuffer pdf;
+        pdf.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&pdf);
+        writer.setPageRanges(wanted);
+        OrderSheet::print(
+            longDocument(200), [](const std::string&) { return std::string(); }, writer);
+        return pdf.data().count("/Type /Page\n");
+    };
+    const auto all = pagesPrinted({});
+    EXPECT_GE(all, 4);
+    EXPECT_EQ(pagesPrinted(QPageRanges::fromString(name("2-3"))), 2);
+    EXPECT_EQ(pagesPrinted(QPageRanges::fromString(S::fromLatin1("1,%1-99").arg(all))), 2);
 }
 
 TEST_F(PagesTest, PicturesOfTheDataFolderAreShownAndNothingElseIsAskedFor) {

@@ -12,6 +12,7 @@
 #include <QTableView>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 
@@ -83,8 +84,14 @@ void Driver::pick(const QString& comboBox, const QString& entry) {
     settle();
 }
 
-/// Focus and shortcuts work in the active window only.
+/// Focus and shortcuts work in the active window only, and going elsewhere closes a list that is
+/// open, for instance of suggestions.
 void Driver::focus(QWidget* target) {
+    QWidget* const popup = QApplication::activePopupWidget();
+    if (popup != nullptr && popup != target && !popup->isAncestorOf(target)) {
+        popup->close();
+        settle();
+    }
     if (!target->isActiveWindow()) {
         target->window()->activateWindow();
         settle();
@@ -194,10 +201,24 @@ void Driver::lookForDialog() {
         unexpectedFor_ = 0;
         return;
     }
+    // One dialog may open another: it is still being used when the other one has gone.
+    if (std::find(inUse_.begin(), inUse_.end(), modal) != inUse_.end()) {
+        unexpectedFor_ = 0;
+        return;
+    }
     if (modal != handled_ && !expected_.empty() && modal->isVisible()) {
         handled_ = modal;
+        inUse_.emplace_back(modal);
         // Not from within this timer's call: it has to watch while the dialog is being used.
-        QTimer::singleShot(0, modal, [use = expected_.front(), modal] { use(*modal); });
+        QTimer::singleShot(0, modal, [this, use = expected_.front(), dialog = handled_] {
+            // Where the system lets only the person at the keyboard bring a window forward, it would
+            // not get the keys.
+            dialog->activateWindow();
+            settle();
+            use(*dialog);
+            std::erase(inUse_, dialog);
+            handled_ = dialog;
+        });
         expected_.pop_front();
         return;
     }

@@ -11,6 +11,7 @@
 
 #include <deque>
 #include <functional>
+#include <vector>
 
 class QAbstractItemView;
 
@@ -77,6 +78,7 @@ class Driver {
     QTimer watch_;
     std::deque<std::function<void(QWidget&)>> expected_;
     QPointer<QWidget> handled_;
+    std::vector<QPointer<QWidget>> inUse_;  ///< dialogs, each opened from the one before it
     int unexpectedFor_ = 0;
 };
 

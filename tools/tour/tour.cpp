@@ -1,26 +1,23 @@
 // The guided tour: takes the program's windows down the road of one order, on a sample company that
 // it types in itself, and keeps a picture of each window. The sample data folder stays behind.
 //
-//     bramblet_tour [--dark] [--twice] FOLDER
+//     bramblet_tour [--dark] [--twice] [--docs DOCS] FOLDER
 //
 // FOLDER gets the pictures, at twice the scale when asked for, and "documents" below it the sample
-// company's home folder. It runs offscreen unless QT_QPA_PLATFORM says otherwise.
+// company's home folder. DOCS/help and DOCS/pictures get the documentation's pictures. The tour
+// runs offscreen unless QT_QPA_PLATFORM says otherwise.
 
-#include "app/main_window.h"
-#include "driver/driver.h"
 #include "platform/dialog_prompts.h"
 #include "platform/qt_text.h"
-#include "platform/system_desktop.h"
 #include "platform/theme.h"
-#include "tour/sample_company.h"
+#include "tour/letterhead.h"
+#include "tour/quiet_desktop.h"
+#include "tour/stations.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QCalendarWidget>
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
-#include <QMenu>
-#include <QPainter>
 
 #include <algorithm>
 #include <cstdlib>
@@ -32,222 +29,6 @@ namespace {
 
 constexpr CivilDate kTourDay{2026, 3, 4};
 
-QString name(const char* text) {
-    return QString::fromLatin1(text);
-}
-
-class Tour {
-  public:
-    Tour(MainWindow& window, QString folder)
-        : window_(window), driver_(window), folder_(std::move(folder)) {
-        driver_.complain = [this](const QString& complaint) {
-            std::cerr << qPrintable(complaint) << std::endl;
-            complaints_ = true;
-        };
-    }
-
-    /// False when something was not as it should be.
-    bool run() {
-        window_.resize(1100, 760);
-        window_.activateWindow();
-        Driver::settle();
-        picture("01-first-start");
-        typeAddresses();
-        for (std::size_t i = 0; i < kOrders.size(); ++i)
-            writeOrder(kOrders[i], i == 8);
-        openAndChange();
-        copyOrder();
-        catalogue();
-        sizes();
-        return !complaints_ && driver_.allAnswered();
-    }
-
-    /// In a second office: takes the catalogue over.
-    bool takeOver() {
-        driver_.answer(name("It is strongly suggested"), QMessageBox::Ok);
-        driver_.chooseFile(catalogueFile());
-        driver_.onNextDialog([&](QWidget& dialog) {
-            pictureWith("14-imported", dialog);
-            qobject_cast<QMessageBox*>(&dialog)->button(QMessageBox::Ok)->click();
-        });
-        driver_.click(name("HideOrders"));
-        driver_.trigger(name("mu_ImportStockItems"));
-        return !complaints_ && driver_.allAnswered() &&
-               driver_.rows(name("StockGrid")) == static_cast<int>(kItems.size());
-    }
-
-  private:
-    QString catalogueFile() const { return folder_ + name("/catalogue.sid"); }
-
-    void typeAddresses() {
-        typeSide(kVendors, "ToCombo", "ToField", "ChangedVendor");
-        typeSide(kDestinations, "ShipToCombo", "ShipToField", "ChangedDest");
-    }
-
-    void typeSide(const std::vector<SampleAddress>& addresses, const char* nameBox,
-                  const char* addressBox, const char* save) {
-        for (const auto& address : addresses) {
-            driver_.type(name(nameBox), name(address.name));
-            driver_.type(name(addressBox), name(address.address));
-            driver_.click(name(save));
-        }
-    }
-
-    void writeOrder(const SampleOrder& order, bool withPictures) {
-        driver_.answer(name("Create blank new order ?"), QMessageBox::Yes);
-        driver_.click(name("NewPO"));
-        driver_.click(name(order.requisition ? "OptionRe" : "OptionPO"));
-        driver_.pick(name("ToCombo"), name(order.vendor));
-        driver_.pick(name("ShipToCombo"), name(order.shipTo));
-        const std::vector<std::pair<const char*, const char*>> boxes{
-            {"OrderDateEd", order.orderDate},
-            {"ShipDateEd", order.onSite},
-            {"JobNumberEd", order.job},
-            {"ByEd", order.by},
-            {"ShipViaEd", order.via},
-            {"FOBEd", order.fob},
-            {"TermsEd", order.terms},
-            {"CommentsEd", order.comments},
-            {"DiscountFactorEd", order.discountFactor},
-            {"TaxFactorEd", order.taxFactor},
-            {"ShippingEd", order.shipping},
-        };
-        for (const auto& [box, text] : boxes)
-            driver_.type(name(box), name(text));
-        if (withPictures) calendar();
-        for (std::size_t i = 0; i < order.lines.size(); ++i) {
-            addLine(order.lines[i], withPictures && i == 0);
-        }
-        if (order.received) driver_.click(name("MarkReceivedCheck"));
-        driver_.click(name("TotalUp"));
-        if (withPictures) {
-            picture("04-order");
-            lineMenu();
-        }
-        driver_.click(name("SaveChanges"));
-    }
-
-    void addLine(const SampleLine& line, bool withPicture) {
-        driver_.onNextDialog([&](QWidget& dialog) {
-            driver_.type(name("Text1"), name(line.description));
-            driver_.type(name("QEd"), name(line.quantity));
-            driver_.type(name("DescriptionUnitCombo"), name(line.unit));
-            driver_.type(name("UCEd"), name(line.unitCost));
-            if (withPicture) pictureWith("03-line", dialog);
-            driver_.click(name("Save"));
-        });
-        driver_.trigger(name("OrderPop_OneTime"));
-    }
-
-    void calendar() {
-        driver_.click(name("ShipDatePicker"));
-        QWidget* popup = driver_.control(name("MonthView1"))->parentWidget();
-        pictureWith("02-calendar", *popup);
-        popup->hide();
-    }
-
-    void lineMenu() {
-        driver_.clickCell(name("OrderGrid"), 1, 4, Qt::RightButton);
-        auto* menu = driver_.find<QMenu>(name("OrderPop"));
-        pictureWith("05-line-menu", *menu);
-        menu->close();
-    }
-
-    /// Opens an order from the list, changes it, and meets the question on the way to another.
-    void openAndChange() {
-        driver_.clickCell(name("POGrid"), 3, 3);
-        picture("06-saved-orders");
-        driver_.click(name("MarkReceivedCheck"));
-        driver_.onNextDialog([&](QWidget& dialog) {
-            pictureWith("07-save-question", dialog);
-            qobject_cast<QMessageBox*>(&dialog)->button(QMessageBox::Yes)->click();
-        });
-        driver_.clickCell(name("POGrid"), 2, 3);
-        driver_.clickHeading(name("POGrid"), 3);
-        picture("08-sorted-by-vendor");
-    }
-
-    void copyOrder() {
-        driver_.answer(name("Create new purchase order based on details"), QMessageBox::Yes);
-        driver_.click(name("Save_PO"));
-        picture("09-copy");
-    }
-
-    /// Types the catalogue, picks from it into a new order, and writes it out.
-    void catalogue() {
-        driver_.click(name("HideOrders"));
-        for (const auto& item : kItems) {
-            driver_.type(name("StockCatCombo"), name(item.category));
-            driver_.type(name("StockVendorCombo"), name(item.vendor));
-            driver_.type(name("StockUnitCombo"), name(item.unit));
-            driver_.type(name("StockDescriptionEd"), name(item.description));
-            driver_.type(name("StockUnitCostEd"), name(item.unitCost));
-            driver_.click(name("SaveNewStockItem"));
-        }
-        driver_.answer(name("Create blank new order ?"), QMessageBox::Yes);
-        driver_.click(name("NewPO"));
-        driver_.click(name("OptionPO"));
-        driver_.pick(name("ToCombo"), name("Eastgate Hardware Supply"));
-        driver_.pick(name("ShipToCombo"), name("Workshop"));
-        driver_.type(name("ByEd"), name("Tom Reed"));
-        driver_.type(name("TermsEd"), name("Net 30"));
-        driver_.click(name("VendorItemsCheck"));
-        for (const int row : {0, 3, 4, 0, 7, 0}) {
-            driver_.doubleClickCell(name("StockGrid"), row, 3);
-        }
-        picture("10-picking-stock-items");
-        driver_.clickCell(name("StockGrid"), 2, 3, Qt::RightButton);
-        auto* menu = driver_.find<QMenu>(name("itemspop"));
-        pictureWith("11-stock-menu", *menu);
-        menu->close();
-        driver_.click(name("SaveChanges"));
-        driver_.click(name("VendorItemsCheck"));
-        driver_.clickHeading(name("StockGrid"), 0);
-        picture("12-catalogue");
-        driver_.chooseFile(catalogueFile());
-        driver_.onNextDialog([&](QWidget& dialog) {
-            pictureWith("13-exported", dialog);
-            qobject_cast<QMessageBox*>(&dialog)->button(QMessageBox::Ok)->click();
-        });
-        driver_.trigger(name("mu_ExportStockItems"));
-        driver_.click(name("ViewExisting"));
-    }
-
-    void sizes() {
-        driver_.clickCell(name("POGrid"), 4, 3);
-        window_.resize(1024, 700);
-        picture("20-at-1024x700");
-        window_.resize(1920, 1040);
-        picture("21-maximised");
-    }
-
-    void picture(const char* file) { save(file, Driver::picture(window_)); }
-
-    /// The main window with another one in front of it.
-    void pictureWith(const char* file, QWidget& front) {
-        QPixmap whole = Driver::picture(window_);
-        const QPixmap above = Driver::picture(front);
-        QPainter painter(&whole);
-        const QPoint place = front.mapToGlobal(QPoint()) - window_.mapToGlobal(QPoint());
-        const QRect frame(place, front.size());
-        painter.fillRect(window_.rect(), QColor(0, 0, 0, 40));
-        painter.fillRect(frame.adjusted(-1, -1, 1, 1), borderColour());
-        painter.drawPixmap(place, above);
-        painter.end();
-        save(file, whole);
-    }
-
-    void save(const char* file, const QPixmap& picture) {
-        const QString path = folder_ + QLatin1Char('/') + name(file) + name(".png");
-        if (!picture.save(path)) driver_.complain(name("The picture was not saved: ") + path);
-    }
-
-    MainWindow& window_;
-    Driver driver_;
-    QString folder_;
-    bool complaints_ = false;
-};
-
 /// Starts the program in a home folder of its own and takes `road` through it.
 std::string inOffice(const QString& documents, const std::function<void(MainWindow&)>& road) {
     QDir(documents).removeRecursively();
@@ -255,7 +36,7 @@ std::string inOffice(const QString& documents, const std::function<void(MainWind
     DialogPrompts prompts;
     Waiting waiting;
     const Clock clock{[] { return *toDayCount(kTourDay); }, [&] { waiting.waitOneSecond(); }};
-    SystemDesktop desktop;
+    QuietDesktop desktop;
     Program program({desktop, pathFromQt(documents), RegionalFormats{}, clock,
                      [&](const FileError& error) { waiting.waitForFile(error); }},
                     prompts);
@@ -267,14 +48,50 @@ std::string inOffice(const QString& documents, const std::function<void(MainWind
     return program.folder.DataPath();
 }
 
-int runTour(const QString& folder) {
-    bool good = true;
-    QFile::remove(folder + name("/catalogue.sid"));
+bool drawArtwork(const QString& folder) {
+    QDir().mkpath(folder);
+    QFile file(folder + name("/larkfield.bmp"));
+    const QByteArray picture = letterhead();
+    return file.open(QIODevice::WriteOnly) && file.write(picture) == picture.size();
+}
+
+bool throughFirstOffice(MainWindow& window, const Album& album) {
+    Guide guide(window, album);
+    window.resize(1100, 760);
+    window.activateWindow();
+    Driver::settle();
+    guide.picture("01-first-start");
+    setUpCompany(guide);
+    typeAddresses(guide);
+    writeOrders(guide);
+    openAndChange(guide);
+    copyOrder(guide);
+    catalogue(guide, album.folder() + name("/catalogue.sid"));
+    longRequest(guide);
+    viewOrder(guide);
+    printPages(guide, album.folder());
+    exportOrders(guide, album.folder() + name("/orders.csv"));
+    readHelp(guide);
+    sizes(guide);
+    return guide.good();
+}
+
+bool throughSecondOffice(MainWindow& window, const Album& album) {
+    Guide guide(window, album);
+    takeOver(guide, album.folder() + name("/catalogue.sid"));
+    return guide.good();
+}
+
+int runTour(const Album& album) {
+    const QString& folder = album.folder();
+    for (const char* file : {"/catalogue.sid", "/orders.csv", "/request.pdf"})
+        QFile::remove(folder + name(file));
+    bool good = drawArtwork(folder + name("/artwork"));
     const std::string data = inOffice(folder + name("/documents"), [&](MainWindow& window) {
-        good = Tour(window, folder).run();
+        good = throughFirstOffice(window, album) && good;
     });
     inOffice(folder + name("/second-office"),
-             [&](MainWindow& window) { good = Tour(window, folder).takeOver() && good; });
+             [&](MainWindow& window) { good = throughSecondOffice(window, album) && good; });
     std::cout << "The pictures are in " << qPrintable(QDir(folder).absolutePath())
               << "\nThe sample company's data folder is " << data << std::endl;
     return good ? EXIT_SUCCESS : EXIT_FAILURE;
@@ -306,17 +123,25 @@ void chooseScreen(bool twice) {
 
 int main(int argc, char** argv) {
     using namespace bramblet;
-    tour::chooseScreen(std::find(argv, argv + argc, std::string("--twice")) != argv + argc);
+    using tour::name;
+    const auto has = [&](const char* option) {
+        return std::find(argv, argv + argc, std::string(option)) != argv + argc;
+    };
+    tour::chooseScreen(has("--twice") || has("--docs"));
     // The driver sees into Qt's dialogs only, not into the system's own.
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
-    QStringList arguments = QApplication::arguments().mid(1);
-    const bool dark = arguments.removeOne(QStringLiteral("--dark"));
-    arguments.removeOne(QStringLiteral("--twice"));
-    if (arguments.size() != 1) {
-        std::cerr << "usage: bramblet_tour [--dark] [--twice] FOLDER" << std::endl;
-        return 2;
-    }
-    applyTheme(application, dark ? Theme::Dark : Theme::Light);
-    return tour::runTour(QDir(arguments.first()).absolutePath());
+    QCommandLineParser parser;
+    parser.addPositionalArgument(name("FOLDER"), name("Gets the pictures."));
+    parser.addOption({name("dark"), name("Dark windows.")});
+    parser.addOption({name("twice"), name("Pictures at twice the scale.")});
+    parser.addOption({name("docs"), name("Make the documentation's pictures too."), name("DOCS")});
+    parser.process(application);
+    if (parser.positionalArguments().size() != 1) parser.showHelp(2);
+    applyTheme(application, parser.isSet(name("dark")) ? Theme::Dark : Theme::Light);
+    const auto absolute = [](const QString& path) {
+        return path.isEmpty() ? path : QDir(path).absolutePath();
+    };
+    return tour::runTour(
+        {absolute(parser.positionalArguments().first()), absolute(parser.value(name("docs")))});
 }

@@ -1,0 +1,99 @@
+#include "windows/desk.h"
+
+#include "platform/history_box.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QContextMenuEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTest>
+
+namespace bramblet::test {
+namespace {
+
+using S = QString;
+
+S name(const char* text) {
+    return S::fromLatin1(text);
+}
+
+class HistoryTest : public Desk {
+  protected:
+    void SetUp() override {
+        Desk::SetUp();
+        newOrder();
+        for (const char* by : {"Ann Smith", "Anna Jones", "Bob"}) {
+            driver->type(name("ByEd"), name(by));
+            driver->click(name("SaveChanges"));
+        }
+    }
+    HistoryBox* box(const char* boxName) { return driver->find<HistoryBox>(name(boxName)); }
+    QStringList listed(const char* boxName) {
+        QStringList entries;
+        for (int i = 0; i < box(boxName)->count(); ++i)
+            entries.append(box(boxName)->itemText(i));
+        return entries;
+    }
+    /// "Delete" of the menu that a right click on the box opens.
+    void deleteInMenu(const char* boxName) {
+        driver->press(name(boxName), Qt::Key_End);
+        QWidget* const edit = box(boxName)->lineEdit();
+        QContextMenuEvent click(QContextMenuEvent::Mouse, {4, 4}, edit->mapToGlobal(QPoint(4, 4)));
+        QApplication::sendEvent(edit, &click);
+        Driver::settle();
+        auto* menu = driver->find<QMenu>(name("EditPop"));
+        menu->findChild<QAction*>(name("EditPop_Delete"))->trigger();
+        menu->close();
+        Driver::settle();
+    }
+};
+
+TEST_F(HistoryTest, TheListOffersWhatWasEnteredAndTypingIsNeverReplaced) {
+    EXPECT_EQ(listed("ByEd"), (QStringList{name("Ann Smith"), name("Anna Jones"), name("Bob")}));
+    driver->type(name("ByEd"), name("ann"));
+    EXPECT_EQ(driver->text(name("ByEd")), name("ann"));
+    EXPECT_EQ(box("ByEd")->completer()->completionCount(), 2);
+    driver->pick(name("ByEd"), name("Anna Jones"));
+    EXPECT_EQ(program->open.order.ByEd, "Anna Jones");
+    EXPECT_TRUE(program->open.OrderDirty);
+}
+
+TEST_F(HistoryTest, DeleteInTheMenuForgetsTheValueShown) {
+    deleteInMenu("ByEd");
+    EXPECT_EQ(driver->text(name("ByEd")), S());
+    EXPECT_EQ(listed("ByEd"), (QStringList{name("Ann Smith"), name("Anna Jones")}));
+}
+
+TEST_F(HistoryTest, ShiftDeleteForgetsTheValueShownOrPointedAt) {
+    driver->press(name("ByEd"), Qt::Key_Delete, Qt::ShiftModifier);
+    EXPECT_EQ(driver->text(name("ByEd")), S());
+    driver->type(name("ByEd"), name("Carl"));
+    box("ByEd")->showPopup();
+    Driver::settle();
+    box("ByEd")->view()->setCurrentIndex(box("ByEd")->model()->index(0, 0));
+    QTest::keyClick(box("ByEd")->view(), Qt::Key_Delete, Qt::ShiftModifier);
+    box("ByEd")->hidePopup();
+    Driver::settle();
+    EXPECT_EQ(driver->text(name("ByEd")), name("Carl"));
+    EXPECT_EQ(listed("ByEd"), (QStringList{name("Anna Jones"), name("Carl")}));
+}
+
+TEST_F(HistoryTest, InAnAddressBoxItDeletesTheAddress) {
+    driver->type(name("ToCombo"), name("Acme"));
+    driver->click(name("ChangedVendor"));
+    EXPECT_EQ(listed("ToCombo"), QStringList{name("Acme")});
+    deleteInMenu("ToCombo");
+    EXPECT_EQ(listed("ToCombo"), QStringList());
+    EXPECT_EQ(program->open.order.ToCombo, "");
+}
+
+TEST_F(HistoryTest, OpeningTheListMarksTheOrder) {
+    EXPECT_FALSE(program->open.OrderDirty);
+    box("TermsEd")->showPopup();
+    EXPECT_TRUE(program->open.OrderDirty);
+    box("TermsEd")->hidePopup();
+}
+
+}  // namespace
+}  // namespace bramblet::test

@@ -1,0 +1,17 @@
+// The desktop that the tour runs on: it opens nothing, so that no program of the machine starts.
+#pragma once
+
+#include "platform/desktop.h"
+
+namespace bramblet::tour {
+
+class QuietDesktop : public Desktop {
+  public:
+    std::string programFor(const std::string&) override { return "browser"; }
+    bool openWith(const std::string&, const std::string&) override { return true; }
+    bool open(const std::string&) override { return true; }
+    MailResult compose(const Mail&) override { return MailResult::HandedOver; }
+    bool openHelpFile(const std::string&) override { return false; }
+};
+
+}  // namespace bramblet::tour

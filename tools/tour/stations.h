@@ -1,0 +1,31 @@
+// The stations of the tour, in the order in which they are visited.
+#pragma once
+
+#include "tour/guide.h"
+
+namespace bramblet::tour {
+
+/// Chooses the letterhead, which lies in `artwork`, and gives the company's name and address.
+void setUpCompany(Guide& guide);
+void typeAddresses(Guide& guide);
+void writeOrders(Guide& guide);
+/// Opens an order from the list, changes it, and meets the question on the way to another.
+void openAndChange(Guide& guide);
+void copyOrder(Guide& guide);
+/// Types the catalogue, picks from it into a new order, and writes it out to `file`.
+void catalogue(Guide& guide, const QString& file);
+/// Asks for a quote for a whole list of items.
+void longRequest(Guide& guide);
+void sizes(Guide& guide);
+
+/// Shows an order as it is printed, changes its look and changes it back.
+void viewOrder(Guide& guide);
+/// Looks at the pages of the long request, and saves it as a PDF in `folder`.
+void printPages(Guide& guide, const QString& folder);
+void exportOrders(Guide& guide, const QString& file);
+void readHelp(Guide& guide);
+
+/// In a second office: takes the catalogue over from `file`.
+void takeOver(Guide& guide, const QString& file);
+
+}  // namespace bramblet::tour
