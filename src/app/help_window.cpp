@@ -1,5 +1,6 @@
 #include "app/help_window.h"
 
+#include "platform/placement.h"
 #include "platform/qt_text.h"
 
 #include <QAction>
@@ -8,7 +9,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
-#include <QScreen>
 #include <QScrollBar>
 #include <QSplitter>
 #include <QTextBrowser>
@@ -145,7 +145,7 @@ HelpWindow::HelpWindow(QWidget* parent) : QMainWindow(parent) {
     connect(search_, &QLineEdit::returnPressed, this, &HelpWindow::findNext);
     connect(text_, &QTextBrowser::anchorClicked, this, &HelpWindow::follow);
     makeShortcuts();
-    resize(QSize(1000, 760).boundedTo(screen()->availableGeometry().size() - QSize(40, 60)));
+    placeOverParent(*this, QSize(1000, 760));
     listPages();
     pages_->setCurrentRow(0);
 }

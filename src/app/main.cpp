@@ -10,6 +10,7 @@
 #include "platform/waiting.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QStandardPaths>
 
 int main(int argc, char** argv) {
@@ -17,6 +18,11 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Bramblet"));
     applyTheme(application, systemTheme());
+#ifndef _WIN32
+    // Windows takes the icon from the executable; elsewhere it is installed beside the program.
+    QApplication::setDesktopFileName(QStringLiteral("bramblet"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("bramblet")));
+#endif
 
     Waiting waiting;
     DialogPrompts prompts;

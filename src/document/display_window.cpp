@@ -3,6 +3,7 @@
 #include "platform/boxes.h"
 #include "platform/file_system.h"
 #include "platform/icons.h"
+#include "platform/placement.h"
 #include "platform/qt_text.h"
 
 #include <QBuffer>
@@ -13,7 +14,6 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QScreen>
 #include <QScrollBar>
 #include <QTextBrowser>
 #include <QWheelEvent>
@@ -93,8 +93,7 @@ DisplayWindow::DisplayWindow(OrderViewer& viewer, Prompts& prompts, QWidget* par
     setCentralWidget(content);
     makeMenus();
 
-    const QSize available = screen()->availableGeometry().size();
-    resize(QSize(1000, 900).boundedTo(available - QSize(40, 60)));
+    placeOverParent(*this, QSize(1000, 900));
     navigate();
 }
 

@@ -138,11 +138,16 @@ void FileSystem::rename(const std::string& from, const std::string& to) const {
 }
 
 void FileSystem::createFolders(const std::string& path) const {
-    for (auto separator = path.find(kFolderSeparator, 1); separator != std::string::npos;
-         separator = path.find(kFolderSeparator, separator + 1)) {
-        const std::string folder = path.substr(0, separator);
-        if (!os::exists(folder)) run([&] { os::createFolder(folder); });
+    // Only what is missing is asked for: a drive or the name of a server cannot be created.
+    std::vector<std::string> missing;
+    for (auto end = path.rfind(kFolderSeparator); end != std::string::npos && end > 0;
+         end = path.rfind(kFolderSeparator, end - 1)) {
+        const std::string folder = path.substr(0, end);
+        if (os::exists(folder)) break;
+        missing.push_back(folder);
     }
+    for (auto folder = missing.rbegin(); folder != missing.rend(); ++folder)
+        run([&] { os::createFolder(*folder); });
 }
 
 std::vector<std::string> FileSystem::fileNames(const std::string& folder) const {

@@ -53,8 +53,8 @@ FaultNumber faultOf(int error, const std::string& path) {
     }
 }
 
-[[noreturn]] void fail(const std::string& path) {
-    throw FileError(faultOf(errno, path), path);
+[[noreturn]] void fail(const std::string& path, int error = errno) {
+    throw FileError(faultOf(error, path), path);
 }
 
 int flagsOf(Open how) {
@@ -208,7 +208,9 @@ void rename(const std::string& from, const std::string& to) {
 }
 
 void createFolder(const std::string& path) {
-    if (::mkdir(pathToUtf8(path).c_str(), 0777) != 0 && !isFolder(path)) fail(path);
+    if (::mkdir(pathToUtf8(path).c_str(), 0777) == 0) return;
+    const int error = errno;
+    if (!isFolder(path)) fail(path, error);
 }
 
 std::vector<std::string> fileNames(const std::string& folder) {

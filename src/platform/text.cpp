@@ -9,6 +9,12 @@
 namespace bramblet {
 namespace {
 
+#ifdef _WIN32
+constexpr std::string_view kPathSeparators = "\\/";
+#else
+constexpr std::string_view kPathSeparators = "/";
+#endif
+
 std::string withoutEnds(std::string_view text, std::string_view dropped) {
     const auto first = text.find_first_not_of(dropped);
     if (first == std::string_view::npos) return {};
@@ -178,10 +184,10 @@ std::string pathFromUnicode(std::u16string_view text) {
 std::string pathToUtf8(std::string_view path) {
     std::string out;
     for (;;) {
-        const auto separator = path.find('/');
+        const auto separator = path.find_first_of(kPathSeparators);
         out += utf8Of(pathToUnicode(path.substr(0, separator)));
         if (separator == std::string_view::npos) return out;
-        out.push_back('/');
+        out.push_back(path[separator]);
         path.remove_prefix(separator + 1);
     }
 }

@@ -107,12 +107,6 @@ class RoomyStyle : public QProxyStyle {
 
 }  // namespace
 
-Theme systemTheme() {
-    const QPalette palette = QApplication::palette();
-    const bool darkWindows = palette.color(QPalette::Window).lightness() < 128;
-    return darkWindows ? Theme::Dark : Theme::Light;
-}
-
 void applyTheme(QApplication& application, Theme theme) {
     QApplication::setStyle(new RoomyStyle);
     QApplication::setPalette(paletteOf(theme == Theme::Dark ? kDark : kLight));

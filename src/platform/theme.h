@@ -8,7 +8,7 @@ namespace bramblet {
 
 enum class Theme { Light, Dark };
 
-/// Dark when the system's own windows are dark.
+/// Dark when the system's own windows are dark, or the user has asked for dark programs.
 Theme systemTheme();
 
 /// Gives the application its style and colours.

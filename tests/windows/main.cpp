@@ -7,7 +7,10 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
+#ifndef _WIN32
     qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     bramblet::applyTheme(application, bramblet::Theme::Light);
     testing::InitGoogleTest(&argc, argv);

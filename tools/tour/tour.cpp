@@ -97,8 +97,14 @@ int runTour(const Album& album) {
     return good ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
+#ifdef _WIN32
+/// The windows come up on the real screen, which has to be large enough for every picture.
+void chooseScreen(bool twice) {
+    if (twice) qputenv("QT_SCALE_FACTOR", "2");
+}
+#else
 /// Chooses a screen in memory that is large enough for every picture.
-void chooseOffscreen(bool twice) {
+void chooseScreen(bool twice) {
     if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
     const QString file = QDir::tempPath() + name("/bramblet-tour-screen.json");
     QFile screen(file);
@@ -110,6 +116,7 @@ void chooseOffscreen(bool twice) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file));
     if (twice) qputenv("QT_SCALE_FACTOR", "2");
 }
+#endif
 
 }  // namespace
 }  // namespace bramblet::tour
@@ -117,12 +124,12 @@ void chooseOffscreen(bool twice) {
 int main(int argc, char** argv) {
     using namespace bramblet;
     using tour::name;
-#ifndef _WIN32
     const auto has = [&](const char* option) {
         return std::find(argv, argv + argc, std::string(option)) != argv + argc;
     };
-    tour::chooseOffscreen(has("--twice") || has("--docs"));
-#endif
+    tour::chooseScreen(has("--twice") || has("--docs"));
+    // The driver sees into Qt's dialogs only, not into the system's own.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addPositionalArgument(name("FOLDER"), name("Gets the pictures."));

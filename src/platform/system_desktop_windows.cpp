@@ -1,0 +1,77 @@
+#include "platform/simple_mapi_windows.h"
+#include "platform/system_desktop.h"
+#include "platform/text.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QWidget>
+
+#include <array>
+#include <windows.h>
+// After windows.h, whose types it uses.
+#include <shellapi.h>
+
+namespace bramblet {
+namespace {
+
+std::wstring wide(const std::string& path) {
+    return QString::fromStdString(pathToUtf8(path)).toStdWString();
+}
+
+std::wstring quoted(const std::wstring& text) {
+    return L'"' + text + L'"';
+}
+
+/// Starts a program, or opens a file with the one that belongs to it, in a normal window.
+bool shellOpen(const std::wstring& what, const std::wstring& parameters) {
+    constexpr INT_PTR kLastFault = 32;  // the shell answers with a number up to this on failure
+    const HINSTANCE result =
+        ::ShellExecuteW(nullptr, L"open", what.c_str(),
+                        parameters.empty() ? nullptr : parameters.c_str(), nullptr, SW_SHOWNORMAL);
+    return reinterpret_cast<INT_PTR>(result) > kLastFault;
+}
+
+HWND activeWindow() {
+    const QWidget* const window = QApplication::activeWindow();
+    return window != nullptr ? reinterpret_cast<HWND>(window->winId()) : nullptr;
+}
+
+}  // namespace
+
+std::string SystemDesktop::programFor(const std::string& path) {
+    constexpr INT_PTR kLastFault = 32;
+    std::array<wchar_t, MAX_PATH + 1> program{};
+    const HINSTANCE result = ::FindExecutableW(wide(path).c_str(), nullptr, program.data());
+    if (reinterpret_cast<INT_PTR>(result) <= kLastFault) return {};
+    return pathFromUnicode(QString::fromWCharArray(program.data()).trimmed().toStdU16String());
+}
+
+bool SystemDesktop::openWith(const std::string& program, const std::string& target) {
+    return shellOpen(wide(program), quoted(wide(target)));
+}
+
+bool SystemDesktop::open(const std::string& path) {
+    return shellOpen(wide(path), {});
+}
+
+MailResult SystemDesktop::compose(const Mail& mail) {
+    std::vector<std::wstring> attachments;
+    for (const auto& path : mail.attachments)
+        attachments.push_back(wide(path));
+    return composeBySimpleMapi(mail, attachments, activeWindow());
+}
+
+bool SystemDesktop::openHelpFile(const std::string& path) {
+    // Current systems carry a stub of this name, which only says on a web page that there is no
+    // viewer. It is a tenth of the real one's size.
+    constexpr qint64 kSmallestViewer = 64 * 1024;
+    std::array<wchar_t, MAX_PATH + 1> viewer{};
+    const DWORD length = ::SearchPathW(nullptr, L"WINHLP32.EXE", nullptr,
+                                       static_cast<DWORD>(viewer.size()), viewer.data(), nullptr);
+    if (length == 0 || length >= viewer.size()) return false;
+    if (QFileInfo(QString::fromWCharArray(viewer.data())).size() < kSmallestViewer) return false;
+    return shellOpen(viewer.data(), quoted(wide(path)));
+}
+
+}  // namespace bramblet
