@@ -18,7 +18,7 @@ class BackupTest : public Office {
             FileSystem().remove(data(name));
     }
     Backup& backup() { return program().backup; }
-    std::string target() const { return documents / "safe/"; }
+    std::string target() const { return withSeparator(documents / "safe"); }
     void openWith(Backup::Kind kind, const std::string& target) {
         backup().open(kind);
         backup().BackUpTarget = target;
@@ -100,10 +100,13 @@ TEST_F(BackupTest, TheFoldersThatTheWindowsStartWith) {
 }
 
 TEST_F(BackupTest, AFolderIsNeverCopiedIntoItself) {
+    std::vector<std::string> folders{program().folder.DataPath(),
+                                     " " + upper(program().folder.DataPath()) + " "};
+#ifndef _WIN32
     std::filesystem::create_directory_symlink(program().folder.DataPath(), documents / "link");
-    for (const std::string& folder :
-         {program().folder.DataPath(), " " + upper(program().folder.DataPath()) + " ",
-          documents / "link"}) {
+    folders.push_back(documents / "link");
+#endif
+    for (const std::string& folder : folders) {
         prompts.expect(same);
         EXPECT_TRUE(failingBackup(folder)) << folder;
     }
@@ -138,7 +141,7 @@ TEST_F(BackupTest, AnErrorEndsTheRunAndLeavesNoHalfFile) {
     EXPECT_FALSE(backup().running());
 
     expectError("Path not found", "76");
-    EXPECT_TRUE(failingBackup(documents / "nowhere/"));
+    EXPECT_TRUE(failingBackup(documents / "nowhere"));
 }
 
 TEST_F(BackupTest, ARunStopsBeforeTheNextFile) {
