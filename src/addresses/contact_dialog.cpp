@@ -13,7 +13,6 @@ ContactDialog::ContactDialog(ContactImport& import, QWidget* parent)
     : QDialog(parent), import_(import) {
     setObjectName(QStringLiteral("AddyForm"));
     setWindowTitle(tr("Bramblet - Kettleby Import"));
-    import_.reset();
 
     auto* explanation = new QLabel(
         tr("In Kettleby, export the contacts that you want to a data file. Select that file here, "

@@ -45,7 +45,13 @@ NameAndAddress addressOf(std::string_view contact) {
 
 ContactImport::ContactImport(const FileSystem& files, const DataFolder& folder,
                              AddressBook& addresses, Prompts& prompts)
-    : files_(files), folder_(folder), addresses_(addresses), prompts_(prompts) {}
+    : files_(files.withoutRetry()), folder_(folder), addresses_(addresses), prompts_(prompts) {}
+
+void ContactImport::mu_ImportKettleby_Click() {
+    if (!folder_.available(prompts_)) return;
+    chosenFile_.clear();
+    showDialog();
+}
 
 void ContactImport::Command1_Click() {
     const auto path = prompts_.chooseFileToOpen(
@@ -72,9 +78,10 @@ void ContactImport::import(const std::string& kind) {
     std::vector<NameAndAddress> entries;
     std::uint64_t count = 0;
     try {
+        count = contactCount(files_.status(chosenFile_).length);
+        if (count > static_cast<std::uint64_t>(kMostRecords)) throw Fault(FaultNumber::Overflow);
         const std::string content = files_.read(chosenFile_);
         count = contactCount(content.size());
-        if (count > static_cast<std::uint64_t>(kMostRecords)) throw Fault(FaultNumber::Overflow);
         for (std::uint64_t i = 0; i < count; ++i) {
             const std::string_view rest = std::string_view(content).substr(i * kContactSize);
             auto entry = addressOf(rest.substr(0, kContactSize));

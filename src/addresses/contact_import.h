@@ -3,6 +3,7 @@
 
 #include "addresses/address_book.h"
 
+#include <functional>
 #include <string>
 
 namespace bramblet {
@@ -17,8 +18,9 @@ class ContactImport {
     /// Whether the two import buttons are enabled.
     bool importEnabled() const { return !chosenFile_.empty(); }
 
-    /// For an opening dialog: no file is chosen.
-    void reset() { chosenFile_.clear(); }
+    /// Shows the dialog.
+    std::function<void()> showDialog = [] {};
+    void mu_ImportKettleby_Click();
 
     /// "Select Kettleby Data File"
     void Command1_Click();
@@ -28,7 +30,7 @@ class ContactImport {
   private:
     void import(const std::string& kind);
 
-    const FileSystem& files_;
+    FileSystem files_;  ///< for the file that the user chooses: it is not waited for
     const DataFolder& folder_;
     AddressBook& addresses_;
     Prompts& prompts_;

@@ -30,13 +30,17 @@ std::string Browser::findBrowser() const {
     const std::string page = home_ + "junk.HTM";
     try {
         files_.replace(page, "<HTML> <\\HTML>\r\n");
-        const std::string browser = desktop_.programFor(page);
-        files_.remove(page);
-        return browser;
     } catch (const FileError& error) {
         prompts_.say("The browser was not looked for: " + error.inWords());
         return {};
     }
+    const std::string browser = desktop_.programFor(page);
+    try {
+        files_.remove(page);
+    } catch (const FileError& error) {
+        prompts_.say("The file " + page + " was left behind: " + error.inWords());
+    }
+    return browser;
 }
 
 }  // namespace bramblet

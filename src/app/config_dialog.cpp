@@ -88,22 +88,22 @@ QGroupBox* ConfigDialog::makeForm() {
                               &SettingsEditor::SelectFont_Click));
     fontRow->addWidget(button("DefaultFont", tr("Default"), tr("Default font"),
                               &SettingsEditor::DefaultFont_Click));
-    form->addRow(tr("Font"), fontRow);
+    form->addRow(boxLabel(tr("Font"), font), fontRow);
     using S = SettingsEditor;
     const QString less = tr("-");
     const QString more = tr("+");
     const QString usual = tr("Default");
-    addStepper(form, tr("Over-all width of form"), textBox("WidthEd", 0, &SettingsBoxes::WidthEd),
+    addStepper(form, tr("Over-all &width of form"), textBox("WidthEd", 0, &SettingsBoxes::WidthEd),
                {button("WidthLess", less, tr("Narrower by 5"), &S::WidthLess_Click),
                 button("WidthMore", more, tr("Wider by 5"), &S::WidthMore_Click),
                 button("WidthDefault", usual, tr("Default width"), &S::WidthDefault_Click)});
     addStepper(
-        form, tr("Bottom of form spacing"),
+        form, tr("&Bottom of form spacing"),
         textBox("SigLineSpaceEd", 0, &SettingsBoxes::SigLineSpaceEd),
         {button("SigLess", less, tr("One row less"), &S::SigLess_Click),
          button("SigMore", more, tr("One row more"), &S::SigMore_Click),
          button("SigLineSpaceDefault", usual, tr("Default space"), &S::SigLineSpaceDefault_Click)});
-    addStepper(form, tr("Characters in description lines"),
+    addStepper(form, tr("&Characters in description lines"),
                textBox("DescriptionLineEd", 0, &SettingsBoxes::DescriptionLineEd),
                {button("DesLess", less, tr("Five characters less"), &S::DesLess_Click),
                 button("DesMore", more, tr("Five characters more"), &S::DesMore_Click),
@@ -133,7 +133,7 @@ QGroupBox* ConfigDialog::makeOrders() {
     prefixRow->addWidget(prefix);
     prefixRow->addWidget(new QLabel(tr("(10 chr. max)")));
     prefixRow->addStretch(1);
-    form->addRow(tr("Bramblet Number Prefix"), prefixRow);
+    form->addRow(boxLabel(tr("Bramblet Number &Prefix"), prefix), prefixRow);
     auto* folder = textBox("DataDirectoryEd", 300, &SettingsBoxes::DataDirectoryEd);
     folder->setToolTip(tr("Data Directory"));
     auto* folderRow = new QHBoxLayout;
@@ -141,7 +141,7 @@ QGroupBox* ConfigDialog::makeOrders() {
     folderRow->addWidget(button("SelectDataDirectory", tr("Select ..."),
                                 tr("Select a data directory"),
                                 &SettingsEditor::SelectDataDirectory_Click));
-    form->addRow(tr("Data Directory"), folderRow);
+    form->addRow(boxLabel(tr("&Data Directory"), folder), folderRow);
     form->addRow(checkBox("UseQuantitiesCheck",
                           tr("Use \"On &Hand\" column in stock items listing"),
                           &SettingsBoxes::UseQuantitiesCheck));
@@ -218,7 +218,7 @@ void ConfigDialog::addStepper(QFormLayout* form, const QString& label, QLineEdit
                               const std::array<QPushButton*, 3>& buttons) {
     box->setAlignment(Qt::AlignRight);
     box->setFixedWidth(fontMetrics().averageCharWidth() * 10);
-    box->setToolTip(label);
+    box->setToolTip(QString(label).remove(QLatin1Char('&')));
     auto* row = new QHBoxLayout;
     row->addWidget(box);
     for (QPushButton* step : {buttons[0], buttons[1]}) {
@@ -228,7 +228,7 @@ void ConfigDialog::addStepper(QFormLayout* form, const QString& label, QLineEdit
     }
     row->addStretch(1);
     row->addWidget(buttons[2]);
-    form->addRow(label, row);
+    form->addRow(boxLabel(label, box), row);
 }
 
 void ConfigDialog::chooseGraphic() {

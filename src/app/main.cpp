@@ -11,11 +11,34 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QMessageBox>
 #include <QStandardPaths>
+
+namespace {
+
+/// Whatever a command meets that nobody foresaw ends the command, not the program and with it an
+/// order that is not saved yet.
+class Application : public QApplication {
+  public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            QMessageBox::critical(
+                activeWindow(), QStringLiteral("Bramblet"),
+                tr("This could not be done: %1").arg(QString::fromLocal8Bit(error.what())));
+            return false;
+        }
+    }
+};
+
+}  // namespace
 
 int main(int argc, char** argv) {
     using namespace bramblet;
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Bramblet"));
     applyTheme(application, systemTheme());
 #ifndef _WIN32

@@ -1,10 +1,12 @@
 #include "app/main_window.h"
 
+#include "addresses/contact_dialog.h"
 #include "app/config_dialog.h"
 #include "app/help_window.h"
 #include "app/lists_panel.h"
 #include "app/main_menu.h"
 #include "app/window_place.h"
+#include "backup/backup_dialog.h"
 #include "document/display_window.h"
 #include "document/totals_panel.h"
 #include "orders/lines_panel.h"
@@ -57,6 +59,8 @@ MainWindow::~MainWindow() {
     program_.lines.showDialog = nullptr;
     program_.viewer.showViewer = [] {};
     program_.browser.showHelp = [] {};
+    program_.contactImport.showDialog = [] {};
+    program_.backup.showWindow = [](Backup::Kind) {};
     prompts_.showLine = [](const std::string&, bool) {};
     prompts_.setParent(nullptr);
     waiting_.setNotice({});
@@ -150,7 +154,8 @@ void MainWindow::makeStatusBar() {
 }
 
 void MainWindow::showViewer() {
-    auto* viewer = new DisplayWindow(program_.viewer, prompts_, this);
+    auto* viewer = new DisplayWindow(program_.viewer, this);
+    viewer_ = viewer;
     viewer->runBrowser = [this](const std::string& target) { program_.browser.RunBrowser(target); };
     viewer->openConfiguration = [this, viewer](std::function<void()> rewrite) {
         openConfiguration(std::move(rewrite), viewer);
@@ -179,12 +184,24 @@ void MainWindow::showHelp() {
     help_->activateWindow();
 }
 
+/// In the status bar, and in the viewer's while that stands in front.
+void MainWindow::showLine(const QString& line) {
+    statusBar()->showMessage(line);
+    if (viewer_ != nullptr) viewer_->statusBar()->showMessage(line);
+}
+
 void MainWindow::watchCore() {
     program_.viewer.showViewer = [this] { showViewer(); };
     program_.browser.showHelp = [this] { showHelp(); };
+    program_.contactImport.showDialog = [this] {
+        ContactDialog(program_.contactImport, this).exec();
+    };
+    program_.backup.showWindow = [this](Backup::Kind kind) {
+        BackupDialog(program_.backup, kind, this).exec();
+    };
     prompts_.setParent(this);
     prompts_.showLine = [this](const std::string& line, bool lasting) {
-        statusBar()->showMessage(pathToQt(line));
+        showLine(pathToQt(line));
         doneLine_ = lasting ? QString() : statusBar()->currentMessage();
     };
     program_.open.onChange = [this] { refresh(); };
@@ -196,12 +213,12 @@ void MainWindow::watchCore() {
     };
     const auto show = [this](const std::string& line) {
         waitingLine_ = pathToQt(line);
-        statusBar()->showMessage(waitingLine_);
+        showLine(waitingLine_);
         stopWaiting_->show();
     };
     const auto hide = [this] {
         // What the operation said when it ended stays.
-        if (statusBar()->currentMessage() == waitingLine_) statusBar()->clearMessage();
+        if (statusBar()->currentMessage() == waitingLine_) showLine({});
         stopWaiting_->hide();
     };
     waiting_.setNotice({show, hide, stopWaiting_});

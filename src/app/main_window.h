@@ -12,6 +12,7 @@ class QToolButton;
 namespace bramblet {
 
 class DialogPrompts;
+class DisplayWindow;
 class HelpWindow;
 class LinesPanel;
 class ListsPanel;
@@ -34,6 +35,7 @@ class MainWindow : public QMainWindow {
     QWidget* makeLinesBand();
     void makeStatusBar();
     void showViewer();
+    void showLine(const QString& line);
     /// Opens the settings dialog; `rewrite` when it is opened from the viewer.
     void openConfiguration(std::function<void()> rewrite, QWidget* above);
     void showHelp();
@@ -52,6 +54,7 @@ class MainWindow : public QMainWindow {
     QToolButton* saveButton_;
     QToolButton* copyButton_;
     QPointer<HelpWindow> help_;
+    QPointer<DisplayWindow> viewer_;
     QString waitingLine_;
     QString doneLine_;
 };

@@ -2,7 +2,6 @@
 
 #include "platform/boxes.h"
 #include "platform/qt_text.h"
-#include "platform/text.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -16,19 +15,6 @@
 namespace bramblet {
 namespace {
 
-constexpr std::array<std::string_view, 5> kEndings{".GIF", ".JPG", ".JPEG", ".BMP", ".PNG"};
-
-bool isPicture(const std::string& name) {
-    const std::string wanted = upper(name);
-    return std::any_of(kEndings.begin(), kEndings.end(),
-                       [&](std::string_view ending) { return wanted.ends_with(ending); });
-}
-
-std::string parentOf(const std::string& folder) {
-    const auto separator = folder.find_last_of(kFolderSeparator, folder.size() - 2);
-    return separator == std::string::npos ? folder : folder.substr(0, separator + 1);
-}
-
 QListWidget* list(const char* name, const QString& accessibleName) {
     auto* list = new QListWidget;
     list->setObjectName(QLatin1String(name));
@@ -37,10 +23,17 @@ QListWidget* list(const char* name, const QString& accessibleName) {
     return list;
 }
 
+void fill(QListWidget* list, const std::vector<std::string>& names) {
+    const QSignalBlocker quiet(list);
+    list->clear();
+    for (const auto& name : names)
+        list->addItem(pathToQt(name));
+}
+
 }  // namespace
 
-PictureDialog::PictureDialog(FileSystem files, const std::string& folder, QWidget* parent)
-    : QDialog(parent), files_(files.withoutRetry()) {
+PictureDialog::PictureDialog(const FileSystem& files, const std::string& folder, QWidget* parent)
+    : QDialog(parent), folder_(files) {
     setObjectName(QStringLiteral("SelectPicForm"));
     setWindowTitle(tr("Graphic Selector"));
     drives_ = new QComboBox;
@@ -49,7 +42,7 @@ PictureDialog::PictureDialog(FileSystem files, const std::string& folder, QWidge
     for (const QFileInfo& drive : QDir::drives()) {
         drives_->addItem(QDir::toNativeSeparators(drive.absoluteFilePath()));
     }
-    drives_->addItem(QDir::toNativeSeparators(QDir::homePath()));
+    drives_->addItem(pathToQt(withSeparator(pathFromQt(QDir::homePath()))));
     folders_ = list("Dir1", tr("Folders"));
     pictures_ = list("File1", tr("Pictures"));
     preview_ = new QLabel;
@@ -69,10 +62,10 @@ PictureDialog::PictureDialog(FileSystem files, const std::string& folder, QWidge
     connect(drives_, &QComboBox::activated, this,
             [this] { goTo(withSeparator(pathFromQt(drives_->currentText()))); });
     connect(folders_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
-        const std::string chosen = pathFromQt(item->text());
-        goTo(chosen == ".." ? parentOf(folder_) : withSeparator(folder_ + chosen));
+        folder_.enter(pathFromQt(item->text()));
+        showFolder();
     });
-    connect(pictures_, &QListWidget::currentItemChanged, this, &PictureDialog::showPicture);
+    connect(pictures_, &QListWidget::currentItemChanged, this, &PictureDialog::loadPicture);
     connect(pictures_, &QListWidget::itemActivated, this, &PictureDialog::choose);
     connect(take_, &QPushButton::clicked, this, &PictureDialog::choose);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -110,65 +103,57 @@ PictureDialog::PictureDialog(FileSystem files, const std::string& folder, QWidge
 }
 
 void PictureDialog::goTo(const std::string& folder) {
-    folder_ = folder;
-    place_->setText(pathToQt(folder_));
-    place_->setToolTip(pathToQt(folder_));
-    fillFolders();
-    fillFiles();
+    folder_.goTo(folder);
+    showFolder();
+}
+
+void PictureDialog::showFolder() {
+    place_->setText(pathToQt(folder_.path()));
+    place_->setToolTip(pathToQt(folder_.path()));
+    showDrive();
+    fill(folders_, folder_.folders());
+    fill(pictures_, folder_.pictures());
+    loadPicture();
+}
+
+/// The drive, or the folder among the drives, that the folder shown lies under.
+void PictureDialog::showDrive() {
+    int best = -1;
+    for (int i = 0; i < drives_->count(); ++i) {
+        const bool under = place_->text().startsWith(drives_->itemText(i), Qt::CaseInsensitive);
+        const bool longer =
+            best < 0 || drives_->itemText(i).size() > drives_->itemText(best).size();
+        if (under && longer) best = i;
+    }
+    drives_->setCurrentIndex(best);
+}
+
+void PictureDialog::loadPicture() {
+    const auto* item = pictures_->currentItem();
+    image_ = QImage();
+    pictureCaption_ = pathToQt(folder_.trouble());
+    if (item != nullptr) {
+        try {
+            const std::string bytes = folder_.read(pathFromQt(item->text()));
+            image_ = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
+                                      static_cast<int>(bytes.size()));
+            pictureCaption_ = image_.isNull() ? tr("This picture cannot be shown.") : item->text();
+        } catch (const FileError& error) {
+            pictureCaption_ = pathToQt(error.inWords());
+        }
+    }
+    take_->setEnabled(item != nullptr);
     showPicture();
 }
 
-void PictureDialog::fillFolders() {
-    folders_->clear();
-    if (parentOf(folder_) != folder_) folders_->addItem(QStringLiteral(".."));
-    QStringList names;
-    try {
-        for (const auto& name : files_.folderNames(folder_))
-            names.append(pathToQt(name));
-    } catch (const FileError& error) {
-        caption_->setText(pathToQt(error.inWords()));
-    }
-    names.removeIf([](const QString& name) { return name.startsWith(QLatin1Char('.')); });
-    names.sort(Qt::CaseInsensitive);
-    folders_->addItems(names);
-}
-
-void PictureDialog::fillFiles() {
-    const QSignalBlocker quiet(pictures_);
-    pictures_->clear();
-    QStringList names;
-    try {
-        for (const auto& name : files_.fileNames(folder_)) {
-            if (isPicture(name)) names.append(pathToQt(name));
-        }
-    } catch (const FileError&) {
-        return;  // the list of folders has told
-    }
-    names.sort(Qt::CaseInsensitive);
-    pictures_->addItems(names);
-}
-
+/// Shows the picture, made smaller where there is no room for it as it is.
 void PictureDialog::showPicture() {
-    const auto* item = pictures_->currentItem();
-    image_ = QImage();
-    QString caption;
-    if (item != nullptr) {
-        try {
-            const std::string bytes = files_.read(folder_ + pathFromQt(item->text()));
-            image_ = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
-                                      static_cast<int>(bytes.size()));
-            caption = image_.isNull() ? tr("This picture cannot be shown.") : item->text();
-        } catch (const FileError& error) {
-            caption = pathToQt(error.inWords());
-        }
-    }
     const QSize room = preview_->contentsRect().size() - QSize(8, 8);
     const bool reduced = image_.width() > room.width() || image_.height() > room.height();
     const QImage shown =
         reduced ? image_.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation) : image_;
     preview_->setPixmap(QPixmap::fromImage(shown));
-    caption_->setText(reduced ? caption + tr(" (shown smaller here)") : caption);
-    take_->setEnabled(item != nullptr);
+    caption_->setText(reduced ? pictureCaption_ + tr(" (shown smaller here)") : pictureCaption_);
 }
 
 void PictureDialog::resizeEvent(QResizeEvent* event) {
@@ -179,7 +164,7 @@ void PictureDialog::resizeEvent(QResizeEvent* event) {
 void PictureDialog::choose() {
     if (pictures_->currentItem() == nullptr) return;
     name_ = pathFromQt(pictures_->currentItem()->text());
-    path_ = folder_ + name_;
+    path_ = folder_.path() + name_;
     accept();
 }
 

@@ -1,7 +1,7 @@
 // The "Graphic Selector": folders, the pictures in one, and a preview.
 #pragma once
 
-#include "platform/file_system.h"
+#include "app/picture_folder.h"
 
 #include <QDialog>
 
@@ -16,7 +16,7 @@ namespace bramblet {
 class PictureDialog : public QDialog {
     Q_OBJECT
   public:
-    PictureDialog(FileSystem files, const std::string& folder, QWidget* parent);
+    PictureDialog(const FileSystem& files, const std::string& folder, QWidget* parent);
 
     /// The picture chosen: its name and its full path, both empty when none was.
     const std::string& name() const { return name_; }
@@ -27,13 +27,13 @@ class PictureDialog : public QDialog {
 
   private:
     void goTo(const std::string& folder);
-    void fillFolders();
-    void fillFiles();
+    void showFolder();
+    void showDrive();
+    void loadPicture();
     void showPicture();
     void choose();
 
-    FileSystem files_;
-    std::string folder_;
+    PictureFolder folder_;
     QComboBox* drives_;
     QLineEdit* place_;
     QListWidget* folders_;
@@ -42,6 +42,7 @@ class PictureDialog : public QDialog {
     QLabel* caption_;
     QPushButton* take_;
     QImage image_;
+    QString pictureCaption_;
     std::string name_;
     std::string path_;
 };

@@ -1,5 +1,6 @@
 #include "app/settings_editor.h"
 
+#include "document/amount_text.h"
 #include "platform/sorting.h"
 #include "platform/text.h"
 
@@ -12,6 +13,9 @@
 namespace bramblet {
 namespace {
 
+constexpr std::size_t kFontNameWidth = 200;
+constexpr std::size_t kTopGraphicWidth = 200;
+
 /// The text boxes, in the order in which they are stored, with the width of their fields.
 struct TextBox {
     std::string SettingsBoxes::*box;
@@ -19,8 +23,8 @@ struct TextBox {
     std::size_t width;
 };
 constexpr std::array kNames{
-    TextBox{&SettingsBoxes::FontNameEd, &Settings::FontName, 200},
-    TextBox{&SettingsBoxes::TopGraphicEd, &Settings::TopGraphic, 200},
+    TextBox{&SettingsBoxes::FontNameEd, &Settings::FontName, kFontNameWidth},
+    TextBox{&SettingsBoxes::TopGraphicEd, &Settings::TopGraphic, kTopGraphicWidth},
     TextBox{&SettingsBoxes::IDText1, &Settings::IDText1, 60},
     TextBox{&SettingsBoxes::IDText2, &Settings::IDText2, 60},
     TextBox{&SettingsBoxes::IDText3, &Settings::IDText3, 60},
@@ -71,7 +75,7 @@ void SettingsEditor::load() {
     }
     for (const auto& flag : kFlags)
         boxes.*flag.box = isOn(settings_.*flag.field);
-    boxes.WidthEd = trimmedField(settings_.FormWidth);
+    boxes.WidthEd = settings_.FormWidth;
     for (const NumberBox& box : {kSigLineSpace, kDescriptionLine}) {
         boxes.*box.box = std::to_string(settings_.*box.field);
     }
@@ -98,7 +102,7 @@ void SettingsEditor::SelectGraphic_Click(const std::string& name, const std::str
         return;
     }
     boxes.TopGraphicEd = name;
-    settings_.TopGraphic = trimmed(name);
+    settings_.TopGraphic = trimmed(name).substr(0, kTopGraphicWidth);
 }
 
 void SettingsEditor::SelectDataDirectory_Click() {
@@ -137,7 +141,7 @@ bool SettingsEditor::Command1_Click() {
 }
 
 void SettingsEditor::stepWidth(int step) {
-    setWidth(std::to_string(static_cast<int>(leadingNumber(boxes.WidthEd)) + step));
+    setWidth(generalText(leadingNumber(boxes.WidthEd) + step, RegionalFormats{}));
 }
 
 void SettingsEditor::setWidth(const std::string& width) {
@@ -157,7 +161,7 @@ void SettingsEditor::setNumber(const NumberBox& box, int number) {
 
 void SettingsEditor::setFont(const std::string& name) {
     boxes.FontNameEd = name;
-    settings_.FontName = trimmed(name);
+    settings_.FontName = trimmed(name).substr(0, kFontNameWidth);
 }
 
 std::int16_t SettingsEditor::numberIn(const NumberBox& box) const {

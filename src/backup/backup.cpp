@@ -53,7 +53,7 @@ void Backup::open(Kind kind) {
     if (settings_.BackupFolder.empty()) settings_.BackupFolder = folder_.DataPath();
     Backuplist = kind == Kind::Backup ? folder_.DataPath() : settings_.BackupFolder;
     BackUpTarget = kind == Kind::Backup ? settings_.BackupFolder : folder_.DataPath();
-    listFiles();
+    showFiles();
 }
 
 void Backup::SelectTarget_Click() {
@@ -68,8 +68,15 @@ void Backup::SelectSource_Click() {
     const auto folder = prompts_.chooseFolder("Select a folder...", folder_.DataPath());
     if (!folder) return;
     Backuplist = withSeparator(*folder);
-    listFiles();
-    onChange();
+    showFiles();
+}
+
+void Backup::mu_DataBackup_Click() {
+    if (folder_.available(prompts_)) showWindow(Kind::Backup);
+}
+
+void Backup::mu_DataRestore_Click() {
+    if (folder_.available(prompts_)) showWindow(Kind::Restore);
 }
 
 bool Backup::RunBackup_Click() {
@@ -79,66 +86,67 @@ bool Backup::RunBackup_Click() {
         "over-write whatever you already have in your default data folder COMPLETELY!\r\n\r\n"
         "Proceed?",
         "Confirm", Buttons::YesNo, Icon::Stop, Answer::No};
+    if (running_) return false;
     if (kind_ == Kind::Restore && prompts_.ask(caution) != Answer::Yes) return false;
-    if (!prepare()) return false;
-    bool completed = false;
-    try {
-        completed = copyAll();
-    } catch (const Fault& fault) {
-        sayAborted(fault);
-    }
-    if (kind_ == Kind::Restore) onRestored();
-    if (completed) {
-        // A target that was typed is remembered like one that was selected.
-        if (kind_ == Kind::Backup) settings_.BackupFolder = BackUpTarget;
-        const char* const text =
-            kind_ == Kind::Backup ? "Backup completed!" : "Restoration completed!";
-        prompts_.ask({text, "Finished", Buttons::Ok, Icon::Information});
-    }
-    return completed;
+    bool copied = false;
+    const bool completed = run([&] {
+        if (!prepare()) return false;
+        copied = true;
+        return copyAll();
+    });
+    if (copied && kind_ == Kind::Restore) onRestored();
+    if (!completed) return false;
+    // A target that was typed is remembered like one that was selected.
+    if (kind_ == Kind::Backup) settings_.BackupFolder = BackUpTarget;
+    const char* const text = kind_ == Kind::Backup ? "Backup completed!" : "Restoration completed!";
+    prompts_.ask({text, "Finished", Buttons::Ok, Icon::Information});
+    return true;
 }
 
 void Backup::Verify_Click() {
-    if (!prepare()) return;
-    std::vector<std::string> differing;
-    std::vector<std::string> missing;
-    std::size_t agreeing = 0;
-    try {
-        const std::vector<Item> all = items();
-        start(all);
-        for (const auto& item : all) {
-            if (!next("Comparing: ", item)) return;
-            if (!files_.exists(BackUpTarget + item.name)) {
-                missing.push_back(item.name);
-            } else if (isSame(item.name)) {
-                ++agreeing;
-            } else {
-                differing.push_back(item.name);
-            }
-        }
-    } catch (const Fault& fault) {
-        sayAborted(fault);
-        return;
-    }
-    const std::string result = counted(agreeing, "file") + " agree, " +
-                               std::to_string(differing.size()) + " differ, " +
-                               std::to_string(missing.size()) + " missing";
-    finish(result);
-    const bool good = differing.empty() && missing.empty();
-    prompts_.ask({result + "." + nameList("Different:", differing) + nameList("Missing:", missing),
+    if (running_) return;
+    Comparison result;
+    if (!run([&] { return prepare() && compareAll(result); })) return;
+    const bool good = result.differing.empty() && result.missing.empty();
+    prompts_.ask({BackUpProgress + "." + nameList("Different:", result.differing) +
+                      nameList("Missing:", result.missing),
                   "Verify", Buttons::Ok, good ? Icon::Information : Icon::Exclamation});
 }
 
-/// Brings the folders into shape; false after a message when they are one and the same.
+/// Does the work of one of the commands, during which no other one can be begun; false when it did
+/// not come to its end.
+bool Backup::run(const std::function<bool()>& work) {
+    running_ = true;
+    stopped_ = false;
+    progress_ = {};
+    bool done = false;
+    try {
+        done = work();
+    } catch (const Fault& fault) {
+        BackUpProgress = "Aborted: " + fault.inWords();
+        running_ = false;
+        onChange();
+        sayAborted(fault);
+    }
+    running_ = false;
+    onChange();
+    return done;
+}
+
+/// Brings the folders into shape; false after a message when there is nothing to do.
 bool Backup::prepare() {
     Backuplist = folderText(Backuplist);
     BackUpTarget = folderText(BackUpTarget);
+    const auto nothing = [&](const std::string& why) {
+        prompts_.ask({why, "Nothing to do!", Buttons::Ok, Icon::Exclamation});
+        return false;
+    };
+    if (isSameFolder()) {
+        return nothing("Target and source are the same! Please select a different target folder.");
+    }
     listFiles();
-    onChange();
-    if (!isSameFolder()) return true;
-    prompts_.ask({"Target and source are the same! Please select a different target folder.",
-                  "Nothing to do!", Buttons::Ok, Icon::Exclamation});
-    return false;
+    if (BackMeUp.empty()) return nothing("There are no data files in " + Backuplist + ".");
+    return true;
 }
 
 bool Backup::isSameFolder() const {
@@ -147,17 +155,23 @@ bool Backup::isSameFolder() const {
 
 void Backup::listFiles() {
     BackMeUp.clear();
-    try {
-        for (const auto& name : files_.fileNames(Backuplist)) {
-            if (isWanted(name)) BackMeUp.push_back(name);
-        }
-        BackUpProgress = counted(BackMeUp.size(), "file");
-    } catch (const Fault& fault) {
-        BackUpProgress = "This folder cannot be read: " + fault.inWords();
+    for (const auto& name : files_.fileNames(Backuplist)) {
+        if (isWanted(name)) BackMeUp.push_back(name);
     }
     std::sort(BackMeUp.begin(), BackMeUp.end(), [](const std::string& a, const std::string& b) {
         return std::pair(upper(a), a) < std::pair(upper(b), b);
     });
+}
+
+/// For a window that only shows them yet.
+void Backup::showFiles() {
+    try {
+        listFiles();
+        BackUpProgress = counted(BackMeUp.size(), "file");
+    } catch (const Fault& fault) {
+        BackUpProgress = "This folder cannot be read: " + fault.inWords();
+    }
+    onChange();
 }
 
 std::vector<Backup::Item> Backup::items() const {
@@ -176,7 +190,27 @@ bool Backup::copyAll() {
         if (!next("Copying: ", item)) return false;
         files_.copy(Backuplist + item.name, BackUpTarget + item.name);
     }
-    finish(counted(all.size(), "file") + " copied");
+    BackUpProgress = counted(all.size(), "file") + " copied";
+    return true;
+}
+
+bool Backup::compareAll(Comparison& result) {
+    const std::vector<Item> all = items();
+    std::size_t agreeing = 0;
+    start(all);
+    for (const auto& item : all) {
+        if (!next("Comparing: ", item)) return false;
+        if (!files_.exists(BackUpTarget + item.name)) {
+            result.missing.push_back(item.name);
+        } else if (isSame(item.name)) {
+            ++agreeing;
+        } else {
+            result.differing.push_back(item.name);
+        }
+    }
+    BackUpProgress = counted(agreeing, "file") + " agree, " +
+                     std::to_string(result.differing.size()) + " differ, " +
+                     std::to_string(result.missing.size()) + " missing";
     return true;
 }
 
@@ -212,12 +246,9 @@ bool Backup::isSame(const std::string& name) const {
 }
 
 void Backup::start(const std::vector<Item>& items) {
-    progress_ = {};
     progress_.fileCount = items.size();
     for (const auto& item : items)
         progress_.byteCount += item.length;
-    stopped_ = false;
-    running_ = true;
 }
 
 /// Tells of the next file; false when the user has stopped the run.
@@ -225,8 +256,8 @@ bool Backup::next(const std::string& doing, const Item& item) {
     BackUpProgress = doing + item.name;
     onChange();
     if (stopped_) {
-        finish("Stopped after " + std::to_string(progress_.files) + " of " +
-               counted(progress_.fileCount, "file"));
+        BackUpProgress = "Stopped after " + std::to_string(progress_.files) + " of " +
+                         counted(progress_.fileCount, "file");
         prompts_.say(BackUpProgress);
         return false;
     }
@@ -235,14 +266,7 @@ bool Backup::next(const std::string& doing, const Item& item) {
     return true;
 }
 
-void Backup::finish(const std::string& line) {
-    running_ = false;
-    BackUpProgress = line;
-    onChange();
-}
-
 void Backup::sayAborted(const Fault& fault) {
-    finish("Aborted: " + fault.inWords());
     const auto* error = dynamic_cast<const FileError*>(&fault);
     prompts_.say((error != nullptr ? error->path() + ": " : "") + fault.inWords());
     prompts_.ask(

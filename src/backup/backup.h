@@ -26,6 +26,11 @@ class Backup {
     /// Called when a restore has put files in place.
     std::function<void()> onRestored = [] {};
 
+    /// Shows the window of this kind.
+    std::function<void(Kind)> showWindow = [](Kind) {};
+    void mu_DataBackup_Click();
+    void mu_DataRestore_Click();
+
     // What the window shows.
     std::string Backuplist;             ///< the source folder
     std::string BackUpTarget;           ///< the target folder; may be typed
@@ -42,7 +47,7 @@ class Backup {
     Kind kind() const { return kind_; }
     bool running() const { return running_; }
 
-    /// A window opens: sets the folders and lists the files.
+    /// The window opens: sets the folders and lists the files.
     void open(Kind kind);
 
     void SelectTarget_Click();
@@ -63,16 +68,23 @@ class Backup {
         std::uint64_t length;
     };
 
+    struct Comparison {
+        std::vector<std::string> differing;
+        std::vector<std::string> missing;
+    };
+
+    bool run(const std::function<bool()>& work);
     bool prepare();
     bool isSameFolder() const;
     void listFiles();
+    void showFiles();
     std::vector<Item> items() const;
     bool copyAll();
+    bool compareAll(Comparison& result);
     void checkSpace(const std::vector<Item>& items) const;
     bool isSame(const std::string& name) const;
     void start(const std::vector<Item>& items);
     bool next(const std::string& doing, const Item& item);
-    void finish(const std::string& line);
     void sayAborted(const Fault& fault);
 
     FileSystem files_;

@@ -1,6 +1,7 @@
 #include "document/csv_export.h"
 
 #include "document/amount_text.h"
+#include "platform/save_target.h"
 #include "platform/text.h"
 
 namespace bramblet {
@@ -50,11 +51,6 @@ void CsvExport::mu_DataExport_Click() {
     const auto path = prompts_.chooseFileToSave(
         {"Export Orders", "", "Orders.csv", {{"Comma Separated Values", "*.CSV"}}});
     if (!path) return;
-    if (files_.exists(*path) && files_.status(*path).length > 0) {
-        const Message question{"File already exists - do you want to replace it?", "Confirm",
-                               Buttons::YesNo, Icon::Exclamation};
-        if (prompts_.ask(question) != Answer::Yes) return;
-    }
     if (!write(*path)) return;
     const Message finished{"Data has been exported to " + *path +
                                "\r\n\r\nWe can try to open it in your default spreadsheet program "
@@ -66,8 +62,10 @@ void CsvExport::mu_DataExport_Click() {
 }
 
 bool CsvExport::write(const std::string& path) {
+    const FileSystem target = files_.withoutRetry();
     try {
-        files_.replace(path, ordersAsCsv(index_.readAll(), formats_));
+        if (!mayReplace(target, path, prompts_)) return false;
+        target.replace(path, ordersAsCsv(index_.readAll(), formats_));
         return true;
     } catch (const Fault& fault) {
         prompts_.say("The orders were not exported to " + path + ": " + fault.inWords());

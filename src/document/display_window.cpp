@@ -63,8 +63,8 @@ class DisplayWindow::Desk : public QTextBrowser {
     }
 };
 
-DisplayWindow::DisplayWindow(OrderViewer& viewer, Prompts& prompts, QWidget* parent)
-    : QMainWindow(parent), viewer_(viewer), prompts_(prompts), zoom_(kUsualZoom) {
+DisplayWindow::DisplayWindow(OrderViewer& viewer, QWidget* parent)
+    : QMainWindow(parent), viewer_(viewer), zoom_(kUsualZoom) {
     setObjectName(QStringLiteral("TandrilDisplayForm"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);
@@ -110,7 +110,7 @@ QWidget* DisplayWindow::makeBar() {
         layout->addWidget(button);
     };
     add("Print", Drawing::Print, tr("&Print ..."), tr("Print this order."), &DisplayWindow::print);
-    add("Preview", Drawing::Preview, tr("Pre&view ..."), tr("See the pages before printing."),
+    add("Preview", Drawing::Preview, tr("Previe&w ..."), tr("See the pages before printing."),
         &DisplayWindow::preview);
     add("SavePdf", Drawing::Save, tr("Save as P&DF ..."), tr("Save this order as a PDF file."),
         &DisplayWindow::savePdf);
@@ -137,7 +137,7 @@ void DisplayWindow::makeMenus() {
     };
     add(
         menu, "mu_Print", tr("&Print ..."), [this] { print(); }, QKeySequence::Print);
-    add(menu, "mu_Preview", tr("Print Pre&view ..."), [this] { preview(); }, {});
+    add(menu, "mu_Preview", tr("Print Previe&w ..."), [this] { preview(); }, {});
     add(
         menu, "mu_SavePdf", tr("&Save as PDF ..."), [this] { savePdf(); }, QKeySequence::Save);
     add(menu, "mu_Mail", tr("&E-mail"), [this] { viewer_.IE_Button_Click(); }, {});
@@ -161,8 +161,6 @@ void DisplayWindow::navigate() {
     setWindowTitle(tr("Order %1").arg(toQt(viewer_.orderNumber())));
     document_ = viewer_.document();
     setZoom(zoom_);
-    browser_->moveCursor(QTextCursor::Start);
-    browser_->verticalScrollBar()->setValue(0);
 }
 
 void DisplayWindow::setZoom(double zoom) {
@@ -184,7 +182,11 @@ bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel) {
         const auto* wheel = static_cast<QWheelEvent*>(event);
         if (wheel->modifiers().testFlag(Qt::ControlModifier)) {
-            setZoom(wheel->angleDelta().y() > 0 ? zoom_ * kZoomStep : zoom_ / kZoomStep);
+            // A touch pad turns by small parts of a step.
+            turned_ += wheel->angleDelta().y();
+            if (qAbs(turned_) < QWheelEvent::DefaultDeltasPerStep) return true;
+            setZoom(turned_ > 0 ? zoom_ * kZoomStep : zoom_ / kZoomStep);
+            turned_ = 0;
             return true;
         }
     }
@@ -197,7 +199,7 @@ void DisplayWindow::print() {
     printer.setDocName(windowTitle());
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return;
-    OrderSheet::print(document_, pictures(), printer);
+    viewer_.printed(OrderSheet::print(document_, pictures(), printer));
 }
 
 void DisplayWindow::preview() {
@@ -212,16 +214,15 @@ void DisplayWindow::preview() {
 }
 
 void DisplayWindow::savePdf() {
-    const std::string name = madePlainFileName(viewer_.orderNumber()) + ".pdf";
-    const auto path = prompts_.chooseFileToSave({"Save as PDF", "", name, {{"PDF", "*.pdf"}}});
-    if (!path) return;
-    QBuffer pdf;
-    pdf.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&pdf);
-    writer.setTitle(windowTitle());
-    writer.setPageLayout(usualPage());
-    OrderSheet::print(document_, pictures(), writer);
-    viewer_.savePdf(*path, pdf.data().toStdString());
+    viewer_.SavePdf_Click([this] {
+        QBuffer pdf;
+        pdf.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&pdf);
+        writer.setTitle(windowTitle());
+        writer.setPageLayout(usualPage());
+        OrderSheet::print(document_, pictures(), writer);
+        return pdf.data().toStdString();
+    });
 }
 
 PictureSource DisplayWindow::pictures() const {

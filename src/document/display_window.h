@@ -14,14 +14,14 @@ namespace bramblet {
 class DisplayWindow : public QMainWindow {
     Q_OBJECT
   public:
-    DisplayWindow(OrderViewer& viewer, Prompts& prompts, QWidget* parent);
+    DisplayWindow(OrderViewer& viewer, QWidget* parent);
 
     /// Opens the settings dialog; `rewrite` writes and shows the document anew.
     std::function<void(std::function<void()> rewrite)> openConfiguration;
     /// Opens an address of a link in the default browser.
     std::function<void(const std::string& target)> runBrowser;
 
-    /// Shows the document, from its beginning when it is another one.
+    /// Shows the document as it is now.
     void navigate();
 
   protected:
@@ -40,11 +40,11 @@ class DisplayWindow : public QMainWindow {
     PictureSource pictures() const;
 
     OrderViewer& viewer_;
-    Prompts& prompts_;
     OrderSheet* sheet_;
     Desk* browser_;
     std::string document_;
     double zoom_;
+    int turned_ = 0;  ///< of the wheel since the last step, in eighths of a degree
 };
 
 }  // namespace bramblet

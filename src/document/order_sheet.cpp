@@ -35,10 +35,11 @@ void OrderSheet::show(const std::string& document, double zoom) {
     setTextWidth(page_.width);
 }
 
-void OrderSheet::print(const std::string& document, const PictureSource& pictures,
+bool OrderSheet::print(const std::string& document, const PictureSource& pictures,
                        QPagedPaintDevice& device) {
     OrderSheet sheet(pictures);
-    QPainter painter(&device);
+    QPainter painter;
+    if (!painter.begin(&device)) return false;
     const double dotsPerPixel = painter.device()->logicalDpiX() / kPixelsPerInch;
     sheet.show(document, 1);
     const QSizeF paper = device.pageLayout().paintRect(QPageLayout::Point).size() *
@@ -55,7 +56,7 @@ void OrderSheet::print(const std::string& document, const PictureSource& picture
     bool first = true;
     for (std::size_t i = 0; i + 1 < breaks.size(); ++i) {
         if (!wanted.isEmpty() && !wanted.contains(static_cast<int>(i) + 1)) continue;
-        if (!first) device.newPage();
+        if (!first && !device.newPage()) return false;
         first = false;
         painter.save();
         painter.scale(dotsPerPixel * reduction, dotsPerPixel * reduction);
@@ -70,6 +71,7 @@ void OrderSheet::print(const std::string& document, const PictureSource& picture
                          QColor(kLineColour));
         painter.restore();
     }
+    return painter.end();
 }
 
 QVariant OrderSheet::loadResource(int type, const QUrl& name) {

@@ -30,7 +30,8 @@ class OrderSheet : public QTextDocument {
     int formWidth() const { return page_.width; }
 
     /// Prints a document with the device's margins, reduced when the form is wider than the page.
-    static void print(const std::string& document, const PictureSource& pictures,
+    /// False when the device could not be used.
+    static bool print(const std::string& document, const PictureSource& pictures,
                       QPagedPaintDevice& device);
 
   protected:

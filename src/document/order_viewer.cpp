@@ -1,5 +1,6 @@
 #include "document/order_viewer.h"
 
+#include "platform/save_target.h"
 #include "platform/text.h"
 
 namespace bramblet {
@@ -34,7 +35,7 @@ std::string OrderViewer::document() const {
     try {
         return files_.read(path_);
     } catch (const Fault& fault) {
-        prompts_.say("The document " + path_ + " was not read: " + fault.inWords());
+        tell("The document " + path_ + " was not read: " + fault.inWords() + ".");
         return {};
     }
 }
@@ -46,7 +47,8 @@ std::string OrderViewer::orderNumber() const {
 std::string OrderViewer::picture(const std::string& name) const {
     if (!isPlainFileName(name) || !files_.exists(folder_.file(name))) return {};
     try {
-        return files_.read(folder_.file(name));
+        // Asked for in the midst of laying out a page, where nothing can be waited for.
+        return files_.withoutRetry().read(folder_.file(name));
     } catch (const Fault&) {
         return {};  // shown as a missing picture
     }
@@ -57,17 +59,22 @@ void OrderViewer::ReWrite() {
     write();
 }
 
-void OrderViewer::savePdf(const std::string& path, const std::string& pdf) const {
-    const Message question{"File already exists - do you want to replace it?", "Confirm",
-                           Buttons::YesNo, Icon::Exclamation};
-    if (files_.exists(path) && prompts_.ask(question) != Answer::Yes) return;
+void OrderViewer::SavePdf_Click(const std::function<std::string()>& pdf) {
+    const std::string name = madePlainFileName(orderNumber()) + ".pdf";
+    const auto path = prompts_.chooseFileToSave({"Save as PDF", "", name, {{"PDF", "*.pdf"}}});
+    if (!path) return;
+    const FileSystem target = files_.withoutRetry();
     try {
-        files_.replace(path, pdf);
-        prompts_.sayDone("The order is saved as " + path);
+        if (!mayReplace(target, *path, prompts_)) return;
+        target.replace(*path, pdf());
+        prompts_.sayDone("The order is saved as " + *path);
     } catch (const Fault& fault) {
-        prompts_.ask({"The PDF was not saved to " + path + ": " + fault.inWords() + ".",
-                      "Save as PDF", Buttons::Ok, Icon::Exclamation});
+        tell("The PDF was not saved to " + *path + ": " + fault.inWords() + ".");
     }
+}
+
+void OrderViewer::printed(bool good) {
+    if (!good) tell("The order was not printed: the printer could not be used.");
 }
 
 void OrderViewer::IE_Button_Click() {
@@ -95,12 +102,17 @@ void OrderViewer::IE_Button_Click() {
     }
 }
 
+/// A message: while the viewer is open a line in the main window's status bar would not be seen.
+void OrderViewer::tell(const std::string& failure) const {
+    prompts_.ask({failure, "View Order", Buttons::Ok, Icon::Exclamation});
+}
+
 bool OrderViewer::write() {
     try {
         editor_.MakeSnap(path_);
         return true;
     } catch (const Fault& fault) {
-        prompts_.say("The document was not written: " + fault.inWords());
+        tell("The document was not written: " + fault.inWords() + ".");
         return false;
     }
 }

@@ -33,15 +33,18 @@ class OrderViewer {
     /// Writes the document anew with the settings as they are now.
     void ReWrite();
 
-    /// Puts a PDF of the document where the user wants it; an existing file is replaced when the
-    /// user says so.
-    void savePdf(const std::string& path, const std::string& pdf) const;
+    /// Puts a PDF of the document where the user wants it; `pdf` makes it.
+    void SavePdf_Click(const std::function<std::string()>& pdf);
+
+    /// A print has come to its end.
+    void printed(bool good);
 
     /// Hands the document to the user's mail program.
     void IE_Button_Click();
 
   private:
     bool write();
+    void tell(const std::string& failure) const;
 
     const FileSystem& files_;
     const DataFolder& folder_;

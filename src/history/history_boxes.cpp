@@ -32,7 +32,8 @@ HistoryBox* HistoryBoxes::make(OrderField field, const QString& accessibleName) 
 void HistoryBoxes::bind(HistoryBox* box, AddressSide side) {
     box->onFocus = [this, side] { histories_.GotFocus(side); };
     box->setForget([this, box, side](const QString& entry) {
-        if (entry != box->currentText()) return;
+        const bool listed = box->findText(entry, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0;
+        if (!listed || entry != box->currentText()) return;
         histories_.GotFocus(side);
         histories_.RemoveHistoryEntry();
     });

@@ -61,7 +61,9 @@ std::vector<Answer> answersOf(Buttons buttons) {
 QStringList filtersOf(const FileChoice& choice) {
     QStringList filters;
     for (const auto& filter : choice.filters) {
-        filters.append(toQt(filter.name + " (" + filter.pattern + ")"));
+        // Names without a dot count as files too, on every system.
+        const std::string pattern = filter.pattern == "*.*" ? "*" : filter.pattern;
+        filters.append(toQt(filter.name + " (" + pattern + ")"));
     }
     return filters;
 }

@@ -3,6 +3,7 @@
 #include "platform/boxes.h"
 #include "platform/qt_text.h"
 
+#include <QApplication>
 #include <QCompleter>
 #include <QContextMenuEvent>
 #include <QListView>
@@ -34,6 +35,7 @@ HistoryBox::HistoryBox(const char* name, const QString& accessibleName)
     completer()->setCaseSensitivity(Qt::CaseInsensitive);
     expectManyRows(view());
     expectManyRows(completer()->popup());
+    completer()->popup()->installEventFilter(this);
 }
 
 void HistoryBox::setForget(std::function<void(const QString&)> forget) {
@@ -71,9 +73,25 @@ void HistoryBox::showPopup() {
 }
 
 bool HistoryBox::eventFilter(QObject* watched, QEvent* event) {
-    const bool key = event->type() == QEvent::KeyPress;
-    if (key && takesKey(*static_cast<QKeyEvent*>(event))) return true;
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (watched == completer()->popup()) {
+            if (key->key() == Qt::Key_Tab && completer()->popup()->currentIndex().isValid()) {
+                return takeSuggestion();
+            }
+        } else if (takesKey(*key)) {
+            return true;
+        }
+    }
     return QComboBox::eventFilter(watched, event);
+}
+
+/// Tab takes the suggestion pointed at, as Enter does, and goes on to the next box.
+bool HistoryBox::takeSuggestion() {
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(completer()->popup(), &enter);
+    focusNextChild();
+    return true;
 }
 
 void HistoryBox::keyPressEvent(QKeyEvent* event) {
@@ -90,12 +108,14 @@ void HistoryBox::goToShownEntry() {
     setEditText(shown);
 }
 
-/// Shift+Delete forgets an entry.
+/// Shift+Delete forgets an entry, unless a part of the text is selected, which it cuts as ever.
 bool HistoryBox::takesKey(const QKeyEvent& event) {
     const bool wanted = event.key() == Qt::Key_Delete && event.modifiers() == Qt::ShiftModifier;
     if (!wanted || !forget_) return false;
     const int row = view()->currentIndex().row();
     const bool open = view()->isVisible();
+    const QString selected = lineEdit()->selectedText();
+    if (!open && !selected.isEmpty() && selected != currentText()) return false;  // cuts it
     const QString entry = open && row >= 0 ? itemText(row) : currentText();
     if (entry.isEmpty()) return true;
     forget_(entry);
@@ -106,6 +126,9 @@ bool HistoryBox::takesKey(const QKeyEvent& event) {
 
 void HistoryBox::focusInEvent(QFocusEvent* event) {
     QComboBox::focusInEvent(event);
+    // The focus lets the line edit show a suggestion that is only pointed at, as if it were taken.
+    disconnect(completer(), qOverload<const QString&>(&QCompleter::highlighted), lineEdit(),
+               nullptr);
     onFocus();
 }
 

@@ -44,6 +44,7 @@ class HistoryBox : public QComboBox {
 
   private:
     void goToShownEntry();
+    bool takeSuggestion();
     bool takesKey(const QKeyEvent& event);
     void openMenu(const QPoint& place);
 

@@ -1,7 +1,6 @@
 #include "platform/qt_text.h"
 #include "platform/system_desktop.h"
 
-#include <QCoreApplication>
 #include <QEventLoop>
 #include <QProcess>
 #include <QTimer>
@@ -9,61 +8,92 @@
 namespace bramblet {
 namespace {
 
-constexpr int kPatience = 8000;  // milliseconds
+// Milliseconds. A tool that answers a question is quick; one that is to open something may turn
+// into the program that it opens.
+constexpr int kAnswerPatience = 8000;
+constexpr int kOpenPatience = 1500;
 // Exit code of the xdg tools when a program that they need is missing.
 constexpr int kToolMissing = 3;
 
-struct Run {
-    bool started = false;
-    /// Still going after the patience ran out: with these tools, the program that was wanted.
-    bool stillRunning = false;
-    int exitCode = 0;
-    QString output;
+/// A tool that is run to its end, or for as long as the patience lasts, the windows alive
+/// meanwhile.
+class Tool {
+  public:
+    Tool(const char* name, const QStringList& arguments) : process_(new QProcess) {
+        QObject::connect(process_, &QProcess::finished, process_, &QObject::deleteLater);
+        process_->setProgram(QLatin1String(name));
+        process_->setArguments(arguments);
+    }
 
-    bool succeeded() const { return started && (stillRunning || exitCode == 0); }
+    /// What it writes; empty when it fails.
+    QString answer() {
+        QObject::connect(process_, &QProcess::readyReadStandardOutput, &receiver_, [this] {
+            output_ += QString::fromUtf8(process_->readAllStandardOutput());
+        });
+        run(kAnswerPatience);
+        output_ = output_.trimmed();
+        return succeeded() ? output_ : QString();
+    }
+
+    /// It and what it opens live on without us: nothing connects the two, and a process that still
+    /// runs is never waited for again nor ended with this program.
+    void open() {
+        process_->setStandardInputFile(QProcess::nullDevice());
+        process_->setStandardOutputFile(QProcess::nullDevice());
+        process_->setStandardErrorFile(QProcess::nullDevice());
+        run(kOpenPatience);
+    }
+
+    bool started() const { return started_; }
+    int exitCode() const { return exitCode_; }
+    bool succeeded() const { return started_ && exitCode_ == 0; }
+
+  private:
+    void run(int patience) {
+        QEventLoop loop;
+        QObject::connect(process_, &QProcess::finished, &loop, [&](int exitCode) {
+            exitCode_ = exitCode;
+            loop.quit();
+        });
+        process_->start(QIODevice::ReadOnly);
+        started_ = process_->waitForStarted();
+        if (!started_) {
+            process_->deleteLater();
+            return;
+        }
+        QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+
+    QProcess* process_;  ///< its own owner, for it may outlive the tool's use
+    QObject receiver_;   ///< ends with the tool's use, and with it what is connected
+    bool started_ = false;
+    int exitCode_ = 0;
+    QString output_;
 };
 
-/// Runs a tool to its end, the windows alive meanwhile, but no longer than the patience lasts; the
-/// tool then goes on by itself.
-Run run(const char* tool, const QStringList& arguments) {
-    auto* process = new QProcess(QCoreApplication::instance());
-    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
-    QEventLoop loop;
-    Run run;
-    QObject::connect(process, &QProcess::finished, &loop, [&](int exitCode) {
-        run.exitCode = exitCode;
-        run.output = QString::fromUtf8(process->readAllStandardOutput()).trimmed();
-        loop.quit();
-    });
-    process->start(QLatin1String(tool), arguments, QIODevice::ReadOnly);
-    run.started = process->waitForStarted();
-    if (!run.started) {
-        process->deleteLater();
-        return run;
-    }
-    QTimer::singleShot(kPatience, &loop, &QEventLoop::quit);
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-    run.stillRunning = process->state() != QProcess::NotRunning;
-    return run;
+bool opens(const std::string& target) {
+    Tool tool("xdg-open", {pathToQt(target)});
+    tool.open();
+    return tool.succeeded();
 }
 
 }  // namespace
 
 std::string SystemDesktop::programFor(const std::string& path) {
-    const Run type =
-        run("xdg-mime", {QStringLiteral("query"), QStringLiteral("filetype"), pathToQt(path)});
-    if (!type.succeeded() || type.output.isEmpty()) return {};
-    const Run program =
-        run("xdg-mime", {QStringLiteral("query"), QStringLiteral("default"), type.output});
-    return program.succeeded() ? fromQt(program.output) : std::string();
+    const auto query = [](const char* what, const QString& about) {
+        return Tool("xdg-mime", {QStringLiteral("query"), QLatin1String(what), about}).answer();
+    };
+    const QString type = query("filetype", pathToQt(path));
+    return type.isEmpty() ? std::string() : fromQt(query("default", type));
 }
 
 bool SystemDesktop::openWith(const std::string&, const std::string& target) {
-    return run("xdg-open", {pathToQt(target)}).succeeded();
+    return opens(target);
 }
 
 bool SystemDesktop::open(const std::string& path) {
-    return run("xdg-open", {pathToQt(path)}).succeeded();
+    return opens(path);
 }
 
 MailResult SystemDesktop::compose(const Mail& mail) {
@@ -72,8 +102,9 @@ MailResult SystemDesktop::compose(const Mail& mail) {
     for (const auto& attachment : mail.attachments) {
         arguments << QStringLiteral("--attach") << pathToQt(attachment);
     }
-    const Run mailer = run("xdg-email", arguments);
-    if (!mailer.started || mailer.exitCode == kToolMissing) return MailResult::NoMailProgram;
+    Tool mailer("xdg-email", arguments);
+    mailer.open();
+    if (!mailer.started() || mailer.exitCode() == kToolMissing) return MailResult::NoMailProgram;
     return mailer.succeeded() ? MailResult::HandedOver : MailResult::Failed;
 }
 

@@ -1,6 +1,7 @@
 #include "stock/stock_exchange.h"
 
 #include "platform/record_file.h"
+#include "platform/save_target.h"
 #include "platform/text.h"
 
 #include <set>
@@ -158,11 +159,8 @@ void StockExchange::exportTo(const std::string& path) {
         prompts_.say("The catalogue cannot be exported to its own file");
         return;
     }
-    if (files_.exists(path) && files_.status(path).length > 0) {
-        const Message question{"File already exists - do you want to replace it?", "Confirm",
-                               Buttons::YesNo, Icon::Exclamation};
-        if (prompts_.ask(question) != Answer::Yes) return;
-    }
+    const FileSystem target = files_.withoutRetry();
+    if (!mayReplace(target, path, prompts_)) return;
     const std::vector<StockItemRecord> records = list_.file().readAll();
     std::string content;
     int exported = 0;
@@ -175,7 +173,7 @@ void StockExchange::exportTo(const std::string& path) {
         content += encodeRecord(kStockItemLayout, record);
         ++exported;
     }
-    files_.replace(path, content);
+    target.replace(path, content);
     prompts_.ask({path + " contains " + std::to_string(exported) +
                       " stock item records.\r\n\r\nThese can be imported into any other "
                       "\"Bramblet\" or \"Hollowmere\" installation (version 1.5 or higher).",
@@ -187,7 +185,7 @@ void StockExchange::importFrom(const std::string& path) {
         prompts_.say("The catalogue cannot be imported into itself");
         return;
     }
-    auto records = exportedRecords(files_.read(path));
+    auto records = exportedRecords(files_.withoutRetry().read(path));
     if (!records) {
         prompts_.ask(
             {"This file does not contain valid Stock Item data. Data must be created by "

@@ -84,6 +84,7 @@ TEST_F(BackupTest, TheFoldersThatTheWindowsStartWith) {
 
     prompts.expectChoice(program().folder.DataPath(), target());
     backup().SelectTarget_Click();
+    EXPECT_EQ(prompts.lastChoice.title, "Select a folder...");
     EXPECT_EQ(program().settings.BackupFolder, target());
     backup().open(kRestore);
     EXPECT_EQ(backup().Backuplist, target());
@@ -120,6 +121,46 @@ TEST_F(BackupTest, ADeclinedRestoreCopiesNothing) {
     EXPECT_FALSE(backup().RunBackup_Click());
     EXPECT_FALSE(FileSystem().exists(data("a.dat")));
 }
+
+TEST_F(BackupTest, AFolderThatIsGoneOrEmptyIsNoSuccess) {
+    program().settings.BackupFolder = documents / "unplugged";
+    backup().open(kRestore);
+    EXPECT_NE(backup().BackUpProgress.find("cannot be read"), std::string::npos);
+    prompts.expect(caution, Answer::Yes);
+    prompts.expectSaying("Error number: 76");
+    EXPECT_FALSE(backup().RunBackup_Click());
+
+    openWith(kBackup, target());
+    prompts.expectSaying("There are no data files in");
+    EXPECT_FALSE(backup().RunBackup_Click());
+    prompts.expectSaying("There are no data files in");
+    backup().Verify_Click();
+}
+
+TEST_F(BackupTest, DuringARunNothingElseIsBegun) {
+    makeFiles();
+    openWith(kBackup, target());
+    backup().onChange = [this] {
+        if (!backup().running()) return;
+        EXPECT_FALSE(backup().RunBackup_Click());
+        backup().Verify_Click();
+        backup().StopBackup_Click();
+    };
+    EXPECT_FALSE(backup().RunBackup_Click());
+    EXPECT_EQ(inTarget(), Names{});
+}
+
+#ifndef _WIN32
+TEST_F(BackupTest, WhatWillNotFitIsNotBegun) {
+    makeFiles();
+    const std::string huge = data("huge.dat");  // all but a hole
+    writeFile(huge, "");
+    std::filesystem::resize_file(huge, FileSystem().freeSpace(target()) + (1 << 30));
+    prompts.expectSaying("Error name: Disk full\r\n\r\nError number: 61");
+    EXPECT_TRUE(failingBackup(target()));
+    EXPECT_EQ(inTarget(), Names{});
+}
+#endif
 
 TEST_F(BackupTest, AnErrorEndsTheRunAndLeavesNoHalfFile) {
     makeFiles();

@@ -117,6 +117,8 @@ TEST_F(ContactImportTest, OnlyTheLengthOfAFileTellsWhetherItIsGood) {
     choose(std::string(523, 'x'), false);
     EXPECT_FALSE(dialog().importEnabled());
     choosePath(std::nullopt);
+    EXPECT_EQ(prompts.lastChoice.filters.at(0).name, "All Files (*.*)");
+    EXPECT_EQ(prompts.lastChoice.filters.at(1).name, "Kettleby Files(*.dat)");
     choose(std::string(524, 'x'));
     EXPECT_TRUE(dialog().importEnabled());
 

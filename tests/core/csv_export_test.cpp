@@ -79,6 +79,8 @@ class CsvExportFlow : public Office {
 TEST_F(CsvExportFlow, TheFileIsWrittenAndOpenedOnlyWhenWanted) {
     exportTo(std::nullopt);
     run();
+    EXPECT_EQ(prompts.lastChoice.filters.at(0).name, "Comma Separated Values");
+    EXPECT_EQ(prompts.lastChoice.filters.at(0).pattern, "*.CSV");
     EXPECT_FALSE(FileSystem().exists(target));
 
     exportTo(target);
@@ -113,6 +115,12 @@ TEST_F(CsvExportFlow, AnUnwritableTargetSaysSo) {
     exportTo(documents / "nowhere/Orders.csv");
     run();
     EXPECT_NE(prompts.lastLine.find("not exported"), std::string::npos);
+    prompts.lastLine.clear();
+    std::filesystem::create_directory(target);
+    exportTo(target);
+    run();
+    EXPECT_NE(prompts.lastLine.find("not exported"), std::string::npos);
+    EXPECT_EQ(waits, 0);
 }
 
 }  // namespace

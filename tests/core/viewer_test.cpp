@@ -116,21 +116,34 @@ TEST_F(Viewer, PicturesComeFromTheDataFolderAlone) {
     EXPECT_EQ(viewer().picture("missing.gif"), "");
     EXPECT_EQ(viewer().picture("../../secret.gif"), "");
     EXPECT_EQ(viewer().picture(documents / "secret.gif"), "");
+    std::filesystem::create_directory(data("folder.gif"));
+    EXPECT_EQ(viewer().picture("folder.gif"), "");
+    EXPECT_EQ(waits, 0) << "in the midst of a page nothing can be waited for";
 }
 
 TEST_F(Viewer, APdfReplacesAnotherFileOnlyWhenTheUserSaysSo) {
+    saveOrder();
     const std::string path = documents / "1.pdf";
     const Message question{"File already exists - do you want to replace it?", "Confirm",
                            Buttons::YesNo, Icon::Exclamation};
-    viewer().savePdf(path, "%PDF one");
-    prompts.expect(question, Answer::No);
-    viewer().savePdf(path, "%PDF two");
+    const auto save = [&](const std::string& where, const std::string& pdf,
+                          std::optional<Answer> replace = std::nullopt) {
+        prompts.expectChoice("000001.pdf", where);
+        if (replace) prompts.expect(question, *replace);
+        viewer().SavePdf_Click([&] { return pdf; });
+    };
+    save(path, "%PDF one");
+    save(path, "%PDF two", Answer::No);
     EXPECT_EQ(contentOf(path), "%PDF one");
-    prompts.expect(question, Answer::Yes);
-    viewer().savePdf(path, "%PDF two");
+    save(path, "%PDF two", Answer::Yes);
     EXPECT_EQ(contentOf(path), "%PDF two");
-    prompts.expectSaying("The PDF was not saved");
-    viewer().savePdf(documents / "nowhere/1.pdf", "%PDF");
+    std::filesystem::create_directory(documents / "folder.pdf");
+    for (const std::string name : {"nowhere/1.pdf", "folder.pdf/"}) {
+        prompts.expectChoice("000001.pdf", documents / name);
+        prompts.expectSaying("The PDF was not saved");
+        viewer().SavePdf_Click([] { return "%PDF"; });
+    }
+    EXPECT_EQ(waits, 0) << "outside the data folder nothing is waited for";
 }
 
 std::string shownAs(const std::string& document, double zoom = 1) {

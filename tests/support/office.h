@@ -31,8 +31,13 @@ class Office : public ::testing::Test {
     /// Starts the program, as often as a test wants.
     Program& start(const RegionalFormats& formats = {}) {
         program_.reset();
-        program_ = std::make_unique<Program>(
-            Environment{desktop, documents.path(), formats, fixedClock(), nullptr}, prompts);
+        program_ =
+            std::make_unique<Program>(Environment{desktop, documents.path(), formats, fixedClock(),
+                                                  [this](const FileError& error) {
+                                                      ++waits;
+                                                      throw error;  // the user gives up at once
+                                                  }},
+                                      prompts);
         program_->lines.showDialog = [this](const LineEntry& entry, const std::string& caption) {
             lastCaption = caption;
             lastEntry = entry;
@@ -64,6 +69,7 @@ class Office : public ::testing::Test {
     std::optional<LineEntry> lineAnswer;  ///< what the line dialog stores; none for Cancel
     std::string lastCaption;
     LineEntry lastEntry;
+    int waits = 0;  ///< how often a file was waited for
 
   private:
     std::unique_ptr<Program> program_;

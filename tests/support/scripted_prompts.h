@@ -32,7 +32,8 @@ class ScriptedPrompts : public Prompts {
     }
     bool done() const { return script_.empty(); }
 
-    std::string lastLine;  ///< the line last said in the status bar
+    std::string lastLine;   ///< the line last said in the status bar
+    FileChoice lastChoice;  ///< of a file or a folder
 
     Answer ask(const Message& message) override {
         if (const auto* saying = next<Saying>()) {
@@ -66,12 +67,16 @@ class ScriptedPrompts : public Prompts {
     }
 
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override {
+        lastChoice = choice;
         return choose(choice.name);
     }
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override {
+        lastChoice = choice;
         return choose(choice.name);
     }
-    std::optional<std::string> chooseFolder(const std::string&, const std::string& start) override {
+    std::optional<std::string> chooseFolder(const std::string& title,
+                                            const std::string& start) override {
+        lastChoice = {title, start, "", {}};
         return choose(start);
     }
 

@@ -58,6 +58,43 @@ TEST_F(HistoryTest, TheListOffersWhatWasEnteredAndTypingIsNeverReplaced) {
     EXPECT_TRUE(program->open.OrderDirty);
 }
 
+TEST_F(HistoryTest, ASuggestionPointedAtIsTakenByTabAndLeftByEscape) {
+    for (const auto& [boxName, typed, entry] :
+         std::vector<std::tuple<const char*, const char*, const char*>>{
+             {"ByEd", "an", "Ann Smith"}, {"ToCombo", "ac", "Acme"}}) {
+        if (S::fromLatin1(boxName) == name("ToCombo")) {
+            driver->type(name(boxName), name(entry));
+            driver->click(name("ChangedVendor"));
+        }
+        const auto point = [&, typedText = typed] {
+            driver->type(name(boxName), S());
+            box(boxName)->setFocus();
+            QTest::keyClicks(box(boxName), name(typedText));
+            Driver::settle();
+            QTest::keyClick(box(boxName)->completer()->popup(), Qt::Key_Down);
+            EXPECT_EQ(driver->text(name(boxName)), name(typedText)) << "only pointed at";
+        };
+        point();
+        QTest::keyClick(box(boxName)->completer()->popup(), Qt::Key_Escape);
+        EXPECT_EQ(driver->text(name(boxName)), name(typed));
+        point();
+        QTest::keyClick(box(boxName)->completer()->popup(), Qt::Key_Tab);
+        Driver::settle();
+        EXPECT_EQ(driver->text(name(boxName)), name(entry));
+        const Order& order = program->open.order;
+        EXPECT_EQ(boxName[0] == 'B' ? order.ByEd : order.ToCombo, entry);
+    }
+}
+
+TEST_F(HistoryTest, ShiftDeleteCutsASelectedPartOfTheText) {
+    box("ByEd")->setFocus();
+    box("ByEd")->lineEdit()->setSelection(1, 2);
+    QTest::keyClick(box("ByEd"), Qt::Key_Delete, Qt::ShiftModifier);
+    EXPECT_EQ(driver->text(name("ByEd")), name("B"));
+    EXPECT_EQ(program->open.order.ByEd, "B");
+    EXPECT_EQ(listed("ByEd").size(), 3);
+}
+
 TEST_F(HistoryTest, DeleteInTheMenuForgetsTheValueShown) {
     deleteInMenu("ByEd");
     EXPECT_EQ(driver->text(name("ByEd")), S());

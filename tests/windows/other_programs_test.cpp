@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QPdfWriter>
 #include <QProcess>
+#include <QTest>
 #include <QTextDocument>
 
 #include <gtest/gtest.h>
@@ -53,6 +54,13 @@ TEST(OtherPrograms, PythonReadsTheListOfOrdersAsItIs) {
               S::fromUtf8("3 {12} ['000123', '', '3/4/2026', 'Nails, Bolts\\r\\nand More, Ltd', "
                           "'Café €', '', '$1,298.13', '$0.00', '$0.00', '$0.00', '$0.00', "
                           "'$0.00']\n"));
+}
+
+TEST(OtherPrograms, APrintThatCannotBeMadeIsNoticed) {
+    const TemporaryFolder folder;
+    QPdfWriter writer(pathToQt(folder / "nowhere/order.pdf"));
+    EXPECT_FALSE(OrderSheet::print(
+        "<p>x", [](const std::string&) { return std::string(); }, writer));
 }
 
 TEST(OtherPrograms, APdfHoldsTheTextOfTheDocument) {
@@ -125,6 +133,14 @@ TEST_F(XdgTools, FilesAreOpenedAndAFailureIsSeen) {
               "xdg-open\nhttps://bramblet.example/\n");
     tool("xdg-open", "exit 4");
     EXPECT_FALSE(desktop.open("/data/Orders.csv"));
+}
+
+TEST_F(XdgTools, AToolThatBecomesTheProgramIsLeftToItself) {
+    tool("xdg-open", "sleep 3; echo noise >&2 && touch '" + (folder / "alive") + "'");
+    const S alive = pathToQt(folder / "alive");
+    EXPECT_TRUE(desktop.open("/data/Orders.csv"));
+    EXPECT_FALSE(QFile::exists(alive)) << "it was waited for to its end";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(alive); }, 10000));
 }
 
 TEST_F(XdgTools, MailIsComposedWithItsAttachments) {

@@ -8,8 +8,11 @@
 #include <QAction>
 #include <QBuffer>
 #include <QImage>
+#include <QImageReader>
 #include <QLabel>
 #include <QListWidget>
+#include <QMap>
+#include <QMenuBar>
 #include <QPageRanges>
 #include <QPainter>
 #include <QPdfWriter>
@@ -142,6 +145,45 @@ TEST_F(ViewerTest, OnTheMainWindowTheSettingsReachTheProgram) {
     EXPECT_TRUE(window->findChild<QAction*>(name("ItemsPopOnHand"))->isVisible());
 }
 
+/// Letters that two controls of a window share.
+S doubledMnemonics(const QWidget& window) {
+    QMap<QChar, int> uses;
+    const auto count = [&](const S& text) {
+        const QKeySequence key = QKeySequence::mnemonic(text);
+        if (!key.isEmpty()) ++uses[QChar(key[0].key())];
+    };
+    for (const auto* button : window.findChildren<QAbstractButton*>()) {
+        if (button->isVisible()) count(button->text());
+    }
+    for (const auto* label : window.findChildren<QLabel*>()) {
+        if (label->isVisible() && label->buddy() != nullptr) count(label->text());
+    }
+    if (const auto* bar = window.findChild<QMenuBar*>()) {
+        for (const auto* menu : bar->actions())
+            count(menu->text());
+    }
+    S doubled;
+    for (auto letter = uses.begin(); letter != uses.end(); ++letter) {
+        if (letter.value() > 1) doubled += letter.key();
+    }
+    return doubled;
+}
+
+TEST_F(ViewerTest, NoTwoControlsOfAWindowHaveTheSameMnemonic) {
+    EXPECT_EQ(doubledMnemonics(*window), S());
+    driver->click(name("HideOrders"));
+    EXPECT_EQ(doubledMnemonics(*window), S());
+    view([](QWidget& viewer) { EXPECT_EQ(doubledMnemonics(viewer), S()); });
+    for (const char* entry :
+         {"mu_Configuration", "mu_DataBackup", "mu_DataRestore", "mu_ImportKettleby"}) {
+        driver->onNextDialog([&](QWidget& dialog) {
+            EXPECT_EQ(doubledMnemonics(dialog), S()) << entry;
+            dialog.close();
+        });
+        driver->trigger(name(entry));
+    }
+}
+
 TEST_F(ViewerTest, APictureIsChosenWithAPreview) {
     const S folder = pathToQt(program->folder.DataPath());
     QImage picture(1000, 500, QImage::Format_RGB32);
@@ -272,6 +314,10 @@ TEST_F(PagesTest, PicturesOfTheDataFolderAreShownAndNothingElseIsAskedFor) {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     EXPECT_TRUE(red.save(&buffer, "BMP"));
+    // The other kinds can be read too.
+    const QList<QByteArray> formats = QImageReader::supportedImageFormats();
+    for (const char* format : {"gif", "jpg", "png"})
+        EXPECT_TRUE(formats.contains(format)) << format;
     OrderSheet withPictures([&](const std::string& wanted) {
         asked.push_back(wanted);
         return bytes.toStdString();
