@@ -68,13 +68,13 @@ void histories(Guide& guide) {
     hands.press(name("TermsEd"), Qt::Key_F4);
     QWidget* const list = box->view()->window();
     guide.pictureWith("17-history-list", *list);
-    guide.helpWith("history", *list, {"FOBEd", "TermsEd"}, 6);
+    guide.helpWith("history", *list, {"FOBEd", "FOBEdLabel", "TermsEd"}, 6);
     box->hidePopup();
     Driver::settle();
     openMenu(box->lineEdit());
     auto* const menu = hands.find<QMenu>(name("EditPop"));
     guide.pictureWith("18-history-menu", *menu);
-    guide.helpWith("history-menu", *menu, {"FOBEd", "TermsEd"}, 6);
+    guide.helpWith("history-menu", *menu, {"FOBEd", "FOBEdLabel", "TermsEd"}, 6);
     menu->close();
     Driver::settle();
 }
