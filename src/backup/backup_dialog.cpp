@@ -9,6 +9,7 @@
 #include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QStringListModel>
 
 namespace bramblet {
@@ -16,6 +17,23 @@ namespace {
 
 constexpr int kShowEvery = 40;  // milliseconds
 constexpr int kBarSteps = 1000;
+constexpr int kBarHeight = 8;
+
+/// Stands in the place of the file list during a run.
+QLabel* runningNote(const QString& text) {
+    auto* note = new QLabel(text);
+    note->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    note->setAlignment(Qt::AlignCenter);
+    note->setBackgroundRole(QPalette::Base);
+    note->setForegroundRole(QPalette::PlaceholderText);
+    note->setAutoFillBackground(true);
+    return note;
+}
+
+QString sizeText(std::uint64_t bytes) {
+    return QLocale().formattedDataSize(static_cast<qint64>(bytes), 1,
+                                       QLocale::DataSizeTraditionalFormat);
+}
 
 }  // namespace
 
@@ -35,9 +53,9 @@ BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
     list_->setModel(names_);
     list_->setUniformItemSizes(true);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    QSizePolicy keepsPlace = list_->sizePolicy();
-    keepsPlace.setRetainSizeWhenHidden(true);
-    list_->setSizePolicy(keepsPlace);
+    files_ = new QStackedWidget;
+    files_->addWidget(list_);
+    files_->addWidget(runningNote(tr("Stop ends this before the next file.")));
     progressText_ = new QLabel;
     progressText_->setObjectName(QStringLiteral("BackUpProgress"));
     counts_ = new QLabel;
@@ -47,6 +65,11 @@ BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
     bar_->setObjectName(QStringLiteral("BackUpBar"));
     bar_->setAccessibleName(tr("Progress"));
     bar_->setRange(0, kBarSteps);
+    bar_->setTextVisible(false);  // the counts stand above it
+    bar_->setFixedHeight(kBarHeight);
+    QSizePolicy keepsPlace = bar_->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    bar_->setSizePolicy(keepsPlace);
 
     auto* status = new QHBoxLayout;
     status->addWidget(progressText_, 1);
@@ -54,7 +77,7 @@ BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(8);
     layout->addLayout(makeFolders());
-    layout->addWidget(list_, 1);
+    layout->addWidget(files_, 1);
     layout->addLayout(status);
     layout->addWidget(bar_);
     layout->addLayout(makeButtons());
@@ -156,15 +179,15 @@ void BackupDialog::refresh() {
     } else {
         showNames();
     }
-    list_->setVisible(!running);
+    files_->setCurrentIndex(running ? 1 : 0);
     progressText_->setText(pathToQt(backup_.BackUpProgress));
-    counts_->setVisible(progress.fileCount > 0);
-    const QLocale locale;
+    const bool begun = progress.fileCount > 0;
+    counts_->setVisible(begun);
     counts_->setText(tr("%1 of %2 files, %3 of %4")
                          .arg(progress.files)
                          .arg(progress.fileCount)
-                         .arg(locale.formattedDataSize(static_cast<qint64>(progress.bytes)),
-                              locale.formattedDataSize(static_cast<qint64>(progress.byteCount))));
+                         .arg(sizeText(progress.bytes), sizeText(progress.byteCount)));
+    bar_->setVisible(begun);
     const double share = progress.byteCount == 0 ? 0
                                                  : static_cast<double>(progress.bytes) /
                                                        static_cast<double>(progress.byteCount);
@@ -182,6 +205,10 @@ void BackupDialog::showNames() {
     for (const auto& name : backup_.BackMeUp)
         names.append(pathToQt(name));
     if (names != names_->stringList()) names_->setStringList(names);
+    if (!list_->currentIndex().isValid()) return;
+    // The file that a run has come to is past.
+    list_->setCurrentIndex({});
+    list_->scrollToTop();
 }
 
 /// During a run the window is repainted now and then only, and always takes clicks.

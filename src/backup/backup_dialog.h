@@ -11,6 +11,7 @@ class QLineEdit;
 class QListView;
 class QProgressBar;
 class QPushButton;
+class QStackedWidget;
 class QStringListModel;
 
 namespace bramblet {
@@ -37,6 +38,7 @@ class BackupDialog : public QDialog {
     QLabel* source_;
     QLineEdit* target_;
     QListView* list_;
+    QStackedWidget* files_;  ///< the list, or a note during a run
     QStringListModel* names_;
     QLabel* progressText_;
     QLabel* counts_;

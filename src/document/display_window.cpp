@@ -167,7 +167,7 @@ void DisplayWindow::setZoom(double zoom) {
     zoom_ = qBound(kSmallestZoom, zoom, kLargestZoom);
     const int place = browser_->verticalScrollBar()->value();
     sheet_->setDocumentMargin(kPaperMargin * zoom_);
-    sheet_->show(document_, zoom_);
+    sheet_->show(document_, zoom_, devicePixelRatioF());
     placePaper();
     browser_->verticalScrollBar()->setValue(place);
 }

@@ -23,8 +23,9 @@ OrderSheet::OrderSheet(PictureSource pictures, QObject* parent)
     setDocumentMargin(0);
 }
 
-void OrderSheet::show(const std::string& document, double zoom) {
+void OrderSheet::show(const std::string& document, double zoom, double dotsPerPixel) {
     zoom_ = zoom;
+    dotsPerPixel_ = dotsPerPixel;
     loaded_.clear();
     page_ = displayPage(document, zoom);
     QFont base(toQt(page_.fontFace));
@@ -90,7 +91,11 @@ QImage OrderSheet::load(const QString& file) const {
     if (picture.isNull()) return {};
     picture.setDevicePixelRatio(1);
     if (zoom_ == 1) return picture;
-    return picture.scaled(picture.size() * zoom_, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    // As many dots as the screen has, and no more than once made fewer or more.
+    picture = picture.scaled(picture.size() * zoom_ * dotsPerPixel_, Qt::KeepAspectRatio,
+                             Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(dotsPerPixel_);
+    return picture;
 }
 
 }  // namespace bramblet

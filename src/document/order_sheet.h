@@ -23,8 +23,9 @@ class OrderSheet : public QTextDocument {
   public:
     explicit OrderSheet(PictureSource pictures, QObject* parent = nullptr);
 
-    /// Lays a document (code page text) out at `zoom` times its size. Pixels of 1/96 inch.
-    void show(const std::string& document, double zoom);
+    /// Lays a document (code page text) out at `zoom` times its size, in pixels of 1/96 inch that
+    /// the screen shows with `dotsPerPixel` dots each way.
+    void show(const std::string& document, double zoom, double dotsPerPixel = 1);
 
     /// Width of the form at this zoom.
     int formWidth() const { return page_.width; }
@@ -44,6 +45,7 @@ class OrderSheet : public QTextDocument {
     PictureSource pictures_;
     DisplayPage page_;
     double zoom_ = 1;
+    double dotsPerPixel_ = 1;        ///< of the screen
     QHash<QString, QImage> loaded_;  ///< pictures at this zoom, null for those that there are not
 };
 

@@ -47,7 +47,7 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
                             {tr("Net"), true},
                             {tr("Discount"), true},
                             {tr("Sub Total"), true},
-                            {tr("Status")}},
+                            {tr("Status"), false, true}},
                            source, this);
     grid_ = new GridView;
     grid_->setObjectName(QStringLiteral("POGrid"));

@@ -11,6 +11,7 @@ namespace bramblet {
 QLabel* boxLabel(const QString& caption, QWidget* buddy) {
     auto* label = new QLabel(caption);
     label->setBuddy(buddy);
+    label->setObjectName(buddy->objectName() + QStringLiteral("Label"));
     return label;
 }
 

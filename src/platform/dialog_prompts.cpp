@@ -61,9 +61,11 @@ std::vector<Answer> answersOf(Buttons buttons) {
 QStringList filtersOf(const FileChoice& choice) {
     QStringList filters;
     for (const auto& filter : choice.filters) {
-        // Names without a dot count as files too, on every system.
-        const std::string pattern = filter.pattern == "*.*" ? "*" : filter.pattern;
-        filters.append(toQt(filter.name + " (" + pattern + ")"));
+        // Some names tell their pattern themselves; and not every file has a dot.
+        const QString name = toQt(filter.name).section(QLatin1Char('('), 0, 0).trimmed();
+        const QString pattern =
+            filter.pattern == "*.*" ? QStringLiteral("*") : toQt(filter.pattern);
+        filters.append(QStringLiteral("%1 (%2)").arg(name, pattern));
     }
     return filters;
 }

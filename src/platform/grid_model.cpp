@@ -54,8 +54,11 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 QVariant GridModel::alignment(int column) const {
-    const bool amount = headings_[static_cast<std::size_t>(column)].amount;
-    return QVariant::fromValue(Qt::AlignVCenter | (amount ? Qt::AlignRight : Qt::AlignLeft));
+    const GridHeading& heading = headings_[static_cast<std::size_t>(column)];
+    const Qt::AlignmentFlag side = heading.amount    ? Qt::AlignRight
+                                   : heading.centred ? Qt::AlignHCenter
+                                                     : Qt::AlignLeft;
+    return QVariant::fromValue(Qt::AlignVCenter | side);
 }
 
 }  // namespace bramblet

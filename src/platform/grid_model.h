@@ -14,7 +14,8 @@ namespace bramblet {
 /// One column of a grid.
 struct GridHeading {
     QString text;
-    bool amount = false;  ///< right-aligned
+    bool amount = false;   ///< right-aligned
+    bool centred = false;  ///< stands clear of an amount before it
 };
 
 /// Where a grid's cells come from.

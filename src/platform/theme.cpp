@@ -60,7 +60,10 @@ QPalette paletteOf(const Colours& colours) {
     return palette;
 }
 
-/// Fusion with more air in the cells and headings of grids, and signs of our own.
+constexpr int kRowAir = 6;      // between the rows of a list
+constexpr int kButtonAir = 14;  // beside a button's caption
+
+/// Fusion with more air in grids, lists and buttons, and signs of our own.
 class RoomyStyle : public QProxyStyle {
   public:
     RoomyStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -70,6 +73,23 @@ class RoomyStyle : public QProxyStyle {
         if (metric == PM_FocusFrameHMargin) return 4;
         if (metric == PM_HeaderMargin) return 5;
         return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override {
+        const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        if (type == CT_ItemViewItem) return size + QSize(0, kRowAir);
+        if (type != CT_PushButton) return size;
+        // Buttons with a short caption have air enough from their least width.
+        const int wanted = contents.width() + 2 * kButtonAir;
+        return size.expandedTo(QSize(wanted, 0));
+    }
+
+    /// A light edge makes what is disabled stand out on a dark window.
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override {
+        if (hint == SH_EtchDisabledText) return 0;
+        return QProxyStyle::styleHint(hint, option, widget, result);
     }
 
     /// Fusion's outlines are darker than the window, which hides unchecked boxes on dark ones.

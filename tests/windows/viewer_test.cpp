@@ -339,5 +339,23 @@ TEST_F(PagesTest, PicturesOfTheDataFolderAreShownAndNothingElseIsAskedFor) {
     EXPECT_EQ(redPixels, red.width() * red.height());
 }
 
+TEST_F(PagesTest, ZoomedPicturesHaveAllTheDotsOfTheScreenAndTheSamePlace) {
+    // Lines one pixel wide are what scaling down and up again would blur.
+    QImage lines(8, 4, QImage::Format_RGB32);
+    for (int i = 0; i < lines.width() * lines.height(); ++i)
+        lines.setPixelColor(i % 8, i / 8, i % 2 == 0 ? Qt::black : Qt::white);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(lines.save(&buffer, "BMP"));
+    OrderSheet zoomed([&](const std::string&) { return bytes.toStdString(); });
+    zoomed.show("<img src=\"top.bmp\">", 0.5, 2);
+    const auto shown =
+        zoomed.resource(QTextDocument::ImageResource, QUrl(name("top.bmp"))).value<QImage>();
+    EXPECT_EQ(shown.deviceIndependentSize(), QSizeF(4, 2));
+    lines.setDevicePixelRatio(2);
+    EXPECT_EQ(shown.convertToFormat(QImage::Format_RGB32), lines);
+}
+
 }  // namespace
 }  // namespace bramblet::test

@@ -47,12 +47,15 @@ QWidget* Driver::control(const QString& name) const {
 void Driver::click(const QString& button) {
     QWidget* const target = control(button);
     if (!target->isEnabled()) complain(button + QStringLiteral(" is disabled"));
+    leaveList(target);
     QTest::mouseClick(target, Qt::LeftButton);
     settle();
 }
 
 void Driver::doubleClick(const QString& name) {
-    QTest::mouseDClick(control(name), Qt::LeftButton);
+    QWidget* const target = control(name);
+    leaveList(target);
+    QTest::mouseDClick(target, Qt::LeftButton);
     settle();
 }
 
@@ -84,14 +87,17 @@ void Driver::pick(const QString& comboBox, const QString& entry) {
     settle();
 }
 
-/// Focus and shortcuts work in the active window only, and going elsewhere closes a list that is
-/// open, for instance of suggestions.
-void Driver::focus(QWidget* target) {
+/// Going elsewhere closes a list that is open, for instance of suggestions.
+void Driver::leaveList(QWidget* target) {
     QWidget* const popup = QApplication::activePopupWidget();
-    if (popup != nullptr && popup != target && !popup->isAncestorOf(target)) {
-        popup->close();
-        settle();
-    }
+    if (popup == nullptr || popup == target || popup->isAncestorOf(target)) return;
+    popup->close();
+    settle();
+}
+
+/// Focus and shortcuts work in the active window only.
+void Driver::focus(QWidget* target) {
+    leaveList(target);
     if (!target->isActiveWindow()) {
         target->window()->activateWindow();
         settle();
@@ -116,12 +122,14 @@ void Driver::trigger(const QString& action) {
 
 void Driver::clickCell(const QString& grid, int row, int column, Qt::MouseButton button) {
     auto* const view = find<QTableView>(grid);
+    leaveList(view);
     QTest::mouseClick(view->viewport(), button, {}, cellRect(view, row, column).center());
     settle();
 }
 
 void Driver::doubleClickCell(const QString& grid, int row, int column) {
     auto* const view = find<QTableView>(grid);
+    leaveList(view);
     const QPoint place = cellRect(view, row, column).center();
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, place);

@@ -71,6 +71,7 @@ class Driver {
   private:
     [[noreturn]] void giveUp(const QString& why) const;
     void lookForDialog();
+    static void leaveList(QWidget* target);
     static void focus(QWidget* target);
     QRect cellRect(QAbstractItemView* view, int row, int column) const;
 

@@ -94,7 +94,10 @@ void writeOrder(Guide& guide, const SampleOrder& order, bool withPictures) {
     };
     for (const auto& [box, text] : boxes)
         hands.type(name(box), name(text));
-    if (withPictures) calendar(guide);
+    if (withPictures) {
+        calendar(guide);
+        histories(guide);
+    }
     for (std::size_t i = 0; i < order.lines.size(); ++i)
         addLine(guide, order.lines[i], withPictures && i == 0);
     if (order.received) hands.click(name("MarkReceivedCheck"));

@@ -72,6 +72,14 @@ const std::vector<SampleItem> kItems{
     {"Office", "Fenwick Office Products", "ea", "Toner, black", "64.00"},
 };
 
+const std::vector<SampleContact> kContacts{
+    {"Marlow Upholstery Fabrics", "503-555-0181", "503-555-0182", "Suite 12", "900 Weaver Street", "Portland", "OR", "97214"},
+    {"", "503-555-0119", "", "7 Elm Close", "", "Tigard", "OR", "97223"},
+    {"Norbury Signs & Engraving", "503-555-0126", "", "41 Printers Lane", "", "Oregon City", "OR", "97045"},
+    {"Oakham Crane Hire", "541-555-0164", "541-555-0165", "Yard 3", "1180 Dock Road", "Springfield", "OR", "97477"},
+    {"Pelham Laminates", "", "", "Unit 9, Tannery Park", "62 Canal Street", "Albany", "OR", "97321"},
+};
+
 const std::vector<SampleOrder> kOrders{
     {false, true, "Ashdown Timber Yard", "Workshop", "1/8/2026", "1/14/2026", "AC-101", "Ann Lark",
      "Their truck", "Millbrook", "Net 30", "", "", "", "85",

@@ -1,4 +1,4 @@
-// What the guided tour types in: the vendors, destinations and orders of a small joinery.
+// What the guided tour types in: the vendors, destinations, contacts and orders of a small joinery.
 #pragma once
 
 #include <vector>
@@ -25,6 +25,18 @@ struct SampleItem {
     const char* unitCost;
 };
 
+/// Someone in the contact manager.
+struct SampleContact {
+    const char* organization;
+    const char* phone;
+    const char* fax;
+    const char* line1;
+    const char* line2;
+    const char* town;
+    const char* region;
+    const char* postalCode;
+};
+
 struct SampleOrder {
     bool requisition;
     bool received;
@@ -47,6 +59,7 @@ struct SampleOrder {
 extern const std::vector<SampleAddress> kVendors;
 extern const std::vector<SampleAddress> kDestinations;
 extern const std::vector<SampleItem> kItems;
+extern const std::vector<SampleContact> kContacts;
 extern const std::vector<SampleOrder> kOrders;
 
 }  // namespace bramblet::tour

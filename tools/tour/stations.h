@@ -25,6 +25,15 @@ void printPages(Guide& guide, const QString& folder);
 void exportOrders(Guide& guide, const QString& file);
 void readHelp(Guide& guide);
 
+/// In a box of the order shown: the list of what it remembers, and the menu that forgets.
+void histories(Guide& guide);
+/// Takes contacts over as vendors, from a file of the contact manager that it writes in `folder`.
+void importContacts(Guide& guide, const QString& folder);
+/// Backs the data up to `folder`, and compares the two.
+void backUp(Guide& guide, const QString& folder);
+
+/// In a second office: restores the first one's backup.
+void restore(Guide& guide, const QString& folder);
 /// In a second office: takes the catalogue over from `file`.
 void takeOver(Guide& guide, const QString& file);
 

@@ -55,6 +55,10 @@ bool drawArtwork(const QString& folder) {
     return file.open(QIODevice::WriteOnly) && file.write(picture) == picture.size();
 }
 
+QString backupFolder(const Album& album) {
+    return album.folder() + name("/backup");
+}
+
 bool throughFirstOffice(MainWindow& window, const Album& album) {
     Guide guide(window, album);
     window.resize(1100, 760);
@@ -71,6 +75,8 @@ bool throughFirstOffice(MainWindow& window, const Album& album) {
     viewOrder(guide);
     printPages(guide, album.folder());
     exportOrders(guide, album.folder() + name("/orders.csv"));
+    importContacts(guide, album.folder());
+    backUp(guide, backupFolder(album));
     readHelp(guide);
     sizes(guide);
     return guide.good();
@@ -79,13 +85,16 @@ bool throughFirstOffice(MainWindow& window, const Album& album) {
 bool throughSecondOffice(MainWindow& window, const Album& album) {
     Guide guide(window, album);
     takeOver(guide, album.folder() + name("/catalogue.sid"));
+    restore(guide, backupFolder(album));
     return guide.good();
 }
 
 int runTour(const Album& album) {
     const QString& folder = album.folder();
-    for (const char* file : {"/catalogue.sid", "/orders.csv", "/request.pdf"})
+    for (const char* file : {"/catalogue.sid", "/contacts.dat", "/orders.csv", "/request.pdf"})
         QFile::remove(folder + name(file));
+    QDir(backupFolder(album)).removeRecursively();
+    QDir().mkpath(backupFolder(album));
     bool good = drawArtwork(folder + name("/artwork"));
     const std::string data = inOffice(folder + name("/documents"), [&](MainWindow& window) {
         good = throughFirstOffice(window, album) && good;
