@@ -53,6 +53,22 @@ void AddressBook::PopAddyLists() {
     open_.onChange();
 }
 
+void AddressBook::refreshNames() {
+    try {
+        const auto records = file_.readAll();
+        for (const AddressSide side : kAddressSides)
+            fillList(side, records);
+    } catch (const Fault& fault) {
+        prompts_.say("The address book was not read: " + fault.inWords());
+    }
+    open_.onChange();
+}
+
+void AddressBook::import(const std::string& kind, const std::vector<NameAndAddress>& entries) {
+    LongOperation operation(prompts_, "Importing addresses", static_cast<int>(entries.size()));
+    file_.import(kind, entries, [&](int done) { operation.reached(done); });
+}
+
 void AddressBook::showNone() {
     for (Shown& side : shown_) {
         side.counter = "0";

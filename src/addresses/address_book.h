@@ -38,6 +38,12 @@ class AddressBook {
     /// stays as it is, so that saving one side never costs what was typed on the other.
     void PopAddyLists();
 
+    /// Rebuilds both lists of names and leaves what is shown as it is.
+    void refreshNames();
+
+    /// Adds imported addresses. Throws FileError; what was added before stays.
+    void import(const std::string& kind, const std::vector<NameAndAddress>& entries);
+
     /// The order's addresses have been emptied: no number is shown, nothing can be saved.
     void showNone();
 

@@ -68,6 +68,17 @@ std::optional<double> AddressFile::rewrite(const std::string& kind, const std::s
     return buffer_.Tag;
 }
 
+void AddressFile::import(const std::string& kind, const std::vector<NameAndAddress>& entries,
+                         const std::function<void(int)>& reached) {
+    File file(files_, path_);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        reached(static_cast<int>(i));
+        fill(kind, entries[i].name, entries[i].address);
+        file.append(buffer_);
+    }
+    file.flush();
+}
+
 void AddressFile::removeNamed(const std::string& name) {
     const FileSystem once = files_.withoutRetry();
     const std::string temporary = path_.substr(0, path_.size() - 4) + ".tmp";

@@ -5,6 +5,7 @@
 #include "platform/file_system.h"
 #include "platform/fixed_record.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,6 +31,12 @@ static_assert(recordSize(kAddressLayout) == 570);
 inline constexpr const char* kVendor = "V";
 inline constexpr const char* kDestination = "T";
 
+/// What an import brings of an address.
+struct NameAndAddress {
+    std::string name;
+    std::string address;
+};
+
 /// Each operation opens the file, works and closes it, and throws FileError.
 class AddressFile {
   public:
@@ -54,6 +61,12 @@ class AddressFile {
     /// keeping its number; appends when there is none. Returns the number as `append` does.
     std::optional<double> rewrite(const std::string& kind, const std::string& name,
                                   const std::string& address);
+
+    /// Appends entries as they are, with no look for duplicates, each under the number of the
+    /// record that was read or written last: an import gives no numbers. `reached` is told the
+    /// count before each one.
+    void import(const std::string& kind, const std::vector<NameAndAddress>& entries,
+                const std::function<void(int)>& reached);
 
     /// Copies the file without the records of exactly this name, whatever their kind. Faults are
     /// thrown at once, without waiting.

@@ -242,7 +242,7 @@ void ConfigDialog::refresh() {
     for (const auto& text : texts_) {
         const std::string& value = editor_.boxes.*text.field;
         if (text.field == &SettingsBoxes::DataDirectoryEd) {
-            text.box->setText(pathToQt(value));
+            showPath(text.box, value);
         } else {
             showText(text.box, value);
         }

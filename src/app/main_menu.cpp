@@ -1,6 +1,8 @@
 #include "app/main_menu.h"
 
+#include "addresses/contact_dialog.h"
 #include "app/lists_panel.h"
+#include "backup/backup_dialog.h"
 #include "orders/lines_panel.h"
 #include "orders/saved_orders_panel.h"
 #include "platform/grid_view.h"
@@ -99,6 +101,20 @@ void MainMenu::addDataMenu() {
         [&] { exchange.mu_ExportStockItems_Click(); });
     add(menu, "mu_ImportStockItems", tr("&Import Stock Items ..."), {},
         [&] { exchange.mu_ImportStockItems_Click(); });
+    menu->addSeparator();
+    const auto backup = [this](Backup::Kind kind) {
+        if (!program_.folder.available(program_.prompts())) return;
+        BackupDialog(program_.backup, kind, &window_).exec();
+    };
+    add(menu, "mu_DataBackup", tr("&Back Up Data ..."), {},
+        [backup] { backup(Backup::Kind::Backup); });
+    add(menu, "mu_DataRestore", tr("&Restore Data ..."), {},
+        [backup] { backup(Backup::Kind::Restore); });
+    menu->addSeparator();
+    add(menu, "mu_ImportKettleby", tr("Import address from &Kettleby"), {}, [this] {
+        if (!program_.folder.available(program_.prompts())) return;
+        ContactDialog(program_.contactImport, &window_).exec();
+    });
 }
 
 void MainMenu::addHelpMenu() {

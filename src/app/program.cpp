@@ -23,12 +23,15 @@ Program::Program(Environment environment, Prompts& prompts)
       editor({files_, folder, settings, taxFreight, environment_.formats, environment_.clock,
               prompts, open, addresses, histories, index, savedOrders, stock}),
       lines(open, environment_.formats, prompts),
+      contactImport(files_, folder, addresses, prompts),
       viewer(files_, folder, settings, editor, open, environment_.desktop, prompts),
       csvExport(files_, folder, index, environment_.formats, environment_.desktop, prompts),
+      backup(files_, folder, settings, prompts),
       settingsEditor(files_, folder, settings, prompts),
       browser(files_, settingsFile_.homeFolder(), environment_.desktop, prompts) {
     lines.totalUp = [this] { editor.TotalUp_Click(); };
     addresses.onVendorPicked = [this] { stock.PopStockList(); };
+    backup.onRestored = [this] { refillLists(); };
     stock.VendorItemsCheck = leadingNumber(trimmedField(settings.VendorItemsCheck)) != 0;
     folder.CheckDataPath(files_, prompts);
 }
@@ -78,6 +81,14 @@ WindowPlace Program::windowPlace() const {
     const auto twips = [](const std::string& field) { return leadingNumber(trimmedField(field)); };
     return {twips(settings.WindowHeight), twips(settings.WindowWidth), twips(settings.WindowTop),
             twips(settings.WindowLeft)};
+}
+
+void Program::refillLists() {
+    const Prompts::Command command(prompts_);
+    addresses.refreshNames();
+    savedOrders.PopPOGrid();
+    stock.PopStockList();
+    histories.reload();
 }
 
 void Program::mu_About() {

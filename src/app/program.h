@@ -3,10 +3,12 @@
 #pragma once
 
 #include "addresses/address_book.h"
+#include "addresses/contact_import.h"
 #include "app/browser.h"
 #include "app/data_folder.h"
 #include "app/settings_editor.h"
 #include "app/settings_file.h"
+#include "backup/backup.h"
 #include "document/csv_export.h"
 #include "document/order_viewer.h"
 #include "history/field_histories.h"
@@ -60,6 +62,9 @@ class Program {
 
     WindowPlace windowPlace() const;
 
+    /// Fills every list from what is in the data folder now; the order shown stays as it is.
+    void refillLists();
+
     void mu_About();
 
     /// The home folder, with the separator at its end.
@@ -84,8 +89,10 @@ class Program {
     StockExchange stockExchange;
     OrderEditor editor;
     LineItems lines;
+    ContactImport contactImport;
     OrderViewer viewer;
     CsvExport csvExport;
+    Backup backup;
     SettingsEditor settingsEditor;
     Browser browser;
 

@@ -58,6 +58,16 @@ void FieldHistories::AddToUserFields() {
     open_.onChange();
 }
 
+void FieldHistories::reload() {
+    try {
+        for (auto& history : histories_)
+            history.remember(files_, "");
+    } catch (const Fault& fault) {
+        prompts_.say("The lists of earlier entries were not read: " + fault.inWords());
+    }
+    open_.onChange();
+}
+
 void FieldHistories::RemoveHistoryEntry() {
     if (!folder_.available(prompts_)) return;
     for (const AddressBox& box : kAddressBoxes) {

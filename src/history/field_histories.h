@@ -39,6 +39,9 @@ class FieldHistories {
     /// stay, trimmed. The first fault ends it.
     void AddToUserFields();
 
+    /// Reads all of them anew.
+    void reload();
+
     /// Forgets `CurrentHistoryText` in the history of `CurrentHistoryFile` and empties that box if
     /// it shows the value; in an address box, deletes the address shown.
     void RemoveHistoryEntry();

@@ -31,13 +31,24 @@ QToolButton* toolButton(const char* name, Drawing drawing, const QString& captio
     return button;
 }
 
-void showText(QLineEdit* box, const std::string& text) {
-    const QString wanted = toQt(text);
+namespace {
+
+void show(QLineEdit* box, const QString& wanted) {
     if (box->text() == wanted) return;
     const int cursor = box->cursorPosition();
     const QSignalBlocker quiet(box);
     box->setText(wanted);
     box->setCursorPosition(box->hasFocus() ? cursor : 0);
+}
+
+}  // namespace
+
+void showText(QLineEdit* box, const std::string& text) {
+    show(box, toQt(text));
+}
+
+void showPath(QLineEdit* box, const std::string& path) {
+    show(box, pathToQt(path));
 }
 
 QString linesIn(const QPlainTextEdit* box) {

@@ -23,6 +23,8 @@ QToolButton* toolButton(const char* name, Drawing drawing, const QString& captio
 /// Puts `text` into a box that shows another one, leaving the cursor where it was. No signal of an
 /// edit is sent.
 void showText(QLineEdit* box, const std::string& text);
+/// The same for a path.
+void showPath(QLineEdit* box, const std::string& path);
 void showText(QPlainTextEdit* box, const std::string& lines);
 
 /// The lines of a box as they stand in it; no-break blanks stay what they are.

@@ -1,6 +1,5 @@
-#include "windows/desk.h"
-
 #include "platform/history_box.h"
+#include "windows/desk.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

@@ -211,8 +211,8 @@ void Driver::lookForDialog() {
         inUse_.emplace_back(modal);
         // Not from within this timer's call: it has to watch while the dialog is being used.
         QTimer::singleShot(0, modal, [this, use = expected_.front(), dialog = handled_] {
-            // Where the system lets only the person at the keyboard bring a window forward, it would
-            // not get the keys.
+            // Where the system lets only the person at the keyboard bring a window forward, it
+            // would not get the keys.
             dialog->activateWindow();
             settle();
             use(*dialog);

@@ -1,0 +1,96 @@
+#include "addresses/contact_import.h"
+
+#include "platform/record_file.h"
+#include "platform/text.h"
+
+namespace bramblet {
+namespace {
+
+/// A contact takes 1,047 bytes, in 24 text fields of fixed width without a header; these are the
+/// ones that are used.
+constexpr std::uint64_t kContactSize = 1047;
+struct ContactField {
+    std::size_t offset;
+    std::size_t width;
+};
+constexpr ContactField kOrganization{81, 40};
+constexpr ContactField kPhone{121, 20};
+constexpr ContactField kFax{151, 20};
+constexpr ContactField kLine1{316, 40};
+constexpr ContactField kLine2{356, 40};
+constexpr ContactField kTown{396, 20};
+constexpr ContactField kRegion{416, 20};
+constexpr ContactField kPostalCode{436, 10};
+
+/// The count of contacts in a file of this length, rounded: a last one that is cut short counts
+/// when more than half of it is there.
+std::uint64_t contactCount(std::uint64_t length) {
+    return (length + kContactSize / 2) / kContactSize;
+}
+
+NameAndAddress addressOf(std::string_view contact) {
+    const auto text = [&](const ContactField& field) {
+        if (field.offset >= contact.size()) return std::string();
+        return trimmedField(contact.substr(field.offset, field.width));
+    };
+    std::string address = text(kLine1) + "\r\n" + text(kLine2) + "\r\n" + text(kTown) + " " +
+                          text(kRegion) + " " + text(kPostalCode);
+    if (const std::string phone = text(kPhone); !phone.empty()) {
+        address = trimmed(address) + "\r\n\r\nPhone " + phone + " Fax " + text(kFax);
+    }
+    return {text(kOrganization), address};
+}
+
+}  // namespace
+
+ContactImport::ContactImport(const FileSystem& files, const DataFolder& folder,
+                             AddressBook& addresses, Prompts& prompts)
+    : files_(files), folder_(folder), addresses_(addresses), prompts_(prompts) {}
+
+void ContactImport::Command1_Click() {
+    const auto path = prompts_.chooseFileToOpen(
+        {"Select Kettleby Data File",
+         "",
+         "",
+         {{"All Files (*.*)", "*.*"}, {"Kettleby Files(*.dat)", "*.dat"}}});
+    if (!path) return;
+    try {
+        if (contactCount(files_.status(*path).length) > 0) {
+            chosenFile_ = *path;
+            return;
+        }
+    } catch (const Fault& fault) {
+        prompts_.say("The file " + *path + " was not read: " + fault.inWords());
+    }
+    prompts_.ask({"This file does not contain Kettleby records, or they are corrupt", "Error",
+                  Buttons::Ok, Icon::Stop});
+}
+
+void ContactImport::import(const std::string& kind) {
+    if (!folder_.available(prompts_)) return;
+    const Prompts::Command command(prompts_);
+    std::vector<NameAndAddress> entries;
+    std::uint64_t count = 0;
+    try {
+        const std::string content = files_.read(chosenFile_);
+        count = contactCount(content.size());
+        if (count > static_cast<std::uint64_t>(kMostRecords)) throw Fault(FaultNumber::Overflow);
+        for (std::uint64_t i = 0; i < count; ++i) {
+            const std::string_view rest = std::string_view(content).substr(i * kContactSize);
+            auto entry = addressOf(rest.substr(0, kContactSize));
+            if (!entry.name.empty()) entries.push_back(std::move(entry));
+        }
+        addresses_.import(kind, entries);
+    } catch (const Fault& fault) {
+        prompts_.say("The import ended early: " + fault.inWords());
+        addresses_.refreshNames();
+        return;
+    }
+    addresses_.refreshNames();
+    prompts_.ask({"Finished!", "Import Complete", Buttons::Ok, Icon::Information});
+    prompts_.sayDone(
+        "Addresses added: " + std::to_string(entries.size()) +
+        ", skipped without an organization: " + std::to_string(count - entries.size()));
+}
+
+}  // namespace bramblet

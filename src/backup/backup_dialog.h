@@ -1,0 +1,50 @@
+// The windows for backup and for restoring: two folders, the files, and how far a run has come.
+#pragma once
+
+#include "backup/backup.h"
+
+#include <QDialog>
+#include <QElapsedTimer>
+
+class QLabel;
+class QLineEdit;
+class QListView;
+class QProgressBar;
+class QPushButton;
+class QStringListModel;
+
+namespace bramblet {
+
+class BackupDialog : public QDialog {
+    Q_OBJECT
+  public:
+    BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent);
+    ~BackupDialog() override;
+
+    /// A run is stopped before its next file.
+    void reject() override;
+
+  private:
+    QLayout* makeFolders();
+    QLayout* makeButtons();
+    QPushButton* button(const char* name, const QString& caption, const QString& tip,
+                        const std::function<void()>& command);
+    void refresh();
+    void showNames();
+    void showRun();
+
+    Backup& backup_;
+    QLabel* source_;
+    QLineEdit* target_;
+    QListView* list_;
+    QStringListModel* names_;
+    QLabel* progressText_;
+    QLabel* counts_;
+    QProgressBar* bar_;
+    QPushButton* run_;
+    QPushButton* stop_;
+    std::vector<QWidget*> idleControls_;  ///< what cannot be used during a run
+    QElapsedTimer lastShown_;
+};
+
+}  // namespace bramblet
