@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <functional>
+
 namespace bramblet {
 
 ContactDialog::ContactDialog(ContactImport& import, QWidget* parent)
@@ -66,7 +68,7 @@ QPushButton* ContactDialog::button(const char* name, const QString& caption, con
     button->setToolTip(tip);
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, [this, command] {
-        (import_.*command)();
+        std::invoke(command, import_);
         refresh();
     });
     return button;

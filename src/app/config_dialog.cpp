@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include <functional>
+
 namespace bramblet {
 
 ConfigDialog::ConfigDialog(SettingsEditor& editor, const FileSystem& files,
@@ -207,7 +209,7 @@ QPushButton* ConfigDialog::button(const char* name, const QString& caption, cons
     button->setAutoDefault(false);
     if (command != nullptr) {
         connect(button, &QPushButton::clicked, this, [this, command] {
-            (editor_.*command)();
+            std::invoke(command, editor_);
             refresh();
         });
     }
