@@ -169,6 +169,7 @@ void DisplayWindow::setZoom(double zoom) {
     sheet_->setDocumentMargin(kPaperMargin * zoom_);
     sheet_->show(document_, zoom_, devicePixelRatioF());
     placePaper();
+    browser_->moveCursor(QTextCursor::Start);  // which would else be brought into view
     browser_->verticalScrollBar()->setValue(place);
 }
 

@@ -17,6 +17,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -58,6 +59,8 @@ TEST_F(ViewerTest, TheOrderIsShownZoomedAndClosedWithEscape) {
         EXPECT_TRUE(shown().contains(name("Nails, 40 mm")));
         EXPECT_TRUE(shown().contains(QString::fromUtf8("Café")));
         EXPECT_FALSE(shown().contains(name("PON")));
+        QScrollBar* const bar = browser()->verticalScrollBar();
+        EXPECT_EQ(bar->value(), 0) << "it opens at the top";
         const double usual = browser()->document()->size().width();
         const auto wheel = [&](int steps) {
             QWheelEvent turn({40, 40}, browser()->mapToGlobal(QPointF(40, 40)), {},
@@ -103,7 +106,12 @@ TEST_F(ViewerTest, RewriteShowsTheSettingsAtOnce) {
         });
         driver->click(name("Configuration"));
         driver->onNextDialog([&](QWidget& dialog) {
+            QScrollBar* const bar = browser()->verticalScrollBar();
+            bar->setValue(bar->maximum() / 2);
+            const int place = bar->value();
+            EXPECT_GT(place, 0);
             driver->click(name("ReWrite"));
+            EXPECT_EQ(bar->value(), place) << "it stays where it was";
             EXPECT_TRUE(shown().contains(name("Larkfield Joinery")));
             dialog.close();
         });
