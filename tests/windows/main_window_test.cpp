@@ -135,14 +135,6 @@ TEST_F(MainWindowTest, PickingAnAddressFillsIt) {
     EXPECT_EQ(program->addresses.shown(AddressSide::Vendor).names.size(), 1u);
 }
 
-TEST_F(MainWindowTest, SuggestionsDoNotReplaceWhatIsTyped) {
-    type("ToCombo", "Acme Supply");
-    click("ChangedVendor");
-    type("ToCombo", "Acme");
-    EXPECT_EQ(text("ToCombo"), name("Acme"));
-    EXPECT_EQ(program->open.order.ToCombo, "Acme");
-}
-
 TEST_F(MainWindowTest, OnlyAChoiceFromTheListPicksAnAddress) {
     for (const char* vendor : {"ACME", "Bolt", "Cole"}) {
         type("ToCombo", vendor);

@@ -119,15 +119,6 @@ TEST_F(ViewerTest, RewriteShowsTheSettingsAtOnce) {
     });
 }
 
-TEST_F(ViewerTest, LinksAreHandedToTheBrowser) {
-    addLine(name("1"), name("See <a href=\"https://acme.example/\">our site</a>"), name("1"));
-    view([&](QWidget&) {
-        emit browser()->anchorClicked(QUrl(name("https://acme.example/")));
-        EXPECT_EQ(desktop.asked.back(), "open https://acme.example/ with browser");
-        EXPECT_TRUE(shown().contains(name("our site")));
-    });
-}
-
 TEST_F(ViewerTest, OnTheMainWindowTheSettingsReachTheProgram) {
     driver->onNextDialog([&](QWidget& dialog) {
         EXPECT_FALSE(driver->isEnabled(name("ReWrite")));
