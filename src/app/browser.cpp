@@ -34,7 +34,7 @@ std::string Browser::findBrowser() const {
         prompts_.say("The browser was not looked for: " + error.inWords());
         return {};
     }
-    const std::string browser = desktop_.programFor(page);
+    std::string browser = desktop_.programFor(page);
     try {
         files_.remove(page);
     } catch (const FileError& error) {

@@ -67,7 +67,7 @@ Settings SettingsFile::firstSettings(Prompts& prompts) {
 }
 
 Settings SettingsFile::newDefaults() const {
-    const Settings settings = defaultSettings(home_);
+    Settings settings = defaultSettings(home_);
     SaveConfig(settings);
     files_.createFolders(defaultDataDirectory(home_));
     return settings;

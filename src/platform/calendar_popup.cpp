@@ -40,11 +40,13 @@ CalendarPopup::CalendarPopup(int firstDayOfWeek, QWidget* parent) : QFrame(paren
             button->setPalette(calm);
     }
     // Beside the month's name; below its last letter it looks like a comma.
-    if (auto* month = calendar_->findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton")))
+    if (auto* month =
+            calendar_->findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"))) {
         month->setStyleSheet(
             QStringLiteral("QToolButton { padding-right: 14px; }"
                            "QToolButton::menu-indicator { subcontrol-origin: padding;"
                            " subcontrol-position: center right; right: -1px; }"));
+    }
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(calendar_);

@@ -116,7 +116,7 @@ class Sheet {
             const auto strokes = kStrokes.find(c);
             const int width =
                 strokes == kStrokes.end() ? 2 : draw(strokes->second, place, unit, halfWidth, ink);
-            place.x += (width + 2) * unit;
+            place.x += std::int64_t{width + 2} * unit;
         }
     }
 
@@ -149,7 +149,7 @@ class Sheet {
             const int x = strokes[i] - '0';
             const int y = strokes[i + 1] - '0';
             width = qMax(width, x);
-            line.push_back({place.x + x * unit, place.y + y * unit});
+            line.push_back({place.x + std::int64_t{x} * unit, place.y + std::int64_t{y} * unit});
         }
         finish();
         return width;
@@ -177,7 +177,7 @@ class Sheet {
     QImage image_;
 };
 
-Point at(int x, int y) {
+Point at(std::int64_t x, std::int64_t y) {
     return {x * kPixel, y * kPixel};
 }
 
