@@ -5,6 +5,7 @@
 #include "driver/driver.h"
 #include "platform/dialog_prompts.h"
 #include "support/office.h"
+#include "windows/names.h"
 
 #include <gtest/gtest.h>
 

@@ -11,12 +11,6 @@
 namespace bramblet::test {
 namespace {
 
-using S = QString;
-
-S name(const char* text) {
-    return S::fromLatin1(text);
-}
-
 class HistoryTest : public Desk {
   protected:
     void SetUp() override {

@@ -14,11 +14,8 @@
 namespace bramblet::test {
 namespace {
 
-using S = QString;
-
 class MainWindowTest : public Desk {
   protected:
-    static S name(const char* text) { return QString::fromLatin1(text); }
     S text(const char* box) const { return driver->text(name(box)); }
     void type(const char* box, const char* typed) { driver->type(name(box), name(typed)); }
     void click(const char* button) { driver->click(name(button)); }

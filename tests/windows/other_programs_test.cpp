@@ -6,6 +6,7 @@
 #include "platform/system_desktop.h"
 #include "support/sample_orders.h"
 #include "support/temporary_folder.h"
+#include "windows/names.h"
 
 #include <QFile>
 #include <QPdfWriter>
@@ -17,12 +18,6 @@
 
 namespace bramblet::test {
 namespace {
-
-using S = QString;
-
-S name(const char* text) {
-    return S::fromLatin1(text);
-}
 
 /// What a program that has to be on this machine writes.
 S outputOf(const char* program, const QStringList& arguments) {

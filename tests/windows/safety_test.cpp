@@ -10,12 +10,6 @@
 namespace bramblet::test {
 namespace {
 
-using S = QString;
-
-S name(const char* text) {
-    return S::fromLatin1(text);
-}
-
 class SafetyTest : public Desk {
   protected:
     void SetUp() override {

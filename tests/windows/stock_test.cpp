@@ -16,7 +16,6 @@ class StockWindows : public Desk {
         Desk::SetUp();
         driver->click(name("HideOrders"));
     }
-    static QString name(const char* text) { return QString::fromLatin1(text); }
     QString text(const char* box) const { return driver->text(name(box)); }
     bool visible(const char* control) const { return driver->control(name(control))->isVisible(); }
     void saveItem(const char* category, const char* vendor, const char* description,

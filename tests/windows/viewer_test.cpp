@@ -27,12 +27,6 @@
 namespace bramblet::test {
 namespace {
 
-using S = QString;
-
-S name(const char* text) {
-    return S::fromLatin1(text);
-}
-
 class ViewerTest : public Desk {
   protected:
     /// Shows the order and hands the viewer to `use`, which ends with its being closed.
@@ -116,6 +110,19 @@ TEST_F(ViewerTest, RewriteShowsTheSettingsAtOnce) {
             dialog.close();
         });
         driver->click(name("Configuration"));
+    });
+}
+
+TEST_F(ViewerTest, AClickOnALinkAsksTheBrowserAndLeavesTheOrderInSight) {
+    addLine(name("1"), name("<a href=\"https://acme.example/\">our-site</a>"), name("1"));
+    view([&](QWidget&) {
+        const QTextCursor link = browser()->document()->find(name("our-site"));
+        browser()->setTextCursor(link);
+        const QPoint place = browser()->cursorRect().center() - QPoint(12, 0);
+        QTest::mouseClick(browser()->viewport(), Qt::LeftButton, {}, place);
+        ASSERT_FALSE(desktop.asked.empty()) << "the link was not followed";
+        EXPECT_EQ(desktop.asked.back(), "open https://acme.example/ with browser");
+        EXPECT_TRUE(shown().contains(name("our-site")));
     });
 }
 
