@@ -47,11 +47,10 @@ class Agreeable : public Prompts {
 class FullOffice {
   public:
     FullOffice() {
-        const std::string data = Program::homeFolderIn(documents_.path()) + "po_data";
-        FileSystem().createFolders(withSeparator(data));
-        path_ = withSeparator(data);
-        writeFile(path_ + "po_data.dat", orders());
-        writeFile(path_ + "po_stock.dat", items(kLiveItem, 1));
+        path_ = Program::homeFolderIn(documents_.path()) / "po_data";
+        FileSystem().createFolders(path_);
+        writeFile(path_ / "po_data.dat", orders());
+        writeFile(path_ / "po_stock.dat", items(kLiveItem, 1));
         program_ = std::make_unique<Program>(
             Environment{desktop_, documents_.path(), {}, {[] { return 46085; }, [] {}}, nullptr},
             prompts_);
@@ -93,13 +92,13 @@ class FullOffice {
 
     Program& program() { return *program_; }
     Agreeable& prompts() { return prompts_; }
-    std::string file(const std::string& name) const { return path_ + name; }
+    std::filesystem::path file(const std::string& name) const { return path_ / name; }
 
   private:
     TemporaryFolder documents_;
     Agreeable prompts_;
     test::RecordingDesktop desktop_;
-    std::string path_;
+    std::filesystem::path path_;
     std::unique_ptr<Program> program_;
 };
 

@@ -12,7 +12,7 @@ using File = RecordFile<AddressRecord, kAddressLayout>;
 
 }  // namespace
 
-AddressFile::AddressFile(FileSystem files, std::string path)
+AddressFile::AddressFile(FileSystem files, std::filesystem::path path)
     : files_(std::move(files)), path_(std::move(path)) {}
 
 std::vector<AddressRecord> AddressFile::readAll() {
@@ -81,7 +81,7 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
 
 void AddressFile::removeNamed(const std::string& name) {
     const FileSystem once = files_.withoutRetry();
-    const std::string temporary = path_.substr(0, path_.size() - 4) + ".tmp";
+    const std::filesystem::path temporary = std::filesystem::path(path_).replace_extension(".tmp");
     std::string kept;
     for (const auto& record : File(once, path_).readAll()) {
         buffer_ = record;

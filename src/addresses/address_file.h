@@ -5,6 +5,7 @@
 #include "platform/file_system.h"
 #include "platform/fixed_record.h"
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -41,7 +42,7 @@ struct NameAndAddress {
 class AddressFile {
   public:
     /// `path` ends in "po_addy.dat".
-    AddressFile(FileSystem files, std::string path);
+    AddressFile(FileSystem files, std::filesystem::path path);
 
     std::vector<AddressRecord> readAll();
 
@@ -76,7 +77,7 @@ class AddressFile {
     void fill(const std::string& kind, const std::string& name, const std::string& address);
 
     FileSystem files_;
-    std::string path_;
+    std::filesystem::path path_;
     /// The one record buffer of all address work: what an operation does not set keeps the value
     /// of the record read last.
     AddressRecord buffer_;

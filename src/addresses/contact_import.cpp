@@ -1,5 +1,6 @@
 #include "addresses/contact_import.h"
 
+#include "platform/path_text.h"
 #include "platform/record_file.h"
 #include "platform/text.h"
 
@@ -66,7 +67,7 @@ void ContactImport::Command1_Click() {
             return;
         }
     } catch (const Fault& fault) {
-        prompts_.say("The file " + *path + " was not read: " + fault.inWords());
+        prompts_.say("The file " + shown(*path) + " was not read: " + fault.inWords());
     }
     prompts_.ask({"This file does not contain Kettleby records, or they are corrupt", "Error",
                   Buttons::Ok, Icon::Stop});

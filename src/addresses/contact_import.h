@@ -3,6 +3,7 @@
 
 #include "addresses/address_book.h"
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -14,7 +15,7 @@ class ContactImport {
                   Prompts& prompts);
 
     /// Path of the file that has been chosen and found good; empty until then.
-    const std::string& chosenFile() const { return chosenFile_; }
+    const std::filesystem::path& chosenFile() const { return chosenFile_; }
     /// Whether the two import buttons are enabled.
     bool importEnabled() const { return !chosenFile_.empty(); }
 
@@ -34,7 +35,7 @@ class ContactImport {
     const DataFolder& folder_;
     AddressBook& addresses_;
     Prompts& prompts_;
-    std::string chosenFile_;
+    std::filesystem::path chosenFile_;
 };
 
 }  // namespace bramblet

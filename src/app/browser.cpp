@@ -1,44 +1,46 @@
 #include "app/browser.h"
 
+#include "platform/path_text.h"
+
 namespace bramblet {
 
-Browser::Browser(const FileSystem& files, std::string homeFolder, Desktop& desktop,
+Browser::Browser(const FileSystem& files, std::filesystem::path homeFolder, Desktop& desktop,
                  Prompts& prompts)
     : files_(files.withoutRetry()),
       home_(std::move(homeFolder)),
       desktop_(desktop),
       prompts_(prompts) {}
 
-void Browser::RunBrowser(const std::string& target) {
-    const std::string browser = findBrowser();
+void Browser::RunBrowser(const std::string& address) {
+    const std::filesystem::path browser = findBrowser();
     if (browser.empty()) {
         prompts_.ask(
             {"Could not find your Browser", "Browser Not Found", Buttons::Ok, Icon::Exclamation});
-    } else if (!desktop_.openWith(browser, target)) {
+    } else if (!desktop_.openWith(browser, address)) {
         prompts_.ask({"Web Page not Opened", "URL Failed", Buttons::Ok, Icon::Exclamation});
     }
 }
 
 void Browser::mu_HelpContents_Click() {
-    const std::string helpFile = home_ + "tandril.hlp";
+    const std::filesystem::path helpFile = home_ / "tandril.hlp";
     const bool opened = files_.exists(helpFile) && desktop_.openHelpFile(helpFile);
     if (!opened) showHelp();
 }
 
 /// The program that opens web pages: the one that opens a small page written for the purpose.
-std::string Browser::findBrowser() const {
-    const std::string page = home_ + "junk.HTM";
+std::filesystem::path Browser::findBrowser() const {
+    const std::filesystem::path page = home_ / "junk.HTM";
     try {
         files_.replace(page, "<HTML> <\\HTML>\r\n");
     } catch (const FileError& error) {
         prompts_.say("The browser was not looked for: " + error.inWords());
         return {};
     }
-    std::string browser = desktop_.programFor(page);
+    std::filesystem::path browser = desktop_.programFor(page);
     try {
         files_.remove(page);
     } catch (const FileError& error) {
-        prompts_.say("The file " + page + " was left behind: " + error.inWords());
+        prompts_.say("The file " + shown(page) + " was left behind: " + error.inWords());
     }
     return browser;
 }

@@ -5,6 +5,7 @@
 #include "platform/file_system.h"
 #include "platform/prompts.h"
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -15,13 +16,14 @@ inline constexpr const char* kHomePage = "https://bramblet.example/";
 
 class Browser {
   public:
-    Browser(const FileSystem& files, std::string homeFolder, Desktop& desktop, Prompts& prompts);
+    Browser(const FileSystem& files, std::filesystem::path homeFolder, Desktop& desktop,
+            Prompts& prompts);
 
     /// Shows the program's own help.
     std::function<void()> showHelp = [] {};
 
-    /// Opens a file or an address in the default browser.
-    void RunBrowser(const std::string& target);
+    /// Opens an address in the default browser.
+    void RunBrowser(const std::string& address);
 
     /// The web-site command.
     void mu_WebSite_Click() { RunBrowser(kHomePage); }
@@ -30,10 +32,10 @@ class Browser {
     void mu_HelpContents_Click();
 
   private:
-    std::string findBrowser() const;
+    std::filesystem::path findBrowser() const;
 
     FileSystem files_;
-    std::string home_;
+    std::filesystem::path home_;
     Desktop& desktop_;
     Prompts& prompts_;
 };

@@ -2,6 +2,7 @@
 
 #include "app/picture_dialog.h"
 #include "platform/boxes.h"
+#include "platform/path_text.h"
 #include "platform/qt_text.h"
 
 #include <QCheckBox>
@@ -15,7 +16,7 @@
 namespace bramblet {
 
 ConfigDialog::ConfigDialog(SettingsEditor& editor, const FileSystem& files,
-                           const std::string& pictureFolder, QWidget* parent)
+                           const std::filesystem::path& pictureFolder, QWidget* parent)
     : QDialog(parent), editor_(editor), files_(files), pictureFolder_(pictureFolder) {
     setObjectName(QStringLiteral("TandrilConfigForm"));
     setWindowTitle(tr("Configuration"));
@@ -186,7 +187,7 @@ QLineEdit* ConfigDialog::textBox(const char* name, int limit, TextField field) {
     texts_.push_back({box, field});
     connect(box, &QLineEdit::textEdited, this, [this, field](const QString& text) {
         const bool path = field == &SettingsBoxes::DataDirectoryEd;
-        editor_.boxes.*field = path ? pathFromQt(text) : fromQt(text);
+        editor_.boxes.*field = path ? folderText(pathFromQt(text)).value_or("") : fromQt(text);
     });
     return box;
 }
@@ -236,7 +237,7 @@ void ConfigDialog::addStepper(QFormLayout* form, const QString& label, QLineEdit
 void ConfigDialog::chooseGraphic() {
     PictureDialog chooser(files_, pictureFolder_, this);
     chooser.exec();
-    editor_.SelectGraphic_Click(chooser.name(), chooser.path());
+    editor_.SelectGraphic_Click(chooser.path());
     refresh();
 }
 
@@ -244,7 +245,7 @@ void ConfigDialog::refresh() {
     for (const auto& text : texts_) {
         const std::string& value = editor_.boxes.*text.field;
         if (text.field == &SettingsBoxes::DataDirectoryEd) {
-            showPath(text.box, value);
+            showPath(text.box, pathOfFolder(value));
         } else {
             showText(text.box, value);
         }

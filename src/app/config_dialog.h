@@ -17,8 +17,8 @@ namespace bramblet {
 class ConfigDialog : public QDialog {
     Q_OBJECT
   public:
-    ConfigDialog(SettingsEditor& editor, const FileSystem& files, const std::string& pictureFolder,
-                 QWidget* parent);
+    ConfigDialog(SettingsEditor& editor, const FileSystem& files,
+                 const std::filesystem::path& pictureFolder, QWidget* parent);
 
   private:
     using TextField = std::string SettingsBoxes::*;

@@ -1,15 +1,16 @@
 #include "app/data_folder.h"
 
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace bramblet {
 
-DataFolder::DataFolder(const std::string& directory)
+DataFolder::DataFolder(const std::filesystem::path& directory)
     : path_(directory.empty() ? directory : withSeparator(directory)) {}
 
 void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
     const FileSystem once = files.withoutRetry();
-    const std::string probe = file("testfile.tmp");
+    const std::filesystem::path probe = file("testfile.tmp");
     try {
         if (path_.empty()) throw FileError(FaultNumber::PathNotFound, path_);
         once.touch(probe);
@@ -25,7 +26,7 @@ void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
 bool DataFolder::available(Prompts& prompts) const {
     if (ok_) return true;
     prompts.ask(
-        {"Unable to access the data directory " + path_ +
+        {"Unable to access the data directory " + shown(path_) +
              "\r\n\r\nThis could be caused by a number of factors, including an incorrect data "
              "path "
              "entry in your configuration file, the network being down, you not being connected to "
@@ -36,9 +37,14 @@ bool DataFolder::available(Prompts& prompts) const {
     return false;
 }
 
-std::string DataFolder::documentPath(const std::string& orderNumber) const {
+std::filesystem::path DataFolder::file(const std::string& name) const {
+    std::filesystem::path path = path_;
+    return path += pathOfName(name);
+}
+
+std::filesystem::path DataFolder::documentPath(const std::string& orderNumber) const {
     const std::string name = trimmed(orderNumber);
-    if (!isPlainFileName(name)) throw FileError(FaultNumber::BadFileName, name);
+    if (!isPlainFileName(name)) throw FileError(FaultNumber::BadFileName, pathOfName(name));
     return file(name + ".htm");
 }
 

@@ -5,15 +5,15 @@
 #include "platform/file_system.h"
 #include "platform/prompts.h"
 
-#include <optional>
+#include <filesystem>
 #include <string>
 
 namespace bramblet {
 
 class DataFolder {
   public:
-    /// `directory` is the folder as the settings hold it; fixed for the run.
-    explicit DataFolder(const std::string& directory);
+    /// `directory` is the folder that the settings name; fixed for the run.
+    explicit DataFolder(const std::filesystem::path& directory);
 
     /// Proves the folder writable by creating and deleting a file in it; shows the no-access
     /// message when that fails. The folder itself is never created.
@@ -27,16 +27,17 @@ class DataFolder {
     bool available(Prompts& prompts) const;
 
     /// The folder with the separator at its end.
-    const std::string& DataPath() const { return path_; }
+    const std::filesystem::path& DataPath() const { return path_; }
 
-    std::string file(const std::string& name) const { return path_ + name; }
+    /// Path of a file in it; the name is one in the code page.
+    std::filesystem::path file(const std::string& name) const;
 
     /// Path of an order's document. Throws FileError (52) for a number that would name a file
     /// anywhere else, or that no file system takes.
-    std::string documentPath(const std::string& orderNumber) const;
+    std::filesystem::path documentPath(const std::string& orderNumber) const;
 
   private:
-    std::string path_;
+    std::filesystem::path path_;
     std::string reason_;
     bool ok_ = false;
 };

@@ -141,7 +141,7 @@ QWidget* MainWindow::makeLinesBand() {
 void MainWindow::makeStatusBar() {
     auto* dataLabel = new QLabel(tr("Data Folder"));
     dataLabel->setObjectName(QStringLiteral("Label16"));
-    dataLabel->setToolTip(pathToQt("Data Path = " + program_.folder.DataPath()));
+    dataLabel->setToolTip(tr("Data Path = %1").arg(pathToQt(program_.folder.DataPath())));
     dataLabel->setForegroundRole(QPalette::PlaceholderText);
     stopWaiting_ = new QToolButton;
     stopWaiting_->setObjectName(QStringLiteral("StopWaiting"));
@@ -201,7 +201,7 @@ void MainWindow::watchCore() {
     };
     prompts_.setParent(this);
     prompts_.showLine = [this](const std::string& line, bool lasting) {
-        showLine(pathToQt(line));
+        showLine(messageToQt(line));
         doneLine_ = lasting ? QString() : statusBar()->currentMessage();
     };
     program_.open.onChange = [this] { refresh(); };
@@ -212,7 +212,7 @@ void MainWindow::watchCore() {
         setWindowTitle(toQt(caption));
     };
     const auto show = [this](const std::string& line) {
-        waitingLine_ = pathToQt(line);
+        waitingLine_ = messageToQt(line);
         showLine(waitingLine_);
         stopWaiting_->show();
     };

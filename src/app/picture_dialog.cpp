@@ -23,7 +23,7 @@ QListWidget* list(const char* name, const QString& accessibleName) {
     return list;
 }
 
-void fill(QListWidget* list, const std::vector<std::string>& names) {
+void fill(QListWidget* list, const std::vector<std::filesystem::path>& names) {
     const QSignalBlocker quiet(list);
     list->clear();
     for (const auto& name : names)
@@ -32,7 +32,8 @@ void fill(QListWidget* list, const std::vector<std::string>& names) {
 
 }  // namespace
 
-PictureDialog::PictureDialog(const FileSystem& files, const std::string& folder, QWidget* parent)
+PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::path& folder,
+                             QWidget* parent)
     : QDialog(parent), folder_(files) {
     setObjectName(QStringLiteral("SelectPicForm"));
     setWindowTitle(tr("Graphic Selector"));
@@ -60,9 +61,9 @@ PictureDialog::PictureDialog(const FileSystem& files, const std::string& folder,
     cancel->setToolTip(tr("Close without choosing a picture."));
 
     connect(drives_, &QComboBox::activated, this,
-            [this] { goTo(withSeparator(pathFromQt(drives_->currentText()))); });
+            [this] { goTo(pathFromQt(drives_->currentText())); });
     connect(folders_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
-        folder_.enter(pathFromQt(item->text()));
+        folder_.enter(folder_.folders()[static_cast<std::size_t>(folders_->row(item))]);
         showFolder();
     });
     connect(pictures_, &QListWidget::currentItemChanged, this, &PictureDialog::loadPicture);
@@ -102,7 +103,7 @@ PictureDialog::PictureDialog(const FileSystem& files, const std::string& folder,
     goTo(folder);
 }
 
-void PictureDialog::goTo(const std::string& folder) {
+void PictureDialog::goTo(const std::filesystem::path& folder) {
     folder_.goTo(folder);
     showFolder();
 }
@@ -131,15 +132,15 @@ void PictureDialog::showDrive() {
 void PictureDialog::loadPicture() {
     const auto* item = pictures_->currentItem();
     image_ = QImage();
-    pictureCaption_ = pathToQt(folder_.trouble());
+    pictureCaption_ = toQt(folder_.trouble());
     if (item != nullptr) {
         try {
-            const std::string bytes = folder_.read(pathFromQt(item->text()));
+            const std::string bytes = folder_.read(currentPicture());
             image_ = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
                                       static_cast<int>(bytes.size()));
             pictureCaption_ = image_.isNull() ? tr("This picture cannot be shown.") : item->text();
         } catch (const FileError& error) {
-            pictureCaption_ = pathToQt(error.inWords());
+            pictureCaption_ = toQt(error.inWords());
         }
     }
     take_->setEnabled(item != nullptr);
@@ -161,10 +162,14 @@ void PictureDialog::resizeEvent(QResizeEvent* event) {
     showPicture();
 }
 
+/// Its name as it is on the disk, which may be more than the list can show.
+const std::filesystem::path& PictureDialog::currentPicture() const {
+    return folder_.pictures()[static_cast<std::size_t>(pictures_->currentRow())];
+}
+
 void PictureDialog::choose() {
     if (pictures_->currentItem() == nullptr) return;
-    name_ = pathFromQt(pictures_->currentItem()->text());
-    path_ = folder_.path() + name_;
+    path_ = folder_.path() / currentPicture();
     accept();
 }
 

@@ -5,6 +5,8 @@
 
 #include <QDialog>
 
+#include <filesystem>
+
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -16,21 +18,21 @@ namespace bramblet {
 class PictureDialog : public QDialog {
     Q_OBJECT
   public:
-    PictureDialog(const FileSystem& files, const std::string& folder, QWidget* parent);
+    PictureDialog(const FileSystem& files, const std::filesystem::path& folder, QWidget* parent);
 
-    /// The picture chosen: its name and its full path, both empty when none was.
-    const std::string& name() const { return name_; }
-    const std::string& path() const { return path_; }
+    /// The picture chosen; empty when none was.
+    const std::filesystem::path& path() const { return path_; }
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void goTo(const std::string& folder);
+    void goTo(const std::filesystem::path& folder);
     void showFolder();
     void showDrive();
     void loadPicture();
     void showPicture();
+    const std::filesystem::path& currentPicture() const;
     void choose();
 
     PictureFolder folder_;
@@ -43,8 +45,7 @@ class PictureDialog : public QDialog {
     QPushButton* take_;
     QImage image_;
     QString pictureCaption_;
-    std::string name_;
-    std::string path_;
+    std::filesystem::path path_;
 };
 
 }  // namespace bramblet

@@ -1,6 +1,6 @@
 #include "app/picture_folder.h"
 
-#include "platform/text.h"
+#include "platform/path_text.h"
 
 #include <algorithm>
 #include <array>
@@ -8,30 +8,28 @@
 namespace bramblet {
 namespace {
 
-constexpr std::array<std::string_view, 5> kEndings{".GIF", ".JPG", ".JPEG", ".BMP", ".PNG"};
+constexpr std::array<std::u16string_view, 5> kEndings{u".GIF", u".JPG", u".JPEG", u".BMP", u".PNG"};
 constexpr const char* kAbove = "..";
 
-bool isPicture(const std::string& name) {
-    const std::string upperName = upper(name);
+bool isPicture(const std::filesystem::path& name) {
+    const std::u16string upperName = withoutCase(name);
     return std::any_of(kEndings.begin(), kEndings.end(),
-                       [&](std::string_view ending) { return upperName.ends_with(ending); });
+                       [&](std::u16string_view ending) { return upperName.ends_with(ending); });
 }
 
-std::string parentOf(const std::string& folder) {
-    const auto separator = folder.find_last_of(kFolderSeparator, folder.size() - 2);
-    return separator == std::string::npos ? folder : folder.substr(0, separator + 1);
+bool isHidden(const std::filesystem::path& name) {
+    return name.native().front() == '.';
 }
 
-void sortWithoutCase(std::vector<std::string>& names) {
-    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-        return std::pair(upper(a), a) < std::pair(upper(b), b);
-    });
+/// The folder above one that ends in the separator; itself where there is none.
+std::filesystem::path parentOf(const std::filesystem::path& folder) {
+    return withSeparator(folder.parent_path().parent_path());
 }
 
 }  // namespace
 
-void PictureFolder::goTo(const std::string& folder) {
-    path_ = folder;
+void PictureFolder::goTo(const std::filesystem::path& folder) {
+    path_ = withSeparator(folder);
     folders_.clear();
     pictures_.clear();
     trouble_.clear();
@@ -41,15 +39,15 @@ void PictureFolder::goTo(const std::string& folder) {
     } catch (const FileError& error) {
         trouble_ = error.inWords();
     }
-    std::erase_if(folders_, [](const std::string& name) { return name.starts_with('.'); });
-    std::erase_if(pictures_, [](const std::string& name) { return !isPicture(name); });
+    std::erase_if(folders_, isHidden);
+    std::erase_if(pictures_, [](const auto& name) { return !isPicture(name); });
     sortWithoutCase(folders_);
     sortWithoutCase(pictures_);
     if (parentOf(path_) != path_) folders_.insert(folders_.begin(), kAbove);
 }
 
-void PictureFolder::enter(const std::string& name) {
-    goTo(name == kAbove ? parentOf(path_) : withSeparator(path_ + name));
+void PictureFolder::enter(const std::filesystem::path& name) {
+    goTo(name == kAbove ? parentOf(path_) : path_ / name);
 }
 
 }  // namespace bramblet

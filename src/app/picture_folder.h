@@ -3,6 +3,7 @@
 
 #include "platform/file_system.h"
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -12,27 +13,27 @@ class PictureFolder {
   public:
     explicit PictureFolder(const FileSystem& files) : files_(files.withoutRetry()) {}
 
-    /// Shows a folder, given with the separator at its end.
-    void goTo(const std::string& folder);
+    void goTo(const std::filesystem::path& folder);
     /// Shows one of `folders`.
-    void enter(const std::string& name);
+    void enter(const std::filesystem::path& name);
 
-    const std::string& path() const { return path_; }
+    /// The folder shown, with the separator at its end.
+    const std::filesystem::path& path() const { return path_; }
     /// Names without case sorted; ".." first where there is a folder above. Hidden ones are left
     /// out.
-    const std::vector<std::string>& folders() const { return folders_; }
-    const std::vector<std::string>& pictures() const { return pictures_; }
+    const std::vector<std::filesystem::path>& folders() const { return folders_; }
+    const std::vector<std::filesystem::path>& pictures() const { return pictures_; }
     /// Why the folder cannot be shown; empty when it can.
     const std::string& trouble() const { return trouble_; }
 
     /// The bytes of one of `pictures`. Throws FileError.
-    std::string read(const std::string& name) const { return files_.read(path_ + name); }
+    std::string read(const std::filesystem::path& name) const { return files_.read(path_ / name); }
 
   private:
     FileSystem files_;
-    std::string path_;
-    std::vector<std::string> folders_;
-    std::vector<std::string> pictures_;
+    std::filesystem::path path_;
+    std::vector<std::filesystem::path> folders_;
+    std::vector<std::filesystem::path> pictures_;
     std::string trouble_;
 };
 

@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "document/amount_text.h"
+#include "platform/path_text.h"
 #include "platform/sorting.h"
 #include "platform/text.h"
 
@@ -12,7 +13,7 @@ Program::Program(Environment environment, Prompts& prompts)
       files_(environment_.waitForFile),
       settingsFile_(FileSystem(), homeFolderIn(environment_.documentsFolder)),
       settings(settingsFile_.LoadConfig(prompts)),
-      folder(settings.DataDirectory),
+      folder(pathOfFolder(settings.DataDirectory)),
       taxFreight(isOn(settings.TaxFreight)),
       addresses(files_, folder, prompts, open),
       histories(files_, folder, prompts, open, addresses),
@@ -96,8 +97,8 @@ void Program::mu_About() {
                   Buttons::Ok, Icon::Information});
 }
 
-std::string Program::homeFolderIn(const std::string& documentsFolder) {
-    return withSeparator(withSeparator(documentsFolder) + "Quenmoor");
+std::filesystem::path Program::homeFolderIn(const std::filesystem::path& documentsFolder) {
+    return withSeparator(documentsFolder / "Quenmoor");
 }
 
 }  // namespace bramblet

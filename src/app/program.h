@@ -24,14 +24,14 @@
 #include "stock/stock_exchange.h"
 #include "stock/stock_list.h"
 
-#include <string>
+#include <filesystem>
 
 namespace bramblet {
 
 /// What the program is given from outside.
 struct Environment {
     Desktop& desktop;
-    std::string documentsFolder;  ///< of the user, with or without the separator at its end
+    std::filesystem::path documentsFolder;  ///< of the user
     RegionalFormats formats;
     Clock clock;
     FileWait waitForFile;
@@ -68,7 +68,7 @@ class Program {
     void mu_About();
 
     /// The home folder, with the separator at its end.
-    static std::string homeFolderIn(const std::string& documentsFolder);
+    static std::filesystem::path homeFolderIn(const std::filesystem::path& documentsFolder);
 
   private:
     Environment environment_;

@@ -1,14 +1,21 @@
 #include "app/settings.h"
 
 #include "platform/file_system.h"
+#include "platform/path_text.h"
 
 namespace bramblet {
 
-std::string defaultDataDirectory(const std::string& homeFolder) {
-    return withSeparator(homeFolder + "po_data");
+std::filesystem::path defaultDataDirectory(const std::filesystem::path& homeFolder) {
+    return withSeparator(homeFolder / "po_data");
 }
 
-Settings defaultSettings(const std::string& homeFolder) {
+std::optional<std::string> storableFolder(const std::filesystem::path& folder) {
+    auto text = folderText(folder);
+    if (text && text->size() > kFolderWidth) text.reset();
+    return text;
+}
+
+Settings defaultSettings(const std::filesystem::path& homeFolder) {
     // A record of zero bytes: what is not assigned below stays so in the file.
     Settings settings = decodeRecord(kSettingsLayout, "");
     settings.SigLineSpace = 23;
@@ -33,8 +40,8 @@ Settings defaultSettings(const std::string& homeFolder) {
     settings.IDText3 = "Address Line 2";
     settings.IDText4 = "Address Line 3";
     settings.IDText5 = "Maybe phone & fax here?";
-    settings.DataDirectory = defaultDataDirectory(homeFolder);
-    settings.BackupFolder = defaultDataDirectory(homeFolder);
+    settings.DataDirectory = storableFolder(defaultDataDirectory(homeFolder)).value_or("");
+    settings.BackupFolder = settings.DataDirectory;
     settings.Spare3 = "";
     return settings;
 }

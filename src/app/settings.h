@@ -5,6 +5,8 @@
 #include "platform/fixed_record.h"
 
 #include <cstdint>
+#include <filesystem>
+#include <optional>
 #include <string>
 
 namespace bramblet {
@@ -36,33 +38,56 @@ struct Settings {
     std::string Spare3;
 };
 
+/// The width of the two folders.
+inline constexpr std::size_t kFolderWidth = 300;
+
 /// The record in file order.
 inline constexpr std::array kSettingsLayout{
-    numberField<&Settings::SigLineSpace>(0),       numberField<&Settings::DescriptionLineLength>(2),
-    textField<&Settings::Reserved1>(4, 8),         textField<&Settings::Reserved2>(12, 40),
-    textField<&Settings::Reserved3>(52, 100),      textField<&Settings::VendorItemsCheck>(152, 1),
-    textField<&Settings::RequisitionMode>(153, 1), textField<&Settings::Spare1>(154, 1),
-    textField<&Settings::Spare2>(155, 1),          textField<&Settings::UseReqNumber>(156, 1),
-    textField<&Settings::RequestForQuote>(157, 1), textField<&Settings::Reserved4>(158, 8),
-    textField<&Settings::Reserved5>(166, 2),       textField<&Settings::Reserved6>(168, 8),
-    textField<&Settings::WindowTop>(176, 5),       textField<&Settings::WindowLeft>(181, 5),
-    textField<&Settings::WindowHeight>(186, 5),    textField<&Settings::WindowWidth>(191, 5),
-    textField<&Settings::FontName>(196, 200),      textField<&Settings::FormWidth>(396, 3),
-    textField<&Settings::TopGraphic>(399, 200),    textField<&Settings::UseTopGraphic>(599, 1),
-    textField<&Settings::IDText1>(600, 60),        textField<&Settings::IDText2>(660, 60),
-    textField<&Settings::IDText3>(720, 60),        textField<&Settings::IDText4>(780, 60),
-    textField<&Settings::IDText5>(840, 60),        numberField<&Settings::OrdersSavedCount>(900),
-    textField<&Settings::DataDirectory>(908, 300), textField<&Settings::NumberPrefix>(1208, 10),
-    textField<&Settings::UseQuantities>(1218, 1),  textField<&Settings::TaxFreight>(1219, 1),
-    textField<&Settings::BackupFolder>(1220, 300), textField<&Settings::Spare3>(1520, 199),
+    numberField<&Settings::SigLineSpace>(0),
+    numberField<&Settings::DescriptionLineLength>(2),
+    textField<&Settings::Reserved1>(4, 8),
+    textField<&Settings::Reserved2>(12, 40),
+    textField<&Settings::Reserved3>(52, 100),
+    textField<&Settings::VendorItemsCheck>(152, 1),
+    textField<&Settings::RequisitionMode>(153, 1),
+    textField<&Settings::Spare1>(154, 1),
+    textField<&Settings::Spare2>(155, 1),
+    textField<&Settings::UseReqNumber>(156, 1),
+    textField<&Settings::RequestForQuote>(157, 1),
+    textField<&Settings::Reserved4>(158, 8),
+    textField<&Settings::Reserved5>(166, 2),
+    textField<&Settings::Reserved6>(168, 8),
+    textField<&Settings::WindowTop>(176, 5),
+    textField<&Settings::WindowLeft>(181, 5),
+    textField<&Settings::WindowHeight>(186, 5),
+    textField<&Settings::WindowWidth>(191, 5),
+    textField<&Settings::FontName>(196, 200),
+    textField<&Settings::FormWidth>(396, 3),
+    textField<&Settings::TopGraphic>(399, 200),
+    textField<&Settings::UseTopGraphic>(599, 1),
+    textField<&Settings::IDText1>(600, 60),
+    textField<&Settings::IDText2>(660, 60),
+    textField<&Settings::IDText3>(720, 60),
+    textField<&Settings::IDText4>(780, 60),
+    textField<&Settings::IDText5>(840, 60),
+    numberField<&Settings::OrdersSavedCount>(900),
+    textField<&Settings::DataDirectory>(908, kFolderWidth),
+    textField<&Settings::NumberPrefix>(1208, 10),
+    textField<&Settings::UseQuantities>(1218, 1),
+    textField<&Settings::TaxFreight>(1219, 1),
+    textField<&Settings::BackupFolder>(1220, kFolderWidth),
+    textField<&Settings::Spare3>(1520, 199),
 };
 static_assert(recordSize(kSettingsLayout) == 1719);
 
-/// What a new settings file holds. `homeFolder` ends in the folder separator.
-Settings defaultSettings(const std::string& homeFolder);
+/// What a new settings file holds.
+Settings defaultSettings(const std::filesystem::path& homeFolder);
 
 /// The default data folder below the home folder, with the separator at its end.
-std::string defaultDataDirectory(const std::string& homeFolder);
+std::filesystem::path defaultDataDirectory(const std::filesystem::path& homeFolder);
+
+/// A folder as it is stored (path_text.h); none when it cannot be: its name is too long or no text.
+std::optional<std::string> storableFolder(const std::filesystem::path& folder);
 
 /// Flags are compared exactly with "Y"; anything else is off.
 inline bool isOn(const std::string& flag) {

@@ -1,6 +1,7 @@
 #include "app/settings_editor.h"
 
 #include "document/amount_text.h"
+#include "platform/path_text.h"
 #include "platform/sorting.h"
 #include "platform/text.h"
 
@@ -30,7 +31,7 @@ constexpr std::array kNames{
     TextBox{&SettingsBoxes::IDText3, &Settings::IDText3, 60},
     TextBox{&SettingsBoxes::IDText4, &Settings::IDText4, 60},
     TextBox{&SettingsBoxes::IDText5, &Settings::IDText5, 60},
-    TextBox{&SettingsBoxes::DataDirectoryEd, &Settings::DataDirectory, 300},
+    TextBox{&SettingsBoxes::DataDirectoryEd, &Settings::DataDirectory, kFolderWidth},
     TextBox{&SettingsBoxes::PrefixEd, &Settings::NumberPrefix, 10},
 };
 constexpr std::size_t kFormWidthWidth = 3;
@@ -90,13 +91,14 @@ void SettingsEditor::Option_Click(bool graphic) {
     settings_.UseTopGraphic = flag(graphic);
 }
 
-void SettingsEditor::SelectGraphic_Click(const std::string& name, const std::string& path) {
-    if (name.empty()) return;
-    const std::string target = folder_.file(name);
+void SettingsEditor::SelectGraphic_Click(const std::filesystem::path& picture) {
+    if (picture.empty()) return;
+    const std::string name = nameInDataFolder(picture);
+    const std::filesystem::path target = folder_.file(name);
     try {
-        if (!files_.isSameFile(path, target)) files_.copy(path, target);
+        if (!files_.isSameFile(picture, target)) files_.copy(picture, target);
     } catch (const Fault& fault) {
-        prompts_.ask({"The picture " + name +
+        prompts_.ask({"The picture " + shown(picture.filename()) +
                           " could not be copied into the data folder: " + fault.inWords() + ".",
                       "Graphic Selector", Buttons::Ok, Icon::Exclamation});
         return;
@@ -105,10 +107,30 @@ void SettingsEditor::SelectGraphic_Click(const std::string& name, const std::str
     settings_.TopGraphic = trimmed(name).substr(0, kTopGraphicWidth);
 }
 
+/// Its own name; or, where the code page or a document cannot hold that, a plain one that no other
+/// file of the data folder has.
+std::string SettingsEditor::nameInDataFolder(const std::filesystem::path& picture) const {
+    const std::string name = madePlainFileName(fromUnicode(unicodeOf(picture.filename())));
+    if (pathOfName(name) == picture.filename()) return name;
+    const auto dot = name.rfind('.');
+    std::string free = name;
+    for (int i = 2; files_.exists(folder_.file(free)); ++i)
+        free = name.substr(0, dot) + "-" + std::to_string(i) + name.substr(dot);
+    return free;
+}
+
 void SettingsEditor::SelectDataDirectory_Click() {
-    const auto folder = prompts_.chooseFolder("Select a folder...", boxes.DataDirectoryEd);
+    const auto folder =
+        prompts_.chooseFolder("Select a folder...", pathOfFolder(boxes.DataDirectoryEd));
     if (!folder) return;
-    boxes.DataDirectoryEd = *folder;
+    const auto text = storableFolder(*folder);
+    if (!text) {
+        prompts_.ask({"The name of the folder " + shown(*folder) +
+                          " is too long for the settings or no text. Please select another one.",
+                      "Configuration", Buttons::Ok, Icon::Exclamation});
+        return;
+    }
+    boxes.DataDirectoryEd = *text;
     prompts_.ask(
         {"Note - changes to the data path will not take effect until after \"Bramblet\" is "
          "re-started!",
@@ -125,6 +147,7 @@ bool SettingsEditor::Command1_Click() {
     try {
         sigLineSpace = numberIn(kSigLineSpace);
         descriptionLine = numberIn(kDescriptionLine);
+        checkFolder();
     } catch (const BoxFault& fault) {
         prompts_.ask({fault.inWords() + ".", "Configuration", Buttons::Ok, Icon::Exclamation});
         return false;
@@ -162,6 +185,13 @@ void SettingsEditor::setNumber(const NumberBox& box, int number) {
 void SettingsEditor::setFont(const std::string& name) {
     boxes.FontNameEd = name;
     settings_.FontName = trimmed(name).substr(0, kFontNameWidth);
+}
+
+/// A name that is cut off would be another folder's.
+void SettingsEditor::checkFolder() const {
+    if (boxes.DataDirectoryEd.size() <= kFolderWidth) return;
+    throw BoxFault(FaultNumber::Overflow, "Data Directory",
+                   shown(pathOfFolder(boxes.DataDirectoryEd)), "is too long a name");
 }
 
 std::int16_t SettingsEditor::numberIn(const NumberBox& box) const {

@@ -5,6 +5,7 @@
 #include "app/settings.h"
 #include "platform/prompts.h"
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -52,13 +53,14 @@ class SettingsEditor {
     void DefaultFont_Click() { setFont("Arial"); }
     void SelectFont_Click();
     void Option_Click(bool graphic);
-    /// A picture was chosen in the graphic selector: copies it into the data folder.
-    void SelectGraphic_Click(const std::string& name, const std::string& path);
+    /// A picture was chosen in the graphic selector, or none when the path is empty: copies it into
+    /// the data folder, under a plain name where its own cannot stand in the settings.
+    void SelectGraphic_Click(const std::filesystem::path& picture);
     void SelectDataDirectory_Click();
     void ReWrite_Click();
 
-    /// "Save": false when a box holds no number, after a message that names it; nothing has been
-    /// stored then.
+    /// "Save": false when a box holds no number or too long a folder, after a message that names
+    /// it; nothing has been stored then.
     bool Command1_Click();
 
   private:
@@ -78,7 +80,9 @@ class SettingsEditor {
     void setWidth(const std::string& width);
     void stepNumber(const NumberBox& box, int step);
     void setNumber(const NumberBox& box, int number);
+    std::string nameInDataFolder(const std::filesystem::path& picture) const;
     void setFont(const std::string& name);
+    void checkFolder() const;
     std::int16_t numberIn(const NumberBox& box) const;
 
     FileSystem files_;

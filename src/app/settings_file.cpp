@@ -1,5 +1,6 @@
 #include "app/settings_file.h"
 
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace bramblet {
@@ -11,7 +12,7 @@ constexpr std::size_t kSize = recordSize(kSettingsLayout);
 
 }  // namespace
 
-SettingsFile::SettingsFile(FileSystem files, std::string homeFolder)
+SettingsFile::SettingsFile(FileSystem files, std::filesystem::path homeFolder)
     : files_(std::move(files)), home_(std::move(homeFolder)) {}
 
 Settings SettingsFile::LoadConfig(Prompts& prompts) {
@@ -39,22 +40,22 @@ Settings SettingsFile::LoadConfig(Prompts& prompts) {
 
 void SettingsFile::SaveConfig(const Settings& settings) const {
     if (handsOff_) return;
-    RandomFile file = files_.openRandom(home_ + kFile);
+    RandomFile file = files_.openRandom(home_ / kFile);
     file.write(0, encodeRecord(kSettingsLayout, settings));
     file.flush();
 }
 
 /// The content of a file of the home folder, which is created empty when it is missing.
 std::string SettingsFile::contentOf(const char* name) const {
-    if (!files_.exists(home_ + name)) files_.touch(home_ + name);
-    return files_.read(home_ + name);
+    if (!files_.exists(home_ / name)) files_.touch(home_ / name);
+    return files_.read(home_ / name);
 }
 
 Settings SettingsFile::firstSettings(Prompts& prompts) {
     const std::string forerunner = contentOf(kForerunner);
     if (forerunner.size() >= kSize) {
         Settings settings = decodeRecord(kSettingsLayout, forerunner);
-        settings.BackupFolder = defaultDataDirectory(home_);
+        settings.BackupFolder = storableFolder(defaultDataDirectory(home_)).value_or("");
         SaveConfig(settings);
         return settings;
     }
@@ -75,7 +76,7 @@ Settings SettingsFile::newDefaults() const {
 
 Settings SettingsFile::insteadOfUnusable(const std::string& name, const std::string& reason,
                                          Prompts& prompts) {
-    std::string text = "The settings file " + home_ + name + " cannot be used: " + reason +
+    std::string text = "The settings file " + shown(home_ / name) + " cannot be used: " + reason +
                        ".\r\n\r\nThe program goes on with its default settings. ";
     handsOff_ = true;
     try {
@@ -94,10 +95,10 @@ Settings SettingsFile::insteadOfUnusable(const std::string& name, const std::str
 std::string SettingsFile::moveAside(const std::string& name) const {
     const std::string stem = name.substr(0, name.find('.'));
     std::string kept = stem + "-old.cfg";
-    for (int i = 2; files_.exists(home_ + kept); ++i) {
+    for (int i = 2; files_.exists(home_ / kept); ++i) {
         kept = stem + "-old" + std::to_string(i) + ".cfg";
     }
-    files_.rename(home_ + name, home_ + kept);
+    files_.rename(home_ / name, home_ / kept);
     return kept;
 }
 

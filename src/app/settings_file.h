@@ -5,14 +5,14 @@
 #include "platform/file_system.h"
 #include "platform/prompts.h"
 
+#include <filesystem>
 #include <string>
 
 namespace bramblet {
 
 class SettingsFile {
   public:
-    /// `homeFolder` ends in the folder separator.
-    SettingsFile(FileSystem files, std::string homeFolder);
+    SettingsFile(FileSystem files, std::filesystem::path homeFolder);
 
     /// Reads the settings; a missing or empty file is first filled with the record of "po14.cfg",
     /// or with the defaults, whose data folder is then created. A file that cannot be used is kept
@@ -23,7 +23,7 @@ class SettingsFile {
     /// nor put aside: it is not lost for settings that are only the defaults.
     void SaveConfig(const Settings& settings) const;
 
-    const std::string& homeFolder() const { return home_; }
+    const std::filesystem::path& homeFolder() const { return home_; }
 
   private:
     std::string contentOf(const char* name) const;
@@ -34,7 +34,7 @@ class SettingsFile {
     std::string moveAside(const std::string& name) const;
 
     FileSystem files_;
-    std::string home_;
+    std::filesystem::path home_;
     bool handsOff_ = false;
 };
 

@@ -1,5 +1,6 @@
 #include "backup/backup.h"
 
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -8,18 +9,23 @@
 namespace bramblet {
 namespace {
 
-constexpr std::array<std::string_view, 5> kEndings{".DAT", ".HTM", ".GIF", ".JPG", ".BMP"};
+constexpr std::array<std::u16string_view, 5> kEndings{u".DAT", u".HTM", u".GIF", u".JPG", u".BMP"};
 constexpr std::size_t kBlock = 1 << 20;
 constexpr std::size_t kNamesTold = 10;
 
-bool isWanted(const std::string& name) {
-    const std::string upperName = upper(name);
+bool isWanted(const std::filesystem::path& name) {
+    const std::u16string upperName = withoutCase(name);
     return std::any_of(kEndings.begin(), kEndings.end(),
-                       [&](std::string_view ending) { return upperName.ends_with(ending); });
+                       [&](std::u16string_view ending) { return upperName.ends_with(ending); });
 }
 
-std::string folderText(const std::string& text) {
-    return withSeparator(trimmed(text));
+/// Without the blanks around it, and with the separator at its end.
+std::filesystem::path tidied(const std::filesystem::path& folder) {
+    constexpr std::filesystem::path::value_type kBlank = ' ';
+    const auto& text = folder.native();
+    const auto first = text.find_first_not_of(kBlank);
+    if (first == text.npos) return withSeparator({});
+    return withSeparator(text.substr(first, text.find_last_not_of(kBlank) - first + 1));
 }
 
 std::string counted(std::size_t count, const std::string& one) {
@@ -27,11 +33,11 @@ std::string counted(std::size_t count, const std::string& one) {
 }
 
 /// "\r\n\r\nMissing:\r\na\r\nb\r\n... and 12 more", or nothing.
-std::string nameList(const std::string& heading, const std::vector<std::string>& names) {
+std::string nameList(const std::string& heading, const std::vector<std::filesystem::path>& names) {
     if (names.empty()) return {};
     std::string text = "\r\n\r\n" + heading;
     for (std::size_t i = 0; i < std::min(names.size(), kNamesTold); ++i)
-        text += "\r\n" + names[i];
+        text += "\r\n" + shown(names[i]);
     if (names.size() > kNamesTold) {
         text += "\r\n... and " + std::to_string(names.size() - kNamesTold) + " more";
     }
@@ -50,9 +56,11 @@ void Backup::open(Kind kind) {
     progress_ = {};
     BackUpProgress.clear();
     settings_.BackupFolder = trimmedField(settings_.BackupFolder);
-    if (settings_.BackupFolder.empty()) settings_.BackupFolder = folder_.DataPath();
-    Backuplist = kind == Kind::Backup ? folder_.DataPath() : settings_.BackupFolder;
-    BackUpTarget = kind == Kind::Backup ? settings_.BackupFolder : folder_.DataPath();
+    if (settings_.BackupFolder.empty())
+        settings_.BackupFolder = storableFolder(folder_.DataPath()).value_or("");
+    const std::filesystem::path remembered = pathOfFolder(settings_.BackupFolder);
+    Backuplist = kind == Kind::Backup ? folder_.DataPath() : remembered;
+    BackUpTarget = kind == Kind::Backup ? remembered : folder_.DataPath();
     showFiles();
 }
 
@@ -60,7 +68,7 @@ void Backup::SelectTarget_Click() {
     const auto folder = prompts_.chooseFolder("Select a folder...", folder_.DataPath());
     if (!folder) return;
     BackUpTarget = withSeparator(*folder);
-    settings_.BackupFolder = trimmed(BackUpTarget);
+    rememberTarget();
     onChange();
 }
 
@@ -97,7 +105,7 @@ bool Backup::RunBackup_Click() {
     if (copied && kind_ == Kind::Restore) onRestored();
     if (!completed) return false;
     // A target that was typed is remembered like one that was selected.
-    if (kind_ == Kind::Backup) settings_.BackupFolder = BackUpTarget;
+    if (kind_ == Kind::Backup) rememberTarget();
     const char* const text = kind_ == Kind::Backup ? "Backup completed!" : "Restoration completed!";
     prompts_.ask({text, "Finished", Buttons::Ok, Icon::Information});
     return true;
@@ -135,8 +143,8 @@ bool Backup::run(const std::function<bool()>& work) {
 
 /// Brings the folders into shape; false after a message when there is nothing to do.
 bool Backup::prepare() {
-    Backuplist = folderText(Backuplist);
-    BackUpTarget = folderText(BackUpTarget);
+    Backuplist = tidied(Backuplist);
+    BackUpTarget = tidied(BackUpTarget);
     const auto nothing = [&](const std::string& why) {
         prompts_.ask({why, "Nothing to do!", Buttons::Ok, Icon::Exclamation});
         return false;
@@ -145,12 +153,22 @@ bool Backup::prepare() {
         return nothing("Target and source are the same! Please select a different target folder.");
     }
     listFiles();
-    if (BackMeUp.empty()) return nothing("There are no data files in " + Backuplist + ".");
+    if (BackMeUp.empty()) return nothing("There are no data files in " + shown(Backuplist) + ".");
     return true;
 }
 
+void Backup::rememberTarget() {
+    if (const auto text = storableFolder(BackUpTarget)) {
+        settings_.BackupFolder = trimmed(*text);
+    } else {
+        prompts_.say("The folder " + shown(BackUpTarget) +
+                     " will not be remembered: its name is too long or no text");
+    }
+}
+
 bool Backup::isSameFolder() const {
-    return upper(Backuplist) == upper(BackUpTarget) || files_.isSameFile(Backuplist, BackUpTarget);
+    return withoutCase(Backuplist) == withoutCase(BackUpTarget) ||
+           files_.isSameFile(Backuplist, BackUpTarget);
 }
 
 void Backup::listFiles() {
@@ -158,9 +176,7 @@ void Backup::listFiles() {
     for (const auto& name : files_.fileNames(Backuplist)) {
         if (isWanted(name)) BackMeUp.push_back(name);
     }
-    std::sort(BackMeUp.begin(), BackMeUp.end(), [](const std::string& a, const std::string& b) {
-        return std::pair(upper(a), a) < std::pair(upper(b), b);
-    });
+    sortWithoutCase(BackMeUp);
 }
 
 /// For a window that only shows them yet.
@@ -178,7 +194,7 @@ std::vector<Backup::Item> Backup::items() const {
     std::vector<Item> all;
     all.reserve(BackMeUp.size());
     for (const auto& name : BackMeUp)
-        all.push_back({name, files_.status(Backuplist + name).length});
+        all.push_back({name, files_.status(Backuplist / name).length});
     return all;
 }
 
@@ -188,7 +204,7 @@ bool Backup::copyAll() {
     start(all);
     for (const auto& item : all) {
         if (!next("Copying: ", item)) return false;
-        files_.copy(Backuplist + item.name, BackUpTarget + item.name);
+        files_.copy(Backuplist / item.name, BackUpTarget / item.name);
     }
     BackUpProgress = counted(all.size(), "file") + " copied";
     return true;
@@ -200,7 +216,7 @@ bool Backup::compareAll(Comparison& result) {
     start(all);
     for (const auto& item : all) {
         if (!next("Comparing: ", item)) return false;
-        if (!files_.exists(BackUpTarget + item.name)) {
+        if (!files_.exists(BackUpTarget / item.name)) {
             result.missing.push_back(item.name);
         } else if (isSame(item.name)) {
             ++agreeing;
@@ -220,7 +236,7 @@ void Backup::checkSpace(const std::vector<Item>& items) const {
     std::uint64_t more = 0;
     std::uint64_t largest = 0;
     for (const auto& item : items) {
-        const std::string target = BackUpTarget + item.name;
+        const std::filesystem::path target = BackUpTarget / item.name;
         const std::uint64_t old = files_.exists(target) ? files_.status(target).length : 0;
         more += item.length - std::min(item.length, old);
         largest = std::max(largest, std::min(item.length, old));
@@ -234,9 +250,9 @@ void Backup::checkSpace(const std::vector<Item>& items) const {
     if (more + largest > free) throw FileError(FaultNumber::DiskFull, BackUpTarget);
 }
 
-bool Backup::isSame(const std::string& name) const {
-    const RandomFile source(files_, Backuplist + name, os::Open::Read);
-    const RandomFile copy(files_, BackUpTarget + name, os::Open::Read);
+bool Backup::isSame(const std::filesystem::path& name) const {
+    const RandomFile source(files_, Backuplist / name, os::Open::Read);
+    const RandomFile copy(files_, BackUpTarget / name, os::Open::Read);
     if (source.length() != copy.length()) return false;
     for (std::uint64_t offset = 0;; offset += kBlock) {
         const std::string block = source.read(offset, kBlock);
@@ -253,7 +269,7 @@ void Backup::start(const std::vector<Item>& items) {
 
 /// Tells of the next file; false when the user has stopped the run.
 bool Backup::next(const std::string& doing, const Item& item) {
-    BackUpProgress = doing + item.name;
+    BackUpProgress = doing + shown(item.name);
     onChange();
     if (stopped_) {
         BackUpProgress = "Stopped after " + std::to_string(progress_.files) + " of " +
@@ -268,7 +284,7 @@ bool Backup::next(const std::string& doing, const Item& item) {
 
 void Backup::sayAborted(const Fault& fault) {
     const auto* error = dynamic_cast<const FileError*>(&fault);
-    prompts_.say((error != nullptr ? error->path() + ": " : "") + fault.inWords());
+    prompts_.say((error != nullptr ? shown(error->path()) + ": " : "") + fault.inWords());
     prompts_.ask(
         {"An error has occurred, and this operation has been aborted...\r\n\r\nError name: " +
              fault.description() + "\r\n\r\nError number: " + std::to_string(fault.code()) +

@@ -7,6 +7,7 @@
 #include "platform/prompts.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -32,10 +33,10 @@ class Backup {
     void mu_DataRestore_Click();
 
     // What the window shows.
-    std::string Backuplist;             ///< the source folder
-    std::string BackUpTarget;           ///< the target folder; may be typed
-    std::vector<std::string> BackMeUp;  ///< names of the files to be copied, sorted
-    std::string BackUpProgress;         ///< the status line
+    std::filesystem::path Backuplist;             ///< the source folder
+    std::filesystem::path BackUpTarget;           ///< the target folder; may be typed
+    std::vector<std::filesystem::path> BackMeUp;  ///< names of the files to be copied, sorted
+    std::string BackUpProgress;                   ///< the status line
     /// How far a run has come.
     struct Progress {
         std::size_t files = 0;
@@ -64,25 +65,26 @@ class Backup {
 
   private:
     struct Item {
-        std::string name;
+        std::filesystem::path name;
         std::uint64_t length;
     };
 
     struct Comparison {
-        std::vector<std::string> differing;
-        std::vector<std::string> missing;
+        std::vector<std::filesystem::path> differing;
+        std::vector<std::filesystem::path> missing;
     };
 
     bool run(const std::function<bool()>& work);
     bool prepare();
     bool isSameFolder() const;
+    void rememberTarget();
     void listFiles();
     void showFiles();
     std::vector<Item> items() const;
     bool copyAll();
     bool compareAll(Comparison& result);
     void checkSpace(const std::vector<Item>& items) const;
-    bool isSame(const std::string& name) const;
+    bool isSame(const std::filesystem::path& name) const;
     void start(const std::vector<Item>& items);
     bool next(const std::string& doing, const Item& item);
     void sayAborted(const Fault& fault);

@@ -180,7 +180,7 @@ void BackupDialog::refresh() {
         showNames();
     }
     files_->setCurrentIndex(running ? 1 : 0);
-    progressText_->setText(pathToQt(backup_.BackUpProgress));
+    progressText_->setText(messageToQt(backup_.BackUpProgress));
     const bool begun = progress.fileCount > 0;
     counts_->setVisible(begun);
     counts_->setText(tr("%1 of %2 files, %3 of %4")

@@ -1,6 +1,7 @@
 #include "document/csv_export.h"
 
 #include "document/amount_text.h"
+#include "platform/path_text.h"
 #include "platform/save_target.h"
 #include "platform/text.h"
 
@@ -52,23 +53,23 @@ void CsvExport::mu_DataExport_Click() {
         {"Export Orders", "", "Orders.csv", {{"Comma Separated Values", "*.CSV"}}});
     if (!path) return;
     if (!write(*path)) return;
-    const Message finished{"Data has been exported to " + *path +
+    const Message finished{"Data has been exported to " + shown(*path) +
                                "\r\n\r\nWe can try to open it in your default spreadsheet program "
                                "now - proceed?",
                            "Export Complete", Buttons::YesNo, Icon::Information, Answer::No};
     if (prompts_.ask(finished) == Answer::Yes && !desktop_.open(*path)) {
-        prompts_.say("No program could be started to open " + *path);
+        prompts_.say("No program could be started to open " + shown(*path));
     }
 }
 
-bool CsvExport::write(const std::string& path) {
+bool CsvExport::write(const std::filesystem::path& path) {
     const FileSystem target = files_.withoutRetry();
     try {
         if (!mayReplace(target, path, prompts_)) return false;
         target.replace(path, ordersAsCsv(index_.readAll(), formats_));
         return true;
     } catch (const Fault& fault) {
-        prompts_.say("The orders were not exported to " + path + ": " + fault.inWords());
+        prompts_.say("The orders were not exported to " + shown(path) + ": " + fault.inWords());
         return false;
     }
 }

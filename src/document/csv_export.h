@@ -6,6 +6,7 @@
 #include "platform/desktop.h"
 #include "platform/prompts.h"
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,7 @@ class CsvExport {
     void mu_DataExport_Click();
 
   private:
-    bool write(const std::string& path);
+    bool write(const std::filesystem::path& path);
 
     const FileSystem& files_;
     const DataFolder& folder_;

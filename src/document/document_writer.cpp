@@ -250,7 +250,7 @@ std::string orderDocument(const Order& order, const DocumentStyle& style) {
     return Document(order, style).text();
 }
 
-void MakeSnap(const std::string& path, const Order& order, const DocumentStyle& style,
+void MakeSnap(const std::filesystem::path& path, const Order& order, const DocumentStyle& style,
               const FileSystem& files) {
     files.replace(path, orderDocument(order, style));
 }

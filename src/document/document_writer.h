@@ -7,6 +7,7 @@
 #include "platform/file_system.h"
 #include "platform/regional_formats.h"
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -25,7 +26,7 @@ struct DocumentStyle {
 std::string orderDocument(const Order& order, const DocumentStyle& style);
 
 /// Writes the document in place of the file's old content. Throws as `orderDocument`, or FileError.
-void MakeSnap(const std::string& path, const Order& order, const DocumentStyle& style,
+void MakeSnap(const std::filesystem::path& path, const Order& order, const DocumentStyle& style,
               const FileSystem& files);
 
 /// An address as HTML lines: each line of the text becomes a line of the file after a CR LF, a

@@ -1,5 +1,6 @@
 #include "document/order_viewer.h"
 
+#include "platform/path_text.h"
 #include "platform/save_target.h"
 #include "platform/text.h"
 
@@ -35,7 +36,7 @@ std::string OrderViewer::document() const {
     try {
         return files_.read(path_);
     } catch (const Fault& fault) {
-        tell("The document " + path_ + " was not read: " + fault.inWords() + ".");
+        tell("The document " + shown(path_) + " was not read: " + fault.inWords() + ".");
         return {};
     }
 }
@@ -67,9 +68,9 @@ void OrderViewer::SavePdf_Click(const std::function<std::string()>& pdf) {
     try {
         if (!mayReplace(target, *path, prompts_)) return;
         target.replace(*path, pdf());
-        prompts_.sayDone("The order is saved as " + *path);
+        prompts_.sayDone("The order is saved as " + shown(*path));
     } catch (const Fault& fault) {
-        tell("The PDF was not saved to " + *path + ": " + fault.inWords() + ".");
+        tell("The PDF was not saved to " + shown(*path) + ": " + fault.inWords() + ".");
     }
 }
 
@@ -82,7 +83,7 @@ void OrderViewer::IE_Button_Click() {
     mail.subject = "Bramblet #" + orderNumber();
     mail.text = "html format purchase order attached (file " + orderNumber() + ".htm)";
     mail.attachments.push_back(path_);
-    const std::string graphic = folder_.file(trimmedField(settings_.TopGraphic));
+    const std::filesystem::path graphic = folder_.file(trimmedField(settings_.TopGraphic));
     if (isOn(settings_.UseTopGraphic) && files_.exists(graphic)) {
         mail.attachments.push_back(graphic);
     }

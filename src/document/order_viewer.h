@@ -4,6 +4,7 @@
 #include "orders/order_editor.h"
 #include "platform/desktop.h"
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -23,7 +24,7 @@ class OrderViewer {
 
     /// The document being viewed: its text, its file's path, and the number of its order.
     std::string document() const;
-    const std::string& path() const { return path_; }
+    const std::filesystem::path& path() const { return path_; }
     std::string orderNumber() const;
 
     /// A picture of the data folder by its name; empty when there is none, or the name is no plain
@@ -53,7 +54,7 @@ class OrderViewer {
     const OpenOrder& open_;
     Desktop& desktop_;
     Prompts& prompts_;
-    std::string path_;
+    std::filesystem::path path_;
 };
 
 }  // namespace bramblet

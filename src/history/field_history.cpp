@@ -55,7 +55,7 @@ void FieldHistory::remember(const FileSystem& files, const std::string& value) {
 }
 
 void FieldHistory::forget(const FileSystem& files, const std::string& value,
-                          const std::string& scratch) const {
+                          const std::filesystem::path& scratch) const {
     const std::string line = trimmed(value);
     std::string kept;
     for (const auto& entry : linesOf(files.read(path_))) {

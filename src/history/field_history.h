@@ -4,6 +4,7 @@
 
 #include "platform/file_system.h"
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,7 +16,7 @@ class FieldHistory {
     /// The values in file order; a value that stands twice in the file is there twice.
     using Entries = std::shared_ptr<const std::vector<std::string>>;
 
-    explicit FieldHistory(std::string path) : path_(std::move(path)) {}
+    explicit FieldHistory(std::filesystem::path path) : path_(std::move(path)) {}
 
     /// What the list offers; the same object until the file's content is another one.
     const Entries& entries() const { return entries_; }
@@ -28,10 +29,10 @@ class FieldHistory {
     /// `scratch`, which takes the file's place. `entries` stay until the next `remember`. Throws
     /// FileError.
     void forget(const FileSystem& files, const std::string& value,
-                const std::string& scratch) const;
+                const std::filesystem::path& scratch) const;
 
   private:
-    std::string path_;
+    std::filesystem::path path_;
     std::string content_;  ///< of the file, as `entries_` were made from it
     Entries entries_ = std::make_shared<const std::vector<std::string>>();
 };

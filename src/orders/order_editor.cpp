@@ -251,7 +251,7 @@ bool OrderEditor::write(Histories histories) {
             return false;
         }
     };
-    std::string path;
+    std::filesystem::path path;
     const bool named = attempt("Order " + order.PONoEd + " was not saved: ",
                                [&] { path = at_.folder.documentPath(order.PONoEd); });
     if (named) {
@@ -276,7 +276,7 @@ bool OrderEditor::write(Histories histories) {
     return written;
 }
 
-void OrderEditor::MakeSnap(const std::string& path) const {
+void OrderEditor::MakeSnap(const std::filesystem::path& path) const {
     const DocumentStyle style{at_.settings, at_.taxFreight, at_.formats};
     bramblet::MakeSnap(path, at_.open.order, style, at_.files);
 }
@@ -284,7 +284,7 @@ void OrderEditor::MakeSnap(const std::string& path) const {
 void OrderEditor::LoadOrder(const std::string& orderNumber) {
     std::string document;
     try {
-        const std::string path = at_.folder.documentPath(orderNumber);
+        const std::filesystem::path path = at_.folder.documentPath(orderNumber);
         if (!at_.files.exists(path)) at_.files.touch(path);
         document = at_.files.read(path);
     } catch (const Fault& fault) {

@@ -12,6 +12,7 @@
 #include "platform/clock.h"
 #include "stock/stock_list.h"
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -75,7 +76,7 @@ class OrderEditor {
     /// Totals the order up; false when the user has been told why that was not possible.
     bool totalUp();
     /// Writes the document of the order shown. Throws Fault.
-    void MakeSnap(const std::string& path) const;
+    void MakeSnap(const std::filesystem::path& path) const;
 
   private:
     bool confirm(const std::string& question);

@@ -9,7 +9,7 @@ namespace {
 
 using IndexFile = RecordFile<OrderIndexRecord, kOrderIndexLayout>;
 
-IndexFile openIndex(const FileSystem& files, const std::string& path) {
+IndexFile openIndex(const FileSystem& files, const std::filesystem::path& path) {
     return IndexFile(files, path, RecordCount::Rounded, kMostRecords);
 }
 
@@ -39,7 +39,7 @@ constexpr std::array kAmounts{
 
 }  // namespace
 
-OrderIndex::OrderIndex(FileSystem files, std::string path, const RegionalFormats& formats,
+OrderIndex::OrderIndex(FileSystem files, std::filesystem::path path, const RegionalFormats& formats,
                        Clock clock)
     : files_(std::move(files)),
       path_(std::move(path)),

@@ -9,6 +9,7 @@
 #include "platform/fixed_record.h"
 #include "platform/regional_formats.h"
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -41,7 +42,8 @@ inline constexpr const char* kDeletedOrder = "D";
 /// Overflow when it holds more than 32,767 records.
 class OrderIndex {
   public:
-    OrderIndex(FileSystem files, std::string path, const RegionalFormats& formats, Clock clock);
+    OrderIndex(FileSystem files, std::filesystem::path path, const RegionalFormats& formats,
+               Clock clock);
 
     /// Writes the record of an order: in place of the first one of its number, or behind the last.
     /// An order without a number is not written. Throws BoxFault for a date or an amount that
@@ -62,7 +64,7 @@ class OrderIndex {
     double dateOf(const std::string& text, const std::string& box) const;
 
     FileSystem files_;
-    std::string path_;
+    std::filesystem::path path_;
     const RegionalFormats& formats_;
     Clock clock_;
 };

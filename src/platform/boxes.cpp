@@ -48,7 +48,7 @@ void showText(QLineEdit* box, const std::string& text) {
     show(box, toQt(text));
 }
 
-void showPath(QLineEdit* box, const std::string& path) {
+void showPath(QLineEdit* box, const std::filesystem::path& path) {
     show(box, pathToQt(path));
 }
 

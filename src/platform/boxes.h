@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QToolButton>
 
+#include <filesystem>
 #include <string>
 
 class QPlainTextEdit;
@@ -24,7 +25,7 @@ QToolButton* toolButton(const char* name, Drawing drawing, const QString& captio
 /// edit is sent.
 void showText(QLineEdit* box, const std::string& text);
 /// The same for a path.
-void showPath(QLineEdit* box, const std::string& path);
+void showPath(QLineEdit* box, const std::filesystem::path& path);
 void showText(QPlainTextEdit* box, const std::string& lines);
 
 /// The lines of a box as they stand in it; no-break blanks stay what they are.

@@ -2,6 +2,7 @@
 // that belong to them, and mail. The core knows this interface; the windows' side does it.
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,7 @@ namespace bramblet {
 struct Mail {
     std::string subject;
     std::string text;
-    std::vector<std::string> attachments;  ///< paths
+    std::vector<std::filesystem::path> attachments;
 };
 
 enum class MailResult { HandedOver, Cancelled, NoMailProgram, Failed };
@@ -21,18 +22,18 @@ class Desktop {
     virtual ~Desktop() = default;
 
     /// The program that opens a file of this kind; empty when there is none.
-    virtual std::string programFor(const std::string& path) = 0;
+    virtual std::filesystem::path programFor(const std::filesystem::path& path) = 0;
 
-    /// Opens a file or an address with a program that `programFor` gave. False when that fails.
-    virtual bool openWith(const std::string& program, const std::string& target) = 0;
+    /// Opens an address with a program that `programFor` gave. False when that fails.
+    virtual bool openWith(const std::filesystem::path& program, const std::string& address) = 0;
 
     /// Opens a file with the program that the system has for its type. False when that fails.
-    virtual bool open(const std::string& path) = 0;
+    virtual bool open(const std::filesystem::path& path) = 0;
 
     virtual MailResult compose(const Mail& mail) = 0;
 
     /// Opens a help file of the old kind in its own viewer; false where there is none.
-    virtual bool openHelpFile(const std::string& path) = 0;
+    virtual bool openHelpFile(const std::filesystem::path& path) = 0;
 };
 
 }  // namespace bramblet

@@ -1,6 +1,7 @@
 #include "platform/dialog_prompts.h"
 
 #include "platform/file_system.h"
+#include "platform/path_text.h"
 #include "platform/qt_text.h"
 
 #include <QApplication>
@@ -84,7 +85,7 @@ DialogPrompts::~DialogPrompts() = default;
 
 Answer DialogPrompts::ask(const Message& message) {
     const std::vector<Answer> answers = answersOf(message.buttons);
-    QMessageBox box(iconOf(message.icon), pathToQt(message.title), pathToQt(message.text),
+    QMessageBox box(iconOf(message.icon), messageToQt(message.title), messageToQt(message.text),
                     QMessageBox::NoButton, parent());
     box.setTextFormat(Qt::PlainText);
     for (const Answer answer : answers)
@@ -107,16 +108,16 @@ std::optional<std::string> DialogPrompts::input(const std::string& prompt, const
     return fromQt(text);
 }
 
-std::optional<std::string> DialogPrompts::chooseFileToOpen(const FileChoice& choice) {
+std::optional<std::filesystem::path> DialogPrompts::chooseFileToOpen(const FileChoice& choice) {
     return choose(choice, Purpose::Open);
 }
 
-std::optional<std::string> DialogPrompts::chooseFileToSave(const FileChoice& choice) {
+std::optional<std::filesystem::path> DialogPrompts::chooseFileToSave(const FileChoice& choice) {
     return choose(choice, Purpose::Save);
 }
 
-std::optional<std::string> DialogPrompts::chooseFolder(const std::string& title,
-                                                       const std::string& start) {
+std::optional<std::filesystem::path> DialogPrompts::chooseFolder(
+    const std::string& title, const std::filesystem::path& start) {
     FileChoice choice;
     choice.title = title;
     choice.folder = start;
@@ -140,7 +141,7 @@ void DialogPrompts::progress(const std::string& what, int done, int total) {
     }
     if (!progress_) {
         progress_ =
-            std::make_unique<QProgressDialog>(pathToQt(what), QString(), 0, total, parent());
+            std::make_unique<QProgressDialog>(messageToQt(what), QString(), 0, total, parent());
         progress_->setWindowModality(Qt::WindowModal);
         progress_->setMinimumDuration(700);
         progress_->setWindowTitle(QStringLiteral("Bramblet"));
@@ -150,8 +151,9 @@ void DialogPrompts::progress(const std::string& what, int done, int total) {
     progress_->setValue(done);
 }
 
-std::optional<std::string> DialogPrompts::choose(const FileChoice& choice, Purpose purpose) {
-    QFileDialog dialog(parent(), pathToQt(choice.title), pathToQt(choice.folder));
+std::optional<std::filesystem::path> DialogPrompts::choose(const FileChoice& choice,
+                                                           Purpose purpose) {
+    QFileDialog dialog(parent(), messageToQt(choice.title), pathToQt(choice.folder));
     dialog.setFileMode(purpose == Purpose::Open   ? QFileDialog::ExistingFile
                        : purpose == Purpose::Save ? QFileDialog::AnyFile
                                                   : QFileDialog::Directory);
@@ -163,7 +165,7 @@ std::optional<std::string> DialogPrompts::choose(const FileChoice& choice, Purpo
         dialog.setDefaultSuffix(suffixOf(choice));
     }
     if (!choice.filters.empty()) dialog.setNameFilters(filtersOf(choice));
-    if (!choice.name.empty()) dialog.selectFile(pathToQt(choice.name));
+    if (!choice.name.empty()) dialog.selectFile(pathToQt(pathOfName(choice.name)));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return pathFromQt(dialog.selectedFiles().constFirst());
 }

@@ -26,10 +26,10 @@ class DialogPrompts : public Prompts {
     Answer ask(const Message& message) override;
     std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                      const std::string& preset) override;
-    std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
-    std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
-    std::optional<std::string> chooseFolder(const std::string& title,
-                                            const std::string& start) override;
+    std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice& choice) override;
+    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) override;
+    std::optional<std::filesystem::path> chooseFolder(const std::string& title,
+                                                      const std::filesystem::path& start) override;
     std::optional<std::string> chooseFont(const std::string& current) override;
     void progress(const std::string& what, int done, int total) override;
 
@@ -40,7 +40,7 @@ class DialogPrompts : public Prompts {
 
   private:
     enum class Purpose { Open, Save, Folder };
-    std::optional<std::string> choose(const FileChoice& choice, Purpose purpose);
+    std::optional<std::filesystem::path> choose(const FileChoice& choice, Purpose purpose);
     QWidget* parent() const;
 
     QWidget* parent_ = nullptr;

@@ -2,6 +2,7 @@
 // happens and caught at the edge of the operation.
 #pragma once
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -44,12 +45,13 @@ class Fault : public std::runtime_error {
 /// A fault of a file statement; it knows the file.
 class FileError : public Fault {
   public:
-    FileError(FaultNumber number, std::string path) : Fault(number), path_(std::move(path)) {}
+    FileError(FaultNumber number, std::filesystem::path path)
+        : Fault(number), path_(std::move(path)) {}
 
-    const std::string& path() const { return path_; }
+    const std::filesystem::path& path() const { return path_; }
 
   private:
-    std::string path_;
+    std::filesystem::path path_;
 };
 
 /// A fault caused by what stands in one of the boxes: it names the box and its text.

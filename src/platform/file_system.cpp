@@ -11,18 +11,14 @@
 namespace bramblet {
 namespace {
 
-std::string folderOf(const std::string& path) {
-    const auto separator = path.find_last_of(kFolderSeparator);
-    return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
-}
-
 /// A name beside `path` that nobody else uses, on this machine or another, and no backup pattern
 /// matches.
-std::string temporaryNameFor(const std::string& path) {
+std::filesystem::path temporaryNameFor(const std::filesystem::path& path) {
     static std::mt19937_64 numbers(std::random_device{}() ^ os::processNumber() << 32);
     std::array<char, 17> text{};
     std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(numbers()));
-    return folderOf(path) + "~bramblet-" + text.data() + ".tmp";
+    return std::filesystem::path(path).replace_filename(std::string("~bramblet-") + text.data() +
+                                                        ".tmp");
 }
 
 /// A file that is written beside another one to take its place. It is removed again unless it
@@ -30,7 +26,7 @@ std::string temporaryNameFor(const std::string& path) {
 class Replacement {
   public:
     /// Faults are those of `target`, which is what the user knows of.
-    Replacement(const FileSystem& files, std::string target)
+    Replacement(const FileSystem& files, std::filesystem::path target)
         : files_(files), target_(std::move(target)), path_(temporaryNameFor(target_)) {
         run([&] { file_.emplace(path_, os::Open::WriteNew); });
     }
@@ -72,37 +68,37 @@ class Replacement {
     }
 
     const FileSystem& files_;
-    std::string target_;
-    std::string path_;
+    std::filesystem::path target_;
+    std::filesystem::path path_;
     std::optional<os::File> file_;
 };
 
 }  // namespace
 
-RandomFile FileSystem::openRandom(const std::string& path) const {
+RandomFile FileSystem::openRandom(const std::filesystem::path& path) const {
     return RandomFile(*this, path, os::Open::ReadWrite);
 }
 
-std::string FileSystem::read(const std::string& path) const {
+std::string FileSystem::read(const std::filesystem::path& path) const {
     return RandomFile(*this, path, os::Open::Read).readAll();
 }
 
-void FileSystem::touch(const std::string& path) const {
+void FileSystem::touch(const std::filesystem::path& path) const {
     run([&] { return os::File(path, os::Open::AppendOrCreate); });
 }
 
-void FileSystem::append(const std::string& path, std::string_view content) const {
+void FileSystem::append(const std::filesystem::path& path, std::string_view content) const {
     os::File file = run([&] { return os::File(path, os::Open::AppendOrCreate); });
     run([&] { file.append(content); });
 }
 
-void FileSystem::replace(const std::string& path, std::string_view content) const {
+void FileSystem::replace(const std::filesystem::path& path, std::string_view content) const {
     Replacement replacement(*this, path);
     replacement.write(0, content);
     replacement.putInPlace();
 }
 
-void FileSystem::copy(const std::string& from, const std::string& to) const {
+void FileSystem::copy(const std::filesystem::path& from, const std::filesystem::path& to) const {
     constexpr std::size_t kBlock = 1 << 20;
     const os::FileStatus source = status(from);
     const RandomFile input(*this, from, os::Open::Read);
@@ -117,52 +113,51 @@ void FileSystem::copy(const std::string& from, const std::string& to) const {
     replacement.putInPlace();
 }
 
-bool FileSystem::exists(const std::string& path) const {
+bool FileSystem::exists(const std::filesystem::path& path) const {
     return os::exists(path);
 }
 
-bool FileSystem::isSameFile(const std::string& a, const std::string& b) const {
+bool FileSystem::isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) const {
     return os::isSameFile(a, b);
 }
 
-os::FileStatus FileSystem::status(const std::string& path) const {
+os::FileStatus FileSystem::status(const std::filesystem::path& path) const {
     return run([&] { return os::status(path); });
 }
 
-void FileSystem::remove(const std::string& path) const {
+void FileSystem::remove(const std::filesystem::path& path) const {
     run([&] { os::remove(path); });
 }
 
-void FileSystem::rename(const std::string& from, const std::string& to) const {
+void FileSystem::rename(const std::filesystem::path& from, const std::filesystem::path& to) const {
     run([&] { os::rename(from, to); });
 }
 
-void FileSystem::createFolders(const std::string& path) const {
+void FileSystem::createFolders(const std::filesystem::path& path) const {
     // Only what is missing is asked for: a drive or the name of a server cannot be created.
-    std::vector<std::string> missing;
-    for (auto end = path.rfind(kFolderSeparator); end != std::string::npos && end > 0;
-         end = path.rfind(kFolderSeparator, end - 1)) {
-        const std::string folder = path.substr(0, end);
-        if (os::exists(folder)) break;
+    std::vector<std::filesystem::path> missing;
+    auto folder = path.has_filename() ? path : path.parent_path();
+    for (; folder.has_relative_path() && !os::exists(folder); folder = folder.parent_path())
         missing.push_back(folder);
-    }
-    for (auto folder = missing.rbegin(); folder != missing.rend(); ++folder)
-        run([&] { os::createFolder(*folder); });
+    for (auto next = missing.rbegin(); next != missing.rend(); ++next)
+        run([&] { os::createFolder(*next); });
 }
 
-std::vector<std::string> FileSystem::fileNames(const std::string& folder) const {
+std::vector<std::filesystem::path> FileSystem::fileNames(
+    const std::filesystem::path& folder) const {
     return run([&] { return os::fileNames(folder); });
 }
 
-std::vector<std::string> FileSystem::folderNames(const std::string& folder) const {
+std::vector<std::filesystem::path> FileSystem::folderNames(
+    const std::filesystem::path& folder) const {
     return run([&] { return os::folderNames(folder); });
 }
 
-std::uint64_t FileSystem::freeSpace(const std::string& folder) const {
+std::uint64_t FileSystem::freeSpace(const std::filesystem::path& folder) const {
     return run([&] { return os::freeSpace(folder); });
 }
 
-RandomFile::RandomFile(const FileSystem& files, const std::string& path, os::Open how)
+RandomFile::RandomFile(const FileSystem& files, const std::filesystem::path& path, os::Open how)
     : files_(files), file_(files.run([&] { return os::File(path, how); })) {}
 
 std::uint64_t RandomFile::length() const {
@@ -185,8 +180,9 @@ void RandomFile::flush() {
     files_.run([&] { file_.flush(); });
 }
 
-std::string withSeparator(std::string folder) {
-    if (!folder.ends_with(kFolderSeparator)) folder.push_back(kFolderSeparator);
+std::filesystem::path withSeparator(std::filesystem::path folder) {
+    constexpr auto kSeparator = std::filesystem::path::preferred_separator;
+    if (!folder.native().ends_with(kSeparator)) folder += kSeparator;
     return folder;
 }
 

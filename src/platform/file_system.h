@@ -28,33 +28,33 @@ class FileSystem {
     FileSystem withoutRetry() const { return FileSystem(); }
 
     /// Opens for reading and writing by position; a missing file is created empty.
-    RandomFile openRandom(const std::string& path) const;
+    RandomFile openRandom(const std::filesystem::path& path) const;
 
     /// The whole content of a file.
-    std::string read(const std::string& path) const;
+    std::string read(const std::filesystem::path& path) const;
 
     /// Creates an empty file where there is none.
-    void touch(const std::string& path) const;
+    void touch(const std::filesystem::path& path) const;
 
-    void append(const std::string& path, std::string_view content) const;
+    void append(const std::filesystem::path& path, std::string_view content) const;
 
     /// Puts `content` in place of the file's: written to a temporary file beside it, flushed to
     /// disk and renamed, so that at any moment the old or the new content is there whole.
-    void replace(const std::string& path, std::string_view content) const;
+    void replace(const std::filesystem::path& path, std::string_view content) const;
 
     /// Copies a file under a temporary name and renames it when whole, time stamp kept.
-    void copy(const std::string& from, const std::string& to) const;
+    void copy(const std::filesystem::path& from, const std::filesystem::path& to) const;
 
-    bool exists(const std::string& path) const;
-    bool isSameFile(const std::string& a, const std::string& b) const;
-    os::FileStatus status(const std::string& path) const;
-    void remove(const std::string& path) const;
-    void rename(const std::string& from, const std::string& to) const;
+    bool exists(const std::filesystem::path& path) const;
+    bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) const;
+    os::FileStatus status(const std::filesystem::path& path) const;
+    void remove(const std::filesystem::path& path) const;
+    void rename(const std::filesystem::path& from, const std::filesystem::path& to) const;
     /// Creates a folder and those above it where they are missing.
-    void createFolders(const std::string& path) const;
-    std::vector<std::string> fileNames(const std::string& folder) const;
-    std::vector<std::string> folderNames(const std::string& folder) const;
-    std::uint64_t freeSpace(const std::string& folder) const;
+    void createFolders(const std::filesystem::path& path) const;
+    std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder) const;
+    std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) const;
+    std::uint64_t freeSpace(const std::filesystem::path& folder) const;
 
     /// Runs one file statement under the waiting rule.
     template <class Statement>
@@ -81,7 +81,7 @@ class FileSystem {
 /// An open file whose bytes are read and written by their position.
 class RandomFile {
   public:
-    RandomFile(const FileSystem& files, const std::string& path, os::Open how);
+    RandomFile(const FileSystem& files, const std::filesystem::path& path, os::Open how);
 
     std::uint64_t length() const;
     /// The bytes at `offset`, fewer at the end of the file.
@@ -97,15 +97,8 @@ class RandomFile {
     os::File file_;
 };
 
-/// The separator that folder texts end in.
-#ifdef _WIN32
-inline constexpr char kFolderSeparator = '\\';
-#else
-inline constexpr char kFolderSeparator = '/';
-#endif
-
-/// The folder text with its separator at the end.
-std::string withSeparator(std::string folder);
+/// The folder with a separator at its end.
+std::filesystem::path withSeparator(std::filesystem::path folder);
 
 /// Whether a name may be used as one component of a path: not empty, no separators, no "..", no
 /// drive colon, nothing that a file system refuses.

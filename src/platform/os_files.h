@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,7 +21,7 @@ enum class Open {
 /// An open file; closed by its destructor.
 class File {
   public:
-    File(const std::string& path, Open how);
+    File(const std::filesystem::path& path, Open how);
     ~File();
     File(File&& other) noexcept;
     File& operator=(File&&) = delete;
@@ -36,7 +37,7 @@ class File {
     void flush();
 
   private:
-    std::string path_;
+    std::filesystem::path path_;
     std::intptr_t handle_;
 };
 
@@ -46,20 +47,21 @@ struct FileStatus {
     std::int64_t modified;  ///< nanoseconds since 1970, UTC
 };
 
-bool exists(const std::string& path);
+bool exists(const std::filesystem::path& path);
 /// Whether two paths name one file; false when either is missing.
-bool isSameFile(const std::string& a, const std::string& b);
-FileStatus status(const std::string& path);
-void setModified(const std::string& path, std::int64_t modified);
-void remove(const std::string& path);
+bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b);
+FileStatus status(const std::filesystem::path& path);
+void setModified(const std::filesystem::path& path, std::int64_t modified);
+void remove(const std::filesystem::path& path);
 /// Renames, replacing a file of the new name.
-void rename(const std::string& from, const std::string& to);
-void createFolder(const std::string& path);
-/// Names (no path) of the plain files of a folder, and of its subfolders, each in no certain order.
-std::vector<std::string> fileNames(const std::string& folder);
-std::vector<std::string> folderNames(const std::string& folder);
+void rename(const std::filesystem::path& from, const std::filesystem::path& to);
+void createFolder(const std::filesystem::path& path);
+/// Names (no path) of the plain files of a folder, and of its subfolders, each in no certain order
+/// and just as they are on the disk.
+std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder);
+std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder);
 /// Bytes that may still be written to the disk of `folder`.
-std::uint64_t freeSpace(const std::string& folder);
+std::uint64_t freeSpace(const std::filesystem::path& folder);
 /// A number that tells this process from others that may write beside it.
 std::uint64_t processNumber();
 

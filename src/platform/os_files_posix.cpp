@@ -1,6 +1,5 @@
 #include "platform/fault.h"
 #include "platform/os_files.h"
-#include "platform/text.h"
 
 #include <cerrno>
 #include <dirent.h>
@@ -13,18 +12,16 @@
 namespace bramblet::os {
 namespace {
 
-bool isFolder(const std::string& path) {
+bool isFolder(const std::filesystem::path& path) {
     struct stat information {};
-    return ::stat(pathToUtf8(path).c_str(), &information) == 0 && S_ISDIR(information.st_mode);
+    return ::stat(path.c_str(), &information) == 0 && S_ISDIR(information.st_mode);
 }
 
-std::string parentOf(const std::string& path) {
-    const auto separator = path.find_last_of('/');
-    if (separator == std::string::npos) return ".";
-    return separator == 0 ? "/" : path.substr(0, separator);
+std::filesystem::path parentOf(const std::filesystem::path& path) {
+    return path.has_parent_path() ? path.parent_path() : ".";
 }
 
-FaultNumber faultOf(int error, const std::string& path) {
+FaultNumber faultOf(int error, const std::filesystem::path& path) {
     switch (error) {
         case EACCES:
         case EPERM:
@@ -53,7 +50,7 @@ FaultNumber faultOf(int error, const std::string& path) {
     }
 }
 
-[[noreturn]] void fail(const std::string& path, int error = errno) {
+[[noreturn]] void fail(const std::filesystem::path& path, int error = errno) {
     throw FileError(faultOf(error, path), path);
 }
 
@@ -84,29 +81,26 @@ std::int64_t nanoseconds(const timespec& time) {
     return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
 }
 
-std::vector<std::string> namesIn(const std::string& folder, bool folders) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(pathToUtf8(folder).c_str()),
-                                                     ::closedir);
+std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, bool folders) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), ::closedir);
     if (!stream) fail(folder);
-    const std::string base = folder.ends_with('/') ? folder : folder + "/";
-    std::vector<std::string> names;
+    std::vector<std::filesystem::path> names;
     while (const dirent* entry = ::readdir(stream.get())) {
-        const std::string utf8 = entry->d_name;
-        if (utf8 == "." || utf8 == "..") continue;
+        const std::string_view name = entry->d_name;
+        if (name == "." || name == "..") continue;
         struct stat information {};
-        if (::stat((pathToUtf8(base) + utf8).c_str(), &information) != 0) continue;
+        if (::stat((folder / name).c_str(), &information) != 0) continue;
         const bool wanted = folders ? S_ISDIR(information.st_mode) : S_ISREG(information.st_mode);
-        if (wanted) names.push_back(pathFromUnicode(pathToUnicode(utf8)));
+        if (wanted) names.emplace_back(name);
     }
     return names;
 }
 
 }  // namespace
 
-File::File(const std::string& path, Open how) : path_(path), handle_(-1) {
-    const std::string native = pathToUtf8(path);
+File::File(const std::filesystem::path& path, Open how) : path_(path), handle_(-1) {
     const int flags = flagsOf(how) | O_CLOEXEC;
-    handle_ = uninterrupted([&] { return ::open(native.c_str(), flags, 0666); });
+    handle_ = uninterrupted([&] { return ::open(path.c_str(), flags, 0666); });
     if (handle_ == -1) fail(path);
     struct stat information {};
     if (::fstat(static_cast<int>(handle_), &information) == 0 && S_ISDIR(information.st_mode)) {
@@ -171,59 +165,58 @@ void File::flush() {
     if (result != 0 && errno != EINVAL) fail(path_);  // EINVAL: nothing to flush on such a file
 }
 
-bool exists(const std::string& path) {
+bool exists(const std::filesystem::path& path) {
     struct stat information {};
-    return ::stat(pathToUtf8(path).c_str(), &information) == 0;
+    return ::stat(path.c_str(), &information) == 0;
 }
 
-bool isSameFile(const std::string& a, const std::string& b) {
+bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
     struct stat first {};
     struct stat second {};
-    return ::stat(pathToUtf8(a).c_str(), &first) == 0 &&
-           ::stat(pathToUtf8(b).c_str(), &second) == 0 && first.st_dev == second.st_dev &&
-           first.st_ino == second.st_ino;
+    return ::stat(a.c_str(), &first) == 0 && ::stat(b.c_str(), &second) == 0 &&
+           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 
-FileStatus status(const std::string& path) {
+FileStatus status(const std::filesystem::path& path) {
     struct stat information {};
-    if (::stat(pathToUtf8(path).c_str(), &information) != 0) fail(path);
+    if (::stat(path.c_str(), &information) != 0) fail(path);
     return {S_ISDIR(information.st_mode), static_cast<std::uint64_t>(information.st_size),
             nanoseconds(information.st_mtim)};
 }
 
-void setModified(const std::string& path, std::int64_t modified) {
+void setModified(const std::filesystem::path& path, std::int64_t modified) {
     timespec time{};
     time.tv_sec = static_cast<time_t>(modified / 1'000'000'000);
     time.tv_nsec = static_cast<long>(modified % 1'000'000'000);
     const timespec times[2]{time, time};
-    if (::utimensat(AT_FDCWD, pathToUtf8(path).c_str(), times, 0) != 0) fail(path);
+    if (::utimensat(AT_FDCWD, path.c_str(), times, 0) != 0) fail(path);
 }
 
-void remove(const std::string& path) {
-    if (::unlink(pathToUtf8(path).c_str()) != 0) fail(path);
+void remove(const std::filesystem::path& path) {
+    if (::unlink(path.c_str()) != 0) fail(path);
 }
 
-void rename(const std::string& from, const std::string& to) {
-    if (::rename(pathToUtf8(from).c_str(), pathToUtf8(to).c_str()) != 0) fail(to);
+void rename(const std::filesystem::path& from, const std::filesystem::path& to) {
+    if (::rename(from.c_str(), to.c_str()) != 0) fail(to);
 }
 
-void createFolder(const std::string& path) {
-    if (::mkdir(pathToUtf8(path).c_str(), 0777) == 0) return;
+void createFolder(const std::filesystem::path& path) {
+    if (::mkdir(path.c_str(), 0777) == 0) return;
     const int error = errno;
     if (!isFolder(path)) fail(path, error);
 }
 
-std::vector<std::string> fileNames(const std::string& folder) {
+std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder) {
     return namesIn(folder, false);
 }
 
-std::vector<std::string> folderNames(const std::string& folder) {
+std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) {
     return namesIn(folder, true);
 }
 
-std::uint64_t freeSpace(const std::string& folder) {
+std::uint64_t freeSpace(const std::filesystem::path& folder) {
     struct statvfs information {};
-    if (::statvfs(pathToUtf8(folder).c_str(), &information) != 0) fail(folder);
+    if (::statvfs(folder.c_str(), &information) != 0) fail(folder);
     return static_cast<std::uint64_t>(information.f_bavail) * information.f_frsize;
 }
 

@@ -1,6 +1,5 @@
 #include "platform/fault.h"
 #include "platform/os_files.h"
-#include "platform/text.h"
 
 #include <algorithm>
 #include <memory>
@@ -24,22 +23,9 @@ struct HandleCloser {
 };
 using Handle = std::unique_ptr<void, HandleCloser>;
 
-/// Each component is UTF-8 or code page text by itself, as in `pathToUtf8`.
-std::wstring wideOf(std::string_view path) {
-    std::wstring out;
-    for (;;) {
-        const auto separator = path.find_first_of("\\/");
-        const std::u16string part = pathToUnicode(path.substr(0, separator));
-        out.append(part.begin(), part.end());
-        if (separator == std::string_view::npos) return out;
-        out.push_back(L'\\');
-        path.remove_prefix(separator + 1);
-    }
-}
-
 /// The full path in the form that has no limit of 260 characters.
-std::wstring nativePath(const std::string& path) {
-    const std::wstring wide = wideOf(path);
+std::wstring nativePath(const std::filesystem::path& path) {
+    const std::wstring wide = std::filesystem::path(path).make_preferred().native();
     std::wstring full(::GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
     full.resize(
         ::GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
@@ -97,7 +83,7 @@ FaultNumber faultOf(DWORD error, const std::wstring& native) {
     }
 }
 
-[[noreturn]] void fail(const std::string& path, DWORD error = ::GetLastError()) {
+[[noreturn]] void fail(const std::filesystem::path& path, DWORD error = ::GetLastError()) {
     throw FileError(faultOf(error, nativePath(path)), path);
 }
 
@@ -124,7 +110,7 @@ OpenMode modeOf(Open how) {
 /// Nobody is kept out: several workstations work on one data folder.
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-Handle openAttributes(const std::string& path, DWORD access) {
+Handle openAttributes(const std::filesystem::path& path, DWORD access) {
     return Handle(::CreateFileW(nativePath(path).c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
                                 FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
@@ -147,7 +133,8 @@ DWORD portion(std::size_t count) {
 }
 
 /// Writes at the place, or at the end of the file without one.
-void writeAll(HANDLE handle, const std::string& path, std::string_view bytes, OVERLAPPED* place) {
+void writeAll(HANDLE handle, const std::filesystem::path& path, std::string_view bytes,
+              OVERLAPPED* place) {
     while (!bytes.empty()) {
         DWORD put = 0;
         if (!::WriteFile(handle, bytes.data(), portion(bytes.size()), &put, place)) fail(path);
@@ -176,14 +163,7 @@ struct SearchCloser {
     }
 };
 
-std::string pathOf(const wchar_t* name) {
-    std::u16string units;
-    for (; *name != L'\0'; ++name)
-        units.push_back(static_cast<char16_t>(*name));
-    return pathFromUnicode(units);
-}
-
-std::vector<std::string> namesIn(const std::string& folder, bool folders) {
+std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, bool folders) {
     std::wstring pattern = nativePath(folder);
     pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
     WIN32_FIND_DATAW entry{};
@@ -195,12 +175,12 @@ std::vector<std::string> namesIn(const std::string& folder, bool folders) {
         if (error == ERROR_FILE_NOT_FOUND && isFolder(nativePath(folder))) return {};
         fail(folder, error);
     }
-    std::vector<std::string> names;
+    std::vector<std::filesystem::path> names;
     do {
         const std::wstring_view name = entry.cFileName;
         if (name == L"." || name == L"..") continue;
         const bool isOne = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        if (isOne == folders) names.push_back(pathOf(entry.cFileName));
+        if (isOne == folders) names.emplace_back(name);
     } while (::FindNextFileW(search.get(), &entry));
     // A share that is lost half way must not pass for a shorter folder.
     if (::GetLastError() != ERROR_NO_MORE_FILES) fail(folder);
@@ -217,7 +197,7 @@ std::wstring finalPath(HANDLE handle) {
 
 }  // namespace
 
-File::File(const std::string& path, Open how) : path_(path), handle_(-1) {
+File::File(const std::filesystem::path& path, Open how) : path_(path), handle_(-1) {
     const std::wstring native = nativePath(path);
     const OpenMode mode = modeOf(how);
     const HANDLE handle = ::CreateFileW(native.c_str(), mode.access, kShareAll, nullptr,
@@ -273,11 +253,11 @@ void File::flush() {
     if (!::FlushFileBuffers(handleOf(handle_))) fail(path_);
 }
 
-bool exists(const std::string& path) {
+bool exists(const std::filesystem::path& path) {
     return ::GetFileAttributesW(nativePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-bool isSameFile(const std::string& a, const std::string& b) {
+bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
     const Handle first = openAttributes(a, FILE_READ_ATTRIBUTES);
     const Handle second = openAttributes(b, FILE_READ_ATTRIBUTES);
     BY_HANDLE_FILE_INFORMATION one{};
@@ -292,14 +272,14 @@ bool isSameFile(const std::string& a, const std::string& b) {
            one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
 }
 
-FileStatus status(const std::string& path) {
+FileStatus status(const std::filesystem::path& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!::GetFileAttributesExW(nativePath(path).c_str(), GetFileExInfoStandard, &data)) fail(path);
     return {(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0,
             joined(data.nFileSizeHigh, data.nFileSizeLow), nanoseconds(data.ftLastWriteTime)};
 }
 
-void setModified(const std::string& path, std::int64_t modified) {
+void setModified(const std::filesystem::path& path, std::int64_t modified) {
     const auto count = static_cast<std::uint64_t>(modified / 100 + kUnixEpoch);
     const FILETIME time{static_cast<DWORD>(count), static_cast<DWORD>(count >> 32)};
     const Handle file = openAttributes(path, FILE_WRITE_ATTRIBUTES);
@@ -308,33 +288,33 @@ void setModified(const std::string& path, std::int64_t modified) {
     }
 }
 
-void remove(const std::string& path) {
+void remove(const std::filesystem::path& path) {
     if (!::DeleteFileW(nativePath(path).c_str())) fail(path);
 }
 
-void rename(const std::string& from, const std::string& to) {
+void rename(const std::filesystem::path& from, const std::filesystem::path& to) {
     // One request to the disk or the server, which puts the file in place whole; it returns when
     // the new name is on the disk.
     constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     if (!::MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), kHow)) fail(to);
 }
 
-void createFolder(const std::string& path) {
+void createFolder(const std::filesystem::path& path) {
     const std::wstring native = nativePath(path);
     if (::CreateDirectoryW(native.c_str(), nullptr)) return;
     const DWORD error = ::GetLastError();
     if (!isFolder(native)) fail(path, error);
 }
 
-std::vector<std::string> fileNames(const std::string& folder) {
+std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder) {
     return namesIn(folder, false);
 }
 
-std::vector<std::string> folderNames(const std::string& folder) {
+std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) {
     return namesIn(folder, true);
 }
 
-std::uint64_t freeSpace(const std::string& folder) {
+std::uint64_t freeSpace(const std::filesystem::path& folder) {
     ULARGE_INTEGER available{};
     std::wstring native = nativePath(folder);
     if (!native.ends_with(L'\\')) native.push_back(L'\\');  // a share is asked for with it only

@@ -2,6 +2,7 @@
 // files and folders, and the line in the status bar. The windows answer with real dialogs.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,8 +29,8 @@ struct FileChoice {
         std::string pattern;
     };
     std::string title;
-    std::string folder;  ///< where the choice starts; empty for the system's own choice
-    std::string name;    ///< the suggested file name
+    std::filesystem::path folder;  ///< where the choice starts; empty for the system's own choice
+    std::string name;              ///< the suggested file name
     std::vector<Filter> filters;
 };
 
@@ -44,14 +45,14 @@ class Prompts {
                                              const std::string& preset) = 0;
 
     /// Path of an existing file to read; none when cancelled.
-    virtual std::optional<std::string> chooseFileToOpen(const FileChoice& choice) = 0;
+    virtual std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice& choice) = 0;
 
     /// Path of a file to write, which may exist (no question is asked here); none when cancelled.
-    virtual std::optional<std::string> chooseFileToSave(const FileChoice& choice) = 0;
+    virtual std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) = 0;
 
     /// A folder, with the separator at its end; none when cancelled.
-    virtual std::optional<std::string> chooseFolder(const std::string& title,
-                                                    const std::string& start) = 0;
+    virtual std::optional<std::filesystem::path> chooseFolder(
+        const std::string& title, const std::filesystem::path& start) = 0;
 
     /// The name of a font; none when cancelled.
     virtual std::optional<std::string> chooseFont(const std::string& current) = 0;

@@ -1,5 +1,6 @@
 #include "platform/qt_text.h"
 
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 #include <QDir>
@@ -41,12 +42,17 @@ std::string linesFromQt(const QString& text) {
     return out;
 }
 
-QString pathToQt(const std::string& path) {
-    return toQString(pathToUnicode(path)).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+QString pathToQt(const std::filesystem::path& path) {
+    return toQString(unicodeOf(path));
 }
 
-std::string pathFromQt(const QString& path) {
-    return pathFromUnicode(QDir::toNativeSeparators(path).toStdU16String());
+std::filesystem::path pathFromQt(const QString& text) {
+    const QByteArray utf8 = QDir::toNativeSeparators(text).toUtf8();
+    return std::u8string(utf8.begin(), utf8.end());
+}
+
+QString messageToQt(const std::string& message) {
+    return toQString(messageToUnicode(message)).replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }
 
 }  // namespace bramblet

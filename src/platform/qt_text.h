@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <filesystem>
 #include <string>
 
 namespace bramblet {
@@ -16,8 +17,11 @@ std::string fromQt(const QString& text);
 QString linesToQt(const std::string& text);
 std::string linesFromQt(const QString& text);
 
-/// Paths, and messages that may name one.
-QString pathToQt(const std::string& path);
-std::string pathFromQt(const QString& path);
+/// A path as it is shown, and one that was typed or chosen.
+QString pathToQt(const std::filesystem::path& path);
+std::filesystem::path pathFromQt(const QString& text);
+
+/// A message that may name a path, with LF for CR LF.
+QString messageToQt(const std::string& message);
 
 }  // namespace bramblet

@@ -27,7 +27,7 @@ class RecordFile {
 
     /// Opens the file, creating it empty when it is missing. `most` is the largest count that the
     /// operation can work with; a larger one throws Fault(Overflow).
-    RecordFile(const FileSystem& files, const std::string& path,
+    RecordFile(const FileSystem& files, const std::filesystem::path& path,
                RecordCount rule = RecordCount::Whole,
                int most = std::numeric_limits<int>::max() - 1)
         : path_(path), file_(files.openRandom(path)), most_(most) {
@@ -80,7 +80,7 @@ class RecordFile {
         return static_cast<std::uint64_t>(number - 1) * kSize;
     }
 
-    std::string path_;
+    std::filesystem::path path_;
     RandomFile file_;
     int most_;
     int count_ = 0;

@@ -11,7 +11,8 @@ namespace bramblet {
 
 /// Whether to go on: there is no such file, or an empty one, or the user lets it be replaced.
 /// Throws FileError.
-inline bool mayReplace(const FileSystem& files, const std::string& path, Prompts& prompts) {
+inline bool mayReplace(const FileSystem& files, const std::filesystem::path& path,
+                       Prompts& prompts) {
     if (!files.exists(path)) return true;
     const os::FileStatus status = files.status(path);
     if (status.folder || status.length == 0) return true;  // a folder will be refused

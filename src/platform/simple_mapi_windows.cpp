@@ -1,9 +1,12 @@
 #include "platform/simple_mapi_windows.h"
 
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 #include <array>
 #include <memory>
+#include <string>
+#include <vector>
 #include <windows.h>
 // After windows.h, whose types it uses.
 #include <mapi.h>
@@ -75,10 +78,9 @@ std::wstring wide(const std::string& text) {
     return {units.begin(), units.end()};
 }
 
-ULONG sendWide(SendWide send, const Mail& mail, const std::vector<std::wstring>& attachments,
-               ULONG_PTR parent) {
+ULONG sendWide(SendWide send, const Mail& mail, ULONG_PTR parent) {
     std::vector<WideFile> files;
-    for (const auto& path : attachments)
+    for (const auto& path : mail.attachments)
         files.push_back({0, 0, kNoPlace, path.c_str(), nullptr, nullptr});
     const std::wstring subject = wide(mail.subject);
     const std::wstring text = wide(mail.text);
@@ -92,8 +94,11 @@ ULONG sendWide(SendWide send, const Mail& mail, const std::vector<std::wstring>&
 
 /// For systems before Windows 8, in the code page.
 ULONG sendNarrow(SendNarrow send, Mail mail, ULONG_PTR parent) {
+    std::vector<std::string> paths;
+    for (const auto& path : mail.attachments)
+        paths.push_back(fromUnicode(unicodeOf(path)));
     std::vector<MapiFileDesc> files;
-    for (auto& path : mail.attachments)
+    for (auto& path : paths)
         files.push_back({0, 0, kNoPlace, path.data(), nullptr, nullptr});
     MapiMessage message{};
     message.lpszSubject = mail.subject.data();
@@ -116,14 +121,13 @@ MailResult resultOf(ULONG code) {
 
 }  // namespace
 
-MailResult composeBySimpleMapi(const Mail& mail, const std::vector<std::wstring>& attachments,
-                               HWND parent) {
+MailResult composeBySimpleMapi(const Mail& mail, HWND parent) {
     if (!hasMailProgram()) return MailResult::NoMailProgram;
     const Library library(::LoadLibraryExW(L"mapi32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
     if (!library) return MailResult::NoMailProgram;
     const auto window = reinterpret_cast<ULONG_PTR>(parent);
     if (const auto send = functionOf<SendWide>(library, "MAPISendMailW"))
-        return resultOf(sendWide(send, mail, attachments, window));
+        return resultOf(sendWide(send, mail, window));
     if (const auto send = functionOf<SendNarrow>(library, "MAPISendMail"))
         return resultOf(sendNarrow(send, mail, window));
     return MailResult::NoMailProgram;

@@ -3,15 +3,12 @@
 
 #include "platform/desktop.h"
 
-#include <string>
-#include <vector>
 #include <windef.h>
 
 namespace bramblet {
 
 /// Shows the mail program's own window with the message, to be finished and sent there, and
-/// returns when it is closed. `attachments` are the paths of `mail` as Windows takes them.
-MailResult composeBySimpleMapi(const Mail& mail, const std::vector<std::wstring>& attachments,
-                               HWND parent);
+/// returns when it is closed.
+MailResult composeBySimpleMapi(const Mail& mail, HWND parent);
 
 }  // namespace bramblet

@@ -7,11 +7,11 @@ namespace bramblet {
 
 class SystemDesktop : public Desktop {
   public:
-    std::string programFor(const std::string& path) override;
-    bool openWith(const std::string& program, const std::string& target) override;
-    bool open(const std::string& path) override;
+    std::filesystem::path programFor(const std::filesystem::path& path) override;
+    bool openWith(const std::filesystem::path& program, const std::string& address) override;
+    bool open(const std::filesystem::path& path) override;
     MailResult compose(const Mail& mail) override;
-    bool openHelpFile(const std::string& path) override;
+    bool openHelpFile(const std::filesystem::path& path) override;
 };
 
 }  // namespace bramblet

@@ -72,28 +72,28 @@ class Tool {
     QString output_;
 };
 
-bool opens(const std::string& target) {
-    Tool tool("xdg-open", {pathToQt(target)});
+bool opens(const QString& target) {
+    Tool tool("xdg-open", {target});
     tool.open();
     return tool.succeeded();
 }
 
 }  // namespace
 
-std::string SystemDesktop::programFor(const std::string& path) {
+std::filesystem::path SystemDesktop::programFor(const std::filesystem::path& path) {
     const auto query = [](const char* what, const QString& about) {
         return Tool("xdg-mime", {QStringLiteral("query"), QLatin1String(what), about}).answer();
     };
     const QString type = query("filetype", pathToQt(path));
-    return type.isEmpty() ? std::string() : fromQt(query("default", type));
+    return type.isEmpty() ? std::filesystem::path() : pathFromQt(query("default", type));
 }
 
-bool SystemDesktop::openWith(const std::string&, const std::string& target) {
-    return opens(target);
+bool SystemDesktop::openWith(const std::filesystem::path&, const std::string& address) {
+    return opens(toQt(address));
 }
 
-bool SystemDesktop::open(const std::string& path) {
-    return opens(path);
+bool SystemDesktop::open(const std::filesystem::path& path) {
+    return opens(pathToQt(path));
 }
 
 MailResult SystemDesktop::compose(const Mail& mail) {
@@ -108,7 +108,7 @@ MailResult SystemDesktop::compose(const Mail& mail) {
     return mailer.succeeded() ? MailResult::HandedOver : MailResult::Failed;
 }
 
-bool SystemDesktop::openHelpFile(const std::string&) {
+bool SystemDesktop::openHelpFile(const std::filesystem::path&) {
     return false;
 }
 

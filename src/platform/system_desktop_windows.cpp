@@ -1,6 +1,6 @@
+#include "platform/qt_text.h"
 #include "platform/simple_mapi_windows.h"
 #include "platform/system_desktop.h"
-#include "platform/text.h"
 
 #include <QApplication>
 #include <QDir>
@@ -14,10 +14,6 @@
 
 namespace bramblet {
 namespace {
-
-std::wstring wide(const std::string& path) {
-    return QString::fromStdString(pathToUtf8(path)).toStdWString();
-}
 
 std::wstring quoted(const std::wstring& text) {
     return L'"' + text + L'"';
@@ -39,30 +35,27 @@ HWND activeWindow() {
 
 }  // namespace
 
-std::string SystemDesktop::programFor(const std::string& path) {
+std::filesystem::path SystemDesktop::programFor(const std::filesystem::path& path) {
     constexpr INT_PTR kLastFault = 32;
     std::array<wchar_t, MAX_PATH + 1> program{};
-    const HINSTANCE result = ::FindExecutableW(wide(path).c_str(), nullptr, program.data());
+    const HINSTANCE result = ::FindExecutableW(path.c_str(), nullptr, program.data());
     if (reinterpret_cast<INT_PTR>(result) <= kLastFault) return {};
-    return pathFromUnicode(QString::fromWCharArray(program.data()).trimmed().toStdU16String());
+    return QString::fromWCharArray(program.data()).trimmed().toStdWString();
 }
 
-bool SystemDesktop::openWith(const std::string& program, const std::string& target) {
-    return shellOpen(wide(program), quoted(wide(target)));
+bool SystemDesktop::openWith(const std::filesystem::path& program, const std::string& address) {
+    return shellOpen(program.native(), quoted(toQt(address).toStdWString()));
 }
 
-bool SystemDesktop::open(const std::string& path) {
-    return shellOpen(wide(path), {});
+bool SystemDesktop::open(const std::filesystem::path& path) {
+    return shellOpen(path.native(), {});
 }
 
 MailResult SystemDesktop::compose(const Mail& mail) {
-    std::vector<std::wstring> attachments;
-    for (const auto& path : mail.attachments)
-        attachments.push_back(wide(path));
-    return composeBySimpleMapi(mail, attachments, activeWindow());
+    return composeBySimpleMapi(mail, activeWindow());
 }
 
-bool SystemDesktop::openHelpFile(const std::string& path) {
+bool SystemDesktop::openHelpFile(const std::filesystem::path& path) {
     // Current systems carry a stub of this name, which only says on a web page that there is no
     // viewer. It is a tenth of the real one's size.
     constexpr qint64 kSmallestViewer = 64 * 1024;
@@ -71,7 +64,7 @@ bool SystemDesktop::openHelpFile(const std::string& path) {
                                        static_cast<DWORD>(viewer.size()), viewer.data(), nullptr);
     if (length == 0 || length >= viewer.size()) return false;
     if (QFileInfo(QString::fromWCharArray(viewer.data())).size() < kSmallestViewer) return false;
-    return shellOpen(viewer.data(), quoted(wide(path)));
+    return shellOpen(viewer.data(), quoted(path.native()));
 }
 
 }  // namespace bramblet

@@ -2,6 +2,7 @@
 // byte is one column of a record. Conversion to and from Unicode happens at the windows' edge only.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,16 +27,7 @@ std::u16string toUnicode(std::string_view text);
 /// Code page text of UTF-16; a character that the code page lacks becomes "?".
 std::string fromUnicode(std::u16string_view text);
 
-/// A path or a message that names one: as `toUnicode`, unless the text is well-formed UTF-8 with
-/// letters outside ASCII, which is how paths that the code page cannot hold are carried.
-std::u16string pathToUnicode(std::string_view text);
-
-/// Code page text of a path, or UTF-8 when the code page lacks one of its characters, so that a
-/// folder of any name can be used.
-std::string pathFromUnicode(std::u16string_view text);
-
-/// The UTF-8 of a path: each of its components is taken as UTF-8 when it is that, else as code
-/// page text.
-std::string pathToUtf8(std::string_view path);
+/// The byte of a character; none when the code page lacks it.
+std::optional<char> byteOf(char16_t unit);
 
 }  // namespace bramblet

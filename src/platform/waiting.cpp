@@ -1,5 +1,7 @@
 #include "platform/waiting.h"
 
+#include "platform/path_text.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QEventLoop>
@@ -36,11 +38,6 @@ bool isInput(QEvent::Type type) {
     }
 }
 
-std::string nameOf(const std::string& path) {
-    const auto separator = path.find_last_of("/\\");
-    return separator == std::string::npos ? path : path.substr(separator + 1);
-}
-
 /// Keeps input away while it lives, and shows the pointer that says so.
 class InputHeld {
   public:
@@ -70,8 +67,9 @@ void Waiting::setNotice(Notice notice) {
 void Waiting::waitForFile(const FileError& error) {
     if (givenUp_) throw error;
     if (notice_.show) {
-        notice_.show("Waiting for " + nameOf(error.path()) + ", which is in use or locked (" +
-                     error.description() + "). Esc stops waiting ...");
+        notice_.show("Waiting for " + shown(error.path().filename()) +
+                     ", which is in use or locked (" + error.description() +
+                     "). Esc stops waiting ...");
     }
     letASecondPass();
     // Once the command has ended and the program is idle again, the notice goes, and the next

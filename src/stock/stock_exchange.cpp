@@ -1,5 +1,6 @@
 #include "stock/stock_exchange.h"
 
+#include "platform/path_text.h"
 #include "platform/record_file.h"
 #include "platform/save_target.h"
 #include "platform/text.h"
@@ -51,7 +52,7 @@ class Count {
 /// that a search from the first record to the last would have.
 class Merge {
   public:
-    Merge(const FileSystem& files, const std::string& path) : file_(files, path) {
+    Merge(const FileSystem& files, const std::filesystem::path& path) : file_(files, path) {
         records_ = file_.readAll();
         for (int number = 1; number <= count(); ++number)
             enter(number);
@@ -150,11 +151,11 @@ std::string StockExchange::suggestedName() const {
     return madePlainFileName(vendor);
 }
 
-bool StockExchange::isCatalogue(const std::string& path) const {
+bool StockExchange::isCatalogue(const std::filesystem::path& path) const {
     return files_.isSameFile(path, list_.file().path());
 }
 
-void StockExchange::exportTo(const std::string& path) {
+void StockExchange::exportTo(const std::filesystem::path& path) {
     if (isCatalogue(path)) {
         prompts_.say("The catalogue cannot be exported to its own file");
         return;
@@ -174,13 +175,13 @@ void StockExchange::exportTo(const std::string& path) {
         ++exported;
     }
     target.replace(path, content);
-    prompts_.ask({path + " contains " + std::to_string(exported) +
+    prompts_.ask({shown(path) + " contains " + std::to_string(exported) +
                       " stock item records.\r\n\r\nThese can be imported into any other "
                       "\"Bramblet\" or \"Hollowmere\" installation (version 1.5 or higher).",
                   "Finished", Buttons::Ok, Icon::Information});
 }
 
-void StockExchange::importFrom(const std::string& path) {
+void StockExchange::importFrom(const std::filesystem::path& path) {
     if (isCatalogue(path)) {
         prompts_.say("The catalogue cannot be imported into itself");
         return;

@@ -3,6 +3,8 @@
 
 #include "stock/stock_list.h"
 
+#include <filesystem>
+
 namespace bramblet {
 
 class StockExchange {
@@ -19,9 +21,9 @@ class StockExchange {
 
   private:
     std::string suggestedName() const;
-    bool isCatalogue(const std::string& path) const;
-    void exportTo(const std::string& path);
-    void importFrom(const std::string& path);
+    bool isCatalogue(const std::filesystem::path& path) const;
+    void exportTo(const std::filesystem::path& path);
+    void importFrom(const std::filesystem::path& path);
 
     FileSystem files_;
     const DataFolder& folder_;

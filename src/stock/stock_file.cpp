@@ -28,7 +28,7 @@ int recordNumberOf(double tag) {
     return inRange ? static_cast<int>(std::nearbyint(tag)) : 0;
 }
 
-StockFile::StockFile(FileSystem files, std::string path, const RegionalFormats& formats)
+StockFile::StockFile(FileSystem files, std::filesystem::path path, const RegionalFormats& formats)
     : files_(std::move(files)), path_(std::move(path)), formats_(formats) {}
 
 std::vector<StockItemRecord> StockFile::readAll() {

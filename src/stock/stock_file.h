@@ -7,6 +7,7 @@
 #include "platform/fixed_record.h"
 #include "platform/regional_formats.h"
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -52,9 +53,9 @@ struct StockItemBoxes {
 /// Each operation opens the file, works and closes it. All throw Fault.
 class StockFile {
   public:
-    StockFile(FileSystem files, std::string path, const RegionalFormats& formats);
+    StockFile(FileSystem files, std::filesystem::path path, const RegionalFormats& formats);
 
-    const std::string& path() const { return path_; }
+    const std::filesystem::path& path() const { return path_; }
 
     std::vector<StockItemRecord> readAll();
 
@@ -79,7 +80,7 @@ class StockFile {
     void rewrite(int recordNumber, Change change);
 
     FileSystem files_;
-    std::string path_;
+    std::filesystem::path path_;
     const RegionalFormats& formats_;
     /// The one record buffer of all stock work: fields that an operation does not set keep the
     /// values of the record read last.

@@ -6,7 +6,7 @@ namespace bramblet {
 namespace {
 
 using namespace test;
-using Names = std::vector<std::string>;
+using Names = std::vector<std::filesystem::path>;
 
 class BackupTest : public Office {
   protected:
@@ -15,23 +15,23 @@ class BackupTest : public Office {
         std::filesystem::create_directory(target());
         // Of what the program itself made, only the files of the test are to be counted.
         for (const auto& name : FileSystem().fileNames(data("")))
-            FileSystem().remove(data(name));
+            FileSystem().remove(data("") / name);
     }
     Backup& backup() { return program().backup; }
-    std::string target() const { return withSeparator(documents / "safe"); }
-    void openWith(Backup::Kind kind, const std::string& target) {
+    std::filesystem::path target() const { return withSeparator(documents / "safe"); }
+    void openWith(Backup::Kind kind, const std::filesystem::path& target) {
         backup().open(kind);
         backup().BackUpTarget = target;
     }
     /// A run that is expected to copy everything.
-    void run(Backup::Kind kind, const std::string& where) {
+    void run(Backup::Kind kind, const std::filesystem::path& where) {
         openWith(kind, where);
         if (kind == kRestore) prompts.expect(caution, Answer::Yes);
         prompts.expect({kind == kBackup ? "Backup completed!" : "Restoration completed!",
                         "Finished", Buttons::Ok, Icon::Information});
         EXPECT_TRUE(backup().RunBackup_Click());
     }
-    bool failingBackup(const std::string& where) {
+    bool failingBackup(const std::filesystem::path& where) {
         openWith(kBackup, where);
         return !backup().RunBackup_Click();
     }
@@ -62,15 +62,13 @@ class BackupTest : public Office {
 
 TEST_F(BackupTest, TheFilesOfThePatternAreCopiedWithTheirTimes) {
     makeFiles();
-    writeFile(target() + "a.dat", "an older copy");
+    writeFile(target() / "a.dat", "an older copy");
     FileSystem files;
     os::setModified(data("a.dat"), 1'000'000'000'000'000'000);
-    std::string typed = target();
-    typed.pop_back();
-    run(kBackup, "  " + typed + " ");
+    run(kBackup, "  " + (documents / "safe").string() + " ");
     EXPECT_EQ(inTarget(), (Names{"B.HTM", "a.dat", "c.Gif", "d.jpg", "e.bmp"}));
-    EXPECT_EQ(contentOf(target() + "a.dat"), "content of a.dat");
-    EXPECT_EQ(files.status(target() + "a.dat").modified, 1'000'000'000'000'000'000);
+    EXPECT_EQ(contentOf(target() / "a.dat"), "content of a.dat");
+    EXPECT_EQ(files.status(target() / "a.dat").modified, 1'000'000'000'000'000'000);
     EXPECT_EQ(program().settings.BackupFolder, target()) << "remembered";
     EXPECT_EQ(backup().progress().files, 5u);
     EXPECT_EQ(backup().progress().bytes, backup().progress().byteCount);
@@ -101,21 +99,21 @@ TEST_F(BackupTest, TheFoldersThatTheWindowsStartWith) {
 }
 
 TEST_F(BackupTest, AFolderIsNeverCopiedIntoItself) {
-    std::vector<std::string> folders{program().folder.DataPath(),
-                                     " " + upper(program().folder.DataPath()) + " "};
+    Names folders{program().folder.DataPath(),
+                  " " + upper(program().folder.DataPath().string()) + " "};
 #ifndef _WIN32
     std::filesystem::create_directory_symlink(program().folder.DataPath(), documents / "link");
     folders.push_back(documents / "link");
 #endif
-    for (const std::string& folder : folders) {
+    for (const auto& folder : folders) {
         prompts.expect(same);
         EXPECT_TRUE(failingBackup(folder)) << folder;
     }
 }
 
 TEST_F(BackupTest, ADeclinedRestoreCopiesNothing) {
-    program().settings.BackupFolder = target();
-    writeFile(target() + "a.dat", "from the backup");
+    program().settings.BackupFolder = target().string();
+    writeFile(target() / "a.dat", "from the backup");
     backup().open(kRestore);
     prompts.expect(caution, Answer::No);
     EXPECT_FALSE(backup().RunBackup_Click());
@@ -123,7 +121,7 @@ TEST_F(BackupTest, ADeclinedRestoreCopiesNothing) {
 }
 
 TEST_F(BackupTest, AFolderThatIsGoneOrEmptyIsNoSuccess) {
-    program().settings.BackupFolder = documents / "unplugged";
+    program().settings.BackupFolder = (documents / "unplugged").string();
     backup().open(kRestore);
     EXPECT_NE(backup().BackUpProgress.find("cannot be read"), std::string::npos);
     prompts.expect(caution, Answer::Yes);
@@ -151,9 +149,19 @@ TEST_F(BackupTest, DuringARunNothingElseIsBegun) {
 }
 
 #ifndef _WIN32
+TEST_F(BackupTest, NamesThatTheCodePageLacksOrThatAreNoTextAreCopiedAsTheyAre) {
+    for (const std::filesystem::path name : {"\xC5\x82.htm", "caf\xE9.htm", "caf\xC3\xA9.htm"}) {
+        writeFile(data("") / name, "content");
+    }
+    run(kBackup, target());
+    EXPECT_EQ(inTarget(), (Names{"caf\xC3\xA9.htm", "caf\xE9.htm", "\xC5\x82.htm"}));
+    prompts.expectSaying("3 files agree, 0 differ, 0 missing");
+    backup().Verify_Click();
+}
+
 TEST_F(BackupTest, WhatWillNotFitIsNotBegun) {
     makeFiles();
-    const std::string huge = data("huge.dat");  // all but a hole
+    const std::filesystem::path huge = data("huge.dat");  // all but a hole
     writeFile(huge, "");
     std::filesystem::resize_file(huge, FileSystem().freeSpace(target()) + (1 << 30));
     prompts.expectSaying("Error name: Disk full\r\n\r\nError number: 61");
@@ -164,7 +172,7 @@ TEST_F(BackupTest, WhatWillNotFitIsNotBegun) {
 
 TEST_F(BackupTest, AnErrorEndsTheRunAndLeavesNoHalfFile) {
     makeFiles();
-    std::filesystem::create_directory(target() + "c.Gif");
+    std::filesystem::create_directory(target() / "c.Gif");
     const auto expectError = [&](const std::string& name, const std::string& number) {
         prompts.expect(
             {"An error has occurred, and this operation has been aborted...\r\n\r\nError name: " +
@@ -204,9 +212,9 @@ TEST_F(BackupTest, VerifyTellsWhatAgreesDiffersAndIsMissing) {
         backup().Verify_Click();
     };
     expectResult("5 files agree, 0 differ, 0 missing.", Icon::Information);
-    writeFile(target() + "a.dat", "content of A.dat");  // as long as the source
-    writeFile(target() + "B.HTM", "shorter");
-    FileSystem().remove(target() + "d.jpg");
+    writeFile(target() / "a.dat", "content of A.dat");  // as long as the source
+    writeFile(target() / "B.HTM", "shorter");
+    FileSystem().remove(target() / "d.jpg");
     expectResult(
         "2 files agree, 2 differ, 1 missing.\r\n\r\nDifferent:\r\na.dat\r\nB.HTM\r\n\r\n"
         "Missing:\r\nd.jpg",
@@ -223,10 +231,10 @@ TEST_F(BackupTest, AWipedDataFolderComesBackWhole) {
     const std::string index = contentOf(data("po_data.dat"));
     const std::string document = contentOf(data("000007.htm"));
     for (const auto& name : FileSystem().fileNames(data("")))
-        FileSystem().remove(data(name));
+        FileSystem().remove(data("") / name);
     start();
     EXPECT_EQ(program().savedOrders.rowCount(), 0);
-    program().settings.BackupFolder = target();
+    program().settings.BackupFolder = target().string();
     run(kRestore, program().folder.DataPath());
     EXPECT_EQ(contentOf(data("po_data.dat")), index);
     EXPECT_EQ(contentOf(data("000007.htm")), document);

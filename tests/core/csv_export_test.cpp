@@ -60,18 +60,18 @@ class CsvExportFlow : public Office {
         start();
         newOrder();
     }
-    void exportTo(const std::optional<std::string>& path) {
+    void exportTo(const std::optional<std::filesystem::path>& path) {
         prompts.expectChoice("Orders.csv", path);
     }
     Message finished() const {
-        return {"Data has been exported to " + target +
+        return {"Data has been exported to " + shown(target) +
                     "\r\n\r\nWe can try to open it in your default spreadsheet program now - "
                     "proceed?",
                 "Export Complete", Buttons::YesNo, Icon::Information, Answer::No};
     }
     void run() { program().csvExport.mu_DataExport_Click(); }
 
-    const std::string target = documents / "Orders.csv";
+    const std::filesystem::path target = documents / "Orders.csv";
     const Message replace{"File already exists - do you want to replace it?", "Confirm",
                           Buttons::YesNo, Icon::Exclamation};
 };
@@ -101,7 +101,7 @@ TEST_F(CsvExportFlow, TheFileIsWrittenAndOpenedOnlyWhenWanted) {
     prompts.expect(finished(), Answer::Yes);
     run();
     EXPECT_EQ(contentOf(target).find(kHeadings), 0u);
-    EXPECT_EQ(desktop.asked, std::vector{"open " + target});
+    EXPECT_EQ(desktop.asked, std::vector{"open " + shown(target)});
 
     writeFile(target, "");  // nothing to lose: no question
     exportTo(target);

@@ -28,8 +28,7 @@ TEST(Files, FaultsHaveTheNumbersOfTheirCauses) {
     EXPECT_EQ(faultOf([&] { files.touch(folder / std::string(300, 'x')); }),
               FaultNumber::BadFileName);
     files.touch(folder / "file");
-    EXPECT_EQ(faultOf([&] { files.touch(withSeparator(folder / "file") + "below"); }),
-              FaultNumber::PathNotFound);
+    EXPECT_EQ(faultOf([&] { files.touch(folder / "file/below"); }), FaultNumber::PathNotFound);
 }
 
 TEST(Files, ABusyFileIsWaitedForAndTheStatementTriedAgain) {
@@ -73,10 +72,10 @@ TEST(Files, ReplacingLeavesTheOldContentWhenItFails) {
     files.replace(folder / "000001.htm", "first");
     files.replace(folder / "000001.htm", "second");
     EXPECT_EQ(contentOf(folder / "000001.htm"), "second");
-    files.createFolders(withSeparator(folder / "folder"));
+    files.createFolders(folder / "folder");
     EXPECT_THROW(files.replace(folder / "folder", "x"), FileError);
     // Neither run leaves a temporary file behind.
-    EXPECT_EQ(files.fileNames(folder.path()), std::vector<std::string>{"000001.htm"});
+    EXPECT_EQ(files.fileNames(folder.path()), std::vector<std::filesystem::path>{"000001.htm"});
 }
 
 TEST(Files, ACopyIsWholeAndKeepsItsTime) {

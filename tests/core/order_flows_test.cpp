@@ -317,7 +317,7 @@ TEST_F(OrderFlows, ANumberThatNamesNoFileIsNotSavedAtAll) {
 TEST_F(OrderFlows, AllThatFailedInOneCommandIsSaid) {
     newOrder();
     editJob("J");
-    std::filesystem::remove_all(home() + "po_data");  // the share is gone
+    std::filesystem::remove_all(home() / "po_data");  // the share is gone
     editor().SaveChanges_Click();
     EXPECT_EQ(
         prompts.lastLine,

@@ -116,24 +116,39 @@ TEST_F(SettingsEditing, ABoxWithoutANumberIsNamedAndNothingIsHalfSaved) {
 }
 
 TEST_F(SettingsEditing, AChosenPictureIsCopiedIntoTheDataFolder) {
-    const std::string picture = documents / "logo.gif";
+    const std::filesystem::path picture = documents / "logo.gif";
     writeFile(picture, "new");
     writeFile(data("logo.gif"), "old");
-    editor().SelectGraphic_Click("logo.gif", picture);
+    editor().SelectGraphic_Click(picture);
     EXPECT_EQ(contentOf(data("logo.gif")), "new");
     EXPECT_EQ(boxes().TopGraphicEd + settings().TopGraphic, "logo.giflogo.gif");
 
-    editor().SelectGraphic_Click("", "");  // cancelled
-    editor().SelectGraphic_Click("logo.gif", data("logo.gif"));
+    editor().SelectGraphic_Click({});  // cancelled
+    editor().SelectGraphic_Click(data("logo.gif"));
     EXPECT_EQ(contentOf(data("logo.gif")), "new") << "chosen where it is";
 
     prompts.expectSaying("could not be copied into the data folder");
-    editor().SelectGraphic_Click("gone.gif", documents / "gone.gif");
+    editor().SelectGraphic_Click(documents / "gone.gif");
     EXPECT_EQ(settings().TopGraphic, "logo.gif");
 }
 
+TEST_F(SettingsEditing, APictureIsCopiedUnderAPlainNameWhereItsOwnCannotBeStored) {
+    std::vector<std::filesystem::path> pictures{documents / u8"\u0142ogo.gif",
+                                                documents / u8"\u017Aogo.gif"};
+#ifndef _WIN32
+    pictures.push_back(documents / "caf\xE9.gif");  // not UTF-8
+#endif
+    const std::vector<std::string> names{"_ogo.gif", "_ogo-2.gif", "caf\xE9.gif"};
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        writeFile(pictures[i], names[i]);
+        editor().SelectGraphic_Click(pictures[i]);
+        EXPECT_EQ(settings().TopGraphic, names[i]);
+        EXPECT_EQ(program().viewer.picture(settings().TopGraphic), names[i]);
+    }
+}
+
 TEST_F(SettingsEditing, AnotherDataFolderCountsFromTheNextStartOn) {
-    const std::string before = program().folder.DataPath();
+    const auto before = program().folder.DataPath();
     prompts.expectChoice(boxes().DataDirectoryEd, documents / "other/");
     prompts.expect(
         {"Note - changes to the data path will not take effect until after \"Bramblet\" "
@@ -147,6 +162,16 @@ TEST_F(SettingsEditing, AnotherDataFolderCountsFromTheNextStartOn) {
     editor().SelectDataDirectory_Click();
     EXPECT_EQ(boxes().DataDirectoryEd, documents / "other/");
 
+    // A folder that the settings cannot name is not taken for another one.
+    prompts.expectChoice(boxes().DataDirectoryEd, documents / std::string(300, 'x'));
+    prompts.expectSaying("is too long for the settings or no text");
+    editor().SelectDataDirectory_Click();
+    EXPECT_EQ(boxes().DataDirectoryEd, documents / "other/");
+    boxes().DataDirectoryEd += std::string(300, 'x');
+    prompts.expectSaying("Data Directory is too long a name");
+    EXPECT_FALSE(editor().Command1_Click());
+    EXPECT_EQ(settings().DataDirectory, documents / "other/");
+
     prompts.expectChoice("Arial", "Georgia ");
     boxes().FontNameEd = "Arial";
     editor().SelectFont_Click();
@@ -156,13 +181,13 @@ TEST_F(SettingsEditing, AnotherDataFolderCountsFromTheNextStartOn) {
 class PagesInTheBrowser : public Office {
   protected:
     void SetUp() override { start(); }
-    std::string page() const { return home() + "junk.HTM"; }
+    std::filesystem::path page() const { return home() / "junk.HTM"; }
 };
 
 TEST_F(PagesInTheBrowser, AreOpenedWithTheProgramThatOpensPages) {
     program().browser.mu_WebSite_Click();
     EXPECT_EQ(desktop.asked,
-              (std::vector<std::string>{"program for " + page(),
+              (std::vector<std::string>{"program for " + shown(page()),
                                         "open " + std::string(kHomePage) + " with browser"}));
     EXPECT_FALSE(FileSystem().exists(page()));
 }
@@ -183,13 +208,13 @@ TEST_F(PagesInTheBrowser, HelpIsOurOwnUnlessTheOldFileAndItsViewerAreThere) {
     program().browser.showHelp = [&] { ++shown; };
     program().browser.mu_HelpContents_Click();
     EXPECT_EQ(shown, 1);
-    writeFile(home() + "tandril.hlp", "help");
+    writeFile(home() / "tandril.hlp", "help");
     program().browser.mu_HelpContents_Click();
     EXPECT_EQ(shown, 2) << "no viewer for it";
     desktop.hasHelpViewer = true;
     program().browser.mu_HelpContents_Click();
     EXPECT_EQ(shown, 2);
-    EXPECT_EQ(desktop.asked.back(), "help " + home() + "tandril.hlp");
+    EXPECT_EQ(desktop.asked.back(), "help " + bramblet::shown(home() / "tandril.hlp"));
 }
 
 }  // namespace

@@ -12,9 +12,9 @@ using namespace test;
 
 class SettingsFileTest : public ::testing::Test {
   protected:
-    std::string home() const { return withSeparator(folder_ / "Quenmoor"); }
+    std::filesystem::path home() const { return folder_ / "Quenmoor"; }
     Settings load() { return SettingsFile(FileSystem(), home()).LoadConfig(prompts_); }
-    std::string bytes() const { return contentOf(home() + "po15.cfg"); }
+    std::string bytes() const { return contentOf(home() / "po15.cfg"); }
     /// The bytes of the file from an offset on.
     std::string at(std::size_t offset, std::size_t width) const {
         return bytes().substr(offset, width);
@@ -30,7 +30,7 @@ TEST_F(SettingsFileTest, FirstStartWritesTheDefaultsToTheByte) {
     const auto blanks = [](const std::string& text, std::size_t width) {
         return text + std::string(width - text.size(), ' ');
     };
-    const std::string directory = withSeparator(home() + "po_data");
+    const std::string directory = withSeparator(home() / "po_data").string();
     ASSERT_EQ(bytes().size(), 1719u);
     EXPECT_EQ(at(0, 4), std::string("\x17\0\x41\0", 4));
     EXPECT_EQ(at(4, 48), zeros.substr(0, 48));
@@ -50,7 +50,7 @@ TEST_F(SettingsFileTest, FirstStartWritesTheDefaultsToTheByte) {
     EXPECT_EQ(at(1208, 12), zeros.substr(0, 12));
     EXPECT_EQ(at(1220, 300), blanks(directory, 300));
     EXPECT_EQ(at(1520, 199), blanks("", 199));
-    EXPECT_EQ(contentOf(home() + "po14.cfg"), "");
+    EXPECT_EQ(contentOf(home() / "po14.cfg"), "");
     EXPECT_TRUE(FileSystem().exists(directory));
 }
 
@@ -60,7 +60,7 @@ TEST_F(SettingsFileTest, TheForerunnersRecordIsTakenOverButForTheBackupFolder) {
     old.replace(4, 8, "reserved");
     old.replace(908, 300, fitted("  /srv/data/", 300));
     old.replace(1220, 300, fitted("/backup/", 300));
-    writeFile(home() + "po14.cfg", old);
+    writeFile(home() / "po14.cfg", old);
     const Settings settings = load();
     EXPECT_EQ(settings.DataDirectory, "/srv/data/");  // trimmed
     EXPECT_EQ(at(0, 1220), old.substr(0, 1220));
@@ -74,7 +74,7 @@ TEST_F(SettingsFileTest, EveryByteOfAFileIsCarriedThrough) {
     for (std::size_t i = 0; i < 1719; ++i)
         old.push_back(static_cast<char>(i * 7 % 251));
     old.replace(908, 300, std::string("/d/") + std::string(297, ' '));
-    writeFile(home() + "po15.cfg", old);
+    writeFile(home() / "po15.cfg", old);
     SettingsFile file(FileSystem(), home());
     file.SaveConfig(file.LoadConfig(prompts_));
     EXPECT_EQ(bytes(), old);
@@ -83,16 +83,16 @@ TEST_F(SettingsFileTest, EveryByteOfAFileIsCarriedThrough) {
 TEST_F(SettingsFileTest, AnUnusableFileIsKeptAsideAndReplacedByTheDefaults) {
     FileSystem().createFolders(home());
     for (const std::string kept : {"po15-old.cfg", "po15-old2.cfg"}) {
-        writeFile(home() + "po15.cfg", "short");
+        writeFile(home() / "po15.cfg", "short");
         prompts_.expectSaying("po15.cfg cannot be used: it holds 5 bytes where 1719 are needed");
         load();
-        EXPECT_EQ(contentOf(home() + kept), "short");
+        EXPECT_EQ(contentOf(home() / kept), "short");
         EXPECT_EQ(bytes().size(), 1719u);
     }
 }
 
 TEST_F(SettingsFileTest, AnUnreadableFileIsToldToo) {
-    FileSystem().createFolders(withSeparator(home() + "po15.cfg"));  // a folder of that name
+    FileSystem().createFolders(home() / "po15.cfg");  // a folder of that name
     prompts_.expectSaying("Path/File access error (error 75)");
     EXPECT_EQ(trimmedField(load().FontName), "Arial");
     EXPECT_EQ(bytes().size(), 1719u);

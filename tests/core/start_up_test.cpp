@@ -10,11 +10,11 @@ using namespace test;
 class StartUp : public Office {
   protected:
     Settings storedSettings() const {
-        return decodeRecord(kSettingsLayout, contentOf(home() + "po15.cfg"));
+        return decodeRecord(kSettingsLayout, contentOf(home() / "po15.cfg"));
     }
     void store(const Settings& settings) const {
         FileSystem().createFolders(home());
-        writeFile(home() + "po15.cfg", encodeRecord(kSettingsLayout, settings));
+        writeFile(home() / "po15.cfg", encodeRecord(kSettingsLayout, settings));
     }
     static WindowPlace place() { return {9000, 12000, 150, -15}; }
 };
@@ -31,14 +31,14 @@ TEST_F(StartUp, ShowsAnEmptyPendingOrderDatedToday) {
 }
 
 TEST_F(StartUp, TheHomeFolderGetsOneSeparator) {
-    const std::string expected = withSeparator(withSeparator("/home/me/Documents") + "Quenmoor");
+    const auto expected = withSeparator("/home/me/Documents/Quenmoor");
     EXPECT_EQ(Program::homeFolderIn("/home/me/Documents"), expected);
     EXPECT_EQ(Program::homeFolderIn(withSeparator("/home/me/Documents")), expected);
 }
 
 TEST_F(StartUp, AMissingDataFolderIsToldOnceAndByEveryDataCommand) {
     Settings settings = defaultSettings(home());
-    settings.DataDirectory = withSeparator(documents / "nowhere");
+    settings.DataDirectory = withSeparator(documents / "nowhere").string();
     store(settings);
     const Message noAccess{
         "Unable to access the data directory " + settings.DataDirectory +
@@ -74,12 +74,11 @@ TEST_F(StartUp, AMissingDataFolderIsToldOnceAndByEveryDataCommand) {
 
 TEST_F(StartUp, ADataFolderWithoutItsSeparatorStillNamesTheFolder) {
     Settings settings = defaultSettings(home());
-    settings.DataDirectory = documents / "orders";
-    FileSystem().createFolders(withSeparator(documents / "orders"));
+    settings.DataDirectory = (documents / "orders").string();
+    FileSystem().createFolders(documents / "orders");
     store(settings);
     start();
-    EXPECT_EQ(program().folder.file("po_data.dat"),
-              withSeparator(documents / "orders") + "po_data.dat");
+    EXPECT_EQ(program().folder.file("po_data.dat"), documents / "orders/po_data.dat");
 }
 
 TEST_F(StartUp, LeavingKeepsPlaceAndKind) {

@@ -1,6 +1,7 @@
 #include "platform/text.h"
 
 #include "platform/code_page.h"
+#include "platform/path_text.h"
 
 #include <gtest/gtest.h>
 
@@ -38,17 +39,42 @@ TEST(Text, WhatTheCodePageLacksBecomesAQuestionMark) {
     EXPECT_EQ(fromUnicode(u"a\U0001F600b"), "a?b");
 }
 
-TEST(Text, PathsKeepFolderNamesThatTheCodePageLacks) {
-    const std::string polish = pathFromUnicode(u"/home/\u0142ukasz/");
-    EXPECT_EQ(pathToUtf8(polish), "/home/\xC5\x82ukasz/");
-    EXPECT_EQ(pathToUnicode(polish), u"/home/\u0142ukasz/");
-    // Code page names below such a folder, as order numbers give them, are told apart.
-    EXPECT_EQ(pathToUtf8(polish + "\xC9"
-                                  "1.htm"),
-              "/home/\xC5\x82ukasz/\xC3\x89"
-              "1.htm");
-    EXPECT_EQ(pathFromUnicode(u"/home/jos\u00E9/"), "/home/jos\xE9/");
-    EXPECT_EQ(pathToUtf8("/home/jos\xE9/"), "/home/jos\xC3\xA9/");
+std::filesystem::path pathOf(const std::u8string& text) {
+    return text;
+}
+
+TEST(Paths, ANameInTheCodePageIsOneComponent) {
+    EXPECT_EQ(pathOfName("caf\xE9\x80.htm"), pathOf(u8"caf\u00E9\u20AC.htm"));
+    EXPECT_EQ(pathOfName("\xC3\xA9"), pathOf(u8"\u00C3\u00A9")) << "never taken for UTF-8";
+}
+
+TEST(Paths, FoldersComeBackFromTheirTextsInTheSettings) {
+    const struct {
+        std::u8string folder;
+        std::string text;
+    } table[] = {{u8"/srv/data/", "/srv/data/"},
+                 {u8"/home/jos\u00E9/", "/home/jos\xE9/"},
+                 {u8"/home/\u0142ukasz/", "/home/\xC5\x82ukasz/"},
+                 {u8"/home/\u0142ukasz/caf\u00E9", "/home/\xC5\x82ukasz/caf\xC3\xA9"},
+                 {u8"/\u00C3\u00A9/", "/\xC3\x83\xC2\xA9/"},  // would else be read as UTF-8
+                 {u8"/\U0001F600/", "/\xF0\x9F\x98\x80/"}};
+    for (const auto& one : table) {
+        EXPECT_EQ(folderText(pathOf(one.folder)), one.text);
+        EXPECT_EQ(pathOfFolder(one.text), pathOf(one.folder));
+    }
+    EXPECT_EQ(pathOfFolder("/home/\xC5\x82ukasz/caf\xE9/"),
+              pathOf(u8"/home/\u0142ukasz/caf\u00E9/"));
+#ifndef _WIN32
+    EXPECT_EQ(folderText("/caf\xE9/"), std::nullopt) << "not UTF-8 on the disk";
+#endif
+}
+
+TEST(Paths, AreReadableInMessages) {
+    const std::string message = "caf\xE9: " + shown(pathOf(u8"/\u0142\u00F3d\u017A/\U0001F600"));
+    EXPECT_EQ(messageToUnicode(message), u"caf\u00E9: /\u0142\u00F3d\u017A/\U0001F600");
+#ifndef _WIN32
+    EXPECT_EQ(shown("/caf\xE9"), "/caf\xE9") << "no UTF-8: best read as code page text";
+#endif
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ TEST_F(Viewer, APendingOrderIsShownAsItIsEachTime) {
 
 TEST_F(Viewer, ASavedOrderIsShownAsSavedAndAChangedOneIsWrittenFirst) {
     saveOrder();
-    const std::string path = data("000001.htm");
+    const std::filesystem::path path = data("000001.htm");
     writeFile(path, "kept by hand");
     viewer().MakeOrder_Click();
     EXPECT_EQ(viewer().document(), "kept by hand");
@@ -96,6 +96,23 @@ TEST_F(Viewer, TheMailHasTheDocumentAndTheGraphicWhenThereIsOne) {
     EXPECT_EQ(desktop.mail.attachments, std::vector{data("000001.htm")});
 }
 
+TEST_F(Viewer, TheMailsPathsAreThoseOfTheFilesWhateverTheLettersInThem) {
+    const std::filesystem::path folder = documents / u8"home-\u0142ukasz";
+    std::filesystem::create_directory(folder);
+    program().settings.DataDirectory = folderText(folder).value();
+    program().leave({});
+    start();
+    order().PONoEd =
+        "caf\xE9"
+        "1";
+    viewer().MakeOrder_Click();
+    viewer().IE_Button_Click();
+    ASSERT_EQ(desktop.mail.attachments.size(), 1u);
+    EXPECT_TRUE(std::filesystem::exists(desktop.mail.attachments[0]))
+        << desktop.mail.attachments[0];
+    EXPECT_EQ(desktop.mail.attachments[0], folder / u8"caf\u00E91.htm");
+}
+
 TEST_F(Viewer, AFailedMailIsToldAndACancelledOneIsNot) {
     saveOrder();
     viewer().MakeOrder_Click();
@@ -115,7 +132,7 @@ TEST_F(Viewer, PicturesComeFromTheDataFolderAlone) {
     EXPECT_EQ(viewer().picture("top.gif"), "GIF");
     EXPECT_EQ(viewer().picture("missing.gif"), "");
     EXPECT_EQ(viewer().picture("../../secret.gif"), "");
-    EXPECT_EQ(viewer().picture(documents / "secret.gif"), "");
+    EXPECT_EQ(viewer().picture((documents / "secret.gif").string()), "");
     std::filesystem::create_directory(data("folder.gif"));
     EXPECT_EQ(viewer().picture("folder.gif"), "");
     EXPECT_EQ(waits, 0) << "in the midst of a page nothing can be waited for";
@@ -123,7 +140,7 @@ TEST_F(Viewer, PicturesComeFromTheDataFolderAlone) {
 
 TEST_F(Viewer, APdfReplacesAnotherFileOnlyWhenTheUserSaysSo) {
     saveOrder();
-    const std::string path = documents / "1.pdf";
+    const std::filesystem::path path = documents / "1.pdf";
     const Message question{"File already exists - do you want to replace it?", "Confirm",
                            Buttons::YesNo, Icon::Exclamation};
     const auto save = [&](const std::string& where, const std::string& pdf,

@@ -2,7 +2,7 @@
 
 #include "platform/code_page_windows.h"
 #include "platform/file_system.h"
-#include "platform/text.h"
+#include "platform/path_text.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -16,8 +16,8 @@ using namespace test;
 /// Somebody else's hold on a file.
 class Holder {
   public:
-    Holder(const std::string& path, DWORD shared)
-        : handle_(::CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, shared, nullptr,
+    Holder(const std::filesystem::path& path, DWORD shared)
+        : handle_(::CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, shared, nullptr,
                                 OPEN_ALWAYS, 0, nullptr)) {
         EXPECT_NE(handle_, INVALID_HANDLE_VALUE);
     }
@@ -53,7 +53,7 @@ class Held : public ::testing::Test {
     void SetUp() override { writeFile(path, "0123456789"); }
 
     TemporaryFolder folder;
-    std::string path = folder / "po_data.dat";
+    std::filesystem::path path = folder / "po_data.dat";
     const std::vector<FaultNumber> denied{FaultNumber::PermissionDenied};
 };
 
@@ -104,51 +104,45 @@ TEST_F(Held, TheProgramItselfKeepsNobodyOut) {
 }
 
 TEST_F(Held, AWriteProtectedFileIsAnAccessError) {
-    ASSERT_TRUE(::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY));
+    ASSERT_TRUE(::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
     try {
         FileSystem().remove(path);
         ADD_FAILURE() << "removed";
     } catch (const FileError& error) {
         EXPECT_EQ(error.number(), FaultNumber::PathFileAccess);
     }
-    ASSERT_TRUE(::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL));
+    ASSERT_TRUE(::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL));
 }
 
 TEST(WindowsPaths, MayBeLongerThan260Characters) {
     const TemporaryFolder folder;
     const FileSystem files;
-    std::string deep = folder.path();
+    std::filesystem::path deep = folder.path();
     for (int i = 0; i < 4; ++i)
-        deep += std::string(100, static_cast<char>('a' + i)) + "\\";
+        deep /= std::string(100, static_cast<char>('a' + i));
     files.createFolders(deep);
-    files.replace(deep + "000001.htm", "order");
-    files.replace(deep + "000001.htm", "order again");
-    EXPECT_EQ(files.read(deep + "..\\" + std::string(100, 'd') + "/000001.htm"), "order again");
-    EXPECT_EQ(files.fileNames(deep), std::vector<std::string>{"000001.htm"});
-    EXPECT_TRUE(files.isSameFile(deep, deep + "."));
+    files.replace(deep / "000001.htm", "order");
+    files.replace(deep / "000001.htm", "order again");
+    EXPECT_EQ(files.read(deep / ".." / std::string(100, 'd') / "000001.htm"), "order again");
+    EXPECT_EQ(files.fileNames(deep), std::vector<std::filesystem::path>{"000001.htm"});
+    EXPECT_TRUE(files.isSameFile(deep, deep / "."));
     EXPECT_GT(files.freeSpace(deep), 0u);
-    files.remove(deep + "000001.htm");
+    files.remove(deep / "000001.htm");
 }
 
 TEST(WindowsPaths, MayHoldLettersThatTheCodePageLacks) {
     const TemporaryFolder folder;
     const FileSystem files;
-    const std::string polish = folder.path() + pathFromUnicode(u"\u0142ukasz\\");
+    const std::filesystem::path polish = folder / u8"\u0142ukasz";
+    const std::filesystem::path name = pathOfName(
+        "\xC9"
+        "1.htm");
     files.createFolders(polish);
-    files.replace(polish +
-                      "\xC9"
-                      "1.htm",
-                  "order");
-    EXPECT_EQ(files.fileNames(polish), std::vector<std::string>{"\xC9"
-                                                                "1.htm"});
-    EXPECT_EQ(files.folderNames(folder.path()),
-              std::vector<std::string>{pathFromUnicode(u"\u0142ukasz")});
-    EXPECT_EQ(files.read(polish + "\xC9"
-                                  "1.htm"),
-              "order");
-    files.remove(polish +
-                 "\xC9"
-                 "1.htm");
+    files.replace(polish / name, "order");
+    EXPECT_EQ(files.fileNames(polish), std::vector{name});
+    EXPECT_EQ(files.folderNames(folder.path()), std::vector{polish.filename()});
+    EXPECT_EQ(files.read(polish / name), "order");
+    files.remove(polish / name);
 }
 
 TEST(WindowsPaths, OfAShareThatIsNotThereAreNotFound) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/program.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 #include "support/recording_desktop.h"
 #include "support/scripted_prompts.h"
@@ -49,9 +50,9 @@ class Office : public ::testing::Test {
     Program& program() { return *program_; }
     Order& order() { return program_->open.order; }
 
-    std::string home() const { return Program::homeFolderIn(documents.path()); }
-    std::string data(const std::string& name) const {
-        return withSeparator(home() + "po_data") + name;
+    std::filesystem::path home() const { return Program::homeFolderIn(documents.path()); }
+    std::filesystem::path data(const std::string& name) const {
+        return home() / "po_data" / pathOfName(name);
     }
 
     void newOrder() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/desktop.h"
+#include "platform/path_text.h"
 
 namespace bramblet::test {
 
@@ -15,24 +16,24 @@ class RecordingDesktop : public Desktop {
     std::vector<std::string> asked;  ///< in the order in which it was asked
     Mail mail;                       ///< the last one
 
-    std::string programFor(const std::string& path) override {
-        asked.push_back("program for " + path);
+    std::filesystem::path programFor(const std::filesystem::path& path) override {
+        asked.push_back("program for " + shown(path));
         return browser;
     }
-    bool openWith(const std::string& program, const std::string& target) override {
-        asked.push_back("open " + target + " with " + program);
+    bool openWith(const std::filesystem::path& program, const std::string& address) override {
+        asked.push_back("open " + address + " with " + shown(program));
         return opens;
     }
-    bool open(const std::string& path) override {
-        asked.push_back("open " + path);
+    bool open(const std::filesystem::path& path) override {
+        asked.push_back("open " + shown(path));
         return opens;
     }
     MailResult compose(const Mail& message) override {
         mail = message;
         return mailResult;
     }
-    bool openHelpFile(const std::string& path) override {
-        asked.push_back("help " + path);
+    bool openHelpFile(const std::filesystem::path& path) override {
+        asked.push_back("help " + shown(path));
         return hasHelpViewer;
     }
 };

@@ -27,7 +27,8 @@ class ScriptedPrompts : public Prompts {
         script_.push_back(Input{prompt, title, preset, std::move(answer)});
     }
     /// The next choice of a file or folder must suggest this name; it is answered with a path.
-    void expectChoice(const std::string& suggested, std::optional<std::string> answer) {
+    void expectChoice(const std::filesystem::path& suggested,
+                      std::optional<std::filesystem::path> answer) {
         script_.push_back(Choice{suggested, std::move(answer)});
     }
     bool done() const { return script_.empty(); }
@@ -66,22 +67,23 @@ class ScriptedPrompts : public Prompts {
         return taken(*input).answer;
     }
 
-    std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override {
+    std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice& choice) override {
         lastChoice = choice;
         return choose(choice.name);
     }
-    std::optional<std::string> chooseFileToSave(const FileChoice& choice) override {
+    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) override {
         lastChoice = choice;
         return choose(choice.name);
     }
-    std::optional<std::string> chooseFolder(const std::string& title,
-                                            const std::string& start) override {
+    std::optional<std::filesystem::path> chooseFolder(const std::string& title,
+                                                      const std::filesystem::path& start) override {
         lastChoice = {title, start, "", {}};
         return choose(start);
     }
 
     std::optional<std::string> chooseFont(const std::string& current) override {
-        return choose(current);
+        const auto name = choose(current);
+        return name ? std::optional(name->string()) : std::nullopt;
     }
     void progress(const std::string&, int, int) override {}
     void showStatus(const std::string& line, Tone) override { lastLine = line; }
@@ -100,8 +102,8 @@ class ScriptedPrompts : public Prompts {
         std::optional<std::string> answer;
     };
     struct Choice {
-        std::string suggested;
-        std::optional<std::string> answer;
+        std::filesystem::path suggested;
+        std::optional<std::filesystem::path> answer;
     };
 
     template <class Kind>
@@ -114,7 +116,7 @@ class ScriptedPrompts : public Prompts {
         script_.pop_front();
         return copy;
     }
-    std::optional<std::string> choose(const std::string& suggested) {
+    std::optional<std::filesystem::path> choose(const std::filesystem::path& suggested) {
         const auto* choice = next<Choice>();
         if (choice == nullptr) {
             ADD_FAILURE() << "unexpected choice of a file: " << suggested;

@@ -24,20 +24,21 @@ class TemporaryFolder {
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     /// With the separator at its end.
-    std::string path() const { return path_.string() + static_cast<char>(kSeparator); }
-    std::string operator/(const std::string& name) const { return path() + name; }
+    std::filesystem::path path() const { return path_ / ""; }
+    std::filesystem::path operator/(const std::filesystem::path& name) const {
+        return path_ / name;
+    }
 
   private:
-    static constexpr auto kSeparator = std::filesystem::path::preferred_separator;
     std::filesystem::path path_;
 };
 
-inline std::string contentOf(const std::string& path) {
+inline std::string contentOf(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-inline void writeFile(const std::string& path, const std::string& content) {
+inline void writeFile(const std::filesystem::path& path, const std::string& content) {
     std::ofstream(path, std::ios::binary) << content;
 }
 

@@ -1,3 +1,4 @@
+#include "platform/qt_text.h"
 #include "windows/desk.h"
 
 #include <QCalendarWidget>
@@ -318,8 +319,8 @@ TEST_F(MainWindowTest, DoubleClickOnTheNumbersLabelUnlocksIt) {
 TEST_F(MainWindowTest, TheAboutBoxAndTheDataPath) {
     driver->answer(name("Quenmoor \"Bramblet\"\nVersion 1.5, January 17, 2004"), QMessageBox::Ok);
     driver->trigger(name("mu_About"));
-    EXPECT_EQ(driver->control(name("Label16"))->toolTip().toStdString(),
-              "Data Path = " + program->folder.DataPath());
+    EXPECT_EQ(driver->control(name("Label16"))->toolTip(),
+              name("Data Path = ") + pathToQt(program->folder.DataPath()));
 }
 
 TEST_F(MainWindowTest, LeavingAsksAndTheWindowComesBackWhereItWas) {

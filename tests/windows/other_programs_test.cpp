@@ -95,9 +95,9 @@ class XdgTools : public ::testing::Test {
 
     void tool(const char* toolName, const std::string& script) {
         const S file = pathToQt(folder / toolName);
-        writeFile(file.toStdString(), "#!/bin/sh\nfor a in " + std::string(toolName) +
-                                          " \"$@\"; do echo \"$a\" >> '" + (folder / "calls") +
-                                          "'; done\n" + script + "\n");
+        writeFile(folder / toolName, "#!/bin/sh\nfor a in " + std::string(toolName) +
+                                         " \"$@\"; do echo \"$a\" >> '" +
+                                         (folder / "calls").string() + "'; done\n" + script + "\n");
         QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
     std::string calls() const { return contentOf(folder / "calls"); }
@@ -131,7 +131,7 @@ TEST_F(XdgTools, FilesAreOpenedAndAFailureIsSeen) {
 }
 
 TEST_F(XdgTools, AToolThatBecomesTheProgramIsLeftToItself) {
-    tool("xdg-open", "sleep 3; echo noise >&2 && touch '" + (folder / "alive") + "'");
+    tool("xdg-open", "sleep 3; echo noise >&2 && touch '" + (folder / "alive").string() + "'");
     const S alive = pathToQt(folder / "alive");
     EXPECT_TRUE(desktop.open("/data/Orders.csv"));
     EXPECT_FALSE(QFile::exists(alive)) << "it was waited for to its end";
@@ -140,11 +140,12 @@ TEST_F(XdgTools, AToolThatBecomesTheProgramIsLeftToItself) {
 
 TEST_F(XdgTools, MailIsComposedWithItsAttachments) {
     tool("xdg-email", "exit 0");
-    const Mail mail{"Bramblet #1", "Caf\xE9", {"/data/1.htm", "/data/top.gif"}};
+    const Mail mail{
+        "Bramblet #1", "Caf\xE9", {u8"/home-\u0142ukasz/caf\u00E9.htm", "/data/top.gif"}};
     EXPECT_EQ(desktop.compose(mail), MailResult::HandedOver);
     EXPECT_EQ(calls(),
               "xdg-email\n--utf8\n--subject\nBramblet #1\n--body\nCaf\xC3\xA9\n"
-              "--attach\n/data/1.htm\n--attach\n/data/top.gif\n");
+              "--attach\n/home-\xC5\x82ukasz/caf\xC3\xA9.htm\n--attach\n/data/top.gif\n");
     tool("xdg-email", "exit 3");
     EXPECT_EQ(desktop.compose(mail), MailResult::NoMailProgram);
     tool("xdg-email", "exit 4");

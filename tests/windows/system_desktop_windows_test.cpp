@@ -28,7 +28,7 @@ TEST(SystemDesktopTest, TheProgramForAFileIsFoundByItsKind) {
 TEST(SystemDesktopTest, AProgramThatIsNotThereIsAFailureAndNotADialog) {
     const TemporaryFolder folder;
     SystemDesktop desktop;
-    EXPECT_FALSE(desktop.openWith(folder / "missing.exe", folder / "page.htm"));
+    EXPECT_FALSE(desktop.openWith(folder / "missing.exe", "https://bramblet.example/"));
     EXPECT_FALSE(desktop.open(folder / "missing.csv"));
 }
 

@@ -68,9 +68,14 @@ class AgreeingPrompts : public Prompts {
                                      const std::string&) override {
         return std::nullopt;
     }
-    std::optional<std::string> chooseFileToOpen(const FileChoice&) override { return std::nullopt; }
-    std::optional<std::string> chooseFileToSave(const FileChoice&) override { return std::nullopt; }
-    std::optional<std::string> chooseFolder(const std::string&, const std::string&) override {
+    std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice&) override {
+        return std::nullopt;
+    }
+    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice&) override {
+        return std::nullopt;
+    }
+    std::optional<std::filesystem::path> chooseFolder(const std::string&,
+                                                      const std::filesystem::path&) override {
         return std::nullopt;
     }
     std::optional<std::string> chooseFont(const std::string&) override { return std::nullopt; }
@@ -82,11 +87,11 @@ class AgreeingPrompts : public Prompts {
 
 class NoDesktop : public Desktop {
   public:
-    std::string programFor(const std::string&) override { return {}; }
-    bool openWith(const std::string&, const std::string&) override { return false; }
-    bool open(const std::string&) override { return false; }
+    std::filesystem::path programFor(const std::filesystem::path&) override { return {}; }
+    bool openWith(const std::filesystem::path&, const std::string&) override { return false; }
+    bool open(const std::filesystem::path&) override { return false; }
     MailResult compose(const Mail&) override { return MailResult::NoMailProgram; }
-    bool openHelpFile(const std::string&) override { return false; }
+    bool openHelpFile(const std::filesystem::path&) override { return false; }
 };
 
 const std::map<std::string, OrderField> kBoxes{
@@ -228,8 +233,8 @@ class Clerk {
 };
 
 /// Sets the desk up: its settings name the shared data folder.
-void settle(const std::string& documents, const std::string& data) {
-    const std::string home = Program::homeFolderIn(documents);
+void settle(const std::filesystem::path& documents, const std::string& data) {
+    const std::filesystem::path home = Program::homeFolderIn(documents);
     FileSystem().createFolders(home);
     Settings settings = defaultSettings(home);
     settings.DataDirectory = data;

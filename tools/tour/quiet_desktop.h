@@ -7,11 +7,11 @@ namespace bramblet::tour {
 
 class QuietDesktop : public Desktop {
   public:
-    std::string programFor(const std::string&) override { return "browser"; }
-    bool openWith(const std::string&, const std::string&) override { return true; }
-    bool open(const std::string&) override { return true; }
+    std::filesystem::path programFor(const std::filesystem::path&) override { return "browser"; }
+    bool openWith(const std::filesystem::path&, const std::string&) override { return true; }
+    bool open(const std::filesystem::path&) override { return true; }
     MailResult compose(const Mail&) override { return MailResult::HandedOver; }
-    bool openHelpFile(const std::string&) override { return false; }
+    bool openHelpFile(const std::filesystem::path&) override { return false; }
 };
 
 }  // namespace bramblet::tour
