@@ -38,7 +38,7 @@ void AddressBook::PopAddyLists() {
     try {
         records = file_.readAll();
     } catch (const Fault& fault) {
-        prompts_.say("The address book was not read: " + fault.inWords());
+        prompts_.say("The address book was not read: " + fault.inWords(), Loss::List);
         return;
     }
     for (const AddressSide side : kAddressSides) {
@@ -59,14 +59,18 @@ void AddressBook::refreshNames() {
         for (const AddressSide side : kAddressSides)
             fillList(side, records);
     } catch (const Fault& fault) {
-        prompts_.say("The address book was not read: " + fault.inWords());
+        prompts_.say("The address book was not read: " + fault.inWords(), Loss::List);
     }
     open_.onChange();
 }
 
-void AddressBook::import(const std::string& kind, const std::vector<NameAndAddress>& entries) {
+void AddressBook::import(const std::string& kind, const std::vector<NameAndAddress>& entries,
+                         int& added) {
     LongOperation operation(prompts_, "Importing addresses", static_cast<int>(entries.size()));
-    file_.import(kind, entries, [&](int done) { operation.reached(done); });
+    file_.import(kind, entries, [&](int done) {
+        added = done;
+        operation.reached(done);
+    });
 }
 
 void AddressBook::showNone() {
@@ -80,6 +84,7 @@ void AddressBook::showNone() {
 
 void AddressBook::Combo_Click(AddressSide side) {
     if (!folder_.DataPathOK()) return;
+    const Prompts::Command command(prompts_);
     try {
         showPicked(side, file_.readAll());
     } catch (const Fault& fault) {
@@ -121,8 +126,8 @@ void AddressBook::Field_Change(AddressSide side, const std::string& text) {
 }
 
 void AddressBook::Changed_Click(AddressSide side) {
-    if (!folder_.available(prompts_)) return;
     const Prompts::Command command(prompts_);
+    if (!folder_.available(prompts_)) return;
     const SideFacts& fact = facts(side);
     Shown& shown = shown_[index(side)];
     try {
@@ -140,6 +145,7 @@ void AddressBook::Changed_Click(AddressSide side) {
 }
 
 void AddressBook::Delete_Click(AddressSide side) {
+    const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     const SideFacts& fact = facts(side);
     std::string& name = open_.order.*fact.name;

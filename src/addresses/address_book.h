@@ -41,8 +41,9 @@ class AddressBook {
     /// Rebuilds both lists of names and leaves what is shown as it is.
     void refreshNames();
 
-    /// Adds imported addresses. Throws FileError; what was added before stays.
-    void import(const std::string& kind, const std::vector<NameAndAddress>& entries);
+    /// Adds imported addresses, counting them in `added`. Throws FileError; what was added before
+    /// stays.
+    void import(const std::string& kind, const std::vector<NameAndAddress>& entries, int& added);
 
     /// The order's addresses have been emptied: no number is shown, nothing can be saved.
     void showNone();

@@ -76,6 +76,7 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
         fill(kind, entries[i].name, entries[i].address);
         file.append(buffer_);
     }
+    reached(static_cast<int>(entries.size()));
     file.flush();
 }
 

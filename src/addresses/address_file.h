@@ -65,7 +65,7 @@ class AddressFile {
 
     /// Appends entries as they are, with no look for duplicates, each under the number of the
     /// record that was read or written last: an import gives no numbers. `reached` is told the
-    /// count before each one.
+    /// count before each one, and at the end.
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries,
                 const std::function<void(int)>& reached);
 

@@ -49,12 +49,14 @@ ContactImport::ContactImport(const FileSystem& files, const DataFolder& folder,
     : files_(files.withoutRetry()), folder_(folder), addresses_(addresses), prompts_(prompts) {}
 
 void ContactImport::mu_ImportKettleby_Click() {
+    prompts_.clearLine();
     if (!folder_.available(prompts_)) return;
     chosenFile_.clear();
     showDialog();
 }
 
 void ContactImport::Command1_Click() {
+    const Prompts::Command command(prompts_);
     const auto path = prompts_.chooseFileToOpen(
         {"Select Kettleby Data File",
          "",
@@ -74,10 +76,11 @@ void ContactImport::Command1_Click() {
 }
 
 void ContactImport::import(const std::string& kind) {
-    if (!folder_.available(prompts_)) return;
     const Prompts::Command command(prompts_);
+    if (!folder_.available(prompts_)) return;
     std::vector<NameAndAddress> entries;
     std::uint64_t count = 0;
+    int added = 0;
     try {
         count = contactCount(files_.status(chosenFile_).length);
         if (count > static_cast<std::uint64_t>(kMostRecords)) throw Fault(FaultNumber::Overflow);
@@ -88,10 +91,14 @@ void ContactImport::import(const std::string& kind) {
             auto entry = addressOf(rest.substr(0, kContactSize));
             if (!entry.name.empty()) entries.push_back(std::move(entry));
         }
-        addresses_.import(kind, entries);
+        addresses_.import(kind, entries, added);
     } catch (const Fault& fault) {
-        prompts_.say("The import ended early: " + fault.inWords());
         addresses_.refreshNames();
+        // In a box over the dialog: the status bar is behind it. Importing the file again would add
+        // what came in twice.
+        prompts_.ask({"The import ended early: " + fault.inWords() +
+                          ".\r\n\r\nAddresses added before that: " + std::to_string(added) + ".",
+                      "Import Failed", Buttons::Ok, Icon::Stop});
         return;
     }
     addresses_.refreshNames();

@@ -12,6 +12,7 @@ Browser::Browser(const FileSystem& files, std::filesystem::path homeFolder, Desk
       prompts_(prompts) {}
 
 void Browser::RunBrowser(const std::string& address) {
+    const Prompts::Command command(prompts_);
     const std::filesystem::path browser = findBrowser();
     if (browser.empty()) {
         prompts_.ask(
@@ -22,6 +23,7 @@ void Browser::RunBrowser(const std::string& address) {
 }
 
 void Browser::mu_HelpContents_Click() {
+    prompts_.clearLine();
     const std::filesystem::path helpFile = home_ / "tandril.hlp";
     const bool opened = files_.exists(helpFile) && desktop_.openHelpFile(helpFile);
     if (!opened) showHelp();

@@ -98,13 +98,13 @@ void ListsPanel::refreshStock() {
 
 /// The list is filled anew while it is out of sight, and then shown.
 void ListsPanel::ViewExisting_Click() {
-    if (!program_.folder.available(program_.prompts())) return;
-    program_.savedOrders.PopPOGrid();
+    if (!program_.savedOrders.ViewExisting_Click()) return;
     views_->setCurrentWidget(orders_);
     showView();
 }
 
 void ListsPanel::HideOrders_Click() {
+    program_.prompts().clearLine();
     views_->setCurrentWidget(stock_);
     showView();
 }

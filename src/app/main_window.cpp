@@ -164,6 +164,7 @@ void MainWindow::showViewer() {
 }
 
 void MainWindow::openConfiguration(std::function<void()> rewrite, QWidget* above) {
+    const Prompts::Command command(prompts_);
     program_.settingsEditor.rewriteShown = std::move(rewrite);
     ConfigDialog dialog(program_.settingsEditor, program_.files(), program_.folder.DataPath(),
                         above);

@@ -11,7 +11,7 @@ Program::Program(Environment environment, Prompts& prompts)
     : environment_(std::move(environment)),
       prompts_(prompts),
       files_(environment_.waitForFile),
-      settingsFile_(FileSystem(), homeFolderIn(environment_.documentsFolder)),
+      settingsFile_(files_, homeFolderIn(environment_.documentsFolder)),
       settings(settingsFile_.LoadConfig(prompts)),
       folder(pathOfFolder(settings.DataDirectory)),
       taxFreight(isOn(settings.TaxFreight)),
@@ -38,6 +38,7 @@ Program::Program(Environment environment, Prompts& prompts)
 }
 
 void Program::start() {
+    const Prompts::Command command(prompts_);
     if (folder.DataPathOK()) {
         addresses.PopAddyLists();
         savedOrders.PopPOGrid();
@@ -54,10 +55,12 @@ void Program::start() {
 }
 
 Program::Leave Program::leave(const WindowPlace& place) {
+    const Prompts::Command command(prompts_);
     switch (editor.offerToSave("Bramblet", "Save PO?")) {
         case OrderEditor::Offer::Cancelled:
             return Leave::Now;  // as designed: without the settings
         case OrderEditor::Offer::NotSaved:
+            tellWhyNotLeft();
             return Leave::Stay;
         case OrderEditor::Offer::GoOn:
             break;
@@ -69,13 +72,31 @@ Program::Leave Program::leave(const WindowPlace& place) {
     settings.WindowWidth = fitted(twips(place.width), 5);
     settings.WindowTop = fitted(twips(place.top), 5);
     settings.WindowLeft = fitted(twips(place.left), 5);
-    try {
-        settingsFile_.SaveConfig(settings);
-    } catch (const Fault& fault) {
-        prompts_.ask({"The settings were not saved: " + fault.inWords() + ".", "Bramblet",
-                      Buttons::Ok, Icon::Exclamation});
-    }
+    saveSettings();
     return Leave::Now;
+}
+
+/// In a box: nobody who is about to leave looks for news in the status bar.
+void Program::tellWhyNotLeft() {
+    const std::string failures = prompts_.takeFailures();
+    if (failures.empty()) return;  // a box has told already
+    prompts_.ask({failures + "\r\n\r\nBramblet stays open, so that nothing is lost.", "Bramblet",
+                  Buttons::Ok, Icon::Exclamation});
+}
+
+void Program::saveSettings() {
+    for (;;) {
+        try {
+            settingsFile_.SaveConfig(settings);
+            return;
+        } catch (const FileError& error) {
+            const Message message{"The settings were not saved in " + error.path() + ": " +
+                                      error.inWords() +
+                                      ".\r\n\r\nTry again, or close without saving them?",
+                                  "Bramblet", Buttons::RetryClose, Icon::Exclamation};
+            if (prompts_.ask(message) != Answer::Retry) return;
+        }
+    }
 }
 
 WindowPlace Program::windowPlace() const {
@@ -93,6 +114,7 @@ void Program::refillLists() {
 }
 
 void Program::mu_About() {
+    prompts_.clearLine();
     prompts_.ask({"Quenmoor \"Bramblet\"\r\nVersion 1.5, January 17, 2004", "About Bramblet",
                   Buttons::Ok, Icon::Information});
 }

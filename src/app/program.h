@@ -47,7 +47,8 @@ struct WindowPlace {
 
 class Program {
   public:
-    /// Loads the settings and checks the data folder; both may speak to the user.
+    /// Loads the settings and checks the data folder; both may speak to the user. Throws
+    /// StartGivenUp when the settings cannot be used and the user would rather leave.
     Program(Environment environment, Prompts& prompts);
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -71,6 +72,9 @@ class Program {
     static std::filesystem::path homeFolderIn(const std::filesystem::path& documentsFolder);
 
   private:
+    void tellWhyNotLeft();
+    void saveSettings();
+
     Environment environment_;
     Prompts& prompts_;
     FileSystem files_;

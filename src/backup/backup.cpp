@@ -80,10 +80,12 @@ void Backup::SelectSource_Click() {
 }
 
 void Backup::mu_DataBackup_Click() {
+    prompts_.clearLine();
     if (folder_.available(prompts_)) showWindow(Kind::Backup);
 }
 
 void Backup::mu_DataRestore_Click() {
+    prompts_.clearLine();
     if (folder_.available(prompts_)) showWindow(Kind::Restore);
 }
 
@@ -95,6 +97,7 @@ bool Backup::RunBackup_Click() {
         "Proceed?",
         "Confirm", Buttons::YesNo, Icon::Stop, Answer::No};
     if (running_) return false;
+    const Prompts::Command command(prompts_);
     if (kind_ == Kind::Restore && prompts_.ask(caution) != Answer::Yes) return false;
     bool copied = false;
     const bool completed = run([&] {
@@ -113,6 +116,7 @@ bool Backup::RunBackup_Click() {
 
 void Backup::Verify_Click() {
     if (running_) return;
+    const Prompts::Command command(prompts_);
     Comparison result;
     if (!run([&] { return prepare() && compareAll(result); })) return;
     const bool good = result.differing.empty() && result.missing.empty();

@@ -48,6 +48,7 @@ CsvExport::CsvExport(const FileSystem& files, const DataFolder& folder, const Or
       prompts_(prompts) {}
 
 void CsvExport::mu_DataExport_Click() {
+    const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     const auto path = prompts_.chooseFileToSave(
         {"Export Orders", "", "Orders.csv", {{"Comma Separated Values", "*.CSV"}}});

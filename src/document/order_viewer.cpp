@@ -18,8 +18,8 @@ OrderViewer::OrderViewer(const FileSystem& files, const DataFolder& folder,
       prompts_(prompts) {}
 
 void OrderViewer::MakeOrder_Click() {
-    if (!folder_.available(prompts_)) return;
     const Prompts::Command command(prompts_);
+    if (!folder_.available(prompts_)) return;
     try {
         path_ =
             open_.isPending() ? folder_.file("po.htm") : folder_.documentPath(open_.order.PONoEd);
@@ -61,6 +61,7 @@ void OrderViewer::ReWrite() {
 }
 
 void OrderViewer::SavePdf_Click(const std::function<std::string()>& pdf) {
+    const Prompts::Command command(prompts_);
     const std::string name = madePlainFileName(orderNumber()) + ".pdf";
     const auto path = prompts_.chooseFileToSave({"Save as PDF", "", name, {{"PDF", "*.pdf"}}});
     if (!path) return;
@@ -75,10 +76,12 @@ void OrderViewer::SavePdf_Click(const std::function<std::string()>& pdf) {
 }
 
 void OrderViewer::printed(bool good) {
+    const Prompts::Command command(prompts_);
     if (!good) tell("The order was not printed: the printer could not be used.");
 }
 
 void OrderViewer::IE_Button_Click() {
+    const Prompts::Command command(prompts_);
     Mail mail;
     mail.subject = "Bramblet #" + orderNumber();
     mail.text = "html format purchase order attached (file " + orderNumber() + ".htm)";

@@ -40,35 +40,43 @@ const FieldHistory::Entries& FieldHistories::entries(OrderField field) const {
     return histories_[indexOf(field)].entries();
 }
 
+void FieldHistories::trimTexts() {
+    for (const HistoryFacts& facts : kHistories) {
+        std::string& text = open_.order.*facts.field;
+        text = trimmed(text);
+        if (isCurrent(facts)) CurrentHistoryText = text;
+    }
+}
+
 void FieldHistories::AddToUserFields() {
     if (!folder_.DataPathOK()) return;
-    const Prompts::Command command(prompts_);
-    for (std::size_t i = 0; i < kHistories.size(); ++i) {
-        std::string& text = open_.order.*kHistories[i].field;
-        try {
-            histories_[i].remember(files_, text);
-        } catch (const Fault& fault) {
-            prompts_.say("The lists of earlier entries were not brought up to date: " +
-                         fault.inWords());
-            break;
-        }
-        text = trimmed(text);
-        if (isCurrent(kHistories[i])) CurrentHistoryText = text;
-    }
-    open_.onChange();
+    trimTexts();
+    update([this](std::size_t history) { return open_.order.*kHistories[history].field; });
 }
 
 void FieldHistories::reload() {
-    try {
-        for (auto& history : histories_)
-            history.remember(files_, "");
-    } catch (const Fault& fault) {
-        prompts_.say("The lists of earlier entries were not read: " + fault.inWords());
+    update([](std::size_t) { return std::string(); });
+}
+
+/// Adds a text to each history and reads it anew.
+template <class TextOf>
+void FieldHistories::update(TextOf textOf) {
+    const FileSystem once = files_.withoutRetry();
+    for (std::size_t i = 0; i < kHistories.size(); ++i) {
+        try {
+            histories_[i].remember(once, textOf(i));
+        } catch (const Fault& fault) {
+            prompts_.say("The lists of earlier entries were not brought up to date: " +
+                             std::string(kHistories[i].file) + ": " + fault.inWords(),
+                         Loss::List);
+            break;
+        }
     }
     open_.onChange();
 }
 
 void FieldHistories::RemoveHistoryEntry() {
+    const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     for (const AddressBox& box : kAddressBoxes) {
         if (CurrentHistoryFile == box.name) return addresses_.Delete_Click(box.side);
@@ -79,7 +87,6 @@ void FieldHistories::RemoveHistoryEntry() {
 }
 
 void FieldHistories::removeFrom(std::size_t history) {
-    const Prompts::Command command(prompts_);
     const std::string forgotten = trimmed(CurrentHistoryText);
     try {
         histories_[history].forget(files_, forgotten, folder_.file("user.tmp"));

@@ -35,8 +35,11 @@ class FieldHistories {
 
     const FieldHistory::Entries& entries(OrderField field) const;
 
+    /// Trims what stands in the six boxes, as it is remembered.
+    void trimTexts();
+
     /// Adds what stands in the six boxes to their histories and reads all of them anew. The texts
-    /// stay, trimmed. The first fault ends it.
+    /// stay, trimmed. The first fault ends it, that of a file in use too: nothing is waited for.
     void AddToUserFields();
 
     /// Reads all of them anew.
@@ -63,6 +66,8 @@ class FieldHistories {
   private:
     bool isCurrent(const HistoryFacts& facts) const { return CurrentHistoryFile == facts.file; }
     void removeFrom(std::size_t history);
+    template <class TextOf>
+    void update(TextOf textOf);
 
     const FileSystem& files_;
     const DataFolder& folder_;

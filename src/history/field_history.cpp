@@ -36,7 +36,9 @@ bool endsLine(const std::string& content) {
 }  // namespace
 
 void FieldHistory::remember(const FileSystem& files, const std::string& value) {
-    files.touch(path_);
+    // Opened for writing only when it has to be: a file that can only be read is listed all the
+    // same.
+    if (!files.exists(path_)) files.touch(path_);
     if (std::string content = files.read(path_); content != content_) {
         entries_ = std::make_shared<const std::vector<std::string>>(linesOf(content));
         content_ = std::move(content);

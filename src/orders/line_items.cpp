@@ -55,6 +55,7 @@ LineItems::LineItems(OpenOrder& open, const RegionalFormats& formats, Prompts& p
     : open_(open), formats_(formats), prompts_(prompts) {}
 
 void LineItems::OrderPop_OneTime_Click() {
+    const Prompts::Command command(prompts_);
     const LineEntry preset{"1", "ea", "", "0"};
     const LineEntry entry = showDialog(preset, "Add a one-time item...").value_or(preset);
     OrderLine line;
@@ -64,6 +65,7 @@ void LineItems::OrderPop_OneTime_Click() {
 }
 
 void LineItems::OrderPop_DescriptionOverride_Click(int row) {
+    const Prompts::Command command(prompts_);
     if (!hasLine(row)) return;
     const auto place = static_cast<std::size_t>(row);
     const LineEntry before = entryOf(open_.order.lines[place]);
@@ -78,6 +80,7 @@ void LineItems::OrderPop_DescriptionOverride_Click(int row) {
 }
 
 void LineItems::removeLine(int row) {
+    const Prompts::Command command(prompts_);
     if (!hasLine(row)) return;
     open_.order.lines.erase(open_.order.lines.begin() + row);
     finish();
@@ -97,6 +100,7 @@ LineItems::Quantity LineItems::GetQuantity(const std::string& fileNumber) const 
 }
 
 void LineItems::StockGrid_DblClick(const StockList& list, int row) {
+    const Prompts::Command command(prompts_);
     if (row < 0 || row >= list.rowCount()) return;
     const std::string fileNumber = list.cell(row, StockColumn::FileNumber);
     try {

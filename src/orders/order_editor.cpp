@@ -25,8 +25,8 @@ std::string orderNumberText(double number) {
 }  // namespace
 
 void OrderEditor::SaveChanges_Click() {
-    if (!at_.folder.available(at_.prompts)) return;
     const Prompts::Command command(at_.prompts);
+    if (!at_.folder.available(at_.prompts)) return;
     for (const AddressSide side : kAddressSides)
         at_.addresses.pickTypedName(side);
     if (at_.open.isPending()) {
@@ -46,10 +46,10 @@ void OrderEditor::SaveChanges_Click() {
 }
 
 void OrderEditor::NewPO_Click() {
+    const Prompts::Command command(at_.prompts);
     if (!at_.folder.available(at_.prompts)) return;
     if (offerToSave("Order", "Save?") != Offer::GoOn) return;
     if (!confirm("Create blank new order ?")) return;
-    const Prompts::Command command(at_.prompts);
     // Drawn before the window is cleared: without a number the shown order stays as it is.
     const auto number = nextNumber();
     if (!number) return;
@@ -64,10 +64,10 @@ void OrderEditor::NewPO_Click() {
 }
 
 void OrderEditor::Save_PO_Click() {
+    const Prompts::Command command(at_.prompts);
     if (!at_.folder.available(at_.prompts)) return;
     if (offerToSave("Bramblet", "Save PO?") != Offer::GoOn) return;
     if (!confirm("Create new purchase order based on details currently displayed?")) return;
-    const Prompts::Command command(at_.prompts);
     for (const AddressSide side : kAddressSides)
         at_.addresses.pickTypedName(side);
     const auto number = nextNumber();
@@ -82,6 +82,7 @@ void OrderEditor::Save_PO_Click() {
 }
 
 void OrderEditor::Clear_Click() {
+    const Prompts::Command command(at_.prompts);
     if (!at_.folder.available(at_.prompts)) return;
     clearOrder();
     at_.stock.PopStockList();
@@ -90,8 +91,8 @@ void OrderEditor::Clear_Click() {
 }
 
 void OrderEditor::make10_Click() {
-    if (!at_.folder.available(at_.prompts)) return;
     const Prompts::Command command(at_.prompts);
+    if (!at_.folder.available(at_.prompts)) return;
     for (const AddressSide side : kAddressSides)
         at_.addresses.pickTypedName(side);
     for (int copy = 1; copy <= kCopies; ++copy) {
@@ -110,6 +111,7 @@ void OrderEditor::make10_Click() {
 }
 
 void OrderEditor::Label11_DblClick() {
+    const Prompts::Command command(at_.prompts);
     const Message question{
         "Are you SURE you want to unlock the PO number field?\r\n\r\nThis should only be done ONE "
         "TIME in order to make Bramblet conform to your existing numbered records. DO NOT do this "
@@ -121,22 +123,23 @@ void OrderEditor::Label11_DblClick() {
 }
 
 void OrderEditor::TotalUp_Click() {
+    const Prompts::Command command(at_.prompts);
     totalUp();
 }
 
 void OrderEditor::POGrid_Click(const std::string& orderNumber) {
-    if (!at_.folder.available(at_.prompts)) return;
     const Prompts::Command command(at_.prompts);
+    if (!at_.folder.available(at_.prompts)) return;
     if (offerToSave("Bramblet", "Save PO?") != Offer::GoOn) return;
     LoadOrder(orderNumber);
 }
 
 void OrderEditor::POPop_delete_Click(const std::string& orderNumber) {
+    const Prompts::Command command(at_.prompts);
     if (!at_.folder.available(at_.prompts)) return;
     const Message question{"Delete purchase order " + orderNumber + " ?", "Confirm", Buttons::YesNo,
                            Icon::None, Answer::No};
     if (at_.prompts.ask(question) != Answer::Yes) return;
-    const Prompts::Command command(at_.prompts);
     try {
         at_.index.markDeleted(orderNumber);
     } catch (const Fault& fault) {
@@ -241,37 +244,40 @@ bool OrderEditor::saveAs(const std::string& number, Histories histories) {
 bool OrderEditor::write(Histories histories) {
     const Order& order = at_.open.order;
     bool written = true;
-    const auto attempt = [&](const std::string& failure, const auto& step) {
+    const auto attempt = [&](Loss loss, const std::string& failure, const auto& step) {
         try {
             step();
             return true;
         } catch (const Fault& fault) {
             written = false;
-            at_.prompts.say(failure + fault.inWords());
+            at_.prompts.say(failure + fault.inWords(), loss);
             return false;
         }
     };
     std::filesystem::path path;
-    const bool named = attempt("Order " + order.PONoEd + " was not saved: ",
-                               [&] { path = at_.folder.documentPath(order.PONoEd); });
+    const bool named = attempt(Loss::Order, "Order " + order.PONoEd + " was not saved: ", [&] {
+        path = at_.folder.documentPath(order.PONoEd);
+    });
     if (named) {
-        attempt("Order " + order.PONoEd + " was not entered in the list of orders: ",
+        attempt(Loss::Work, "Order " + order.PONoEd + " was not entered in the list of orders: ",
                 [&] { at_.index.RecordData(order); });
+        if (histories == Histories::Remember) at_.histories.trimTexts();
+        attempt(Loss::Order, "The document of order " + order.PONoEd + " was not saved: ", [&] {
+            MakeSnap(path);
+        });
+        // Last: what is only a convenience keeps no order from being saved.
         if (histories == Histories::Remember) at_.histories.AddToUserFields();
-        attempt("The document of order " + order.PONoEd + " was not saved: ",
-                [&] { MakeSnap(path); });
     }
     at_.open.markSaved();
     if (written) {
         at_.settings.OrdersSavedCount += 1;
+        if (trimmed(order.PONoEd).size() > kIndexNumberWidth) {
+            at_.prompts.say("The list of orders holds only six characters of the number " +
+                            order.PONoEd);
+        }
         at_.prompts.sayDone("Order " + order.PONoEd + " is saved");
     } else {
         at_.open.MarkOrderChanged();  // what is shown is not what is stored
-    }
-    if (written && trimmed(order.PONoEd).size() > kIndexNumberWidth) {
-        at_.prompts.say(
-            "Order " + order.PONoEd +
-            " is saved, but the list of orders holds only six characters of its number");
     }
     return written;
 }

@@ -12,14 +12,14 @@ SavedOrders::SavedOrders(const OrderIndex& index, const DataFolder& folder,
 
 void SavedOrders::PopPOGrid() {
     // What is shown changes in one go: reading may have to wait, and the windows go on meanwhile.
-    std::vector<OrderIndexRecord> records;
     try {
-        records = index_.readAll();
+        rows_ = index_.readAll();
+        read_ = true;
     } catch (const Fault& fault) {
-        prompts_.say("The list of saved orders was not read: " + fault.inWords());
+        read_ = false;
+        prompts_.say("The list of saved orders was not read: " + fault.inWords(), Loss::List);
     }
-    std::erase_if(records, [this](const auto& record) { return !isListed(record); });
-    rows_ = std::move(records);
+    std::erase_if(rows_, [this](const auto& record) { return !isListed(record); });
     sortColumn_ = kNumberColumn;
     descending_ = true;
     sort();
@@ -27,8 +27,16 @@ void SavedOrders::PopPOGrid() {
 }
 
 void SavedOrders::ListCheck_Click(bool SavedOrders::*filter, bool checked) {
+    const Prompts::Command command(prompts_);
     this->*filter = checked;
     if (folder_.available(prompts_)) PopPOGrid();
+}
+
+bool SavedOrders::ViewExisting_Click() {
+    const Prompts::Command command(prompts_);
+    if (!folder_.available(prompts_)) return false;
+    PopPOGrid();
+    return true;
 }
 
 void SavedOrders::sortByHeading(int column) {
@@ -51,7 +59,7 @@ int SavedOrders::rowOf(const std::string& orderNumber) const {
 }
 
 std::string SavedOrders::countText() const {
-    return std::to_string(rowCount()) + " orders listed";
+    return listedText(rows_.size(), "orders", read_);
 }
 
 bool SavedOrders::isListed(const OrderIndexRecord& record) const {

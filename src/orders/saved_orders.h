@@ -44,8 +44,12 @@ class SavedOrders {
     /// Called after the list or its order has changed.
     std::function<void()> onChange = [] {};
 
-    /// Reads the index anew; the highest order number comes first.
+    /// Reads the index anew; the highest order number comes first. If it cannot be read, what was
+    /// listed before stays.
     void PopPOGrid();
+
+    /// The switch to this list: reads it anew; false when the data folder cannot be used.
+    bool ViewExisting_Click();
 
     /// A click on one of the filter boxes: lists anew.
     void ListCheck_Click(bool SavedOrders::*filter, bool checked);
@@ -65,7 +69,8 @@ class SavedOrders {
     int sortColumn() const { return sortColumn_; }
     bool sortedDescending() const { return descending_; }
 
-    /// "12 orders listed", for the tool tip of the label under the list.
+    /// "12 orders listed", or that they could not be read, for the tool tip of the label under the
+    /// list.
     std::string countText() const;
 
   private:
@@ -78,6 +83,7 @@ class SavedOrders {
     const RegionalFormats& formats_;
     Prompts& prompts_;
     std::vector<OrderIndexRecord> rows_;
+    bool read_ = false;  ///< whether the rows are those of the last reading
     int sortColumn_ = kNumberColumn;
     bool descending_ = true;
 };

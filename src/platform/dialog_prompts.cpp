@@ -40,6 +40,12 @@ QMessageBox::StandardButton buttonOf(Answer answer) {
             return QMessageBox::Yes;
         case Answer::No:
             return QMessageBox::No;
+        case Answer::Retry:
+            return QMessageBox::Retry;
+        case Answer::Ignore:
+            return QMessageBox::Ignore;
+        case Answer::Close:
+            return QMessageBox::Close;
     }
     return QMessageBox::Ok;
 }
@@ -55,6 +61,10 @@ std::vector<Answer> answersOf(Buttons buttons) {
             return {Answer::Yes, Answer::No};
         case Buttons::YesNoCancel:
             return {Answer::Yes, Answer::No, Answer::Cancel};
+        case Buttons::RetryClose:
+            return {Answer::Retry, Answer::Close};
+        case Buttons::RetryIgnoreClose:
+            return {Answer::Retry, Answer::Ignore, Answer::Close};
     }
     return {Answer::Ok};
 }

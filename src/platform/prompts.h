@@ -3,6 +3,8 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,8 +12,11 @@
 namespace bramblet {
 
 enum class Icon { None, Information, Question, Exclamation, Stop };
-enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
-enum class Answer { Ok, Cancel, Yes, No };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryClose, RetryIgnoreClose };
+enum class Answer { Ok, Cancel, Yes, No, Retry, Ignore, Close };
+
+/// How much a failure costs the user. Of several, the status bar tells the worst first.
+enum class Loss { List, Work, Order };
 
 /// A modal message box. `preset` is the button that Enter presses: the first one unless told.
 struct Message {
@@ -62,17 +67,27 @@ class Prompts {
     virtual void progress(const std::string& what, int done, int total) = 0;
 
     /// Says in the status bar what did not happen and why. Within a command (below) everything
-    /// said is kept and shown together when it ends.
-    void say(const std::string& failure);
+    /// said is kept and shown together when it ends, each thing once.
+    void say(const std::string& failure, Loss loss = Loss::Work);
 
-    /// Says in the status bar what has been done; passed over when the command also said a failure.
+    /// Says in the status bar what has been done; behind the failures of the same command.
     void sayDone(const std::string& line);
 
-    /// One command of the user, during which lines for the status bar are collected. Commands run
-    /// within one another count as one.
+    /// The failures that the command has said so far, worst first, for a message box: the status
+    /// bar does not show them any more.
+    std::string takeFailures();
+
+    /// Empties the status bar: what the command before had to say is no longer news. For commands
+    /// that only open a window, in which others follow.
+    void clearLine() { showStatus({}, Tone::Done); }
+
+    /// One command of the user, from its first line on: it clears what the one before it said, and
+    /// what it says itself is collected. Commands run within one another count as one.
     class Command {
       public:
-        explicit Command(Prompts& prompts) : prompts_(prompts) { ++prompts_.depth_; }
+        explicit Command(Prompts& prompts) : prompts_(prompts) {
+            if (prompts_.depth_++ == 0) prompts_.clearLine();
+        }
         ~Command() {
             if (--prompts_.depth_ == 0) prompts_.showCollected();
         }
@@ -92,7 +107,7 @@ class Prompts {
     void showCollected();
 
     int depth_ = 0;
-    std::string failures_;
+    std::multimap<Loss, std::string, std::greater<>> failures_;
     std::string done_;
 };
 

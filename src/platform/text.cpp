@@ -63,6 +63,12 @@ std::optional<char> byteOf(char16_t unit) {
     return found->second;
 }
 
+std::string listedText(std::size_t count, const std::string& things, bool read) {
+    const std::string listed = std::to_string(count) + " " + things + " listed";
+    if (read) return listed;
+    return count == 0 ? "The list could not be read" : listed + " before; now it could not be read";
+}
+
 std::u16string toUnicode(std::string_view text) {
     const CodePage& page = systemCodePage();
     std::u16string out;

@@ -21,6 +21,10 @@ std::string upper(std::string_view text);
 /// The text at exactly `width` bytes: cut when longer, padded with blanks when shorter.
 std::string fitted(std::string_view text, std::size_t width);
 
+/// What stands under a list: "12 orders listed", or that these are old or none because the file
+/// could not be `read`.
+std::string listedText(std::size_t count, const std::string& things, bool read);
+
 /// UTF-16 of a code page text.
 std::u16string toUnicode(std::string_view text);
 

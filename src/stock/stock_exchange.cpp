@@ -116,6 +116,7 @@ StockExchange::StockExchange(FileSystem files, const DataFolder& folder, const O
     : files_(std::move(files)), folder_(folder), open_(open), list_(list), prompts_(prompts) {}
 
 void StockExchange::mu_ExportStockItems_Click() {
+    const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     const auto path =
         prompts_.chooseFileToSave({"Export Stock Items", "", suggestedName(), {kFilter}});
@@ -128,6 +129,7 @@ void StockExchange::mu_ExportStockItems_Click() {
 }
 
 void StockExchange::mu_ImportStockItems_Click() {
+    const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     const Message warning{
         "It is strongly suggested that you run a complete data backup before performing an import "
@@ -136,7 +138,6 @@ void StockExchange::mu_ImportStockItems_Click() {
     if (prompts_.ask(warning) != Answer::Ok) return;
     const auto path = prompts_.chooseFileToOpen({"Import Stock Items", "", "", {kFilter}});
     if (!path) return;
-    const Prompts::Command command(prompts_);
     try {
         importFrom(*path);
     } catch (const Fault& fault) {

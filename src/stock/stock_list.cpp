@@ -42,25 +42,35 @@ StockList::StockList(FileSystem files, const DataFolder& folder, const Settings&
       file_(std::move(files), folder.file("po_stock.dat"), formats) {}
 
 void StockList::VendorItemsCheck_Click(bool checked) {
+    const Prompts::Command command(prompts_);
     VendorItemsCheck = checked;
     if (folder_.available(prompts_)) PopStockList();
 }
 
 void StockList::PopStockList() {
     // What is shown changes in one go: reading may have to wait, and the windows go on meanwhile.
-    std::vector<StockItemRecord> records;
-    try {
-        if (folder_.DataPathOK()) records = file_.readAll();
-    } catch (const Fault& fault) {
-        prompts_.say("The list of stock items was not read: " + fault.inWords());
-    }
+    const std::vector<StockItemRecord> listed = records();
     columns_ = {StockColumn::Category, StockColumn::Vendor, StockColumn::Unit,
                 StockColumn::Description, StockColumn::UnitCost};
     if (isOn(settings_.UseQuantities)) columns_.push_back(StockColumn::OnHand);
     columns_.push_back(StockColumn::FileNumber);
-    sortColumn_.reset();
-    list(records);
+    list(listed);
     onListChange();
+}
+
+/// The records of the catalogue in file order; those listed now when it cannot be read.
+std::vector<StockItemRecord> StockList::records() {
+    if (!folder_.DataPathOK()) return {};
+    try {
+        auto records = file_.readAll();
+        read_ = true;
+        sortColumn_.reset();
+        return records;
+    } catch (const Fault& fault) {
+        read_ = false;
+        prompts_.say("The list of stock items was not read: " + fault.inWords(), Loss::List);
+        return rows_;
+    }
 }
 
 std::string StockList::cell(int row, StockColumn column) const {
@@ -75,7 +85,7 @@ int StockList::rowOf(const std::string& fileNumber) const {
 }
 
 std::string StockList::countText() const {
-    return std::to_string(rowCount()) + " stock items listed";
+    return listedText(rows_.size(), "stock items", read_);
 }
 
 void StockList::sortByHeading(StockColumn column) {
@@ -102,11 +112,13 @@ void StockList::StockGrid_Click(int row) {
 }
 
 void StockList::SaveNewStockItem_Click() {
+    const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     change("The new item was not saved: ", [&] { file_.SaveNewStockItem(boxes); });
 }
 
 void StockList::SaveChangedStockItem_Click() {
+    const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     change("The item was not saved: ", [&] {
         if (!file_.SaveChangedStockItem(leadingNumber(fileOrderTag_), boxes)) {
@@ -117,6 +129,7 @@ void StockList::SaveChangedStockItem_Click() {
 }
 
 void StockList::DeleteStockItem_Click() {
+    const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     const Message question{"Delete stock item: \r\n\r\n" + pickedInWords(), "Confirm",
                            Buttons::YesNo, Icon::Question, Answer::No};
@@ -125,6 +138,7 @@ void StockList::DeleteStockItem_Click() {
 }
 
 void StockList::ItemsPopOnHand_Click(int row) {
+    const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     const bool shown = row >= 0 && row < rowCount() && isOn(settings_.UseQuantities);
     const auto answer = prompts_.input("Specify quantity on hand:\r\n\r\n" + pickedInWords(),
@@ -187,7 +201,6 @@ std::string StockList::pickedInWords() const {
 
 template <class Change>
 void StockList::change(const std::string& failure, Change change) {
-    const Prompts::Command command(prompts_);
     try {
         change();
     } catch (const Fault& fault) {

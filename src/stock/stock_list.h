@@ -33,7 +33,8 @@ class StockList {
     bool VendorItemsCheck = false;
     void VendorItemsCheck_Click(bool checked);
 
-    /// Reads the catalogue anew, in file order, and collects the entries of the editor's lists.
+    /// Reads the catalogue anew, in file order, and collects the entries of the editor's lists. If
+    /// it cannot be read, what was listed before stays.
     void PopStockList();
 
     /// The columns shown now.
@@ -43,7 +44,7 @@ class StockList {
     const StockItemRecord& item(int row) const { return rows_[static_cast<std::size_t>(row)]; }
     /// The row of an item's number; -1 when it is not listed.
     int rowOf(const std::string& fileNumber) const;
-    /// "40 stock items listed"
+    /// "40 stock items listed", or that they could not be read.
     std::string countText() const;
 
     /// A click on a heading: sorts by that column, ascending at first and then in turn. Amounts and
@@ -74,6 +75,7 @@ class StockList {
     StockFile& file() { return file_; }
 
   private:
+    std::vector<StockItemRecord> records();
     void list(const std::vector<StockItemRecord>& records);
     double numberIn(const StockItemRecord& record, StockColumn column) const;
     std::string textIn(const StockItemRecord& record, StockColumn column) const;
@@ -91,6 +93,7 @@ class StockList {
     StockFile file_;
     std::vector<StockColumn> columns_;
     std::vector<StockItemRecord> rows_;
+    bool read_ = false;  ///< whether the rows are those of the last reading
     Entries entries_;
     std::string fileOrderTag_ = "0";
     std::optional<StockColumn> sortColumn_;

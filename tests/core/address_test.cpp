@@ -160,11 +160,20 @@ TEST_F(AddressBookTest, APickThatCannotBeReadLeavesNoOtherVendorsAddress) {
     start();
     save(AddressSide::Vendor, "Acme", "A Road");
     pick(AddressSide::Vendor, "Acme");
-    std::filesystem::remove(data("po_addy.dat"));
+    std::filesystem::rename(data("po_addy.dat"), data("away"));
     std::filesystem::create_directory(data("po_addy.dat"));
     pick(AddressSide::Vendor, "Bolt");
     EXPECT_EQ(order().ToField, "");
     EXPECT_EQ(prompts.lastLine.find("The address was not read: "), 0u);
+    program().addresses.PopAddyLists();
+    EXPECT_EQ(vendor().names, std::vector<std::string>{"Acme"}) << "the list stays";
+    save(AddressSide::Vendor, "Bolt", "B Road");
+    EXPECT_EQ(prompts.lastLine.find("The address was not saved: "), 0u);
+    std::filesystem::remove(data("po_addy.dat"));
+    std::filesystem::rename(data("away"), data("po_addy.dat"));
+    program().addresses.Changed_Click(AddressSide::Vendor);
+    EXPECT_EQ(vendor().names.size(), 2u);
+    EXPECT_EQ(prompts.lastLine, "") << "it is saved now";
 }
 
 TEST_F(AddressBookTest, DeletingAsksNothingAndABlankNameIsTold) {

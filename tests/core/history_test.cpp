@@ -86,6 +86,8 @@ TEST_F(HistoryFlows, EachOfTheSixHasItsFile) {
         EXPECT_EQ(listed(field), Values{"of " + file.substr(0, 3)});
         EXPECT_EQ(order().*field, "of " + file.substr(0, 3)) << "the text stays, trimmed";
     }
+    EXPECT_NE(contentOf(data("000001.htm")).find("<!-- JOB of jno JOB -->"), std::string::npos)
+        << "and is so in the document";
     start();
     for (const auto& [field, file] : files) {
         EXPECT_EQ(listed(field), Values{"of " + file.substr(0, 3)}) << "loaded at the start";
@@ -172,8 +174,20 @@ TEST_F(HistoryFlows, AHistoryThatCannotBeReadIsToldAndTheOrderSavedAllTheSame) {
     program().editor.SaveChanges_Click();
     EXPECT_EQ(listed(&Order::ByEd), Values{"Ann"});
     EXPECT_EQ(listed(&Order::FOBEd), Values{}) << "the first fault ends it";
-    EXPECT_NE(prompts.lastLine.find("earlier entries"), std::string::npos) << prompts.lastLine;
+    EXPECT_EQ(prompts.lastLine,
+              "The lists of earlier entries were not brought up to date: via_field.dat: Path/File "
+              "access error (error 75). Order 000001 is saved");
     EXPECT_FALSE(program().open.OrderDirty);
+    EXPECT_EQ(waits, 0) << "no list of suggestions holds up an order";
+    program().editor.make10_Click();
+    EXPECT_EQ(prompts.lastLine,
+              "The lists of earlier entries were not brought up to date: via_field.dat: Path/File "
+              "access error (error 75). Order 000011 is saved")
+        << "said once";
+    newOrder();
+    program().refillLists();
+    EXPECT_EQ(listed(&Order::ByEd), Values{"Ann"});
+    EXPECT_EQ(waits, 0);
 }
 
 }  // namespace

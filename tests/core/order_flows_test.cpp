@@ -321,10 +321,10 @@ TEST_F(OrderFlows, AllThatFailedInOneCommandIsSaid) {
     editor().SaveChanges_Click();
     EXPECT_EQ(
         prompts.lastLine,
-        "Order 000001 was not entered in the list of orders: Path not found (error 76). The lists "
-        "of earlier entries were not brought up to date: Path not found (error 76). The "
-        "document of order 000001 was not saved: Path not found (error 76). The list of saved "
-        "orders was not read: Path not found (error 76).");
+        "The document of order 000001 was not saved: Path not found (error 76). Order 000001 was "
+        "not entered in the list of orders: Path not found (error 76). The lists of earlier "
+        "entries were not brought up to date: by_field.dat: Path not found (error 76). The list of "
+        "saved orders was not read: Path not found (error 76).");
 }
 
 TEST_F(OrderFlows, AFailedCopyLeavesItsSourceAsItWas) {

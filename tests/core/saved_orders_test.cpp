@@ -72,6 +72,22 @@ TEST_F(SavedOrdersTest, FiltersGovernTheirKindsAndReceivedOnesTheirOwn) {
     EXPECT_EQ(list().countText(), "0 orders listed");
 }
 
+TEST_F(SavedOrdersTest, AListThatCannotBeReadKeepsItsRowsAndSaysSo) {
+    std::filesystem::rename(data("po_data.dat"), data("away"));
+    std::filesystem::create_directory(data("po_data.dat"));
+    list().ViewExisting_Click();
+    EXPECT_EQ(numbers().size(), 4u);
+    EXPECT_EQ(list().countText(), "4 orders listed before; now it could not be read");
+    EXPECT_EQ(prompts.lastLine.find("The list of saved orders was not read"), 0u);
+    list().ListCheck_Click(&SavedOrders::ListCheckRecd, false);
+    EXPECT_EQ(numbers(), (Numbers{"000010", "000009"}));
+    std::filesystem::remove(data("po_data.dat"));
+    std::filesystem::rename(data("away"), data("po_data.dat"));
+    list().ListCheck_Click(&SavedOrders::ListCheckRecd, true);
+    EXPECT_EQ(list().countText(), "4 orders listed");
+    EXPECT_EQ(prompts.lastLine, "") << "what could not be read now is";
+}
+
 TEST_F(SavedOrdersTest, HeadingsSortInTurn) {
     list().sortByHeading(kNumberColumn);
     EXPECT_EQ(numbers(), (Numbers{"PO11", "000002", "000009", "000010"}));

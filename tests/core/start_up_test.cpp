@@ -63,11 +63,30 @@ TEST_F(StartUp, AMissingDataFolderIsToldOnceAndByEveryDataCommand) {
         [&] { program().savedOrders.ListCheck_Click(&SavedOrders::ListCheckPO, false); },
         [&] { program().addresses.Changed_Click(AddressSide::Vendor); },
         [&] { program().addresses.Delete_Click(AddressSide::Destination); },
+        [&] { program().savedOrders.ViewExisting_Click(); },
+        [&] { program().histories.RemoveHistoryEntry(); },
+        [&] { program().stock.VendorItemsCheck_Click(true); },
+        [&] { program().stock.SaveNewStockItem_Click(); },
+        [&] { program().stock.SaveChangedStockItem_Click(); },
+        [&] { program().stock.DeleteStockItem_Click(); },
+        [&] { program().stock.ItemsPopOnHand_Click(0); },
+        [&] { program().stockExchange.mu_ExportStockItems_Click(); },
+        [&] { program().stockExchange.mu_ImportStockItems_Click(); },
+        [&] { program().csvExport.mu_DataExport_Click(); },
+        [&] { program().viewer.MakeOrder_Click(); },
+        [&] { program().contactImport.mu_ImportKettleby_Click(); },
+        [&] { program().contactImport.ImportAsShipTos_Click(); },
+        [&] { program().backup.mu_DataBackup_Click(); },
+        [&] { program().backup.mu_DataRestore_Click(); },
     };
-    for (const auto& command : commands) {
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        prompts.say("Something was not saved");
         prompts.expect(noAccess);
-        command();
+        commands[i]();
+        EXPECT_EQ(prompts.lastLine, "") << i << ": what was said before is no longer news";
     }
+    EXPECT_EQ(program().savedOrders.countText(), "The list could not be read");
+    EXPECT_EQ(program().stock.countText(), "The list could not be read");
     EXPECT_TRUE(prompts.done());
     EXPECT_FALSE(FileSystem().exists(documents / "nowhere"));
 }
@@ -146,10 +165,26 @@ TEST_F(Leaving, CancelLeavesWithoutSavingAnything) {
 
 TEST_F(Leaving, AnOrderThatCannotBeSavedKeepsTheProgramOpen) {
     program().editor.edit(&Order::OrderDateEd, "someday");
-    EXPECT_EQ(leaveAnswering(Answer::Yes), Program::Leave::Stay);
-    EXPECT_EQ(prompts.lastLine,
-              "Order 000001 was not entered in the list of orders: \"someday\" in the box Order "
-              "Date is not a date.");
+    prompts.expect(yesNoCancel("Save changes to Bramblet Number 000001 ?", "Save PO?"),
+                   Answer::Yes);
+    prompts.expect(
+        {"Order 000001 was not entered in the list of orders: \"someday\" in the box "
+         "Order Date is not a date.\r\n\r\nBramblet stays open, so that nothing is lost.",
+         "Bramblet", Buttons::Ok, Icon::Exclamation});
+    EXPECT_EQ(program().leave(place()), Program::Leave::Stay);
+    EXPECT_EQ(prompts.lastLine, "");
+}
+
+TEST_F(Leaving, SettingsThatCannotBeSavedAreTriedAgainAtWill) {
+    const std::string file = home() + "po15.cfg";
+    const std::string before = contentOf(file);
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    prompts.expectSaying("Save changes", Answer::No);
+    prompts.expectSaying("The settings were not saved in " + file, Answer::Retry);
+    prompts.expectSaying("Path/File access error (error 75)", Answer::Close);
+    EXPECT_EQ(program().leave(place()), Program::Leave::Now);
+    EXPECT_EQ(waits, 0);
 }
 
 }  // namespace

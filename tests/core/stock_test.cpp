@@ -188,6 +188,14 @@ TEST_F(Stock, HeadingsSortNumbersAsNumbersAndTextWithoutCase) {
     EXPECT_EQ(descriptions(), (Rows{"nine", "ten", "hundred"}));
     list().sortByHeading(StockColumn::FileNumber);
     EXPECT_EQ(descriptions(), (Rows{"ten", "nine", "hundred"}));
+
+    list().sortByHeading(StockColumn::UnitCost);
+    std::filesystem::remove(data("po_stock.dat"));
+    std::filesystem::create_directory(data("po_stock.dat"));
+    list().VendorItemsCheck_Click(false);
+    EXPECT_EQ(descriptions(), (Rows{"nine", "ten", "hundred"})) << "cannot be read, and stays";
+    EXPECT_EQ(list().countText(), "3 stock items listed before; now it could not be read");
+    EXPECT_EQ(prompts.lastLine.find("The list of stock items was not read"), 0u);
 }
 
 TEST_F(Stock, PickingAddsALineAndAgainRaisesItAtTheEnd) {
