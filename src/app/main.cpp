@@ -1,7 +1,7 @@
 // The program's entry: it knows everybody, and does nothing itself.
 
 #include "app/main_window.h"
-#include "app/program.h"
+#include "app/start_notice.h"
 #include "platform/dialog_prompts.h"
 #include "platform/qt_text.h"
 #include "platform/system_desktop.h"
@@ -13,6 +13,8 @@
 #include <QIcon>
 #include <QMessageBox>
 #include <QStandardPaths>
+
+#include <cstdlib>
 
 namespace {
 
@@ -53,11 +55,13 @@ int main(int argc, char** argv) {
     clock.waitOneSecond = [&waiting] { waiting.waitOneSecond(); };
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     SystemDesktop desktop;
-    Program program({desktop, pathFromQt(documents), systemRegionalFormats(), clock,
+    const auto program =
+        loadProgram({desktop, pathFromQt(documents), systemRegionalFormats(), clock,
                      [&waiting](const FileError& error) { waiting.waitForFile(error); }},
-                    prompts);
-    MainWindow window(program, prompts, waiting);
+                    prompts, waiting);
+    if (!program) return EXIT_SUCCESS;
+    MainWindow window(*program, prompts, waiting);
     window.show();
-    program.start();
+    program->start();
     return QApplication::exec();
 }

@@ -3,6 +3,7 @@
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace bramblet {
@@ -80,31 +81,134 @@ TEST_F(SettingsFileTest, EveryByteOfAFileIsCarriedThrough) {
     EXPECT_EQ(bytes(), old);
 }
 
-TEST_F(SettingsFileTest, AnUnusableFileIsKeptAsideAndReplacedByTheDefaults) {
+TEST_F(SettingsFileTest, AShortForerunnerIsTakenOverAsFarAsItGoes) {
     FileSystem().createFolders(home());
-    for (const std::string kept : {"po15-old.cfg", "po15-old2.cfg"}) {
-        writeFile(home() / "po15.cfg", "short");
-        prompts_.expectSaying("po15.cfg cannot be used: it holds 5 bytes where 1719 are needed");
-        load();
-        EXPECT_EQ(contentOf(home() / kept), "short");
+    Settings old = defaultSettings(home());
+    old.DataDirectory = "/srv/My Office/";
+    old.NumberPrefix = "X-";
+    const std::string record = encodeRecord(kSettingsLayout, old);
+    struct Case {
+        std::size_t length;
+        std::string directory, prefix;
+    };
+    for (const auto& [length, directory, prefix] :
+         {Case{1218, "/srv/My Office/", "X-"}, Case{1024, "/srv/My Office/", ""},
+          Case{908 + 8, "", ""}, Case{5, "", ""}}) {
+        writeFile(home() / "po14.cfg", record.substr(0, length));
+        std::filesystem::remove(home() / "po15.cfg");
+        const Settings settings = load();
+        EXPECT_EQ(settings.DataDirectory, directory) << length;
+        EXPECT_EQ(trimmedField(settings.NumberPrefix), prefix) << length;
+        EXPECT_EQ(settings.SigLineSpace, 23);
+        EXPECT_FALSE(isOn(settings.UseQuantities));
+        EXPECT_EQ(trimmedField(at(1220, 300)), defaultDataDirectory(home()));
         EXPECT_EQ(bytes().size(), 1719u);
     }
 }
 
-TEST_F(SettingsFileTest, AnUnreadableFileIsToldToo) {
-    FileSystem().createFolders(home() / "po15.cfg");  // a folder of that name
-    prompts_.expectSaying("Path/File access error (error 75)");
-    EXPECT_EQ(trimmedField(load().FontName), "Arial");
-    EXPECT_EQ(bytes().size(), 1719u);
+/// What is wrong with "po15.cfg", and what comes of going on all the same.
+class DamagedSettings : public SettingsFileTest {
+  protected:
+    void SetUp() override {
+        FileSystem().createFolders(home());
+        Settings settings = defaultSettings(home());
+        settings.FontName = "Verdana";
+        settings.DataDirectory = "/srv/My Office/";
+        settings.TaxFreight = "Y";
+        whole_ = encodeRecord(kSettingsLayout, settings);
+    }
+    void expectQuestion(const std::string& part, Answer answer) {
+        prompts_.expectSaying(part, answer);
+    }
+    std::vector<std::filesystem::path> names() const {
+        auto names = FileSystem().fileNames(home());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    std::string whole_;
+};
+using Names = std::vector<std::filesystem::path>;
+
+TEST_F(DamagedSettings, WhatAShortFileHoldsIsUsedAndACopyIsKept) {
+    // Cut behind the directory, within its padding, within its text (also behind a blank in it),
+    // and before it.
+    struct Case {
+        std::size_t length;
+        bool directory;
+    };
+    int copy = 0;
+    for (const auto& [length, directory] :
+         {Case{1718, true}, Case{1208, true}, Case{1024, true}, Case{908 + 14, false},
+          Case{908 + 8, false}, Case{899, false}, Case{5, false}}) {
+        const std::string cut = whole_.substr(0, length);
+        const std::string folder =
+            directory ? "/srv/My Office/" : defaultDataDirectory(home()).string();
+        writeFile(home() / "po15.cfg", cut);
+        expectQuestion("po15.cfg is too short: it holds " + std::to_string(length), Answer::Retry);
+        expectQuestion("the data directory\r\n" + folder, Answer::Ignore);
+        const Settings settings = load();
+        EXPECT_EQ(settings.DataDirectory, folder) << length;
+        EXPECT_EQ(trimmedField(settings.FontName), length > 396 ? "Verdana" : "Arial");
+        EXPECT_EQ(trimmedField(settings.FormWidth), "640");
+        EXPECT_EQ(isOn(settings.TaxFreight), length > 1219);
+        EXPECT_EQ(trimmedField(settings.BackupFolder), defaultDataDirectory(home()));
+        EXPECT_EQ(bytes().size(), 1719u);
+        const std::string number = ++copy == 1 ? "" : std::to_string(copy);
+        EXPECT_EQ(contentOf(home() / ("po15-old" + number + ".cfg")), cut);
+        EXPECT_EQ(FileSystem().exists(defaultDataDirectory(home())), copy > 3)
+            << "made for the office that has no other";
+        EXPECT_EQ(load().DataDirectory, folder) << "nothing to ask any more";
+    }
 }
 
-TEST_F(SettingsFileTest, AFileThatCannotBePutAsideIsNeverWrittenOver) {
-    // The home folder's path runs through a plain file: nothing there can be read, moved or made.
-    writeFile(folder_ / "Quenmoor", "");
-    SettingsFile file(FileSystem(), home());
-    prompts_.expectSaying("no settings are saved this time");
-    const Settings settings = file.LoadConfig(prompts_);
-    EXPECT_NO_THROW(file.SaveConfig(settings));
+TEST_F(DamagedSettings, LosingTheFileIsNoFirstStart) {
+    writeFile(home() / "po14.cfg", "");
+    expectQuestion("po15.cfg is missing, although Bramblet has been started here before",
+                   Answer::Close);
+    EXPECT_THROW(load(), StartGivenUp);
+    EXPECT_EQ(names(), Names{"po14.cfg"});
+    writeFile(home() / "po15.cfg", "");
+    expectQuestion("po15.cfg is empty", Answer::Close);
+    EXPECT_THROW(load(), StartGivenUp);
+    EXPECT_EQ(bytes(), "");
+    EXPECT_FALSE(FileSystem().exists(defaultDataDirectory(home())));
+    expectQuestion("the data directory\r\n" + defaultDataDirectory(home()).string(),
+                   Answer::Ignore);
+    EXPECT_EQ(load().DataDirectory, defaultDataDirectory(home()));
+}
+
+TEST_F(DamagedSettings, AFileInUseIsWaitedForAndThenAskedAbout) {
+    for (const std::string file : {"po15.cfg", "po14.cfg"}) {
+        std::filesystem::create_directory(home() / file);  // refused with error 75
+        int waits = 0;
+        const auto load = [&](int givingUpAfter) {
+            const FileSystem files([&](const FileError& error) {
+                if (++waits > givingUpAfter) throw error;
+                if (waits < 3) return;
+                std::filesystem::remove(home() / file);
+                writeFile(home() / file, whole_);
+            });
+            return SettingsFile(files, home()).LoadConfig(prompts_);
+        };
+        prompts_.expectSaying(file + "\r\nPath/File access error (error 75)", Answer::Retry);
+        prompts_.expectSaying("leave everything as it is", Answer::Close);
+        EXPECT_THROW(load(0), StartGivenUp);
+        EXPECT_EQ(waits, 2);
+        EXPECT_EQ(names(), Names{}) << "nothing was made or moved";
+        EXPECT_TRUE(std::filesystem::is_directory(home() / file));
+        waits = 0;
+        EXPECT_EQ(load(9).DataDirectory, "/srv/My Office/");
+        EXPECT_EQ(waits, 3);
+        std::filesystem::remove(home() / "po15.cfg");
+    }
+}
+
+TEST_F(DamagedSettings, WithoutAHomeFolderThereIsNoStart) {
+    std::filesystem::remove_all(home());
+    writeFile(folder_ / "Quenmoor", "");  // its path runs through a plain file
+    prompts_.expectSaying("Path not found (error 76)", Answer::Close);
+    EXPECT_THROW(load(), StartGivenUp);
 }
 
 TEST(Settings, OnlyAnExactYIsOn) {

@@ -1,3 +1,4 @@
+#include "app/start_notice.h"
 #include "platform/qt_text.h"
 #include "windows/desk.h"
 
@@ -5,6 +6,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenu>
 #include <QRadioButton>
 #include <QStatusBar>
@@ -404,6 +406,39 @@ TEST_F(WaitingTest, TheWindowDoesNotCloseAndTheOrderDoesNotChangeMeanwhile) {
     });
     EXPECT_TRUE(window->isVisible());
     EXPECT_FALSE(program->open.OrderDirty);
+}
+
+TEST_F(MainWindowTest, SettingsInUseAreWaitedForInSightBeforeThereIsAMainWindow) {
+    const TemporaryFolder other;
+    const std::filesystem::path settings = other / "Quenmoor" / "po15.cfg";
+    std::filesystem::create_directories(settings);  // refused with error 75
+    Waiting early;
+    const auto loadWhile = [&](const std::function<void(QWidget&)>& during) {
+        QTimer::singleShot(300, window.get(), [&] {
+            for (QWidget* shown : QApplication::topLevelWidgets()) {
+                if (shown->objectName() == name("StartNotice") && shown->isVisible())
+                    return during(*shown);
+            }
+            ADD_FAILURE() << "nothing tells of the waiting";
+            std::filesystem::remove(settings);
+        });
+        return loadProgram({desktop,
+                            other.path(),
+                            {},
+                            fixedClock(),
+                            [&](const FileError& error) { early.waitForFile(error); }},
+                           prompts, early);
+    };
+    driver->answer(name("Path/File access error (error 75)"), QMessageBox::Close);
+    const auto leaving = loadWhile([&](QWidget& notice) {
+        const S line = notice.findChild<QLabel*>()->text();
+        EXPECT_TRUE(line.startsWith(name("Waiting for po15.cfg"))) << line.toStdString();
+        QTest::mouseClick(notice.findChild<QWidget*>(name("StopWaiting")), Qt::LeftButton);
+    });
+    EXPECT_EQ(leaving, nullptr);
+    const auto loaded = loadWhile([&](QWidget&) { std::filesystem::remove(settings); });
+    ASSERT_NE(loaded, nullptr);
+    EXPECT_TRUE(loaded->folder.DataPathOK());
 }
 
 TEST_F(MainWindowTest, NothingIsCutOffAtTheSmallestSize) {
