@@ -90,7 +90,7 @@ void Program::saveSettings() {
             settingsFile_.SaveConfig(settings);
             return;
         } catch (const FileError& error) {
-            const Message message{"The settings were not saved in " + error.path() + ": " +
+            const Message message{"The settings were not saved in " + shown(error.path()) + ": " +
                                       error.inWords() +
                                       ".\r\n\r\nTry again, or close without saving them?",
                                   "Bramblet", Buttons::RetryClose, Icon::Exclamation};

@@ -128,9 +128,6 @@ bool isUtf8(std::string_view text) {
     return true;
 }
 
-bool isAny(char32_t) {
-    return true;
-}
 bool isLacking(char32_t point) {
     return point >= 0x10000 || !byteOf(static_cast<char16_t>(point));
 }
@@ -142,7 +139,7 @@ std::filesystem::path pathOfUtf8(const std::string& utf8) {
 template <class Char>
 std::u16string unicodeOfNative(const std::basic_string<Char>& native) {
     if constexpr (sizeof(Char) == 1) {
-        return decoded(native, isAny);
+        return decoded(native, [](char32_t) { return true; });
     } else {
         return {native.begin(), native.end()};
     }

@@ -176,12 +176,12 @@ TEST_F(Leaving, AnOrderThatCannotBeSavedKeepsTheProgramOpen) {
 }
 
 TEST_F(Leaving, SettingsThatCannotBeSavedAreTriedAgainAtWill) {
-    const std::string file = home() + "po15.cfg";
+    const std::filesystem::path file = home() / "po15.cfg";
     const std::string before = contentOf(file);
     std::filesystem::remove(file);
     std::filesystem::create_directory(file);
     prompts.expectSaying("Save changes", Answer::No);
-    prompts.expectSaying("The settings were not saved in " + file, Answer::Retry);
+    prompts.expectSaying("The settings were not saved in " + file.string(), Answer::Retry);
     prompts.expectSaying("Path/File access error (error 75)", Answer::Close);
     EXPECT_EQ(program().leave(place()), Program::Leave::Now);
     EXPECT_EQ(waits, 0);
