@@ -89,7 +89,7 @@ void FieldHistories::RemoveHistoryEntry() {
 void FieldHistories::removeFrom(std::size_t history) {
     const std::string forgotten = trimmed(CurrentHistoryText);
     try {
-        histories_[history].forget(files_, forgotten, folder_.file("user.tmp"));
+        histories_[history].forget(files_, forgotten);
     } catch (const Fault& fault) {
         prompts_.say("\"" + forgotten + "\" was not removed from the list: " + fault.inWords());
         return;

@@ -21,12 +21,12 @@ std::vector<std::string> linesOf(const std::string& content) {
     return lines;
 }
 
-/// The value as one line: trimmed, with a blank for every line end within it.
-std::string asLine(const std::string& value) {
-    std::string line = trimmed(value);
+/// The value as one line: with a blank for every line end within it, and trimmed after that, as
+/// the lines of the file are when the value is looked for.
+std::string asLine(std::string value) {
     std::replace_if(
-        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    return line;
+        value.begin(), value.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return trimmed(value);
 }
 
 bool endsLine(const std::string& content) {
@@ -56,15 +56,13 @@ void FieldHistory::remember(const FileSystem& files, const std::string& value) {
     entries_ = std::make_shared<const std::vector<std::string>>(std::move(lines));
 }
 
-void FieldHistory::forget(const FileSystem& files, const std::string& value,
-                          const std::filesystem::path& scratch) const {
-    const std::string line = trimmed(value);
+void FieldHistory::forget(const FileSystem& files, const std::string& value) const {
+    const std::string line = asLine(value);
     std::string kept;
     for (const auto& entry : linesOf(files.read(path_))) {
         if (trimmed(entry) != line) kept += entry + kLineEnd;
     }
-    files.replace(scratch, kept);
-    files.rename(scratch, path_);
+    files.replace(path_, kept);
 }
 
 }  // namespace bramblet

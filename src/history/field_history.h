@@ -25,11 +25,11 @@ class FieldHistory {
     /// the file anew, which is created empty when missing. Throws FileError.
     void remember(const FileSystem& files, const std::string& value);
 
-    /// Drops every line that is this value but for blanks around it: the others are written to
-    /// `scratch`, which takes the file's place. `entries` stay until the next `remember`. Throws
+    /// Drops every line that is this value but for blanks around it: the others are written to a
+    /// temporary file, which takes the file's place. Its name is this program's alone: two desks
+    /// that shared one would mix their histories. `entries` stay until the next `remember`. Throws
     /// FileError.
-    void forget(const FileSystem& files, const std::string& value,
-                const std::filesystem::path& scratch) const;
+    void forget(const FileSystem& files, const std::string& value) const;
 
   private:
     std::filesystem::path path_;

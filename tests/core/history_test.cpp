@@ -15,7 +15,7 @@ class History : public ::testing::Test {
         return *history_.entries();
     }
     Values forget(const std::string& value) {
-        history_.forget(FileSystem(), value, folder_ / "user.tmp");
+        history_.forget(FileSystem(), value);
         return remember("");
     }
     std::string file() const { return contentOf(folder_ / "by_field.dat"); }
@@ -47,16 +47,21 @@ TEST_F(History, LinesOfTheFileAreListedUnchanged) {
 }
 
 TEST_F(History, AValueOfSeveralLinesIsOneEntry) {
-    remember("a\r\nb");
-    EXPECT_EQ(remember("a\r\nb"), Values{"a  b"});
+    for (const char* value : {"a\r\nb", "\r\na\r\nb", " a\r\nb \n"}) {
+        remember(value);
+        EXPECT_EQ(remember(value), Values{"a  b"});
+    }
+    EXPECT_EQ(remember(" \r\n"), Values{"a  b"}) << "a blank one";
+    EXPECT_EQ(forget("\na\r\nb"), Values{});
 }
 
 TEST_F(History, ForgettingRemovesEveryLineOfTheValue) {
     writeFile(folder_ / "by_field.dat", "Ann\r\nBob\r\n Ann \r\nann\r\n");
-    writeFile(folder_ / "user.tmp", "left behind by a crash, and longer than what is kept");
+    // Of another desk, which is forgetting a value too.
+    writeFile(folder_ / "user.tmp", "Net 10\r\n");
     EXPECT_EQ(forget("Ann "), (Values{"Bob", "ann"}));
     EXPECT_EQ(file(), "Bob\r\nann\r\n");
-    EXPECT_FALSE(FileSystem().exists(folder_ / "user.tmp"));
+    EXPECT_EQ(contentOf(folder_ / "user.tmp"), "Net 10\r\n");
     EXPECT_EQ(forget("Carl"), (Values{"Bob", "ann"}));
 }
 
