@@ -33,7 +33,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     order_ = new OrderPanel(program.editor, program.addresses, program.histories, program.open,
                             program.formats().firstDayOfWeek);
     lines_ = new LinesPanel(program.lines, program.open, program.stock, program.formats(), prompts);
-    totals_ = new TotalsPanel(program.editor, program.open, program.taxFreight);
+    totals_ = new TotalsPanel(program.editor, program.open, program.taxFreight, program.formats());
     lists_ = new ListsPanel(program);
     const auto dataAvailable = [this] { return program_.folder.available(prompts_); };
     lines_->dataAvailable = dataAvailable;

@@ -6,9 +6,17 @@
 namespace bramblet {
 namespace {
 
+constexpr const char* kDiscountMultiplier = "discount multiplier";
+constexpr const char* kTaxMultiplier = "tax multiplier";
+
+std::string howToWriteHalf(const RegionalFormats& formats) {
+    return "50% is written " + generalText(0.5, formats);
+}
+
 /// Runs `step`, whose faults are those of `box` holding `text`.
 template <class Step>
-auto in(const std::string& box, const std::string& text, Step step) {
+auto in(const std::string& box, const std::string& text, Step step,
+        const std::string& complaint = "is not an amount") {
     try {
         return step();
     } catch (const BoxFault&) {
@@ -16,7 +24,7 @@ auto in(const std::string& box, const std::string& text, Step step) {
     } catch (const Fault& fault) {
         const bool tooLarge = fault.number() == FaultNumber::Overflow;
         throw BoxFault(fault.number(), box, text,
-                       tooLarge ? "leads to an amount that is too large" : "is not an amount");
+                       tooLarge ? "leads to an amount that is too large" : complaint);
     }
 }
 
@@ -55,18 +63,18 @@ class Totals {
     }
 
     void applyDiscount(Currency subTotal) {
-        const double factor = cleanFactor(&Order::DiscountFactorEd, "discount multiplier");
+        const double factor = cleanFactor(&Order::DiscountFactorEd, kDiscountMultiplier);
         if (factor != 0) {
-            in("discount multiplier", order_.DiscountFactorEd,
+            in(kDiscountMultiplier, order_.DiscountFactorEd,
                [&] { set(&Order::DiscountEd, toCurrency(toDouble(subTotal) * factor)); });
         }
         if (order_.DiscountEd.empty()) set(&Order::DiscountEd, Currency{});
     }
 
     void applyTax(Currency net) {
-        const double factor = cleanFactor(&Order::TaxFactorEd, "tax multiplier");
+        const double factor = cleanFactor(&Order::TaxFactorEd, kTaxMultiplier);
         if (factor == 0) return;
-        in("tax multiplier", order_.TaxFactorEd, [&] {
+        in(kTaxMultiplier, order_.TaxFactorEd, [&] {
             const Currency base = taxFreight_ ? net + amount(&Order::ShippingEd, "Shipping") : net;
             set(&Order::SalesTaxEd, toCurrency(toDouble(base) * factor));
         });
@@ -74,10 +82,13 @@ class Totals {
 
     double cleanFactor(OrderField field, const std::string& box) {
         std::string& text = order_.*field;
-        return in(box, text, [&] {
-            text = CleanNumber(text);
-            return numberOf(text, formats_);
-        });
+        return in(
+            box, text,
+            [&] {
+                text = CleanNumber(text);
+                return numberOf(text, formats_);
+            },
+            "is not a number; " + howToWriteHalf(formats_));
     }
 
     void clean(OrderField field, const std::string& box) {
@@ -101,6 +112,19 @@ class Totals {
 
 void TotalUp(Order& order, bool taxFreight, const RegionalFormats& formats) {
     Totals(order, taxFreight, formats).run();
+}
+
+std::string multiplierHint(const Order& order, const RegionalFormats& formats) {
+    std::string hint;
+    const auto look = [&](const char* box, const std::string& text) {
+        const double factor = numberOf(cleanedNumber(text), formats);
+        if (factor <= 1) return;
+        hint += (hint.empty() ? "The " : "; the ") + std::string(box) + " " + text +
+                " stands for " + generalText(factor * 100, formats) + "%";
+    };
+    look(kDiscountMultiplier, order.DiscountFactorEd);
+    look(kTaxMultiplier, order.TaxFactorEd);
+    return hint.empty() ? hint : hint + "; " + howToWriteHalf(formats);
 }
 
 }  // namespace bramblet

@@ -4,6 +4,8 @@
 #include "orders/order.h"
 #include "platform/regional_formats.h"
 
+#include <string>
+
 namespace bramblet {
 
 /// Recomputes the eight amount boxes from the lines and from the factors and amounts that the user
@@ -11,5 +13,10 @@ namespace bramblet {
 /// cannot be read, or whose amount leaves the range of Currency; the boxes before it are then
 /// updated already.
 void TotalUp(Order& order, bool taxFreight, const RegionalFormats& formats);
+
+/// A line for the status bar when a multiplier of a totalled order is above 1, which may be meant
+/// but is more likely the decimal separator of another region: "0.5" is 5 where that is a comma.
+/// Empty when there is nothing to say.
+std::string multiplierHint(const Order& order, const RegionalFormats& formats);
 
 }  // namespace bramblet

@@ -4,6 +4,7 @@
 #include "platform/qt_text.h"
 
 #include <QGridLayout>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -53,8 +54,8 @@ void TotalsPanel::ArrangeTaxAndShippingBoxes(std::vector<Row>& rows) {
 }
 
 TotalsPanel::TotalsPanel(OrderEditor& editor, const OpenOrder& open, bool taxFreight,
-                         QWidget* parent)
-    : QWidget(parent), boxes_(editor, open) {
+                         const RegionalFormats& formats, QWidget* parent)
+    : QWidget(parent), formats_(formats), boxes_(editor, open) {
     std::vector<Row> rows = columnRows();
     if (taxFreight) ArrangeTaxAndShippingBoxes(rows);
     auto* grid = new QGridLayout(this);
@@ -73,12 +74,20 @@ void TotalsPanel::refresh() {
     boxes_.refresh();
 }
 
+/// The tip with its example as the region writes it. Before a comma people write a zero.
+QString TotalsPanel::inRegion(QString tip) const {
+    if (formats_.decimalSeparator == ".") return tip;
+    static const QRegularExpression decimalPoint(QStringLiteral("\\.(?=\\d)"));
+    tip.replace(QLatin1String(" ."), QLatin1String(" 0."));
+    return tip.replace(decimalPoint, toQt(formats_.decimalSeparator));
+}
+
 void TotalsPanel::addRow(QGridLayout* grid, int line, const Row& row) {
     auto* label = new QLabel(tr(row.label));
     label->setObjectName(QLatin1String(row.labelName));
     grid->addWidget(label, line, 0);
     if (row.factor != nullptr) {
-        auto* factor = addBox(row.factor, tr(row.factorTip), row.factorField, true);
+        auto* factor = addBox(row.factor, inRegion(tr(row.factorTip)), row.factorField, true);
         factor->setAccessibleName(tr("Multiplier of %1").arg(tr(row.label)));
         factor->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("0.0000")) + 14);
         grid->addWidget(factor, line, 1);

@@ -16,7 +16,7 @@ class TotalsPanel : public QWidget {
   public:
     /// With `taxFreight` the shipping row stands above the tax row.
     TotalsPanel(OrderEditor& editor, const OpenOrder& open, bool taxFreight,
-                QWidget* parent = nullptr);
+                const RegionalFormats& formats, QWidget* parent = nullptr);
 
     /// Shows the order's amounts.
     void refresh();
@@ -25,9 +25,11 @@ class TotalsPanel : public QWidget {
     struct Row;
     static std::vector<Row> columnRows();
     static void ArrangeTaxAndShippingBoxes(std::vector<Row>& rows);
+    QString inRegion(QString tip) const;
     void addRow(QGridLayout* grid, int line, const Row& row);
     QLineEdit* addBox(const char* name, const QString& tip, OrderField field, bool typed);
 
+    const RegionalFormats& formats_;
     OrderBoxes boxes_;
 };
 

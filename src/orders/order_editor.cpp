@@ -213,6 +213,8 @@ bool OrderEditor::totalUp() {
     bool totalled = true;
     try {
         TotalUp(order, at_.taxFreight, at_.formats);
+        const std::string hint = multiplierHint(order, at_.formats);
+        if (!hint.empty()) at_.prompts.say(hint);
     } catch (const BoxFault& fault) {
         totalled = false;
         at_.prompts.ask({"The order cannot be totalled up: " + fault.inWords() + ".", "Total up",

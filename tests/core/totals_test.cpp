@@ -3,6 +3,7 @@
 #include "platform/fault.h"
 #include "support/regions.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace bramblet {
@@ -109,6 +110,34 @@ TEST(Totals, InARegionWithACommaForDecimals) {
     TotalUp(order, false, deDE());
     EXPECT_EQ(order.DiscountEd, "120,05");
     EXPECT_EQ(order.OrderTotalEd, "1.080,45");
+    EXPECT_EQ(multiplierHint(order, deDE()), "");
+    // A point groups digits there, it does not separate decimals.
+    order.TaxFactorEd = "0.5";
+    TotalUp(order, false, deDE());
+    EXPECT_EQ(multiplierHint(order, deDE()),
+              "The tax multiplier 0.5 stands for 500%; 50% is written 0,5");
+    order.DiscountFactorEd = ".5";
+    try {
+        TotalUp(order, false, deDE());
+        ADD_FAILURE() << "no fault";
+    } catch (const BoxFault& fault) {
+        EXPECT_EQ(fault.inWords(),
+                  "\".5\" in the box discount multiplier is not a number; 50% is written 0,5");
+    }
+}
+
+TEST(Totals, AMultiplierAboveOneIsTold) {
+    Order order;
+    for (const auto& [discount, tax, hint] : std::vector<std::array<const char*, 3>>{
+             {"1", ".065", ""},
+             {"15", "", "The discount multiplier 15 stands for 1500%; 50% is written 0.5"},
+             {"1.5", "6.5",
+              "The discount multiplier 1.5 stands for 150%; the tax multiplier 6.5 stands for "
+              "650%; 50% is written 0.5"}}) {
+        order.DiscountFactorEd = discount;
+        order.TaxFactorEd = tax;
+        EXPECT_EQ(multiplierHint(order, enUS()), hint);
+    }
 }
 
 struct FaultCase {
@@ -127,11 +156,11 @@ TEST(Totals, AFaultNamesTheBoxAndLeavesWhatWasDoneBefore) {
         {{"10"}, {"", "ten", "", "", ""}, "\"ten\" in the box Discount is not an amount", "10.00"},
         {{"10"},
          {"1.2.3", "0", "", "", ""},
-         "\"1.2.3\" in the box discount multiplier is not an amount",
+         "\"1.2.3\" in the box discount multiplier is not a number; 50% is written 0.5",
          "10.00"},
         {{"10"},
          {"", "0", "1..1", "", ""},
-         "\"1..1\" in the box tax multiplier is not an amount",
+         "\"1..1\" in the box tax multiplier is not a number; 50% is written 0.5",
          "10.00"},
         {{"10"},
          {"", "0", "", "", "1.2.3"},
