@@ -33,6 +33,16 @@ AddressBook::AddressBook(const FileSystem& files, const DataFolder& folder, Prom
                          OpenOrder& open)
     : folder_(folder), prompts_(prompts), open_(open), file_(files, folder.file("po_addy.dat")) {}
 
+void AddressBook::clearLeftover() {
+    try {
+        if (file_.clearLeftover(folder_.checkedAt())) {
+            prompts_.say("The address book was missing and has been taken from po_addy.tmp");
+        }
+    } catch (const Fault& fault) {
+        prompts_.say("The old file po_addy.tmp was not removed: " + fault.inWords());
+    }
+}
+
 void AddressBook::PopAddyLists() {
     std::vector<AddressRecord> records;
     try {

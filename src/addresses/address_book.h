@@ -34,6 +34,9 @@ class AddressBook {
     /// Called when a vendor has been picked.
     std::function<void()> onVendorPicked = [] {};
 
+    /// Deals at the start with what an interrupted delete has left behind (address_file.h).
+    void clearLeftover();
+
     /// Rebuilds both lists and shows the picked addresses anew. An address with unsaved edits
     /// stays as it is, so that saving one side never costs what was typed on the other.
     void PopAddyLists();

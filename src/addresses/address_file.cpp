@@ -82,18 +82,29 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
 
 void AddressFile::removeNamed(const std::string& name) {
     const FileSystem once = files_.withoutRetry();
-    const std::filesystem::path temporary = std::filesystem::path(path_).replace_extension(".tmp");
     std::string kept;
     for (const auto& record : File(once, path_).readAll()) {
         buffer_ = record;
         if (trimmedField(record.Name) != trimmed(name))
             kept += encodeRecord(kAddressLayout, record);
     }
-    // A temporary file left behind by a crash is written over, not emptied.
-    RandomFile copy = once.openRandom(temporary);
-    copy.write(0, kept);
-    copy.flush();
-    once.rename(temporary, path_);
+    once.replace(path_, kept);
+}
+
+bool AddressFile::clearLeftover(std::int64_t now) const {
+    constexpr std::int64_t kTenMinutes = 600'000'000'000;
+    const FileSystem once = files_.withoutRetry();
+    const auto leftover = std::filesystem::path(path_).replace_extension(".tmp");
+    if (!once.exists(leftover)) return false;
+    const os::FileStatus status = once.status(leftover);
+    if (now - status.modified < kTenMinutes) return false;
+    const bool bookIsGone = !once.exists(path_) || once.status(path_).length == 0;
+    if (bookIsGone && status.length > 0) {
+        once.rename(leftover, path_);
+        return true;
+    }
+    once.remove(leftover);
+    return false;
 }
 
 void AddressFile::fill(const std::string& kind, const std::string& name,

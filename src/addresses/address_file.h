@@ -5,6 +5,7 @@
 #include "platform/file_system.h"
 #include "platform/fixed_record.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -69,9 +70,17 @@ class AddressFile {
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries,
                 const std::function<void(int)>& reached);
 
-    /// Copies the file without the records of exactly this name, whatever their kind. Faults are
+    /// Copies the file without the records of exactly this name, whatever their kind. The copy has
+    /// a name of its own until it takes the file's place, and is gone when that fails. Faults are
     /// thrown at once, without waiting.
     void removeNamed(const std::string& name);
+
+    /// Deals with a copy "po_addy.tmp" that an earlier version of the program left behind: it is
+    /// removed, so that what was deleted does not come back at that version's next delete; where
+    /// it is all that is left of the book it takes its place, and true is returned. A copy that
+    /// another desk may be writing, one written to in the ten minutes before `now`, is left alone.
+    /// `now` is nanoseconds since 1970 by the clock of the folder. Throws FileError.
+    bool clearLeftover(std::int64_t now) const;
 
   private:
     void fill(const std::string& kind, const std::string& name, const std::string& address);

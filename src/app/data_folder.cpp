@@ -14,6 +14,7 @@ void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
     try {
         if (path_.empty()) throw FileError(FaultNumber::PathNotFound, path_);
         once.touch(probe);
+        checkedAt_ = once.status(probe).modified;
         once.remove(probe);
         ok_ = true;
     } catch (const FileError& error) {
@@ -44,8 +45,9 @@ std::filesystem::path DataFolder::file(const std::string& name) const {
 
 std::filesystem::path DataFolder::documentPath(const std::string& orderNumber) const {
     const std::string name = trimmed(orderNumber);
-    if (!isPlainFileName(name)) throw FileError(FaultNumber::BadFileName, pathOfName(name));
-    return file(name + ".htm");
+    constexpr const char* kEnding = ".htm";
+    if (!isPlainFileName(name, kEnding)) throw FileError(FaultNumber::BadFileName, pathOfName(name));
+    return file(name + kEnding);
 }
 
 }  // namespace bramblet

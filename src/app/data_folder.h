@@ -5,6 +5,7 @@
 #include "platform/file_system.h"
 #include "platform/prompts.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -21,6 +22,10 @@ class DataFolder {
 
     /// Whether the check succeeded.
     bool DataPathOK() const { return ok_; }
+
+    /// When it was checked, by the clock of the machine that the folder lies on, in nanoseconds
+    /// since 1970.
+    std::int64_t checkedAt() const { return checkedAt_; }
 
     /// For the start of every command on data: true when the folder can be used, else the
     /// no-access message is shown.
@@ -40,6 +45,7 @@ class DataFolder {
     std::filesystem::path path_;
     std::string reason_;
     bool ok_ = false;
+    std::int64_t checkedAt_ = 0;
 };
 
 }  // namespace bramblet

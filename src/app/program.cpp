@@ -40,6 +40,7 @@ Program::Program(Environment environment, Prompts& prompts)
 void Program::start() {
     const Prompts::Command command(prompts_);
     if (folder.DataPathOK()) {
+        addresses.clearLeftover();
         addresses.PopAddyLists();
         savedOrders.PopPOGrid();
     }

@@ -36,6 +36,10 @@ std::string Fault::inWords() const {
     return description() + " (error " + std::to_string(code()) + ")";
 }
 
+std::string FileTooLong::inWords() const {
+    return "the file is damaged, it is " + std::to_string(length_) + " bytes long";
+}
+
 std::string BoxFault::inWords() const {
     return "\"" + text_ + "\" in the box " + box_ + " " + complaint_;
 }

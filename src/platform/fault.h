@@ -2,6 +2,7 @@
 // happens and caught at the edge of the operation.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -52,6 +53,19 @@ class FileError : public Fault {
 
   private:
     std::filesystem::path path_;
+};
+
+/// A file that holds more bytes than any of its kind does in earnest: it is damaged, and reading it
+/// would fill the memory.
+class FileTooLong : public FileError {
+  public:
+    FileTooLong(std::filesystem::path path, std::uint64_t length)
+        : FileError(FaultNumber::Overflow, std::move(path)), length_(length) {}
+
+    std::string inWords() const override;
+
+  private:
+    std::uint64_t length_;
 };
 
 /// A fault caused by what stands in one of the boxes: it names the box and its text.

@@ -80,7 +80,10 @@ RandomFile FileSystem::openRandom(const std::filesystem::path& path) const {
 }
 
 std::string FileSystem::read(const std::filesystem::path& path) const {
-    return RandomFile(*this, path, os::Open::Read).readAll();
+    const RandomFile file(*this, path, os::Open::Read);
+    const std::uint64_t length = file.length();
+    if (length > kLongestFile) throw FileTooLong(path, length);
+    return file.read(0, static_cast<std::size_t>(length));
 }
 
 void FileSystem::touch(const std::filesystem::path& path) const {
@@ -168,10 +171,6 @@ std::string RandomFile::read(std::uint64_t offset, std::size_t count) const {
     return files_.run([&] { return file_.read(offset, count); });
 }
 
-std::string RandomFile::readAll() const {
-    return read(0, static_cast<std::size_t>(length()));
-}
-
 void RandomFile::write(std::uint64_t offset, std::string_view bytes) {
     files_.run([&] { file_.write(offset, bytes); });
 }
@@ -193,27 +192,54 @@ bool isRefusedInNames(char c) {
     return static_cast<unsigned char>(c) < 0x20 || kRefused.find(c) != std::string_view::npos;
 }
 
+std::string_view stemOf(std::string_view name) {
+    return name.substr(0, name.find('.'));
+}
+
+/// Whether a file of this name, whatever its ending, is a device on Windows. Raised digits count
+/// as digits there.
+bool isDevice(std::string_view stem) {
+    constexpr std::array<std::u16string_view, 6> kDevices{u"CON", u"PRN",    u"AUX",
+                                                          u"NUL", u"CONIN$", u"CONOUT$"};
+    constexpr std::u16string_view kPortDigits = u"123456789\u00B9\u00B2\u00B3";
+    const std::u16string name = toUnicode(upper(trimmed(stem)));
+    if (name.size() == 4 && (name.starts_with(u"COM") || name.starts_with(u"LPT"))) {
+        return kPortDigits.find(name[3]) != std::u16string_view::npos;
+    }
+    return std::find(kDevices.begin(), kDevices.end(), name) != kDevices.end();
+}
+
+/// What file systems take as one name, in bytes of UTF-8.
+constexpr std::size_t kLongestName = 255;
+
+/// The most that a name takes: a letter outside ASCII has up to three bytes.
+std::size_t lengthOnDisk(std::string_view name) {
+    const auto outsideAscii = std::count_if(
+        name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    return name.size() + 2 * static_cast<std::size_t>(outsideAscii);
+}
+
 }  // namespace
 
-bool isPlainFileName(std::string_view name) {
-    constexpr std::array<std::string_view, 4> kDevices{"CON", "PRN", "AUX", "NUL"};
+bool isPlainFileName(std::string_view name, std::string_view ending) {
     if (name.empty() || name.find("..") != std::string_view::npos) return false;
     if (std::any_of(name.begin(), name.end(), isRefusedInNames)) return false;
-    const std::string stem = upper(trimmed(name.substr(0, name.find('.'))));
-    const bool numberedPort = stem.size() == 4 &&
-                              (stem.starts_with("COM") || stem.starts_with("LPT")) &&
-                              stem[3] >= '1' && stem[3] <= '9';
-    return !numberedPort && std::find(kDevices.begin(), kDevices.end(), stem) == kDevices.end();
+    const char last = ending.empty() ? name.back() : ending.back();
+    if (last == '.' || last == ' ') return false;  // dropped by some systems
+    return !isDevice(stemOf(name)) && lengthOnDisk(name) + ending.size() <= kLongestName;
 }
 
 std::string madePlainFileName(std::string name) {
+    constexpr std::size_t kRoomForEnding = 8;
     std::replace_if(name.begin(), name.end(), isRefusedInNames, '_');
     for (auto dots = name.find(".."); dots != std::string::npos; dots = name.find("..")) {
         name.replace(dots, 2, "_");
     }
-    while (name.ends_with('.') || name.ends_with(' '))
+    if (isDevice(stemOf(name))) name.insert(stemOf(name).size(), "_");
+    while (lengthOnDisk(name) + kRoomForEnding > kLongestName || name.ends_with('.') ||
+           name.ends_with(' '))
         name.pop_back();
-    return isPlainFileName(name) ? name : name + "_";
+    return name.empty() ? "_" : name;
 }
 
 }  // namespace bramblet

@@ -30,7 +30,7 @@ class FileSystem {
     /// Opens for reading and writing by position; a missing file is created empty.
     RandomFile openRandom(const std::filesystem::path& path) const;
 
-    /// The whole content of a file.
+    /// The whole content of a file. Throws FileTooLong beyond kLongestFile bytes.
     std::string read(const std::filesystem::path& path) const;
 
     /// Creates an empty file where there is none.
@@ -78,6 +78,9 @@ class FileSystem {
     FileWait wait_;
 };
 
+/// The longest file that is read whole: 64 MB, several times what the largest office has.
+inline constexpr std::uint64_t kLongestFile = 64 << 20;
+
 /// An open file whose bytes are read and written by their position.
 class RandomFile {
   public:
@@ -86,7 +89,6 @@ class RandomFile {
     std::uint64_t length() const;
     /// The bytes at `offset`, fewer at the end of the file.
     std::string read(std::uint64_t offset, std::size_t count) const;
-    std::string readAll() const;
     /// One write call.
     void write(std::uint64_t offset, std::string_view bytes);
     /// Hands what was written to the disk; a full disk or a lost share may show only here.
@@ -100,11 +102,12 @@ class RandomFile {
 /// The folder with a separator at its end.
 std::filesystem::path withSeparator(std::filesystem::path folder);
 
-/// Whether a name may be used as one component of a path: not empty, no separators, no "..", no
-/// drive colon, nothing that a file system refuses.
-bool isPlainFileName(std::string_view name);
+/// Whether `name` followed by `ending` may be used as one component of a path, on any system: not
+/// empty, no separators, no "..", no drive colon, no device, nothing that a file system refuses.
+bool isPlainFileName(std::string_view name, std::string_view ending = "");
 
-/// A name with what may not be part of a file name replaced by "_".
+/// A name with what may not be part of a file name replaced by "_", cut where it is too long for
+/// one with an ending behind it.
 std::string madePlainFileName(std::string name);
 
 }  // namespace bramblet

@@ -99,14 +99,17 @@ std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, 
 }  // namespace
 
 File::File(const std::filesystem::path& path, Open how) : path_(path), handle_(-1) {
-    const int flags = flagsOf(how) | O_CLOEXEC;
+    // Without O_NONBLOCK the opening of a named pipe waits for somebody at its other end.
+    const int flags = flagsOf(how) | O_CLOEXEC | O_NONBLOCK;
     handle_ = uninterrupted([&] { return ::open(path.c_str(), flags, 0666); });
+    if (handle_ == -1 && errno == ENXIO) fail(path, EINVAL);  // a pipe without that somebody
     if (handle_ == -1) fail(path);
     struct stat information {};
-    if (::fstat(static_cast<int>(handle_), &information) == 0 && S_ISDIR(information.st_mode)) {
-        ::close(static_cast<int>(handle_));
-        throw FileError(FaultNumber::PathFileAccess, path);
+    if (::fstat(static_cast<int>(handle_), &information) != 0 || S_ISREG(information.st_mode)) {
+        return;
     }
+    ::close(static_cast<int>(handle_));
+    fail(path, S_ISDIR(information.st_mode) ? EISDIR : EINVAL);
 }
 
 File::File(File&& other) noexcept : path_(std::move(other.path_)), handle_(other.handle_) {

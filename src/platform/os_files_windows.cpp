@@ -206,6 +206,10 @@ File::File(const std::filesystem::path& path, Open how) : path_(path), handle_(-
         const DWORD error = ::GetLastError();
         fail(path, isFolder(native) ? ERROR_ACCESS_DENIED : error);
     }
+    if (::GetFileType(handle) != FILE_TYPE_DISK) {  // a pipe or a device
+        ::CloseHandle(handle);
+        fail(path, ERROR_INVALID_NAME);
+    }
     handle_ = reinterpret_cast<std::intptr_t>(handle);
 }
 

@@ -26,12 +26,14 @@ class RecordFile {
     static_assert(kSize > 0, "the fields of a record follow one another without gaps");
 
     /// Opens the file, creating it empty when it is missing. `most` is the largest count that the
-    /// operation can work with; a larger one throws Fault(Overflow).
+    /// operation can work with; a larger one throws Fault(Overflow), and so does a file of more
+    /// than kLongestFile bytes.
     RecordFile(const FileSystem& files, const std::filesystem::path& path,
                RecordCount rule = RecordCount::Whole,
                int most = std::numeric_limits<int>::max() - 1)
         : path_(path), file_(files.openRandom(path)), most_(most) {
         const std::uint64_t length = file_.length();
+        if (length > kLongestFile) throw FileTooLong(path, length);
         std::uint64_t count = length / kSize;
         if (rule == RecordCount::Rounded && 2 * (length % kSize) > kSize) ++count;
         if (count > static_cast<std::uint64_t>(most_)) throw Fault(FaultNumber::Overflow);
@@ -59,9 +61,12 @@ class RecordFile {
         return records;
     }
 
-    /// Writes record `number`, which may be the one behind the last, in one call.
+    /// Writes record `number`, which may be the one behind the last, in one call. Throws
+    /// BadRecordNumber for one farther away: a damaged number must not stretch the file over the
+    /// whole disk.
     void write(int number, const Record& record) {
         checkNumber(number);
+        if (number > count_ + 1) throw FileError(FaultNumber::BadRecordNumber, path_);
         if (number > most_) throw Fault(FaultNumber::Overflow);
         file_.write(offsetOf(number), encodeRecord(Layout, record));
         if (number > count_) count_ = number;

@@ -68,18 +68,41 @@ TEST_F(AddressFileTest, RemovingIsExactAndTakesEveryEntryOfTheName) {
     file_.append(kDestination, "ACME", "");
     file_.removeNamed(" ACME ");
     EXPECT_EQ(entries(), Entries{"V2 Acme"});
-    EXPECT_FALSE(FileSystem().exists(folder_ / "po_addy.tmp"));
 }
 
-TEST_F(AddressFileTest, TheCopyIsWrittenOverATemporaryFileLeftByACrash) {
+TEST_F(AddressFileTest, DeletingIsNotMixedWithWhatAnotherDeskDeletes) {
     file_.append(kVendor, "Acme", "");
     file_.append(kVendor, "Bolt", "");
-    const std::string stale = padded("1VSTALE...", 570) + padded("1VSECOND..", 570);
-    writeFile(folder_ / "po_addy.tmp", stale);
+    // Of another desk that runs an older version and is deleting now, or stopped half way.
+    const std::string copy = padded("1VSTALE...", 570) + padded("1VSECOND..", 570);
+    writeFile(folder_ / "po_addy.tmp", copy);
     file_.removeNamed("Acme");
-    EXPECT_EQ(bytes().size(), 2 * 570u);
-    EXPECT_EQ(bytes().substr(10, 4), "Bolt");
-    EXPECT_EQ(bytes().substr(570), stale.substr(570));
+    EXPECT_EQ(entries(), Entries{"V2 Bolt"});
+    EXPECT_EQ(contentOf(folder_ / "po_addy.tmp"), copy);
+}
+
+TEST_F(AddressFileTest, ALeftOverCopyIsRemovedOnceNobodyCanBeWritingIt) {
+    constexpr std::int64_t kMinute = 60'000'000'000;
+    const std::string copy = padded("1VSTALE...", 570);
+    file_.append(kVendor, "Acme", "");
+    const auto cleared = [&](std::int64_t minutesOld) {
+        writeFile(folder_ / "po_addy.tmp", copy);
+        os::setModified(folder_ / "po_addy.tmp", 1000 * kMinute);
+        return file_.clearLeftover((1000 + minutesOld) * kMinute);
+    };
+    EXPECT_FALSE(cleared(9));
+    EXPECT_EQ(contentOf(folder_ / "po_addy.tmp"), copy);
+    EXPECT_FALSE(cleared(10));
+    EXPECT_FALSE(FileSystem().exists(folder_ / "po_addy.tmp"));
+    EXPECT_EQ(entries(), Entries{"V1 Acme"});
+    EXPECT_FALSE(file_.clearLeftover(0)) << "nothing there";
+    // Stopped between deleting the book and giving its name to the copy.
+    writeFile(path(), "");
+    EXPECT_TRUE(cleared(10));
+    EXPECT_EQ(bytes(), copy);
+    std::filesystem::remove(path());
+    EXPECT_TRUE(cleared(10));
+    EXPECT_EQ(bytes(), copy);
 }
 
 class AddressBookTest : public Office {

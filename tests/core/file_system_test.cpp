@@ -3,6 +3,9 @@
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 namespace bramblet {
 namespace {
@@ -29,6 +32,38 @@ TEST(Files, FaultsHaveTheNumbersOfTheirCauses) {
               FaultNumber::BadFileName);
     files.touch(folder / "file");
     EXPECT_EQ(faultOf([&] { files.touch(folder / "file/below"); }), FaultNumber::PathNotFound);
+}
+
+#ifndef _WIN32
+TEST(Files, ANamedPipeIsRefusedInsteadOfWaitedOn) {
+    const TemporaryFolder folder;
+    const std::string pipe = folder / "000001.htm";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0666), 0);
+    const FileSystem files;
+    const std::vector<std::function<void()>> statements{
+        [&] { files.read(pipe); },
+        [&] { files.openRandom(pipe); },
+        [&] { files.touch(pipe); },
+        [&] { files.append(pipe, "x"); },
+        [&] { files.copy(pipe, folder / "copy"); },
+    };
+    for (const auto& statement : statements)
+        EXPECT_EQ(faultOf(statement), FaultNumber::BadFileName);
+    EXPECT_FALSE(files.exists(folder / "copy"));
+}
+#endif
+
+TEST(Files, AFileLongerThanAnyInEarnestIsNotReadIntoMemory) {
+    const TemporaryFolder folder;
+    const FileSystem files;
+    files.openRandom(folder / "long").write(kLongestFile, "x");  // of holes
+    try {
+        files.read(folder / "long");
+        ADD_FAILURE() << "no fault";
+    } catch (const Fault& fault) {
+        EXPECT_EQ(fault.number(), FaultNumber::Overflow);
+        EXPECT_EQ(fault.inWords(), "the file is damaged, it is 67108865 bytes long");
+    }
 }
 
 TEST(Files, ABusyFileIsWaitedForAndTheStatementTriedAgain) {
@@ -92,13 +127,35 @@ TEST(Files, ACopyIsWholeAndKeepsItsTime) {
 }
 
 TEST(Files, OnlyPlainNamesMayBePartOfAPath) {
-    for (const char* name : {"000123", "PO 12", "A.1", "caf\xE9", "COMET", "console"}) {
+    for (const char* name : {"000123", "PO 12", "A.1", "caf\xE9", "COMET", "console", "LPT2_.04",
+                             "COM", "COM12", "COM\xBA"}) {
         EXPECT_TRUE(isPlainFileName(name)) << name;
     }
-    for (const char* name : {"", "../x", "a/b", "a\\b", "c:x", "a..b", "a*", "q?", "x\ty", "CON",
-                             "nul", "com1", "Lpt9.x", "a|b", "\"a\""}) {
+    for (const char* name :
+         {"",         "../x",    "a/b",       "a\\b",   "c:x",       "a..b", "a*",    "q?",
+          "x\ty",     "CON",     "nul",       "com1",   "Lpt9.x",    "a|b",  "\"a\"", "LPT2.04",
+          "LPT2 .04", "COM\xB9", "lpt\xB3.1", "CONIN$", "conout$.x", "12.",  "12 "}) {
         EXPECT_FALSE(isPlainFileName(name)) << name;
     }
+    EXPECT_TRUE(isPlainFileName("12.", ".htm"));
+    EXPECT_FALSE(isPlainFileName("LPT2.04", ".htm"));
+    EXPECT_TRUE(isPlainFileName(std::string(251, '1'), ".htm"));
+    EXPECT_FALSE(isPlainFileName(std::string(252, '1'), ".htm"));
+    EXPECT_FALSE(isPlainFileName(std::string(100, '\x80'), ".htm")) << "300 bytes of UTF-8";
+}
+
+TEST(Files, ANameMadePlainIsOne) {
+    const std::vector<std::pair<std::string, std::string>> names{
+        {"V/\"1\"", "V__1_"}, {"LPT2.04", "LPT2_.04"},
+        {"nul", "nul_"},      {"com\xB2", "com\xB2_"},
+        {"a..b. ", "a_b"},    {"...", "_"},
+        {"  ", "_"},          {"", "_"},
+    };
+    for (const auto& [name, plain] : names) {
+        EXPECT_EQ(madePlainFileName(name), plain);
+        EXPECT_TRUE(isPlainFileName(plain)) << plain;
+    }
+    EXPECT_TRUE(isPlainFileName(madePlainFileName(std::string(300, '\xE9')), ".pdf"));
 }
 
 }  // namespace

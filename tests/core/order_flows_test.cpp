@@ -304,7 +304,9 @@ TEST_F(OrderFlows, AFailedSaveSaysWhatWasNotDone) {
 
 TEST_F(OrderFlows, ANumberThatNamesNoFileIsNotSavedAtAll) {
     newOrder();
-    for (const char* number : {"12/34", "..", "", "CON"}) {
+    const std::string tooLong(300, '7');
+    for (const std::string& number : {std::string("12/34"), std::string(".."), std::string(),
+                                      std::string("CON"), std::string("LPT2.04"), tooLong}) {
         editor().edit(&Order::PONoEd, number);
         editor().SaveChanges_Click();
         EXPECT_NE(prompts.lastLine.find("was not saved: Bad file name or number (error 52)"),

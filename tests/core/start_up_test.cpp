@@ -100,6 +100,25 @@ TEST_F(StartUp, ADataFolderWithoutItsSeparatorStillNamesTheFolder) {
     EXPECT_EQ(program().folder.file("po_data.dat"), documents / "orders/po_data.dat");
 }
 
+TEST_F(StartUp, TheCopyThatAnInterruptedDeleteLeftIsRemovedOrTakenForTheBook) {
+    start();
+    program().addresses.Combo_Change(AddressSide::Vendor, "Acme");
+    program().addresses.Changed_Click(AddressSide::Vendor);
+    const auto leave = [&] {
+        writeFile(data("po_addy.tmp"), contentOf(data("po_addy.dat")));
+        os::setModified(data("po_addy.tmp"), 1'000'000'000'000'000'000);
+    };
+    leave();
+    start();
+    EXPECT_FALSE(FileSystem().exists(data("po_addy.tmp")));
+    leave();
+    std::filesystem::remove(data("po_addy.dat"));
+    start();
+    EXPECT_EQ(program().addresses.shown(AddressSide::Vendor).names.size(), 1u);
+    EXPECT_EQ(prompts.lastLine,
+              "The address book was missing and has been taken from po_addy.tmp.");
+}
+
 TEST_F(StartUp, LeavingKeepsPlaceAndKind) {
     start();
     program().editor.OptionRe_Click();
