@@ -25,7 +25,8 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const StockList&
         [this] { return static_cast<int>(shown_.size()); },
         [this](int row, int column) {
             return shown_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
-        }};
+        },
+        nullptr, [this](int column) { return widestAmount(static_cast<std::size_t>(column)); }};
     model_ = new GridModel({{tr("Quant"), true},
                             {},
                             {},
@@ -65,6 +66,15 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const StockList&
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(grid_);
     lines_.showDialog = lineDialog(stock, formats, prompts);
+}
+
+std::string LinesPanel::widestAmount(std::size_t column) const {
+    std::string widest;
+    if (column != kQuantity && column != kUnitCost && column != kLineTotal) return widest;
+    for (const OrderLine& line : shown_) {
+        if (line[column].size() > widest.size()) widest = line[column];
+    }
+    return widest;
 }
 
 void LinesPanel::refresh() {

@@ -32,6 +32,7 @@ class LinesPanel : public QWidget {
     GridView* grid() const { return grid_; }
 
   private:
+    std::string widestAmount(std::size_t column) const;
     LineDialog lineDialog(const StockList& stock, const RegionalFormats& formats, Prompts& prompts);
 
     LineItems& lines_;

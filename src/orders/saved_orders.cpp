@@ -4,7 +4,32 @@
 #include "platform/sorting.h"
 #include "platform/text.h"
 
+#include <algorithm>
+
 namespace bramblet {
+namespace {
+
+/// The amount that a column shows; none for the other columns.
+Currency OrderIndexRecord::*amountIn(int column) {
+    switch (column) {
+        case kOrderTotalColumn:
+            return &OrderIndexRecord::OrderTotal;
+        case kShippingColumn:
+            return &OrderIndexRecord::Shipping;
+        case kSalesTaxColumn:
+            return &OrderIndexRecord::SalesTax;
+        case kNetColumn:
+            return &OrderIndexRecord::NetTotal;
+        case kDiscountColumn:
+            return &OrderIndexRecord::Discount;
+        case kSubTotalColumn:
+            return &OrderIndexRecord::SubTotal;
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace
 
 SavedOrders::SavedOrders(const OrderIndex& index, const DataFolder& folder,
                          const RegionalFormats& formats, Prompts& prompts)
@@ -51,6 +76,18 @@ std::string SavedOrders::cell(int row, int column) const {
     return cellOf(rows_[static_cast<std::size_t>(row)], column);
 }
 
+std::string SavedOrders::widest(int column) const {
+    const auto amount = amountIn(column);
+    if (amount == nullptr || rows_.empty()) return {};
+    const auto [least, most] =
+        std::minmax_element(rows_.begin(), rows_.end(), [&](const auto& a, const auto& b) {
+            return (a.*amount).tenThousandths < (b.*amount).tenThousandths;
+        });
+    std::string low = cellOf(*least, column);
+    std::string high = cellOf(*most, column);
+    return low.size() > high.size() ? low : high;
+}
+
 int SavedOrders::rowOf(const std::string& orderNumber) const {
     for (int row = 0; row < rowCount(); ++row) {
         if (trimmedField(rows_[static_cast<std::size_t>(row)].Number) == orderNumber) return row;
@@ -72,6 +109,7 @@ bool SavedOrders::isListed(const OrderIndexRecord& record) const {
 }
 
 std::string SavedOrders::cellOf(const OrderIndexRecord& record, int column) const {
+    if (const auto amount = amountIn(column)) return currencyText(record.*amount, formats_);
     const auto date = [this](double days) {
         return days == 0 ? std::string() : shortDateText(days, formats_);
     };
@@ -88,18 +126,6 @@ std::string SavedOrders::cellOf(const OrderIndexRecord& record, int column) cons
             return trimmedField(record.ShipTo);
         case kShipDateColumn:
             return date(record.ShipDate);
-        case kOrderTotalColumn:
-            return currencyText(record.OrderTotal, formats_);
-        case kShippingColumn:
-            return currencyText(record.Shipping, formats_);
-        case kSalesTaxColumn:
-            return currencyText(record.SalesTax, formats_);
-        case kNetColumn:
-            return currencyText(record.NetTotal, formats_);
-        case kDiscountColumn:
-            return currencyText(record.Discount, formats_);
-        case kSubTotalColumn:
-            return currencyText(record.SubTotal, formats_);
         case kStatusColumn:
             return trimmedField(record.Status);
         default:
@@ -114,7 +140,7 @@ void SavedOrders::sort() {
         });
     } else {
         sortRows(rows_, descending_,
-                 [this](const auto& record) { return upper(cellOf(record, sortColumn_)); });
+                 [this](const auto& record) { return sortKey(cellOf(record, sortColumn_)); });
     }
 }
 

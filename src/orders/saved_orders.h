@@ -60,6 +60,8 @@ class SavedOrders {
 
     int rowCount() const { return static_cast<int>(rows_.size()); }
     std::string cell(int row, int column) const;
+    /// The widest text of a column of amounts; empty for the other columns.
+    std::string widest(int column) const;
     std::string number(int row) const { return cell(row, kNumberColumn); }
     /// The status letter of a row: "A", "R", "a" or "r".
     std::string status(int row) const { return cell(row, kStatusColumn); }

@@ -34,7 +34,8 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
                             [&orders](int row, int column) {
                                 return column == kNumberColumn ? colourOf(orders.status(row))
                                                                : QColor();
-                            }};
+                            },
+                            [&orders](int column) { return orders.widest(column); }};
     model_ = new GridModel({{tr("Number")},
                             {tr("Job")},
                             {tr("Date")},

@@ -50,6 +50,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation != Qt::Horizontal) return {};
     if (role == Qt::TextAlignmentRole) return alignment(section);
     if (role == Qt::DisplayRole) return headings_[static_cast<std::size_t>(section)].text;
+    if (role == kWidestTextRole && source_.widest) return toQt(source_.widest(section));
     return {};
 }
 

@@ -24,7 +24,13 @@ struct GridSource {
     std::function<std::string(int row, int column)> cell;
     /// A cell's own text colour; an invalid one for the grid's. May be left out.
     std::function<QColor(int row, int column)> colour = nullptr;
+    /// The widest text of a column whose texts are never to be cut short; empty for the other
+    /// columns. May be left out.
+    std::function<std::string(int column)> widest = nullptr;
 };
+
+/// The role under which a heading gives the widest text of its column.
+inline constexpr int kWidestTextRole = Qt::UserRole;
 
 class GridModel : public QAbstractTableModel {
     Q_OBJECT

@@ -1,5 +1,7 @@
 #include "platform/grid_view.h"
 
+#include "platform/grid_model.h"
+
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
@@ -11,6 +13,7 @@ namespace {
 
 constexpr int kCellMargin = 14;
 constexpr int kRowMargin = 8;
+constexpr int kMostFitted = 32;  ///< characters of a text that widens its column
 
 }  // namespace
 
@@ -115,25 +118,50 @@ void GridView::tintSelection(bool focused) {
     setPalette(tinted);
 }
 
+/// The rows have changed, and the widest texts with them.
+void GridView::reset() {
+    QTableView::reset();
+    if (!resizedByHand_) layOutColumns();
+}
+
+/// The heading is seen whole with the mark of the column that the list is sorted by, and so is the
+/// widest of the texts that are not to be cut short.
+int GridView::widthOf(int column) const {
+    const QHeaderView* header = horizontalHeader();
+    const bool marked = header->isSortIndicatorShown() && header->sortIndicatorSection() == column;
+    const int mark = style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, header) +
+                     style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
+    const int heading = header->sectionSizeHint(column) + (marked ? 0 : mark);
+    QString widest = model()->headerData(column, Qt::Horizontal, kWidestTextRole).toString();
+    widest.truncate(kMostFitted);
+    for (QChar& c : widest) {
+        if (c.isDigit()) c = QLatin1Char('0');  // as wide as any digit
+    }
+    const int characters = columns_[static_cast<std::size_t>(column)].characters;
+    const int text = qMax(characters * fontMetrics().averageCharWidth(),
+                          fontMetrics().horizontalAdvance(widest));
+    return qMax(heading, text + kCellMargin);
+}
+
 void GridView::layOutColumns() {
     if (model() == nullptr) return;
-    const auto widthOf = [this](int characters) {
-        return characters * fontMetrics().averageCharWidth() + kCellMargin;
-    };
+    const int count = qMin(static_cast<int>(columns_.size()), model()->columnCount());
+    std::vector<int> widths(columns_.size());
     int used = 0;
     int stretching = 0;
-    for (const auto& column : columns_) {
-        if (column.characters == 0) continue;
-        used += widthOf(column.characters);
-        stretching += column.stretches ? column.characters : 0;
-    }
     layingOut_ = true;
-    int left = qMax(0, viewport()->width() - used);
-    for (int i = 0; i < static_cast<int>(columns_.size()); ++i) {
+    for (int i = 0; i < count; ++i) {
         const GridColumn& column = columns_[static_cast<std::size_t>(i)];
         setColumnHidden(i, column.characters == 0);
         if (column.characters == 0) continue;
-        int width = widthOf(column.characters);
+        used += widths[static_cast<std::size_t>(i)] = widthOf(i);
+        stretching += column.stretches ? column.characters : 0;
+    }
+    int left = qMax(0, viewport()->width() - used);
+    for (int i = 0; i < count; ++i) {
+        const GridColumn& column = columns_[static_cast<std::size_t>(i)];
+        if (column.characters == 0) continue;
+        int width = widths[static_cast<std::size_t>(i)];
         if (column.stretches) {
             const int share = left * column.characters / stretching;
             width += share;

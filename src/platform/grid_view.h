@@ -10,7 +10,7 @@ namespace bramblet {
 
 /// How a column of a grid is laid out.
 struct GridColumn {
-    int characters = 0;  ///< width in characters; 0 hides the column
+    int characters = 0;  ///< width in characters, if its heading needs no more; 0 hides the column
     bool stretches =
         false;  ///< takes a share of what the view has left, and no less than its width
 };
@@ -24,6 +24,7 @@ class GridView : public QTableView {
     int currentRow() const;
     /// Makes a row current without telling that it has been reached.
     void showRow(int row);
+    void reset() override;
 
   signals:
     void rowClicked(int row);
@@ -49,6 +50,7 @@ class GridView : public QTableView {
 
   private:
     void layOutColumns();
+    int widthOf(int column) const;
     /// The current row is tinted, more so in the grid that has the focus.
     void tintSelection(bool focused);
 

@@ -35,4 +35,8 @@ void sortRows(std::vector<Row>& rows, bool descending, KeyOf keyOf) {
 /// The number at the start of a text, 0 when there is none.
 double leadingNumber(std::string_view text);
 
+/// What a text is sorted by: its letters without case and accents, so that "Ábel" stands with "abc"
+/// and not behind "z"; texts that differ in accents only are told apart by them.
+std::u16string sortKey(std::string_view text);
+
 }  // namespace bramblet

@@ -48,6 +48,21 @@ class Count {
     int value_ = 0;
 };
 
+/// An item whose number, which says where it is to be replaced, is none of the catalogue.
+class NumberOutOfRange : public Fault {
+  public:
+    explicit NumberOutOfRange(const StockItemRecord& item)
+        : Fault(FaultNumber::BadRecordNumber),
+          words_("the item \"" + trimmedField(item.Description) + "\" of \"" +
+                 trimmedField(item.Vendor) +
+                 "\" cannot be replaced, the catalogue has no record of its number") {}
+
+    std::string inWords() const override { return words_; }
+
+  private:
+    std::string words_;
+};
+
 /// The catalogue during an import. The first live item of a key is found at once, with the result
 /// that a search from the first record to the last would have.
 class Merge {
@@ -63,10 +78,12 @@ class Merge {
         const auto found = numbers_.find(keyOf(record));
         if (found != numbers_.end() && !found->second.empty()) {
             const StockItemRecord& old = at(*found->second.begin());
+            // The number given by the tag; the two agree in every file that the program wrote.
+            const int number = recordNumberOf(old.Tag);
+            if (number < 1 || number > count()) throw NumberOutOfRange(old);
             record.Tag = old.Tag;
             record.Status = old.Status;
-            // The number given by the tag; the two agree in every file that the program wrote.
-            put(recordNumberOf(record.Tag), record);
+            put(number, record);
             replaced_.increase();
         } else {
             record.Tag = count() + 1;
@@ -94,7 +111,6 @@ class Merge {
 
     void put(int number, const StockItemRecord& record) {
         file_.write(number, record);
-        if (number > count()) return;  // behind the records that are searched
         const auto old = numbers_.find(keyOf(at(number)));
         if (old != numbers_.end()) old->second.erase(number);
         at(number) = record;

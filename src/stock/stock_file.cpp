@@ -54,26 +54,27 @@ void StockFile::SaveNewStockItem(const StockItemBoxes& boxes) {
     file.flush();
 }
 
-bool StockFile::SaveChangedStockItem(double tag, const StockItemBoxes& boxes) {
+std::optional<StockItemRecord> StockFile::SaveChangedStockItem(double tag,
+                                                               const StockItemBoxes& boxes) {
     File file(files_, path_);
     const std::vector<StockItemRecord> records = file.readAll();
     const auto match = std::find_if(records.begin(), records.end(),
                                     [tag](const auto& record) { return record.Tag == tag; });
-    if (match == records.end()) return false;
+    if (match == records.end()) return std::nullopt;
     buffer_ = *match;
     const Currency unitCost = unitCostOf(trimmed(boxes.StockUnitCostEd), formats_);
     fill(boxes, unitCost);
     file.write(static_cast<int>(match - records.begin()) + 1, buffer_);
     file.flush();
-    return true;
+    return *match;
 }
 
-void StockFile::markDeleted(int recordNumber) {
-    rewrite(recordNumber, [](StockItemRecord& record) { record.Status = kDeletedItem; });
+StockItemRecord StockFile::markDeleted(int recordNumber) {
+    return rewrite(recordNumber, [](StockItemRecord& record) { record.Status = kDeletedItem; });
 }
 
-void StockFile::setOnHand(int recordNumber, Currency quantity) {
-    rewrite(recordNumber, [quantity](StockItemRecord& record) { record.OnHand = quantity; });
+StockItemRecord StockFile::setOnHand(int recordNumber, Currency quantity) {
+    return rewrite(recordNumber, [quantity](StockItemRecord& record) { record.OnHand = quantity; });
 }
 
 void StockFile::fill(const StockItemBoxes& boxes, Currency unitCost) {
@@ -86,12 +87,14 @@ void StockFile::fill(const StockItemBoxes& boxes, Currency unitCost) {
 }
 
 template <class Change>
-void StockFile::rewrite(int recordNumber, Change change) {
+StockItemRecord StockFile::rewrite(int recordNumber, Change change) {
     File file(files_, path_);
-    buffer_ = file.read(recordNumber);
+    const StockItemRecord before = file.read(recordNumber);
+    buffer_ = before;
     change(buffer_);
     file.write(recordNumber, buffer_);
     file.flush();
+    return before;
 }
 
 }  // namespace bramblet

@@ -8,6 +8,7 @@
 #include "platform/regional_formats.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -66,18 +67,20 @@ class StockFile {
     /// last record in the file.
     void SaveNewStockItem(const StockItemBoxes& boxes);
 
-    /// Rewrites the first record of a number, deleted or not; it is live afterwards. False when
-    /// there is none. The unit cost has to be a number as it stands: it is not cleaned here.
-    bool SaveChangedStockItem(double tag, const StockItemBoxes& boxes);
+    /// Rewrites the first record of a number, deleted or not; it is live afterwards. Returns the
+    /// record as it was, none when there is none. The unit cost has to be a number as it stands: it
+    /// is not cleaned here.
+    std::optional<StockItemRecord> SaveChangedStockItem(double tag, const StockItemBoxes& boxes);
 
-    /// The next two take the item's number for the record's number.
-    void markDeleted(int recordNumber);
-    void setOnHand(int recordNumber, Currency quantity);
+    /// The next two take the item's number for the record's number, and return the record as it
+    /// was: another item stands there where two desks have given the same number.
+    StockItemRecord markDeleted(int recordNumber);
+    StockItemRecord setOnHand(int recordNumber, Currency quantity);
 
   private:
     void fill(const StockItemBoxes& boxes, Currency unitCost);
     template <class Change>
-    void rewrite(int recordNumber, Change change);
+    StockItemRecord rewrite(int recordNumber, Change change);
 
     FileSystem files_;
     std::filesystem::path path_;

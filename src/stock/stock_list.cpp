@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <unordered_set>
 
 namespace bramblet {
@@ -77,6 +78,23 @@ std::string StockList::cell(int row, StockColumn column) const {
     return textIn(rows_[static_cast<std::size_t>(row)], column);
 }
 
+std::string StockList::widest(StockColumn column) const {
+    const bool onHand = column == StockColumn::OnHand;
+    if (!onHand && column != StockColumn::UnitCost) return {};
+    const auto field = onHand ? &StockItemRecord::OnHand : &StockItemRecord::UnitCost;
+    const std::int64_t lastShown = onHand ? 10000 : 100;  // of the decimals that are always shown
+    std::int64_t most = 0;
+    bool moreDecimals = false;
+    for (const auto& record : rows_) {
+        const std::int64_t amount = (record.*field).tenThousandths;
+        most = std::max(most, amount);
+        moreDecimals = moreDecimals || amount % lastShown != 0;
+    }
+    StockItemRecord widest;
+    widest.*field = Currency{moreDecimals ? most / 10000 * 10000 + 9999 : most};
+    return textIn(widest, column);
+}
+
 int StockList::rowOf(const std::string& fileNumber) const {
     const double tag = leadingNumber(fileNumber);
     const auto row = std::find_if(rows_.begin(), rows_.end(),
@@ -95,7 +113,7 @@ void StockList::sortByHeading(StockColumn column) {
         sortRows(rows_, descending_, [&](const auto& record) { return numberIn(record, column); });
     } else {
         sortRows(rows_, descending_,
-                 [&](const auto& record) { return upper(textIn(record, column)); });
+                 [&](const auto& record) { return sortKey(textIn(record, column)); });
     }
     onListChange();
 }
@@ -108,6 +126,7 @@ void StockList::StockGrid_Click(int row) {
     boxes.StockDescriptionEd = cell(row, StockColumn::Description);
     boxes.StockUnitCostEd = cell(row, StockColumn::UnitCost);
     fileOrderTag_ = cell(row, StockColumn::FileNumber);
+    picked_ = item(row);
     onPick();
 }
 
@@ -121,10 +140,15 @@ void StockList::SaveChangedStockItem_Click() {
     const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     change("The item was not saved: ", [&] {
-        if (!file_.SaveChangedStockItem(leadingNumber(fileOrderTag_), boxes)) {
+        const auto before = file_.SaveChangedStockItem(leadingNumber(fileOrderTag_), boxes);
+        if (!before) {
             prompts_.say("No item of the catalogue has the number " + fileOrderTag_ +
                          "; nothing was changed");
+            return;
         }
+        tellIfNotPicked(*before, "it has been replaced by the item shown");
+        picked_.Description = boxes.StockDescriptionEd;
+        picked_.Vendor = boxes.StockVendorCombo;
     });
 }
 
@@ -134,7 +158,10 @@ void StockList::DeleteStockItem_Click() {
     const Message question{"Delete stock item: \r\n\r\n" + pickedInWords(), "Confirm",
                            Buttons::YesNo, Icon::Question, Answer::No};
     if (prompts_.ask(question) != Answer::Yes) return;
-    change("The item was not deleted: ", [&] { file_.markDeleted(pickedRecord()); });
+    change("The item was not deleted: ", [&] {
+        tellIfNotPicked(file_.markDeleted(pickedRecord()),
+                        "that one has been deleted, not the item shown");
+    });
 }
 
 void StockList::ItemsPopOnHand_Click(int row) {
@@ -144,8 +171,13 @@ void StockList::ItemsPopOnHand_Click(int row) {
     const auto answer = prompts_.input("Specify quantity on hand:\r\n\r\n" + pickedInWords(),
                                        "On Hand", shown ? cell(row, StockColumn::OnHand) : "");
     if (!answer || answer->empty()) return;
-    change("The quantity was not stored: ",
-           [&] { file_.setOnHand(pickedRecord(), amountOf(cleanedNumber(*answer), formats_)); });
+    change("The quantity was not stored: ", [&] {
+        const Currency quantity = amountOf(cleanedNumber(*answer), formats_);
+        const StockItemRecord before = file_.setOnHand(pickedRecord(), quantity);
+        tellIfNotPicked(before, "its quantity has been changed from " +
+                                    textIn(before, StockColumn::OnHand) +
+                                    ", not that of the item shown");
+    });
 }
 
 void StockList::list(const std::vector<StockItemRecord>& records) {
@@ -197,6 +229,19 @@ int StockList::pickedRecord() const {
 std::string StockList::pickedInWords() const {
     return trimmed(boxes.StockCatCombo) + "\r\n" + trimmed(boxes.StockVendorCombo) + "\r\n" +
            trimmed(boxes.StockDescriptionEd);
+}
+
+void StockList::tellIfNotPicked(const StockItemRecord& record, const std::string& done) {
+    const auto differs = [&](std::string StockItemRecord::*field) {
+        return trimmedField(record.*field) != trimmedField(picked_.*field);
+    };
+    const bool isPicked = record.Tag == leadingNumber(fileOrderTag_) &&
+                          !differs(&StockItemRecord::Description) &&
+                          !differs(&StockItemRecord::Vendor);
+    if (isPicked) return;
+    prompts_.say("Number " + fileOrderTag_ + " in the file of the catalogue is \"" +
+                 trimmedField(record.Description) + "\" of \"" + trimmedField(record.Vendor) +
+                 "\": " + done);
 }
 
 template <class Change>

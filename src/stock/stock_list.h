@@ -41,6 +41,8 @@ class StockList {
     const std::vector<StockColumn>& columns() const { return columns_; }
     int rowCount() const { return static_cast<int>(rows_.size()); }
     std::string cell(int row, StockColumn column) const;
+    /// The widest text of a column of amounts; empty for the other columns.
+    std::string widest(StockColumn column) const;
     const StockItemRecord& item(int row) const { return rows_[static_cast<std::size_t>(row)]; }
     /// The row of an item's number; -1 when it is not listed.
     int rowOf(const std::string& fileNumber) const;
@@ -81,6 +83,9 @@ class StockList {
     std::string textIn(const StockItemRecord& record, StockColumn column) const;
     int pickedRecord() const;
     std::string pickedInWords() const;
+    /// Says which item `record`, which was at the number of the picked item, is, and what has been
+    /// `done` to it, when it is another one than the item picked.
+    void tellIfNotPicked(const StockItemRecord& record, const std::string& done);
     /// Runs one change of the file under the data-folder check, then lists anew.
     template <class Change>
     void change(const std::string& failure, Change change);
@@ -96,6 +101,7 @@ class StockList {
     bool read_ = false;  ///< whether the rows are those of the last reading
     Entries entries_;
     std::string fileOrderTag_ = "0";
+    StockItemRecord picked_;  ///< as the list held it when it was picked, or as saved since
     std::optional<StockColumn> sortColumn_;
     bool descending_ = false;
 };

@@ -52,11 +52,15 @@ StockPanel::StockPanel(StockList& stock, LineItems& lines, QWidget* parent)
 }
 
 void StockPanel::makeGrid() {
-    const GridSource source{[this] { return stock_.rowCount(); },
-                            [this](int row, int column) {
-                                return stock_.cell(row,
-                                                   shownColumns_[static_cast<std::size_t>(column)]);
-                            }};
+    const GridSource source{
+        [this] { return stock_.rowCount(); },
+        [this](int row, int column) {
+            return stock_.cell(row, shownColumns_[static_cast<std::size_t>(column)]);
+        },
+        nullptr,
+        [this](int column) {
+            return stock_.widest(shownColumns_[static_cast<std::size_t>(column)]);
+        }};
     model_ = new GridModel({}, source, this);
     grid_ = new GridView;
     grid_->setObjectName(QStringLiteral("StockGrid"));
@@ -100,7 +104,8 @@ QWidget* StockPanel::makeEditor() {
     unitCost_ =
         lineEdit("StockUnitCostEd", tr("What one unit costs."), &StockItemBoxes::StockUnitCostEd);
     unitCost_->setAlignment(Qt::AlignRight);
-    unitCost_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000,000.0000")));
+    unitCost_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000,000.0000")) +
+                               14);
     fileNumber_ = new QLabel;
     fileNumber_->setObjectName(QStringLiteral("FileOrderTag"));
     fileNumber_->setToolTip(tr("File number of the item picked last"));
@@ -125,7 +130,8 @@ QWidget* StockPanel::makeEditor() {
     grid->addWidget(makeButtons(), 4, 0, 1, 4);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(5, 1);
-    editor->setFixedWidth(fontMetrics().averageCharWidth() * 44);
+    editor->setFixedWidth(
+        qMax(fontMetrics().averageCharWidth() * 44, editor->minimumSizeHint().width()));
     return editor;
 }
 

@@ -56,6 +56,29 @@ TEST_F(SavedOrdersTest, CellsAreFormattedAndBlankDatesEmpty) {
     EXPECT_EQ(list().cell(0, kVendorColumn), "Anvil");
     EXPECT_EQ(list().cell(0, kOrderTotalColumn), "$1,234.50");
     EXPECT_EQ(list().cell(0, kStatusColumn), "R");
+    EXPECT_EQ(list().widest(kOrderTotalColumn), "$1,234.50");
+    EXPECT_EQ(list().widest(kVendorColumn), "");
+}
+
+TEST_F(SavedOrdersTest, AccentedLettersStandWithTheirOwn) {
+    add("A", "000020",
+        "\xC1"
+        "bel",
+        0);
+    add("A", "000021", "\xE4nderung", 0);
+    add("A", "000022", "\xDFtra", 0);
+    add("A", "000023", "\xC6gir", 0);
+    add("A", "000024", "Abel", 0);
+    list().PopPOGrid();
+    list().sortByHeading(kVendorColumn);
+    std::vector<std::string> vendors;
+    for (int row = 0; row < list().rowCount(); ++row)
+        vendors.push_back(list().cell(row, kVendorColumn));
+    EXPECT_EQ(vendors, (std::vector<std::string>{"Abel",
+                                                 "\xC1"
+                                                 "bel",
+                                                 "\xC6gir", "anchors", "\xE4nderung", "Anvil",
+                                                 "bolts", "\xDFtra", "zinc"}));
 }
 
 TEST_F(SavedOrdersTest, FiltersGovernTheirKindsAndReceivedOnesTheirOwn) {

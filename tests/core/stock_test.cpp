@@ -1,7 +1,9 @@
 #include "stock/stock_list.h"
 #include "support/office.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace bramblet {
 namespace {
@@ -130,8 +132,51 @@ TEST_F(Stock, DeletingTakesTheNumberForTheRecordsAndKeepsTheRecord) {
     EXPECT_EQ(record(1).Status, "1");
     EXPECT_EQ(record(2).Status, "D");
     EXPECT_EQ(trimmedField(record(2).Description), "second");
+    EXPECT_EQ(prompts.lastLine,
+              "Number 2 in the file of the catalogue is \"second\" of \"V\": that one has been "
+              "deleted, not the item shown.");
     saveNew("A", "V", "third", "3");
     EXPECT_EQ(record(3).Tag, 3);
+}
+
+TEST_F(Stock, WhichItemWasMetIsToldWhenTwoDesksGaveOneNumberTwice) {
+    program().settings.UseQuantities = "Y";
+    saveNew("A", "V", "first", "1");
+    saveNew("A", "V", "second", "2");
+    StockItemRecord second = record(2);
+    second.Tag = 1;
+    rewrite(2, second);
+    list().PopStockList();
+    list().StockGrid_Click(1);
+    prompts.expectInput("Specify quantity on hand:\r\n\r\nA\r\nV\r\nsecond", "On Hand", "0", "5");
+    list().ItemsPopOnHand_Click(1);
+    EXPECT_EQ(record(1).OnHand.tenThousandths, 50000);
+    EXPECT_EQ(prompts.lastLine,
+              "Number 1 in the file of the catalogue is \"first\" of \"V\": its quantity has been "
+              "changed from 0, not that of the item shown.");
+    list().SaveChangedStockItem_Click();
+    EXPECT_EQ(trimmedField(record(1).Description), "second");
+    EXPECT_EQ(
+        prompts.lastLine,
+        "Number 1 in the file of the catalogue is \"first\" of \"V\": it has been replaced by "
+        "the item shown.");
+    // The item shown is the one met from now on.
+    prompts.lastLine.clear();
+    list().boxes.StockDescriptionEd = "renamed";
+    list().SaveChangedStockItem_Click();
+    prompts.expect(deletion("A\r\nV\r\nrenamed"), Answer::Yes);
+    list().DeleteStockItem_Click();
+    EXPECT_EQ(record(1).Status, "D");
+    EXPECT_EQ(prompts.lastLine, "");
+}
+
+TEST_F(Stock, ACatalogueThatHasGrownBeyondSenseIsToldAndTheProgramStarts) {
+    std::filesystem::resize_file(data("po_stock.dat"), kLongestFile + 1);
+    start();
+    EXPECT_EQ(prompts.lastLine.find("The list of stock items was not read: the file is damaged"),
+              0u)
+        << prompts.lastLine;
+    EXPECT_EQ(list().rowCount(), 0);
 }
 
 TEST_F(Stock, QuantityOnHandIsAskedForAndStored) {
@@ -196,6 +241,16 @@ TEST_F(Stock, HeadingsSortNumbersAsNumbersAndTextWithoutCase) {
     EXPECT_EQ(descriptions(), (Rows{"nine", "ten", "hundred"})) << "cannot be read, and stays";
     EXPECT_EQ(list().countText(), "3 stock items listed before; now it could not be read");
     EXPECT_EQ(prompts.lastLine.find("The list of stock items was not read"), 0u);
+}
+
+TEST_F(Stock, TheWidestAmountOfAColumnIsKnown) {
+    program().settings.UseQuantities = "Y";
+    EXPECT_EQ(list().widest(StockColumn::UnitCost), "0.00");
+    saveNew("a", "V", "dear", "1,234,567.50");
+    saveNew("a", "V", "odd", "0.0625");
+    EXPECT_EQ(list().widest(StockColumn::UnitCost), "1,234,567.9999");
+    EXPECT_EQ(list().widest(StockColumn::OnHand), "0");
+    EXPECT_EQ(list().widest(StockColumn::Description), "");
 }
 
 TEST_F(Stock, PickingAddsALineAndAgainRaisesItAtTheEnd) {
@@ -386,6 +441,26 @@ TEST_F(Exchange, ItemsAreReplacedByDescriptionAndVendorAndOthersAdded) {
     EXPECT_EQ(trimmedField(record(5).Description), "lamp");
     EXPECT_EQ(record(6).Tag, 6);
     EXPECT_EQ(trimmedField(record(7).Description), "NEW");  // the second replaced the first
+}
+
+TEST_F(Exchange, AnItemOfADamagedNumberDoesNotStretchTheFile) {
+    const std::vector<double> numbers{
+        0, -1, 3, 2'147'000'000, 1e300, std::nan(""), std::numeric_limits<double>::infinity()};
+    for (const double number : numbers) {
+        std::filesystem::resize_file(data("po_stock.dat"), 0);
+        saveNew("A", "Acme", "chair", "1");
+        saveNew("A", "Acme", "lamp", "1");
+        StockItemRecord chair = record(1);
+        chair.Tag = number;
+        rewrite(1, chair);
+        const std::string before = bytes();
+        writeFile(file(), exported("CHAIR", "acme", 1));
+        importFile();
+        EXPECT_EQ(bytes(), before) << number;
+        EXPECT_EQ(prompts.lastLine,
+                  "The import ended early: the item \"chair\" of \"Acme\" cannot be replaced, the "
+                  "catalogue has no record of its number.");
+    }
 }
 
 /// What a search of the whole file for each record comes to.
