@@ -72,8 +72,11 @@ void MainMenu::addListsMenu() {
         [this] { lists_.HideOrders_Click(); });
     menu->addSeparator();
     addSortMenu(menu->addMenu(tr("&Sort by")));
-    add(menu, "mu_DeleteOrder", tr("&Delete Order"), {},
-        [this] { lists_.orders()->deleteCurrentOrder(); });
+    QAction* remove = add(menu, "mu_DeleteOrder", tr("&Delete Order"), {},
+                          [this] { lists_.orders()->deleteCurrentOrder(); });
+    connect(menu, &QMenu::aboutToShow, this, [this, remove] {
+        remove->setEnabled(lists_.showsOrders() && lists_.grid()->currentRow() >= 0);
+    });
 }
 
 /// The headings of the list shown, for sorting without a mouse.
