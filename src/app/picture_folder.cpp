@@ -40,7 +40,7 @@ void PictureFolder::goTo(const std::filesystem::path& folder) {
         trouble_ = error.inWords();
     }
     std::erase_if(folders_, isHidden);
-    std::erase_if(pictures_, [](const auto& name) { return !isPicture(name); });
+    std::erase_if(pictures_, [](const auto& name) { return isHidden(name) || !isPicture(name); });
     sortWithoutCase(folders_);
     sortWithoutCase(pictures_);
     if (parentOf(path_) != path_) folders_.insert(folders_.begin(), kAbove);

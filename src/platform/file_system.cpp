@@ -196,6 +196,32 @@ std::string_view stemOf(std::string_view name) {
     return name.substr(0, name.find('.'));
 }
 
+/// What file systems take as one name, in bytes of UTF-8.
+constexpr std::size_t kLongestName = 255;
+
+/// The most that a name takes: a letter outside ASCII has up to three bytes.
+std::size_t lengthOnDisk(std::string_view name) {
+    const auto outsideAscii = std::count_if(
+        name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    return name.size() + 2 * static_cast<std::size_t>(outsideAscii);
+}
+
+/// The name as it is, or without the letters before its ending that make it too long for a file
+/// with a few characters added.
+std::string cutToLength(const std::string& name) {
+    constexpr std::size_t kRoomToAdd = 8;
+    constexpr std::size_t kLongestEnding = 5;
+    const auto dot = std::min(name.rfind('.'), name.size());
+    const std::string ending = name.size() - dot <= kLongestEnding ? name.substr(dot) : "";
+    const std::size_t most = kLongestName - kRoomToAdd - lengthOnDisk(ending);
+    std::size_t length = 0;
+    std::size_t taken = 0;
+    const std::size_t stem = name.size() - ending.size();
+    while (taken < stem && (length += lengthOnDisk(name.substr(taken, 1))) <= most)
+        ++taken;
+    return name.substr(0, taken) + ending;
+}
+
 /// Whether a file of this name, whatever its ending, is a device on Windows. Raised digits count
 /// as digits there.
 bool isDevice(std::string_view stem) {
@@ -209,16 +235,6 @@ bool isDevice(std::string_view stem) {
     return std::find(kDevices.begin(), kDevices.end(), name) != kDevices.end();
 }
 
-/// What file systems take as one name, in bytes of UTF-8.
-constexpr std::size_t kLongestName = 255;
-
-/// The most that a name takes: a letter outside ASCII has up to three bytes.
-std::size_t lengthOnDisk(std::string_view name) {
-    const auto outsideAscii = std::count_if(
-        name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-    return name.size() + 2 * static_cast<std::size_t>(outsideAscii);
-}
-
 }  // namespace
 
 bool isPlainFileName(std::string_view name, std::string_view ending) {
@@ -230,14 +246,13 @@ bool isPlainFileName(std::string_view name, std::string_view ending) {
 }
 
 std::string madePlainFileName(std::string name) {
-    constexpr std::size_t kRoomForEnding = 8;
+    name = cutToLength(name);
     std::replace_if(name.begin(), name.end(), isRefusedInNames, '_');
     for (auto dots = name.find(".."); dots != std::string::npos; dots = name.find("..")) {
         name.replace(dots, 2, "_");
     }
     if (isDevice(stemOf(name))) name.insert(stemOf(name).size(), "_");
-    while (lengthOnDisk(name) + kRoomForEnding > kLongestName || name.ends_with('.') ||
-           name.ends_with(' '))
+    while (name.ends_with('.') || name.ends_with(' '))
         name.pop_back();
     return name.empty() ? "_" : name;
 }

@@ -1,6 +1,7 @@
 #include "platform/path_text.h"
 
 #include "platform/code_page.h"
+#include "platform/sorting.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -205,7 +206,7 @@ void sortWithoutCase(std::vector<std::filesystem::path>& names) {
     std::vector<std::pair<std::u16string, std::filesystem::path>> keyed;
     keyed.reserve(names.size());
     for (auto& name : names)
-        keyed.emplace_back(withoutCase(name), std::move(name));
+        keyed.emplace_back(sortKey(withoutCase(name)), std::move(name));
     std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
         return std::tie(a.first, a.second.native()) < std::tie(b.first, b.second.native());
     });

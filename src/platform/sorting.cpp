@@ -61,13 +61,16 @@ double leadingNumber(std::string_view text) {
 }
 
 std::u16string sortKey(std::string_view text) {
-    const std::u16string letters = toUnicode(upper(text));
+    return sortKey(toUnicode(upper(text)));
+}
+
+std::u16string sortKey(std::u16string_view letters) {
     std::u16string key;
     key.reserve(2 * letters.size() + 1);
     for (const char16_t letter : letters)
         appendBase(key, letter);
     key.push_back(u'\0');
-    return key + letters;
+    return key.append(letters);
 }
 
 }  // namespace bramblet

@@ -39,4 +39,7 @@ double leadingNumber(std::string_view text);
 /// and not behind "z"; texts that differ in accents only are told apart by them.
 std::u16string sortKey(std::string_view text);
 
+/// The same for letters that are upper case already.
+std::u16string sortKey(std::u16string_view letters);
+
 }  // namespace bramblet

@@ -155,7 +155,10 @@ TEST(Files, ANameMadePlainIsOne) {
         EXPECT_EQ(madePlainFileName(name), plain);
         EXPECT_TRUE(isPlainFileName(plain)) << plain;
     }
-    EXPECT_TRUE(isPlainFileName(madePlainFileName(std::string(300, '\xE9')), ".pdf"));
+    const std::string cut = madePlainFileName(std::string(300, '\xE9') + ".jpeg");
+    EXPECT_TRUE(isPlainFileName(cut, ".pdf"));
+    EXPECT_TRUE(cut.ends_with("\xE9.jpeg")) << cut;
+    EXPECT_TRUE(isPlainFileName(madePlainFileName(std::string(1 << 20, '.'))));
 }
 
 }  // namespace
