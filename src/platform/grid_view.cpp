@@ -14,6 +14,7 @@ namespace {
 constexpr int kCellMargin = 14;
 constexpr int kRowMargin = 8;
 constexpr int kMostFitted = 32;  ///< characters of a text that widens its column
+constexpr int kMostGiven = 3;    ///< the part, a third, that columns give in a narrow view
 
 }  // namespace
 
@@ -124,14 +125,19 @@ void GridView::reset() {
     if (!resizedByHand_) layOutColumns();
 }
 
-/// The heading is seen whole with the mark of the column that the list is sorted by, and so is the
-/// widest of the texts that are not to be cut short.
-int GridView::widthOf(int column) const {
+/// What a heading takes with the mark of the column that the list is sorted by. Qt's own hint for
+/// it knows less of the mark than its drawing takes: half the height, with a margin on both sides.
+int GridView::headingWidth(int column) const {
     const QHeaderView* header = horizontalHeader();
-    const bool marked = header->isSortIndicatorShown() && header->sortIndicatorSection() == column;
-    const int mark = style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, header) +
-                     style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
-    const int heading = header->sectionSizeHint(column) + (marked ? 0 : mark);
+    const QString text = model()->headerData(column, Qt::Horizontal).toString();
+    const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
+    return header->fontMetrics().horizontalAdvance(text) + 4 * margin +
+           header->sizeHint().height() / 2 + 1;
+}
+
+/// What a column takes before the view's width is shared out: neither its heading nor the widest of
+/// the texts that are not to be cut short is elided.
+int GridView::widthOf(int column) const {
     QString widest = model()->headerData(column, Qt::Horizontal, kWidestTextRole).toString();
     widest.truncate(kMostFitted);
     for (QChar& c : widest) {
@@ -140,37 +146,50 @@ int GridView::widthOf(int column) const {
     const int characters = columns_[static_cast<std::size_t>(column)].characters;
     const int text = qMax(characters * fontMetrics().averageCharWidth(),
                           fontMetrics().horizontalAdvance(widest));
-    return qMax(heading, text + kCellMargin);
+    return qMax(headingWidth(column), text + kCellMargin);
 }
 
 void GridView::layOutColumns() {
     if (model() == nullptr) return;
-    const int count = qMin(static_cast<int>(columns_.size()), model()->columnCount());
-    std::vector<int> widths(columns_.size());
-    int used = 0;
-    int stretching = 0;
     layingOut_ = true;
-    for (int i = 0; i < count; ++i) {
-        const GridColumn& column = columns_[static_cast<std::size_t>(i)];
-        setColumnHidden(i, column.characters == 0);
-        if (column.characters == 0) continue;
-        used += widths[static_cast<std::size_t>(i)] = widthOf(i);
-        stretching += column.stretches ? column.characters : 0;
+    std::vector<int> shown;
+    std::vector<int> widths;
+    for (int i = 0; i < qMin(static_cast<int>(columns_.size()), model()->columnCount()); ++i) {
+        const bool hidden = columns_[static_cast<std::size_t>(i)].characters == 0;
+        setColumnHidden(i, hidden);
+        if (hidden) continue;
+        shown.push_back(i);
+        widths.push_back(widthOf(i));
     }
-    int left = qMax(0, viewport()->width() - used);
-    for (int i = 0; i < count; ++i) {
-        const GridColumn& column = columns_[static_cast<std::size_t>(i)];
-        if (column.characters == 0) continue;
-        int width = widths[static_cast<std::size_t>(i)];
-        if (column.stretches) {
-            const int share = left * column.characters / stretching;
-            width += share;
-            left -= share;
-            stretching -= column.characters;
-        }
-        setColumnWidth(i, width);
-    }
+    shareOut(shown, widths);
+    for (std::size_t i = 0; i < shown.size(); ++i)
+        setColumnWidth(shown[i], widths[i]);
     layingOut_ = false;
+}
+
+/// What the view has left goes to the columns that stretch. They also give what it lacks when that
+/// is little; else the view is scrolled sideways.
+void GridView::shareOut(const std::vector<int>& shown, std::vector<int>& widths) const {
+    int left = viewport()->width();
+    int characters = 0;  // of the columns that stretch
+    int givable = 0;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        left -= widths[i];
+        const GridColumn& column = columns_[static_cast<std::size_t>(shown[i])];
+        if (!column.stretches) continue;
+        characters += column.characters;
+        givable += widths[i] / kMostGiven;
+    }
+    if (left < -givable) return;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const GridColumn& column = columns_[static_cast<std::size_t>(shown[i])];
+        if (!column.stretches) continue;
+        const int share = left * column.characters / characters;
+        const int width = qMax(widths[i] + share, headingWidth(shown[i]));
+        left -= width - widths[i];
+        characters -= column.characters;
+        widths[i] = width;
+    }
 }
 
 }  // namespace bramblet

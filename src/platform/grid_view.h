@@ -11,8 +11,7 @@ namespace bramblet {
 /// How a column of a grid is laid out.
 struct GridColumn {
     int characters = 0;  ///< width in characters, if its heading needs no more; 0 hides the column
-    bool stretches =
-        false;  ///< takes a share of what the view has left, and no less than its width
+    bool stretches = false;  ///< takes a share of what the view has left, or gives of what it lacks
 };
 
 class GridView : public QTableView {
@@ -50,6 +49,8 @@ class GridView : public QTableView {
 
   private:
     void layOutColumns();
+    void shareOut(const std::vector<int>& shown, std::vector<int>& widths) const;
+    int headingWidth(int column) const;
     int widthOf(int column) const;
     /// The current row is tinted, more so in the grid that has the focus.
     void tintSelection(bool focused);

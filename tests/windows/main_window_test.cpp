@@ -1,5 +1,6 @@
 #include "app/start_notice.h"
 #include "platform/qt_text.h"
+#include "support/regions.h"
 #include "windows/desk.h"
 
 #include <QCalendarWidget>
@@ -251,6 +252,18 @@ TEST_F(MainWindowTest, RightClicksOpenTheMenus) {
     driver->trigger(name("POPop_delete"));
     menu->close();
     EXPECT_EQ(driver->rows(name("POGrid")), 1);
+}
+
+TEST_F(MainWindowTest, TheTipsOfTheMultipliersAreRightInTheRegion) {
+    const auto tips = [&] {
+        return driver->control(name("DiscountFactorEd"))->toolTip() + name("\n") +
+               driver->control(name("TaxFactorEd"))->toolTip();
+    };
+    EXPECT_EQ(tips(), name("Discount multiplier (example .5 = 50%). Blank for none/manual.\n"
+                           "Tax multiplier (example .065 = 6.5%). Blank for none/manual."));
+    open(deDE());
+    EXPECT_EQ(tips(), name("Discount multiplier (example 0,5 = 50%). Blank for none/manual.\n"
+                           "Tax multiplier (example 0,065 = 6,5%). Blank for none/manual."));
 }
 
 TEST_F(MainWindowTest, HeadingsSortAndOpenNothing) {

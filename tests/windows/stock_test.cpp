@@ -1,10 +1,14 @@
+#include "platform/grid_view.h"
 #include "windows/desk.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
+#include <QStyleOption>
 #include <QTableView>
 
 namespace bramblet::test {
@@ -45,6 +49,20 @@ TEST_F(StockWindows, TheTwoViewsSwitch) {
     newOrder();
     driver->doubleClickCell(name("POGrid"), 0, 0);
     EXPECT_TRUE(visible("StockGrid"));
+}
+
+TEST_F(StockWindows, DeletingAnOrderNeedsARowOfTheListShown) {
+    auto* remove = window->findChild<QAction*>(name("mu_DeleteOrder"));
+    const auto offered = [&] {
+        emit qobject_cast<QMenu*>(remove->parent())->aboutToShow();
+        return remove->isEnabled();
+    };
+    driver->click(name("ViewExisting"));
+    EXPECT_FALSE(offered());
+    newOrder();
+    EXPECT_TRUE(offered());
+    driver->click(name("HideOrders"));
+    EXPECT_FALSE(offered());
 }
 
 TEST_F(StockWindows, ItemsAreTypedPickedAndAddedToTheOrder) {
@@ -107,6 +125,36 @@ TEST_F(StockWindows, TheOnHandColumnComesWithItsSetting) {
     });
     driver->trigger(name("ItemsPopOnHand"));
     EXPECT_EQ(driver->cell(name("StockGrid"), 0, 5), name("25"));
+}
+
+TEST_F(StockWindows, AmountsAndSortedHeadingsAreSeenWhole) {
+    program->settings.UseQuantities = "Y";
+    saveItem("Hinges", "Eastgate", "Soft close hinge", "12,345,678.0625");
+    driver->clickCell(name("StockGrid"), 0, 4);
+    auto* grid = driver->find<QTableView>(name("StockGrid"));
+    window->resize(960, 760);
+    const QHeaderView* header = grid->horizontalHeader();
+    for (int column = 0; column < 6; ++column) {
+        emit driver->find<GridView>(name("StockGrid"))->headingClicked(column);
+        Driver::settle();
+        QStyleOptionHeader heading;
+        heading.initFrom(header);
+        heading.rect = QRect(0, 0, grid->columnWidth(column), header->height());
+        heading.orientation = Qt::Horizontal;
+        heading.sortIndicator = QStyleOptionHeader::SortUp;
+        const QString text = grid->model()->headerData(column, Qt::Horizontal).toString();
+        const int room =
+            header->style()->subElementRect(QStyle::SE_HeaderLabel, &heading, header).width();
+        EXPECT_GE(room, header->fontMetrics().horizontalAdvance(text)) << qPrintable(text);
+    }
+    EXPECT_GE(grid->columnWidth(4), grid->sizeHintForIndex(grid->model()->index(0, 4)).width());
+    EXPECT_FALSE(grid->horizontalScrollBar()->isVisible());
+    auto* cost = driver->find<QLineEdit>(name("StockUnitCostEd"));
+    cost->setText(name("888,888.8888"));
+    QStyleOptionFrame frame;
+    frame.initFrom(cost);
+    const QRect inside = cost->style()->subElementRect(QStyle::SE_LineEditContents, &frame, cost);
+    EXPECT_GE(inside.width(), cost->fontMetrics().horizontalAdvance(cost->text()) + 4);
 }
 
 TEST_F(StockWindows, TheVendorsItemsAloneAndAgainNextTime) {
