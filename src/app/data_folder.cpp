@@ -14,8 +14,13 @@ void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
     try {
         if (path_.empty()) throw FileError(FaultNumber::PathNotFound, path_);
         once.touch(probe);
-        checkedAt_ = once.status(probe).modified;
-        once.remove(probe);
+        try {
+            checkedAt_ = once.status(probe).modified;
+            once.remove(probe);
+        } catch (const FileError& error) {
+            // Another desk that is starting at this moment has removed it already.
+            if (error.number() != FaultNumber::FileNotFound) throw;
+        }
         ok_ = true;
     } catch (const FileError& error) {
         ok_ = false;
@@ -46,7 +51,8 @@ std::filesystem::path DataFolder::file(const std::string& name) const {
 std::filesystem::path DataFolder::documentPath(const std::string& orderNumber) const {
     const std::string name = trimmed(orderNumber);
     constexpr const char* kEnding = ".htm";
-    if (!isPlainFileName(name, kEnding)) throw FileError(FaultNumber::BadFileName, pathOfName(name));
+    if (!isPlainFileName(name, kEnding))
+        throw FileError(FaultNumber::BadFileName, pathOfName(name));
     return file(name + kEnding);
 }
 

@@ -1,3 +1,4 @@
+#include "app/picture_folder.h"
 #include "support/office.h"
 
 #include <gtest/gtest.h>
@@ -215,6 +216,19 @@ TEST_F(PagesInTheBrowser, HelpIsOurOwnUnlessTheOldFileAndItsViewerAreThere) {
     program().browser.mu_HelpContents_Click();
     EXPECT_EQ(shown, 2);
     EXPECT_EQ(desktop.asked.back(), "help " + bramblet::shown(home() / "tandril.hlp"));
+}
+
+TEST(PictureFolder, PicturesAreSortedByTheirLettersAndHiddenOnesLeftOut) {
+    const TemporaryFolder folder;
+    const std::vector<std::filesystem::path> pictures{u"able.gif", u"\u00C4nderung.JPG",
+                                                      u"Zebra.png"};
+    for (const auto& name : pictures)
+        writeFile(folder / name, "x");
+    for (const char* name : {".hidden.gif", ".gif", "notes.txt"})
+        writeFile(folder / name, "x");
+    PictureFolder shown{FileSystem()};
+    shown.goTo(folder.path());
+    EXPECT_EQ(shown.pictures(), pictures);
 }
 
 }  // namespace
