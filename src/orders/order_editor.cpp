@@ -214,7 +214,7 @@ bool OrderEditor::totalUp() {
     try {
         TotalUp(order, at_.taxFreight, at_.formats);
         const std::string hint = multiplierHint(order, at_.formats);
-        if (!hint.empty()) at_.prompts.say(hint);
+        if (!hint.empty()) at_.prompts.say(hint, Loss::List);
     } catch (const BoxFault& fault) {
         totalled = false;
         at_.prompts.ask({"The order cannot be totalled up: " + fault.inWords() + ".", "Total up",

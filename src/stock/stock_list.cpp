@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <unordered_set>
 
 namespace bramblet {
@@ -90,8 +91,10 @@ std::string StockList::widest(StockColumn column) const {
         most = std::max(most, amount);
         moreDecimals = moreDecimals || amount % lastShown != 0;
     }
+    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max() - 9999;
+    if (moreDecimals) most = std::min(most, kMost) / 10000 * 10000 + 9999;
     StockItemRecord widest;
-    widest.*field = Currency{moreDecimals ? most / 10000 * 10000 + 9999 : most};
+    widest.*field = Currency{most};
     return textIn(widest, column);
 }
 

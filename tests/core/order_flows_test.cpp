@@ -289,6 +289,10 @@ TEST_F(OrderFlows, AnOrderThatCannotBeTotalledIsNotSavedAndGetsNoNumber) {
     editor().SaveChanges_Click();
     EXPECT_EQ(order().PONoEd, "(PEND)");
     EXPECT_EQ(records(), 0u);
+    editor().edit(&Order::DiscountEd, "0");
+    editor().edit(&Order::TaxFactorEd, "6.5");
+    editor().TotalUp_Click();
+    EXPECT_EQ(prompts.lastLine, "The tax multiplier 6.5 stands for 650%; 50% is written 0.5.");
 }
 
 TEST_F(OrderFlows, AFailedSaveSaysWhatWasNotDone) {
