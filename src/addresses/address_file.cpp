@@ -10,6 +10,16 @@ namespace {
 
 using File = RecordFile<AddressRecord, kAddressLayout>;
 
+/// Whether a file is empty, or certainly not there: a share that does not answer is another matter.
+bool isGone(const FileSystem& files, const std::filesystem::path& path) {
+    try {
+        return files.status(path).length == 0;
+    } catch (const FileError& error) {
+        if (error.number() != FaultNumber::FileNotFound) throw;
+        return true;
+    }
+}
+
 }  // namespace
 
 AddressFile::AddressFile(FileSystem files, std::filesystem::path path)
@@ -98,8 +108,7 @@ bool AddressFile::clearLeftover(std::int64_t now) const {
     if (!once.exists(leftover)) return false;
     const os::FileStatus status = once.status(leftover);
     if (now - status.modified < kTenMinutes) return false;
-    const bool bookIsGone = !once.exists(path_) || once.status(path_).length == 0;
-    if (bookIsGone && status.length > 0) {
+    if (status.length > 0 && isGone(once, path_)) {
         once.rename(leftover, path_);
         return true;
     }

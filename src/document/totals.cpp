@@ -119,8 +119,11 @@ std::string multiplierHint(const Order& order, const RegionalFormats& formats) {
     const auto look = [&](const char* box, const std::string& text) {
         const double factor = numberOf(cleanedNumber(text), formats);
         if (factor <= 1) return;
-        hint += (hint.empty() ? "The " : "; the ") + std::string(box) + " " + text +
-                " stands for " + generalText(factor * 100, formats) + "%";
+        constexpr double kReadable = 1e7;
+        const std::string meaning =
+            factor < kReadable ? generalText(factor * 100, formats) + "%" : "far too much";
+        hint += (hint.empty() ? "The " : "; the ") + std::string(box) + " " + text.substr(0, 20) +
+                " stands for " + meaning;
     };
     look(kDiscountMultiplier, order.DiscountFactorEd);
     look(kTaxMultiplier, order.TaxFactorEd);

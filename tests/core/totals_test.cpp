@@ -133,11 +133,17 @@ TEST(Totals, AMultiplierAboveOneIsTold) {
              {"15", "", "The discount multiplier 15 stands for 1500%; 50% is written 0.5"},
              {"1.5", "6.5",
               "The discount multiplier 1.5 stands for 150%; the tax multiplier 6.5 stands for "
-              "650%; 50% is written 0.5"}}) {
+              "650%; 50% is written 0.5"},
+         }) {
         order.DiscountFactorEd = discount;
         order.TaxFactorEd = tax;
         EXPECT_EQ(multiplierHint(order, enUS()), hint);
     }
+    order.DiscountFactorEd = "0";
+    order.TaxFactorEd = "1" + std::string(308, '0');
+    EXPECT_EQ(
+        multiplierHint(order, enUS()),
+        "The tax multiplier 10000000000000000000 stands for far too much; 50% is written 0.5");
 }
 
 struct FaultCase {
