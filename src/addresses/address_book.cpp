@@ -27,6 +27,10 @@ const SideFacts& facts(AddressSide side) {
     return kFacts[static_cast<std::size_t>(side)];
 }
 
+bool isBlank(const std::string& address) {
+    return address.find_first_not_of(" \r\n") == std::string::npos;
+}
+
 }  // namespace
 
 AddressBook::AddressBook(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
@@ -56,7 +60,6 @@ void AddressBook::PopAddyLists() {
         if (hasUnsavedEdits(side)) continue;
         std::string& name = open_.order.*facts(side).name;
         name = trimmed(name).substr(0, kNameWidth);
-        (open_.order.*facts(side).address).clear();
         if (!name.empty()) showPicked(side, records);
         shown_[index(side)].deleteEnabled = false;
     }
@@ -88,6 +91,8 @@ void AddressBook::showNone() {
         side.counter = "0";
         side.changedEnabled = false;
         side.deleteEnabled = false;
+        side.picked.clear();
+        side.addressEdited = false;
     }
     open_.onChange();
 }
@@ -99,6 +104,7 @@ void AddressBook::Combo_Click(AddressSide side) {
         showPicked(side, file_.readAll());
     } catch (const Fault& fault) {
         (open_.order.*facts(side).address).clear();
+        shown_[index(side)].addressEdited = false;
         open_.MarkOrderChanged();
         prompts_.say("The address was not read: " + fault.inWords());
         open_.onChange();
@@ -112,12 +118,26 @@ void AddressBook::Combo_Click(AddressSide side) {
 }
 
 void AddressBook::pickTypedName(AddressSide side) {
+    const bool listed = isListed(side, open_.order.*facts(side).name);
+    if (listed && hasUnsavedEdits(side) && addressIsUntouched(side)) Combo_Click(side);
+}
+
+void AddressBook::pickTypedNames() {
+    for (const AddressSide side : kAddressSides)
+        pickTypedName(side);
+}
+
+bool AddressBook::isListed(AddressSide side, const std::string& name) const {
+    const auto& names = shown_[index(side)].names;
+    return std::find(names.begin(), names.end(), trimmed(name)) != names.end();
+}
+
+bool AddressBook::addressIsUntouched(AddressSide side) const {
     const Shown& shown = shown_[index(side)];
-    const std::string& name = open_.order.*facts(side).name;
-    const bool listed =
-        std::find(shown.names.begin(), shown.names.end(), name) != shown.names.end();
-    const bool noAddress = (open_.order.*facts(side).address).empty();
-    if (listed && noAddress && shown.changedEnabled) Combo_Click(side);
+    if (!shown.addressEdited) return true;
+    // Emptied by hand it stays empty for the name that it was emptied for, but not for another.
+    const Order& order = open_.order;
+    return isBlank(order.*facts(side).address) && trimmed(order.*facts(side).name) != shown.picked;
 }
 
 void AddressBook::Combo_Change(AddressSide side, const std::string& text) {
@@ -129,6 +149,7 @@ void AddressBook::Combo_Change(AddressSide side, const std::string& text) {
 
 void AddressBook::Field_Change(AddressSide side, const std::string& text) {
     open_.order.*facts(side).address = text;
+    shown_[index(side)].addressEdited = true;
     open_.MarkOrderChanged();
     shown_[index(side)].changedEnabled = true;
     shown_[index(side)].deleteEnabled = true;
@@ -140,9 +161,14 @@ void AddressBook::Changed_Click(AddressSide side) {
     if (!folder_.available(prompts_)) return;
     const SideFacts& fact = facts(side);
     Shown& shown = shown_[index(side)];
+    const std::string& name = open_.order.*fact.name;
+    std::string& address = open_.order.*fact.address;
     try {
-        const auto tag =
-            file_.rewrite(fact.kind, open_.order.*fact.name, open_.order.*fact.address);
+        if (!trimmed(name).empty() && addressIsUntouched(side)) {
+            const auto entry = file_.findToRewrite(name);
+            if (entry) address = trimmedField(entry->Address);
+        }
+        const auto tag = file_.rewrite(fact.kind, name, address);
         if (tag) shown.counter = tagText(*tag);
     } catch (const Fault& fault) {
         prompts_.say("The address was not saved: " + fault.inWords());
@@ -151,7 +177,9 @@ void AddressBook::Changed_Click(AddressSide side) {
     shown.changedEnabled = false;
     PopAddyLists();
     shown.deleteEnabled = false;
+    if (!trimmed(name).empty()) open_.markWorthSaving();
     open_.onChange();
+    if (side == AddressSide::Vendor) onVendorPicked();
 }
 
 void AddressBook::Delete_Click(AddressSide side) {
@@ -163,34 +191,61 @@ void AddressBook::Delete_Click(AddressSide side) {
         prompts_.ask({fact.nothingToDelete, "Nothing to do!", Buttons::Ok, Icon::Information});
         return;
     }
-    try {
-        file_.removeNamed(name);
-    } catch (const Fault& fault) {
-        prompts_.ask({"The address was not deleted: " + fault.inWords() + ".", "Bramblet",
-                      Buttons::Ok, Icon::Stop});
-        return;
-    }
+    if (!removeNamed(name)) return;
     shown_[index(side)].changedEnabled = false;
     PopAddyLists();
     name.clear();
     open_.MarkOrderChanged();
     open_.onChange();
+    if (side == AddressSide::Vendor) onVendorPicked();
+}
+
+bool AddressBook::removeNamed(const std::string& name) {
+    try {
+        file_.removeNamed(name);
+        return true;
+    } catch (const Fault& fault) {
+        prompts_.ask({"The address was not deleted: " + fault.inWords() + ".", "Bramblet",
+                      Buttons::Ok, Icon::Stop});
+        return false;
+    }
+}
+
+bool AddressBook::mayDeleteEntry(AddressSide side, const std::string& entry) const {
+    const Shown& shown = shown_[index(side)];
+    const std::string name = trimmed(entry);
+    const bool onlyTyped = name == trimmed(open_.order.*facts(side).name) && name != shown.picked;
+    return shown.deleteEnabled && isListed(side, name) && !onlyTyped;
+}
+
+void AddressBook::deleteEntry(AddressSide side, const std::string& entry) {
+    if (trimmed(entry) == trimmed(open_.order.*facts(side).name)) return Delete_Click(side);
+    if (!folder_.available(prompts_) || !removeNamed(entry)) return;
+    const Order before = open_.order;
+    PopAddyLists();
+    // The other side may have shown an entry of the same name.
+    if (open_.order != before) open_.MarkOrderChanged();
+    open_.onChange();
 }
 
 void AddressBook::showPicked(AddressSide side, const std::vector<AddressRecord>& records) {
+    Shown& shown = shown_[index(side)];
+    const std::string& name = open_.order.*facts(side).name;
     std::string& address = open_.order.*facts(side).address;
     address.clear();
-    if (const auto record = file_.findNamed(records, open_.order.*facts(side).name)) {
+    if (const auto record = file_.findNamed(records, name)) {
         address = trimmedField(record->Address);
-        shown_[index(side)].counter = tagText(record->Tag);
+        shown.counter = tagText(record->Tag);
     }
+    shown.picked = trimmed(name);
+    shown.addressEdited = false;
 }
 
 void AddressBook::fillList(AddressSide side, const std::vector<AddressRecord>& records) {
     std::vector<std::string>& names = shown_[index(side)].names;
     names.clear();
     for (const auto& record : records) {
-        if (record.Kind == facts(side).kind) names.push_back(trimmedField(record.Name));
+        if (record.Kind == facts(side).kind) names.push_back(listedName(record));
     }
 }
 

@@ -20,7 +20,32 @@ bool isGone(const FileSystem& files, const std::filesystem::path& path) {
     }
 }
 
+std::string asItIs(const std::string& name) {
+    return name;
+}
+std::string withoutCase(const std::string& name) {
+    return upper(name);
+}
+
+/// Tells the records of a name; `folded` makes equal what counts as the same.
+auto isNamed(const std::vector<AddressRecord>& records, const std::string& name,
+             std::string (*folded)(const std::string&)) {
+    const std::string wanted = folded(trimmed(name));
+    const auto stored = [=](const AddressRecord& record) {
+        return folded(trimmedField(record.Name)) == wanted;
+    };
+    // A blank name never means one of control characters alone.
+    const bool isStored = wanted.empty() || std::any_of(records.begin(), records.end(), stored);
+    return [=](const AddressRecord& record) {
+        return isStored ? stored(record) : folded(listedName(record)) == wanted;
+    };
+}
+
 }  // namespace
+
+std::string listedName(const AddressRecord& record) {
+    return trimmed(withoutControls(record.Name));
+}
 
 AddressFile::AddressFile(FileSystem files, std::filesystem::path path)
     : files_(std::move(files)), path_(std::move(path)) {}
@@ -33,14 +58,13 @@ std::vector<AddressRecord> AddressFile::readAll() {
 
 std::optional<AddressRecord> AddressFile::findNamed(const std::vector<AddressRecord>& records,
                                                     const std::string& name) {
-    const std::string wanted = trimmed(name);
-    for (const auto& record : records) {
-        if (trimmedField(record.Name) != wanted) continue;
-        buffer_ = record;
-        return record;
+    const auto found = std::find_if(records.begin(), records.end(), isNamed(records, name, asItIs));
+    if (found == records.end()) {
+        if (!records.empty()) buffer_ = records.back();
+        return std::nullopt;
     }
-    if (!records.empty()) buffer_ = records.back();
-    return std::nullopt;
+    buffer_ = *found;
+    return *found;
 }
 
 double AddressFile::GetNextAddyTag() {
@@ -62,13 +86,18 @@ std::optional<double> AddressFile::append(const std::string& kind, const std::st
     return tag;
 }
 
+std::optional<AddressRecord> AddressFile::findToRewrite(const std::string& name) {
+    const std::vector<AddressRecord> records = readAll();
+    const auto match =
+        std::find_if(records.begin(), records.end(), isNamed(records, name, withoutCase));
+    return match == records.end() ? std::nullopt : std::optional(*match);
+}
+
 std::optional<double> AddressFile::rewrite(const std::string& kind, const std::string& name,
                                            const std::string& address) {
-    const std::string wanted = upper(trimmed(name));
     const std::vector<AddressRecord> records = readAll();
-    const auto match = std::find_if(records.begin(), records.end(), [&](const auto& record) {
-        return upper(trimmedField(record.Name)) == wanted;
-    });
+    const auto match =
+        std::find_if(records.begin(), records.end(), isNamed(records, name, withoutCase));
     if (match == records.end()) return append(kind, name, address);
     buffer_ = *match;
     fill(kind, name, address);
@@ -93,10 +122,11 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
 void AddressFile::removeNamed(const std::string& name) {
     const FileSystem once = files_.withoutRetry();
     std::string kept;
-    for (const auto& record : File(once, path_).readAll()) {
+    const std::vector<AddressRecord> records = File(once, path_).readAll();
+    const auto isRemoved = isNamed(records, name, asItIs);
+    for (const auto& record : records) {
         buffer_ = record;
-        if (trimmedField(record.Name) != trimmed(name))
-            kept += encodeRecord(kAddressLayout, record);
+        if (!isRemoved(record)) kept += encodeRecord(kAddressLayout, record);
     }
     once.replace(path_, kept);
 }

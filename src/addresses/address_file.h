@@ -39,7 +39,12 @@ struct NameAndAddress {
     std::string address;
 };
 
-/// Each operation opens the file, works and closes it, and throws FileError.
+/// A record's name as it is listed and as the boxes hold it: imported names may have control
+/// characters, which become blanks there.
+std::string listedName(const AddressRecord& record);
+
+/// Each operation opens the file, works and closes it, and throws FileError. A name means the
+/// records that are stored under it, or where there are none those that are listed under it.
 class AddressFile {
   public:
     /// `path` ends in "po_addy.dat".
@@ -58,6 +63,10 @@ class AddressFile {
     /// Appends a record under the next number, which is returned; a blank name appends nothing.
     std::optional<double> append(const std::string& kind, const std::string& name,
                                  const std::string& address);
+
+    /// The first record whose name is the same but for letter case, whatever its kind: the one
+    /// that `rewrite` replaces.
+    std::optional<AddressRecord> findToRewrite(const std::string& name);
 
     /// Rewrites the first record whose name is the same but for letter case, whatever its kind,
     /// keeping its number; appends when there is none. Returns the number as `append` does.

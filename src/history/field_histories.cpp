@@ -21,9 +21,11 @@ std::size_t indexOf(OrderField field) {
 struct AddressBox {
     const char* name;
     AddressSide side;
+    OrderField field;
 };
-constexpr std::array kAddressBoxes{AddressBox{"ToCombo", AddressSide::Vendor},
-                                   AddressBox{"ShipToCombo", AddressSide::Destination}};
+constexpr std::array kAddressBoxes{
+    AddressBox{"ToCombo", AddressSide::Vendor, &Order::ToCombo},
+    AddressBox{"ShipToCombo", AddressSide::Destination, &Order::ShipToCombo}};
 
 }  // namespace
 
@@ -48,10 +50,13 @@ void FieldHistories::trimTexts() {
     }
 }
 
-void FieldHistories::AddToUserFields() {
+void FieldHistories::rememberAllBut(OrderField unfinished) {
     if (!folder_.DataPathOK()) return;
     trimTexts();
-    update([this](std::size_t history) { return open_.order.*kHistories[history].field; });
+    update([=, this](std::size_t history) {
+        const OrderField field = kHistories[history].field;
+        return field == unfinished ? std::string() : open_.order.*field;
+    });
 }
 
 void FieldHistories::reload() {
@@ -79,7 +84,9 @@ void FieldHistories::RemoveHistoryEntry() {
     const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
     for (const AddressBox& box : kAddressBoxes) {
-        if (CurrentHistoryFile == box.name) return addresses_.Delete_Click(box.side);
+        if (CurrentHistoryFile == box.name) {
+            return addresses_.deleteEntry(box.side, CurrentHistoryText);
+        }
     }
     for (std::size_t i = 0; i < kHistories.size(); ++i) {
         if (isCurrent(kHistories[i])) return removeFrom(i);
@@ -94,10 +101,11 @@ void FieldHistories::removeFrom(std::size_t history) {
         prompts_.say("\"" + forgotten + "\" was not removed from the list: " + fault.inWords());
         return;
     }
-    // Another value stands in the box when the entry was pointed at in the open list.
+    // Another value stands in the box when the entry was pointed at in the list or among the
+    // suggestions; it may be half typed, and is remembered when the order is saved.
     const OrderField field = kHistories[history].field;
     if (trimmed(open_.order.*field) == forgotten) Change(field, "");
-    AddToUserFields();
+    rememberAllBut(field);
     if (!forgotten.empty()) prompts_.sayDone("\"" + forgotten + "\" is no longer in the list");
 }
 
@@ -121,7 +129,9 @@ void FieldHistories::GotFocus(OrderField field) {
 
 void FieldHistories::GotFocus(AddressSide side) {
     for (const AddressBox& box : kAddressBoxes) {
-        if (box.side == side) CurrentHistoryFile = box.name;
+        if (box.side != side) continue;
+        CurrentHistoryFile = box.name;
+        CurrentHistoryText = open_.order.*box.field;
     }
 }
 

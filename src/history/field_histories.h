@@ -40,14 +40,18 @@ class FieldHistories {
 
     /// Adds what stands in the six boxes to their histories and reads all of them anew. The texts
     /// stay, trimmed. The first fault ends it, that of a file in use too: nothing is waited for.
-    void AddToUserFields();
+    void AddToUserFields() { rememberAllBut(nullptr); }
 
     /// Reads all of them anew.
     void reload();
 
     /// Forgets `CurrentHistoryText` in the history of `CurrentHistoryFile` and empties that box if
-    /// it shows the value; in an address box, deletes the address shown.
+    /// it shows the value; in an address box, deletes the entry of that name.
     void RemoveHistoryEntry();
+    /// Whether a box offers to do that with an entry: always, but in the address boxes.
+    bool mayDelete(AddressSide side, const std::string& entry) const {
+        return addresses_.mayDeleteEntry(side, entry);
+    }
 
     // The events of the boxes.
     void Change(OrderField field, const std::string& text);
@@ -68,6 +72,8 @@ class FieldHistories {
     void removeFrom(std::size_t history);
     template <class TextOf>
     void update(TextOf textOf);
+    /// The history of `unfinished` is read, but what stands in its box is not remembered.
+    void rememberAllBut(OrderField unfinished);
 
     const FileSystem& files_;
     const DataFolder& folder_;

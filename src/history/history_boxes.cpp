@@ -31,11 +31,13 @@ HistoryBox* HistoryBoxes::make(OrderField field, const QString& accessibleName) 
 
 void HistoryBoxes::bind(HistoryBox* box, AddressSide side) {
     box->onFocus = [this, side] { histories_.GotFocus(side); };
-    box->setForget([this, box, side](const QString& entry) {
-        const bool listed = box->findText(entry, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0;
-        if (!listed || entry != box->currentText()) return;
+    const auto forget = [this, side](const QString& entry) {
         histories_.GotFocus(side);
+        histories_.CurrentHistoryText = fromQt(entry);
         histories_.RemoveHistoryEntry();
+    };
+    box->setForget(forget, [this, side](const QString& entry) {
+        return histories_.mayDelete(side, fromQt(entry));
     });
 }
 

@@ -17,7 +17,7 @@ class HistoryBoxes {
     /// The box for a field of the histories.
     HistoryBox* make(OrderField field, const QString& accessibleName);
 
-    /// In an address box, forgetting deletes the address shown.
+    /// In an address box, forgetting deletes from the address book.
     void bind(HistoryBox* box, AddressSide side);
 
     void refresh();

@@ -18,6 +18,10 @@ void expectManyRows(QAbstractItemView* view) {
     if (auto* list = qobject_cast<QListView*>(view)) list->setUniformItemSizes(true);
 }
 
+bool isShiftDelete(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Delete && event.modifiers() == Qt::ShiftModifier;
+}
+
 }  // namespace
 
 HistoryBox::HistoryBox(const char* name, const QString& accessibleName)
@@ -38,8 +42,10 @@ HistoryBox::HistoryBox(const char* name, const QString& accessibleName)
     completer()->popup()->installEventFilter(this);
 }
 
-void HistoryBox::setForget(std::function<void(const QString&)> forget) {
+void HistoryBox::setForget(std::function<void(const QString&)> forget,
+                           std::function<bool(const QString&)> mayForget) {
     forget_ = std::move(forget);
+    mayForget_ = std::move(mayForget);
     lineEdit()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(lineEdit(), &QWidget::customContextMenuRequested, this,
             [this](const QPoint& place) { openMenu(lineEdit()->mapToGlobal(place)); });
@@ -76,9 +82,9 @@ bool HistoryBox::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (watched == completer()->popup()) {
-            if (key->key() == Qt::Key_Tab && completer()->popup()->currentIndex().isValid()) {
-                return takeSuggestion();
-            }
+            const bool pointedAt = completer()->popup()->currentIndex().isValid();
+            if (pointedAt && key->key() == Qt::Key_Tab) return takeSuggestion();
+            if (pointedAt && isShiftDelete(*key)) return forgetSuggestion();
         } else if (takesKey(*key)) {
             return true;
         }
@@ -91,6 +97,24 @@ bool HistoryBox::takeSuggestion() {
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QApplication::sendEvent(completer()->popup(), &enter);
     focusNextChild();
+    return true;
+}
+
+/// Forgets the suggestion pointed at; the others stay, with the one that moved up pointed at.
+bool HistoryBox::forgetSuggestion() {
+    QAbstractItemView* const popup = completer()->popup();
+    const int row = popup->currentIndex().row();
+    const QString entry = popup->currentIndex().data().toString();
+    if (!forget_ || !mayForget_(entry)) return false;
+    forget_(entry);
+    completer()->setCompletionPrefix(currentText());  // the list is another one now
+    const int left = currentText().isEmpty() ? 0 : completer()->completionCount();
+    if (left == 0) {
+        popup->hide();
+        return true;
+    }
+    completer()->complete();
+    popup->setCurrentIndex(completer()->completionModel()->index(qMin(row, left - 1), 0));
     return true;
 }
 
@@ -110,13 +134,13 @@ void HistoryBox::goToShownEntry() {
 
 /// Shift+Delete forgets an entry, unless a part of the text is selected, which it cuts as ever.
 bool HistoryBox::takesKey(const QKeyEvent& event) {
-    const bool wanted = event.key() == Qt::Key_Delete && event.modifiers() == Qt::ShiftModifier;
-    if (!wanted || !forget_) return false;
+    if (!isShiftDelete(event) || !forget_) return false;
     const int row = view()->currentIndex().row();
     const bool open = view()->isVisible();
     const QString selected = lineEdit()->selectedText();
     if (!open && !selected.isEmpty() && selected != currentText()) return false;  // cuts it
     const QString entry = open && row >= 0 ? itemText(row) : currentText();
+    if (!mayForget_(entry)) return false;
     if (entry.isEmpty()) return true;
     forget_(entry);
     // The open list goes on with the entry that moved up.
@@ -144,8 +168,9 @@ void HistoryBox::openMenu(const QPoint& place) {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction* entry : menu->actions()) {
         if (entry->text() != QLineEdit::tr("Delete")) continue;
-        disconnect(entry, nullptr, lineEdit(), nullptr);
         entry->setObjectName(QStringLiteral("EditPop_Delete"));
+        if (!mayForget_(currentText())) continue;
+        disconnect(entry, nullptr, lineEdit(), nullptr);
         entry->setShortcut(QKeySequence(tr("Shift+Del")));
         entry->setEnabled(!currentText().isEmpty());
         connect(entry, &QAction::triggered, this, [this] { forget_(currentText()); });

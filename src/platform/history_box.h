@@ -24,8 +24,11 @@ class HistoryBox : public QComboBox {
     std::function<void()> onDropDown = [] {};
 
     /// Makes "Delete" of the pop-up menu, and Shift+Delete, forget an entry: the one shown, or the
-    /// one pointed at while the list is open.
-    void setForget(std::function<void(const QString& entry)> forget);
+    /// one pointed at in the open list or among the suggestions. Where `mayForget` says no, both
+    /// do what they do in any box.
+    void setForget(
+        std::function<void(const QString& entry)> forget,
+        std::function<bool(const QString& entry)> mayForget = [](const QString&) { return true; });
 
     /// What the list offers. The text shown stays.
     void setEntries(const std::vector<std::string>& entries);
@@ -45,10 +48,12 @@ class HistoryBox : public QComboBox {
   private:
     void goToShownEntry();
     bool takeSuggestion();
+    bool forgetSuggestion();
     bool takesKey(const QKeyEvent& event);
     void openMenu(const QPoint& place);
 
     std::function<void(const QString&)> forget_;
+    std::function<bool(const QString&)> mayForget_;
     QStringListModel* model_;
     std::vector<std::string> entries_;
 };

@@ -23,11 +23,7 @@ QString toQt(const std::string& text) {
 }
 
 std::string fromQt(const QString& text) {
-    std::string line = coded(text);
-    for (char& c : line) {
-        if (static_cast<unsigned char>(c) < 0x20) c = ' ';
-    }
-    return line;
+    return withoutControls(coded(text));
 }
 
 QString linesToQt(const std::string& text) {

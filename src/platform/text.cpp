@@ -34,6 +34,14 @@ std::string trimmedField(std::string_view field) {
     return withoutEnds(field, " \0"sv);
 }
 
+std::string withoutControls(std::string_view text) {
+    std::string out(text);
+    for (char& c : out) {
+        if (static_cast<unsigned char>(c) < 0x20) c = ' ';
+    }
+    return out;
+}
+
 std::string upper(std::string_view text) {
     const CodePage& page = systemCodePage();
     std::string out(text);

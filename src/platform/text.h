@@ -15,6 +15,9 @@ std::string trimmed(std::string_view text);
 /// that was never assigned (all zero bytes) reads as empty.
 std::string trimmedField(std::string_view field);
 
+/// The text with a blank for every control character, as the boxes of the windows hold it.
+std::string withoutControls(std::string_view text);
+
 /// Upper case by the letters of the code page (é becomes É).
 std::string upper(std::string_view text);
 

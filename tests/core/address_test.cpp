@@ -105,6 +105,22 @@ TEST_F(AddressFileTest, ALeftOverCopyIsRemovedOnceNobodyCanBeWritingIt) {
     EXPECT_EQ(bytes(), copy);
 }
 
+TEST_F(AddressFileTest, NamesWithControlCharactersAreFoundAsTheyAreListed) {
+    file_.import(kVendor, {{"Acme\tTools", "1"}, {"\nBolt", "2"}}, [](int) {});
+    const std::string imported = bytes();
+    EXPECT_EQ(listedName(file_.readAll()[0]), "Acme Tools");
+    EXPECT_EQ(file_.findNamed(file_.readAll(), "Bolt")->Address.front(), '2');
+    file_.append(kVendor, "Acme Tools", "3");
+    EXPECT_EQ(file_.findNamed(file_.readAll(), "Acme Tools")->Address.front(), '3');
+    file_.removeNamed("Acme Tools");  // the one that is stored so
+    EXPECT_EQ(bytes(), imported);
+    EXPECT_EQ(file_.rewrite(kVendor, "ACME TOOLS", "4"), file_.readAll()[0].Tag);
+    EXPECT_EQ(bytes().size(), imported.size());
+    file_.removeNamed("Bolt");
+    EXPECT_EQ(bytes().substr(10, 60), padded("ACME TOOLS", 60));
+    EXPECT_EQ(bytes().size(), 570u);
+}
+
 class AddressBookTest : public Office {
   protected:
     const AddressBook::Shown& vendor() { return program().addresses.shown(AddressSide::Vendor); }
@@ -119,6 +135,18 @@ class AddressBookTest : public Office {
     void pick(AddressSide side, const std::string& name) {
         program().addresses.Combo_Change(side, name);
         program().addresses.Combo_Click(side);
+    }
+    void saveOrder() {
+        if (program().open.isPending()) {
+            prompts.expect(yesNo("Save new Bramblet Number?", "Save PO?"), Answer::Yes);
+        }
+        program().editor.SaveChanges_Click();
+    }
+    std::string document() const { return contentOf(data("000001.htm")); }
+    std::string stored(const std::string& name) {
+        AddressFile file(FileSystem(), data("po_addy.dat"));
+        const auto record = file.findNamed(file.readAll(), name);
+        return record ? trimmedField(record->Address) : "none";
     }
 };
 
@@ -165,6 +193,110 @@ TEST_F(AddressBookTest, SavingOneSideKeepsWhatWasTypedOnTheOther) {
     save(AddressSide::Vendor, "Acme", "A Road");
     EXPECT_EQ(order().ShipToField, "not saved yet");
     EXPECT_TRUE(program().addresses.shown(AddressSide::Destination).changedEnabled);
+}
+
+TEST_F(AddressBookTest, AnAddressClearedByHandStaysCleared) {
+    start();
+    save(AddressSide::Vendor, "Acme", "A Road");
+    newOrder();
+    pick(AddressSide::Vendor, "Acme");
+    program().addresses.Field_Change(AddressSide::Vendor, "");
+    program().addresses.pickTypedName(AddressSide::Vendor);  // the name box is left
+    saveOrder();
+    EXPECT_EQ(order().ToField, "");
+    EXPECT_EQ(document().find("A Road"), std::string::npos);
+    // Another vendor's name typed over it brings that one's address.
+    save(AddressSide::Destination, "Depot", "D Road");
+    save(AddressSide::Vendor, "Bolt", "B Road");
+    pick(AddressSide::Vendor, "Acme");
+    program().addresses.Field_Change(AddressSide::Vendor, "");
+    program().addresses.Combo_Change(AddressSide::Vendor, "Bolt");
+    saveOrder();
+    EXPECT_EQ(order().ToField, "B Road");
+}
+
+TEST_F(AddressBookTest, ATypedNameNeverTakesTheAddressOfTheOneBefore) {
+    for (const bool pending : {true, false}) {
+        // Listed; but for letter case; on the other side.
+        for (const char* typed : {"Bolt", "bolt", "DEPOT"}) {
+            for (const char* file : {"po_addy.dat", "po_data.dat", "000001.htm"})
+                std::filesystem::remove(data(file));
+            start();
+            save(AddressSide::Destination, "Depot", "D Road");
+            save(AddressSide::Vendor, "Bolt", "B Road");
+            save(AddressSide::Vendor, "Acme", "A Road");
+            if (!pending) newOrder();
+            pick(AddressSide::Vendor, "Acme");
+            program().addresses.Combo_Change(AddressSide::Vendor, typed);
+            if (!pending) program().addresses.Changed_Click(AddressSide::Vendor);
+            saveOrder();
+            const std::string own = typed == std::string("DEPOT") ? "D Road" : "B Road";
+            EXPECT_EQ(order().ToField, own) << typed;
+            EXPECT_EQ(stored(typed), own) << typed;
+            EXPECT_EQ(stored("Acme"), "A Road");
+            EXPECT_EQ(document().find("A Road"), std::string::npos) << typed;
+        }
+    }
+}
+
+TEST_F(AddressBookTest, AnEditedAddressIsStoredUnderTheNameTypedForIt) {
+    start();
+    save(AddressSide::Vendor, "Acme", "A Road");
+    save(AddressSide::Vendor, "Bolt", "B Road");
+    newOrder();
+    program().addresses.Field_Change(AddressSide::Vendor, "New Road");
+    program().addresses.Combo_Change(AddressSide::Vendor, "Bolt");
+    program().addresses.Changed_Click(AddressSide::Vendor);
+    EXPECT_EQ(stored("Bolt"), "New Road");
+}
+
+TEST_F(AddressBookTest, AnAddressWithoutANameStaysOverTheFirstSave) {
+    start();
+    program().addresses.Field_Change(AddressSide::Destination, "Gate 4");
+    saveOrder();
+    EXPECT_EQ(order().ShipToField, "Gate 4");
+    EXPECT_NE(document().find("Gate 4"), std::string::npos);
+    EXPECT_EQ(contentOf(data("po_addy.dat")), "");
+    newOrder();
+    EXPECT_EQ(order().ShipToField, "");
+}
+
+TEST_F(AddressBookTest, SavingAVendorListsItsItemsAndIsWorthSaving) {
+    start();
+    for (const char* vendor : {"Acme", "Bolt"}) {
+        program().stock.boxes = {"", vendor, "ea", std::string("of ") + vendor, "1"};
+        program().stock.SaveNewStockItem_Click();
+    }
+    program().stock.VendorItemsCheck_Click(true);
+    EXPECT_EQ(program().stock.rowCount(), 2);
+    save(AddressSide::Vendor, "Bolt", "B Road");
+    EXPECT_EQ(program().stock.rowCount(), 1);
+    EXPECT_TRUE(program().open.SaveChangesEnabled);
+    EXPECT_FALSE(program().open.OrderDirty);  // still pending
+    program().addresses.Delete_Click(AddressSide::Vendor);
+    EXPECT_EQ(program().stock.rowCount(), 2) << "of any vendor again";
+}
+
+TEST_F(AddressBookTest, WhatMayBeDeletedFromTheNameBox) {
+    start();
+    save(AddressSide::Destination, "Depot", "D Road");
+    save(AddressSide::Vendor, "Bolt", "B Road");
+    save(AddressSide::Vendor, "Acme", "A Road");
+    const auto mayDelete = [&](const char* entry) {
+        return program().addresses.mayDeleteEntry(AddressSide::Vendor, entry);
+    };
+    EXPECT_FALSE(mayDelete("Acme")) << "the delete command is disabled";
+    pick(AddressSide::Vendor, "Acme");
+    EXPECT_TRUE(mayDelete("Acme"));
+    EXPECT_TRUE(mayDelete("Bolt")) << "pointed at in the list";
+    EXPECT_FALSE(mayDelete("Depot")) << "listed on the other side only";
+    program().addresses.Combo_Change(AddressSide::Vendor, "Bolt");
+    EXPECT_FALSE(mayDelete("Bolt")) << "only typed";
+
+    pick(AddressSide::Vendor, "Acme");
+    program().addresses.deleteEntry(AddressSide::Vendor, "Bolt");
+    EXPECT_EQ(order().ToCombo + ", " + order().ToField, "Acme, A Road");
+    EXPECT_EQ(vendor().names, std::vector<std::string>{"Acme"});
 }
 
 TEST_F(AddressBookTest, ARefillDoesNotChangeTheOrderButShowsTheBookAnew) {
