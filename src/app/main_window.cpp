@@ -29,7 +29,6 @@ namespace bramblet {
 MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waiting)
     : program_(program), prompts_(prompts), waiting_(waiting) {
     setObjectName(QStringLiteral("MainWindow"));
-    setWindowTitle(QStringLiteral("Bramblet"));
     order_ = new OrderPanel(program.editor, program.addresses, program.histories, program.open,
                             program.formats().firstDayOfWeek);
     lines_ = new LinesPanel(program.lines, program.open, program.stock, program.formats(), prompts);
@@ -55,8 +54,8 @@ MainWindow::~MainWindow() {
     program_.savedOrders.onChange = [] {};
     program_.stock.onListChange = [] {};
     program_.stock.onPick = [] {};
-    program_.editor.setCaption = [](const std::string&) {};
     program_.lines.showDialog = nullptr;
+    program_.lines.showLine = [](int) {};
     program_.viewer.showViewer = [] {};
     program_.browser.showHelp = [] {};
     program_.contactImport.showDialog = [] {};
@@ -209,9 +208,6 @@ void MainWindow::watchCore() {
     program_.savedOrders.onChange = [this] { lists_->refreshOrders(); };
     program_.stock.onListChange = [this] { lists_->refreshStock(); };
     program_.stock.onPick = [this] { lists_->stock()->refreshEditor(); };
-    program_.editor.setCaption = [this](const std::string& caption) {
-        setWindowTitle(toQt(caption));
-    };
     const auto show = [this](const std::string& line) {
         waitingLine_ = messageToQt(line);
         showLine(waitingLine_);
@@ -226,6 +222,7 @@ void MainWindow::watchCore() {
 }
 
 void MainWindow::refresh() {
+    setWindowTitle(toQt(program_.open.caption));
     order_->refresh();
     lines_->refresh();
     totals_->refresh();

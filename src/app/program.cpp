@@ -30,6 +30,7 @@ Program::Program(Environment environment, Prompts& prompts)
       backup(files_, folder, settings, prompts),
       settingsEditor(files_, folder, settings, prompts),
       browser(files_, settingsFile_.homeFolder(), environment_.desktop, prompts) {
+    prompts.onCommand = [this] { open.showCaption(kUsualCaption); };
     lines.totalUp = [this] { editor.TotalUp_Click(); };
     addresses.onVendorPicked = [this] { stock.PopStockList(); };
     backup.onRestored = [this] { refillLists(); };

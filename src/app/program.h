@@ -50,6 +50,9 @@ class Program {
     /// Loads the settings and checks the data folder; both may speak to the user. Throws
     /// StartGivenUp when the settings cannot be used and the user would rather leave.
     Program(Environment environment, Prompts& prompts);
+    ~Program() {
+        prompts_.onCommand = [] {};
+    }
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 

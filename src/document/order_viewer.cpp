@@ -20,6 +20,7 @@ OrderViewer::OrderViewer(const FileSystem& files, const DataFolder& folder,
 void OrderViewer::MakeOrder_Click() {
     const Prompts::Command command(prompts_);
     if (!folder_.available(prompts_)) return;
+    editor_.pickTypedNames();
     try {
         path_ =
             open_.isPending() ? folder_.file("po.htm") : folder_.documentPath(open_.order.PONoEd);

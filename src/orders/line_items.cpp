@@ -16,6 +16,12 @@ LineEntry entryOf(const OrderLine& line) {
     return {line[kQuantity], line[kUnit], line[kDescription], line[kUnitCost]};
 }
 
+/// A text as a cell of a line: a tab or a line break would end the cell or the line when the
+/// order's document is read again.
+std::string textCell(const std::string& text) {
+    return trimmed(withoutControls(text));
+}
+
 double checkedNumber(const std::string& text, const std::string& box,
                      const RegionalFormats& formats) {
     try {
@@ -28,8 +34,8 @@ double checkedNumber(const std::string& text, const std::string& box,
 }  // namespace
 
 LineEntry storedEntry(const LineEntry& boxes) {
-    LineEntry stored{cleanedNumber(boxes.quantity), trimmed(boxes.unit), trimmed(boxes.description),
-                     cleanedNumber(boxes.unitCost)};
+    LineEntry stored{cleanedNumber(boxes.quantity), textCell(boxes.unit),
+                     trimmed(boxes.description), cleanedNumber(boxes.unitCost)};
     for (char& c : stored.description) {
         const auto code = static_cast<unsigned char>(c);
         if (code < 32 || code > 126) c = ' ';
@@ -61,7 +67,7 @@ void LineItems::OrderPop_OneTime_Click() {
     OrderLine line;
     store(line, entry);
     open_.order.lines.push_back(line);
-    finish();
+    finishAdding();
 }
 
 void LineItems::OrderPop_DescriptionOverride_Click(int row) {
@@ -109,8 +115,8 @@ void LineItems::StockGrid_DblClick(const StockList& list, int row) {
         const double total = toDouble(list.item(row).UnitCost) * quantity;
         OrderLine line;
         line[kQuantity] = std::to_string(quantity);
-        line[kUnit] = list.cell(row, StockColumn::Unit);
-        line[kDescription] = list.cell(row, StockColumn::Description);
+        line[kUnit] = textCell(list.cell(row, StockColumn::Unit));
+        line[kDescription] = textCell(list.cell(row, StockColumn::Description));
         line[kUnitCost] = list.cell(row, StockColumn::UnitCost);
         line[kLineTotal] = standardText(toCurrency(total), formats_);
         line[kFileNumber] = fileNumber;
@@ -121,7 +127,7 @@ void LineItems::StockGrid_DblClick(const StockList& list, int row) {
         prompts_.say("The item was not added: " + fault.inWords());
         return;
     }
-    finish();
+    finishAdding();
 }
 
 bool LineItems::hasLine(int row) const {
@@ -146,6 +152,11 @@ void LineItems::finish() {
     open_.markWorthSaving();
     totalUp();
     open_.onChange();
+}
+
+void LineItems::finishAdding() {
+    finish();
+    showLine(static_cast<int>(open_.order.lines.size()) - 1);
 }
 
 }  // namespace bramblet

@@ -26,8 +26,8 @@ struct LineEntry {
 using LineDialog =
     std::function<std::optional<LineEntry>(const LineEntry& entry, const std::string& caption)>;
 
-/// What the dialog's Save stores of its boxes: texts trimmed, control characters and all beyond
-/// ASCII in the description replaced by blanks, amounts reduced to digits, "." and ",".
+/// What the dialog's Save stores of its boxes: texts trimmed, control characters and in the
+/// description all beyond ASCII replaced by blanks, amounts reduced to digits, "." and ",".
 LineEntry storedEntry(const LineEntry& boxes);
 
 /// As `storedEntry`; throws BoxFault when an amount cannot be read even so.
@@ -42,6 +42,9 @@ class LineItems {
     LineItems(OpenOrder& open, const RegionalFormats& formats, Prompts& prompts);
 
     LineDialog showDialog;
+
+    /// Called when a line has been added or raised: makes line `row` current and shows it.
+    std::function<void(int row)> showLine = [](int) {};
 
     /// Called at the end of every change of the lines: totals the order.
     std::function<void()> totalUp = [] {};
@@ -73,6 +76,7 @@ class LineItems {
     bool hasLine(int row) const;
     void store(OrderLine& line, const LineEntry& entry) const;
     void finish();
+    void finishAdding();
 
     OpenOrder& open_;
     const RegionalFormats& formats_;

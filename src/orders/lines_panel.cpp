@@ -66,6 +66,10 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const StockList&
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(grid_);
     lines_.showDialog = lineDialog(stock, formats, prompts);
+    lines_.showLine = [this](int row) {
+        grid_->showRow(row);
+        grid_->scrollTo(model_->index(row, kDescription));
+    };
 }
 
 std::string LinesPanel::widestAmount(std::size_t column) const {
@@ -88,8 +92,6 @@ void LinesPanel::refresh() {
 
 void LinesPanel::addOneTimeItem() {
     lines_.OrderPop_OneTime_Click();
-    grid_->showRow(model_->rowCount() - 1);
-    grid_->scrollToBottom();
 }
 
 void LinesPanel::editCurrentLine() {

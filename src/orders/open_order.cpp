@@ -4,11 +4,18 @@
 
 namespace bramblet {
 
+void OpenOrder::showCaption(const std::string& wanted) {
+    if (caption == wanted) return;
+    caption = wanted;
+    onChange();
+}
+
 bool OpenOrder::isPending() const {
     return trimmed(order.PONoEd) == kPendingNumber;
 }
 
 void OpenOrder::MarkOrderChanged() {
+    caption = kUsualCaption;
     if (isPending()) return;
     SaveChangesEnabled = true;
     OrderDirty = true;
@@ -22,6 +29,7 @@ void OpenOrder::markWorthSaving() {
 void OpenOrder::markSaved() {
     SaveChangesEnabled = false;
     OrderDirty = false;
+    storedNumber = isPending() ? std::string() : trimmed(order.PONoEd);
 }
 
 }  // namespace bramblet

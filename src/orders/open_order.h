@@ -8,6 +8,9 @@
 
 namespace bramblet {
 
+/// What the main window is called when no command has anything else to say there.
+inline constexpr const char* kUsualCaption = "Bramblet";
+
 class OpenOrder {
   public:
     /// Called after every change of the order or of the state below.
@@ -21,6 +24,16 @@ class OpenOrder {
     bool Save_POEnabled = false;
     /// Whether the number box takes typing.
     bool numberUnlocked = false;
+    /// The number under which the order was opened or last saved, though that may have failed;
+    /// empty when neither has been.
+    std::string storedNumber;
+    /// Whether a save has met a date that cannot be read, and it is still there.
+    bool dateRefused = false;
+    /// The main window's caption.
+    std::string caption = kUsualCaption;
+
+    /// Until the next command or edit.
+    void showCaption(const std::string& wanted);
 
     bool isPending() const;
 

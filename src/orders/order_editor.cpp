@@ -27,19 +27,17 @@ std::string orderNumberText(double number) {
 void OrderEditor::SaveChanges_Click() {
     const Prompts::Command command(at_.prompts);
     if (!at_.folder.available(at_.prompts)) return;
-    for (const AddressSide side : kAddressSides)
-        at_.addresses.pickTypedName(side);
+    pickTypedNames();
     if (at_.open.isPending()) {
         const Message question{"Save new Bramblet Number?", "Save PO?", Buttons::YesNo,
                                Icon::Question};
-        if (at_.prompts.ask(question) != Answer::Yes) return;
+        if (at_.prompts.ask(question) != Answer::Yes || !checkDates()) return;
         for (const AddressSide side : kAddressSides) {
             if (at_.addresses.shown(side).changedEnabled) at_.addresses.Changed_Click(side);
         }
         if (const auto number = nextNumber()) saveAs(*number, Histories::Remember);
     } else if (totalUp()) {
         write(Histories::Remember);
-        at_.open.Save_POEnabled = true;
     }
     at_.savedOrders.PopPOGrid();
     changed();
@@ -59,7 +57,6 @@ void OrderEditor::NewPO_Click() {
     at_.stock.PopStockList();
     saveAs(*number, Histories::LeaveAlone);
     at_.savedOrders.PopPOGrid();
-    at_.open.Save_POEnabled = true;
     changed();
 }
 
@@ -68,8 +65,8 @@ void OrderEditor::Save_PO_Click() {
     if (!at_.folder.available(at_.prompts)) return;
     if (offerToSave("Bramblet", "Save PO?") != Offer::GoOn) return;
     if (!confirm("Create new purchase order based on details currently displayed?")) return;
-    for (const AddressSide side : kAddressSides)
-        at_.addresses.pickTypedName(side);
+    pickTypedNames();
+    if (!checkDates()) return;
     const auto number = nextNumber();
     if (!number) return;
     const bool received = at_.open.order.MarkReceivedCheck;
@@ -93,21 +90,20 @@ void OrderEditor::Clear_Click() {
 void OrderEditor::make10_Click() {
     const Prompts::Command command(at_.prompts);
     if (!at_.folder.available(at_.prompts)) return;
-    for (const AddressSide side : kAddressSides)
-        at_.addresses.pickTypedName(side);
+    pickTypedNames();
+    if (!checkDates()) return;
     for (int copy = 1; copy <= kCopies; ++copy) {
         const auto number = nextNumber();
         if (!number || !saveAs(*number, Histories::Remember)) {
-            setCaption("Bramblet");
+            at_.open.showCaption(kUsualCaption);
             return;
         }
         at_.savedOrders.PopPOGrid();
         changed();
         at_.clock.waitOneSecond();
-        setCaption("making number " + std::to_string(copy));
+        at_.open.showCaption("making number " + std::to_string(copy));
     }
-    setCaption("done");
-    changed();
+    at_.open.showCaption("done");
 }
 
 void OrderEditor::Label11_DblClick() {
@@ -151,8 +147,10 @@ void OrderEditor::POPop_delete_Click(const std::string& orderNumber) {
 void OrderEditor::edit(OrderField field, const std::string& text) {
     if (at_.open.order.*field == text) return;
     at_.open.order.*field = text;
+    at_.open.dateRefused = at_.open.dateRefused && !datesAreReadable();
     at_.open.MarkOrderChanged();
     changed();
+    if (field == &Order::PONoEd) tellOfNumber();
 }
 
 void OrderEditor::MarkReceivedCheck_Click(bool received) {
@@ -184,6 +182,7 @@ void OrderEditor::clearOrder() {
         cleared.*box = zero;
     }
     at_.open.order = cleared;
+    at_.open.dateRefused = false;
     at_.addresses.showNone();
     TotalUp(at_.open.order, at_.taxFreight, at_.formats);
 }
@@ -200,6 +199,53 @@ OrderEditor::Offer OrderEditor::offerToSave(const std::string& named, const std:
             return Offer::GoOn;
         default:
             return Offer::Cancelled;
+    }
+}
+
+/// Said while the number is typed: once it is saved, the other order is gone.
+void OrderEditor::tellOfNumber() {
+    const std::string doubt = doubtAboutNumber();
+    if (!doubt.empty()) {
+        at_.prompts.say(doubt);
+    } else if (numberDoubted_) {
+        at_.prompts.sayDone("Number " + trimmed(at_.open.order.PONoEd) + " can be used");
+    }
+    numberDoubted_ = !doubt.empty();
+}
+
+std::string OrderEditor::doubtAboutNumber() const {
+    const std::string number = trimmed(at_.open.order.PONoEd);
+    if (number == at_.open.storedNumber || at_.open.isPending()) return {};
+    if (number.empty()) return "The order needs a number";
+    if (number.size() > kIndexNumberWidth) {
+        return "The list of orders holds only six characters of the number " + number;
+    }
+    switch (at_.savedOrders.useOf(number)) {
+        case NumberUse::Taken:
+            return "Number " + number + " is taken by another order, which saving would replace";
+        case NumberUse::TakenByDeleted:
+            return "Number " + number + " is taken by a deleted order, which saving would replace";
+        case NumberUse::Free:
+            break;
+    }
+    return {};
+}
+
+bool OrderEditor::datesAreReadable() const {
+    return isDate(&Order::OrderDateEd) && isDate(&Order::ShipDateEd);
+}
+
+/// Before a number is drawn: the list could not take the order, and the number would be drawn again
+/// for another one.
+bool OrderEditor::checkDates() {
+    try {
+        at_.index.checkDates(at_.open.order);
+        return true;
+    } catch (const Fault& fault) {
+        at_.prompts.say("The order was not saved: " + fault.inWords());
+        at_.open.dateRefused = true;
+        changed();
+        return false;
     }
 }
 
@@ -261,6 +307,7 @@ bool OrderEditor::write(Histories histories) {
         path = at_.folder.documentPath(order.PONoEd);
     });
     if (named) {
+        at_.open.storedNumber = trimmed(order.PONoEd);
         attempt(Loss::Work, "Order " + order.PONoEd + " was not entered in the list of orders: ",
                 [&] { at_.index.RecordData(order); });
         if (histories == Histories::Remember) at_.histories.trimTexts();
@@ -270,8 +317,10 @@ bool OrderEditor::write(Histories histories) {
         // Last: what is only a convenience keeps no order from being saved.
         if (histories == Histories::Remember) at_.histories.AddToUserFields();
     }
-    at_.open.markSaved();
+    at_.open.Save_POEnabled = true;
+    at_.open.dateRefused = !datesAreReadable();
     if (written) {
+        at_.open.markSaved();
         at_.settings.OrdersSavedCount += 1;
         if (trimmed(order.PONoEd).size() > kIndexNumberWidth) {
             at_.prompts.say("The list of orders holds only six characters of the number " +

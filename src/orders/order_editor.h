@@ -13,7 +13,6 @@
 #include "stock/stock_list.h"
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -39,9 +38,6 @@ class OrderEditor {
     };
     explicit OrderEditor(const Workplace& workplace) : at_(workplace) {}
 
-    /// Shows a text as the main window's caption.
-    std::function<void(const std::string&)> setCaption = [](const std::string&) {};
-
     void SaveChanges_Click();
     void NewPO_Click();
     void Save_PO_Click();
@@ -65,6 +61,8 @@ class OrderEditor {
     void MonthView1_DateClick(OrderField box, DayCount day);
     /// The day at which the calendar opens for a box: its own, or today.
     DayCount calendarStart(OrderField box) const;
+    /// Whether a date box holds a date, or nothing.
+    bool isDate(OrderField box) const { return at_.index.isDate(at_.open.order.*box); }
 
     /// Empties the order as the clear command does, without marking it changed.
     void clearOrder();
@@ -73,6 +71,8 @@ class OrderEditor {
     enum class Offer { GoOn, Cancelled, NotSaved };
     Offer offerToSave(const std::string& named, const std::string& title);
 
+    /// What was typed into the name boxes counts before the order is shown or saved.
+    void pickTypedNames() { at_.addresses.pickTypedNames(); }
     /// Totals the order up; false when the user has been told why that was not possible.
     bool totalUp();
     /// Writes the document of the order shown. Throws Fault.
@@ -80,7 +80,11 @@ class OrderEditor {
 
   private:
     bool confirm(const std::string& question);
+    void tellOfNumber();
+    std::string doubtAboutNumber() const;
+    bool datesAreReadable() const;
     // Each of these is none or false when the user has been told what went wrong.
+    bool checkDates();
     std::optional<std::string> nextNumber();
     enum class Histories { Remember, LeaveAlone };
     bool write(Histories histories);
@@ -90,6 +94,7 @@ class OrderEditor {
     void changed() { at_.open.onChange(); }
 
     Workplace at_;
+    bool numberDoubted_ = false;  ///< whether the status line speaks against the number typed
 };
 
 }  // namespace bramblet

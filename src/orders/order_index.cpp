@@ -37,6 +37,9 @@ constexpr std::array kAmounts{
     Amount{&OrderIndexRecord::SubTotal, &Order::SubTotalEd, "Sub Total"},
 };
 
+constexpr const char* kOrderDateLabel = "Order Date";
+constexpr const char* kShipDateLabel = "On Site";
+
 }  // namespace
 
 OrderIndex::OrderIndex(FileSystem files, std::filesystem::path path, const RegionalFormats& formats,
@@ -88,10 +91,10 @@ OrderIndexRecord OrderIndex::recordOf(const Order& order) const {
     record.Status = statusOf(order);
     record.Number = trimmed(order.PONoEd);
     record.Job = trimmed(order.JobNumberEd);
-    record.OrderDate = dateOf(order.OrderDateEd, "Order Date");
+    record.OrderDate = dateOf(order.OrderDateEd, kOrderDateLabel);
     record.Vendor = trimmed(order.ToCombo);
     record.ShipTo = trimmed(order.ShipToCombo);
-    record.ShipDate = dateOf(order.ShipDateEd, "On Site");
+    record.ShipDate = dateOf(order.ShipDateEd, kShipDateLabel);
     for (const auto& amount : kAmounts) {
         const std::string& text = order.*amount.box;
         try {
@@ -103,11 +106,25 @@ OrderIndexRecord OrderIndex::recordOf(const Order& order) const {
     return record;
 }
 
-double OrderIndex::dateOf(const std::string& text, const std::string& box) const {
+void OrderIndex::checkDates(const Order& order) const {
+    dateOf(order.OrderDateEd, kOrderDateLabel);
+    dateOf(order.ShipDateEd, kShipDateLabel);
+}
+
+bool OrderIndex::isDate(const std::string& text) const {
+    return readDate(text).has_value();
+}
+
+/// 0 for a blank text.
+std::optional<double> OrderIndex::readDate(const std::string& text) const {
     const std::string date = trimmed(text);
     if (date.empty()) return 0;
-    const auto days = parseDate(date, formats_, clock_.today());
-    if (!days) throw BoxFault(FaultNumber::TypeMismatch, box, date, "is not a date");
+    return parseDate(date, formats_, clock_.today());
+}
+
+double OrderIndex::dateOf(const std::string& text, const std::string& box) const {
+    const auto days = readDate(text);
+    if (!days) throw BoxFault(FaultNumber::TypeMismatch, box, trimmed(text), "is not a date");
     return *days;
 }
 

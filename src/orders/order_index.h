@@ -10,6 +10,7 @@
 #include "platform/regional_formats.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,11 @@ class OrderIndex {
     /// cannot be read; the file is then unchanged.
     void RecordData(const Order& order) const;
 
+    /// Throws BoxFault for a date that `RecordData` could not read.
+    void checkDates(const Order& order) const;
+    /// Whether a text can be read as a date, or is blank.
+    bool isDate(const std::string& text) const;
+
     /// One more than the highest number in the file, deleted orders included. Letters in a number
     /// are passed over; one that is no number even then holds nothing back.
     double NextPONumber() const;
@@ -61,6 +67,7 @@ class OrderIndex {
 
   private:
     OrderIndexRecord recordOf(const Order& order) const;
+    std::optional<double> readDate(const std::string& text) const;
     double dateOf(const std::string& text, const std::string& box) const;
 
     FileSystem files_;

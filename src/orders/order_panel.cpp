@@ -80,6 +80,7 @@ void OrderPanel::refresh() {
     number_->setReadOnly(!open_.numberUnlocked);
     (order.kind == OrderKind::Requisition ? requisition_ : purchaseOrder_)->setChecked(true);
     received_->setChecked(order.MarkReceivedCheck);
+    markDates();
     vendor_->refresh();
     shipTo_->refresh();
 }
@@ -114,10 +115,9 @@ QLayout* OrderPanel::makeStrip() {
     connect(received_, &QCheckBox::clicked, this,
             [this](bool checked) { editor_.MarkReceivedCheck_Click(checked); });
 
-    orderDate_ = dateBox("OrderDateEd", tr("The date of the order."));
-    boxes_.bind(orderDate_, &Order::OrderDateEd);
-    shipDate_ = dateBox("ShipDateEd", tr("When the goods are to be on site; may be empty."));
-    boxes_.bind(shipDate_, &Order::ShipDateEd);
+    orderDate_ = dateBox("OrderDateEd", &Order::OrderDateEd, tr("The date of the order."));
+    shipDate_ = dateBox("ShipDateEd", &Order::ShipDateEd,
+                        tr("When the goods are to be on site; may be empty."));
     orderDatePicker_ = datePicker("OrderDatePicker", tr("Select order date from calendar."),
                                   orderDate_, &Order::OrderDateEd);
     shipDatePicker_ = datePicker("ShipDatePicker", tr("Select on-site date from calendar."),
@@ -144,12 +144,29 @@ QLayout* OrderPanel::makeStrip() {
     return strip;
 }
 
-QLineEdit* OrderPanel::dateBox(const char* name, const QString& tip) {
+QLineEdit* OrderPanel::dateBox(const char* name, OrderField field, const QString& tip) {
     auto* box = new QLineEdit;
     box->setObjectName(QLatin1String(name));
     box->setToolTip(tip);
     box->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00/00000")) + 14);
+    boxes_.bind(box, field);
+    dates_.push_back({box, field, tip});
+    connect(box, &QLineEdit::editingFinished, this, &OrderPanel::markDates);
     return box;
+}
+
+/// A date that is still being typed is no date yet: it is marked when its box is left, and at once
+/// when a save has met it.
+void OrderPanel::markDates() {
+    for (const DateBox& date : dates_) {
+        const bool typing = date.box->hasFocus() && !open_.dateRefused;
+        const bool refused = !typing && !editor_.isDate(date.field);
+        const QString why = refused ? tr("\"%1\" is not a date.").arg(date.box->text()) : QString();
+        if (date.box->accessibleDescription() == why) continue;
+        markRefused(date.box, refused);
+        date.box->setToolTip(refused ? why : date.tip);
+        date.box->setAccessibleDescription(why);
+    }
 }
 
 QToolButton* OrderPanel::datePicker(const char* name, const QString& tip, QLineEdit* box,

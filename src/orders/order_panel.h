@@ -28,7 +28,8 @@ class OrderPanel : public QFrame {
     void refresh();
 
   private:
-    QLineEdit* dateBox(const char* name, const QString& tip);
+    QLineEdit* dateBox(const char* name, OrderField field, const QString& tip);
+    void markDates();
     QToolButton* datePicker(const char* name, const QString& tip, QLineEdit* box, OrderField field);
     QLayout* makeStrip();
     QLayout* makeTerms();
@@ -47,6 +48,12 @@ class OrderPanel : public QFrame {
     QCheckBox* received_;
     AddressPanel* vendor_;
     AddressPanel* shipTo_;
+    struct DateBox {
+        QLineEdit* box;
+        OrderField field;
+        QString tip;
+    };
+    std::vector<DateBox> dates_;
     QLineEdit* orderDate_;
     QLineEdit* shipDate_;
     QToolButton* orderDatePicker_;

@@ -40,6 +40,7 @@ void SavedOrders::PopPOGrid() {
     try {
         rows_ = index_.readAll();
         read_ = true;
+        collectNumbers();
     } catch (const Fault& fault) {
         read_ = false;
         prompts_.say("The list of saved orders was not read: " + fault.inWords(), Loss::List);
@@ -93,6 +94,22 @@ int SavedOrders::rowOf(const std::string& orderNumber) const {
         if (trimmedField(rows_[static_cast<std::size_t>(row)].Number) == orderNumber) return row;
     }
     return -1;
+}
+
+void SavedOrders::collectNumbers() {
+    numbers_.clear();
+    for (const auto& record : rows_) {
+        const bool deleted = trimmedField(record.Status) == kDeletedOrder;
+        numbers_.push_back(
+            {trimmedField(record.Number), deleted ? NumberUse::TakenByDeleted : NumberUse::Taken});
+    }
+}
+
+NumberUse SavedOrders::useOf(const std::string& orderNumber) const {
+    const auto known =
+        std::find_if(numbers_.begin(), numbers_.end(),
+                     [&](const KnownNumber& entry) { return entry.number == orderNumber; });
+    return known == numbers_.end() ? NumberUse::Free : known->use;
 }
 
 std::string SavedOrders::countText() const {

@@ -31,6 +31,9 @@ enum SavedOrderColumn : int {
     kSavedOrderColumns
 };
 
+/// Whether the index held an order number when it was read last.
+enum class NumberUse { Free, Taken, TakenByDeleted };
+
 class SavedOrders {
   public:
     SavedOrders(const OrderIndex& index, const DataFolder& folder, const RegionalFormats& formats,
@@ -68,6 +71,9 @@ class SavedOrders {
     /// The row of an order number; -1 when it is not listed.
     int rowOf(const std::string& orderNumber) const;
 
+    /// Listed or not: orders that the filters leave out have their numbers too.
+    NumberUse useOf(const std::string& orderNumber) const;
+
     int sortColumn() const { return sortColumn_; }
     bool sortedDescending() const { return descending_; }
 
@@ -77,6 +83,7 @@ class SavedOrders {
 
   private:
     bool isListed(const OrderIndexRecord& record) const;
+    void collectNumbers();
     std::string cellOf(const OrderIndexRecord& record, int column) const;
     void sort();
 
@@ -84,6 +91,11 @@ class SavedOrders {
     const DataFolder& folder_;
     const RegionalFormats& formats_;
     Prompts& prompts_;
+    struct KnownNumber {
+        std::string number;
+        NumberUse use;
+    };
+    std::vector<KnownNumber> numbers_;  ///< of all records
     std::vector<OrderIndexRecord> rows_;
     bool read_ = false;  ///< whether the rows are those of the last reading
     int sortColumn_ = kNumberColumn;

@@ -84,8 +84,12 @@ void SavedOrdersPanel::refreshList() {
     grid_->horizontalHeader()->setSortIndicator(orders_.sortColumn(), orders_.sortedDescending()
                                                                           ? Qt::DescendingOrder
                                                                           : Qt::AscendingOrder);
-    const int row = orders_.rowOf(open_.order.PONoEd);
+    const int row = rowOfShownOrder();
     if (row >= 0) grid_->showRow(row);
+}
+
+int SavedOrdersPanel::rowOfShownOrder() const {
+    return open_.storedNumber.empty() ? -1 : orders_.rowOf(open_.storedNumber);
 }
 
 void SavedOrdersPanel::deleteCurrentOrder() {
@@ -99,6 +103,15 @@ void SavedOrdersPanel::sortBy(int column) {
 
 void SavedOrdersPanel::openRow(int row) {
     editor_.POGrid_Click(orders_.number(row));
+    highlightShownOrder();
+}
+
+/// The order of the row clicked may not have been opened.
+void SavedOrdersPanel::highlightShownOrder() {
+    const int current = grid_->currentRow();
+    if (current >= 0 && orders_.number(current) == open_.storedNumber) return;
+    const int row = rowOfShownOrder();
+    row >= 0 ? grid_->showRow(row) : grid_->clearCurrentRow();
 }
 
 }  // namespace bramblet

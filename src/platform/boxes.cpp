@@ -2,6 +2,7 @@
 
 #include "platform/icons.h"
 #include "platform/qt_text.h"
+#include "platform/theme.h"
 
 #include <QPlainTextEdit>
 #include <QTextCursor>
@@ -50,6 +51,12 @@ void showText(QLineEdit* box, const std::string& text) {
 
 void showPath(QLineEdit* box, const std::filesystem::path& path) {
     show(box, pathToQt(path));
+}
+
+void markRefused(QLineEdit* box, bool refused) {
+    QPalette palette;
+    if (refused) palette.setColor(QPalette::Base, refusedColour());
+    box->setPalette(palette);
 }
 
 QString linesIn(const QPlainTextEdit* box) {

@@ -28,6 +28,9 @@ void showText(QLineEdit* box, const std::string& text);
 void showPath(QLineEdit* box, const std::filesystem::path& path);
 void showText(QPlainTextEdit* box, const std::string& lines);
 
+/// Tints a box whose text cannot be taken, or shows it as usual again.
+void markRefused(QLineEdit* box, bool refused);
+
 /// The lines of a box as they stand in it; no-break blanks stay what they are.
 QString linesIn(const QPlainTextEdit* box);
 

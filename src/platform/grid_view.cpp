@@ -59,6 +59,10 @@ void GridView::showRow(int row) {
     showingRow_ = false;
 }
 
+void GridView::clearCurrentRow() {
+    selectionModel()->clear();
+}
+
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
     if (!showingRow_ && current.isValid()) emit rowReached(current.row());

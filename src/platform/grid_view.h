@@ -23,6 +23,8 @@ class GridView : public QTableView {
     int currentRow() const;
     /// Makes a row current without telling that it has been reached.
     void showRow(int row);
+    /// Leaves no row current.
+    void clearCurrentRow();
     void reset() override;
 
   signals:

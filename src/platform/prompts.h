@@ -79,7 +79,13 @@ class Prompts {
 
     /// Empties the status bar: what the command before had to say is no longer news. For commands
     /// that only open a window, in which others follow.
-    void clearLine() { showStatus({}, Tone::Done); }
+    void clearLine() {
+        onCommand();
+        showStatus({}, Tone::Done);
+    }
+
+    /// Called when a command begins.
+    std::function<void()> onCommand = [] {};
 
     /// One command of the user, from its first line on: it clears what the one before it said, and
     /// what it says itself is collected. Commands run within one another count as one.

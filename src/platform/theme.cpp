@@ -140,4 +140,13 @@ QColor borderColour() {
     return QApplication::palette().color(QPalette::Mid);
 }
 
+QColor refusedColour() {
+    constexpr double kShare = 0.3;
+    const QColor base = QApplication::palette().color(QPalette::Base);
+    const QColor red("#d03030");
+    const auto mixed = [](int from, int to) { return qRound(from + kShare * (to - from)); };
+    return {mixed(base.red(), red.red()), mixed(base.green(), red.green()),
+            mixed(base.blue(), red.blue())};
+}
+
 }  // namespace bramblet

@@ -17,4 +17,7 @@ void applyTheme(QApplication& application, Theme theme);
 /// The thin lines around panels, in the colours of the theme applied last.
 QColor borderColour();
 
+/// The ground of a box whose text cannot be taken.
+QColor refusedColour();
+
 }  // namespace bramblet

@@ -75,6 +75,24 @@ TEST_F(LineItemsTest, WithoutALineNothingHappens) {
     EXPECT_FALSE(program().open.SaveChangesEnabled);
 }
 
+TEST_F(LineItemsTest, APickedItemsCellsStayCellsAndItsLineIsShown) {
+    std::vector<int> shown;
+    program().lines.showLine = [&](int row) { shown.push_back(row); };
+    program().stock.boxes = {"", "", "sq\tft", "Sheet\r\n2 mm\tcut", "4"};
+    program().stock.SaveNewStockItem_Click();
+    newOrder();
+    program().lines.StockGrid_DblClick(program().stock, 0);
+    addLine({"1", "ea", "other", "1"});
+    program().lines.StockGrid_DblClick(program().stock, 0);  // raised, and at the end now
+    EXPECT_EQ(shown, (std::vector<int>{0, 1, 1}));
+    const OrderLine raised{"2", "", "", "sq ft", "Sheet  2 mm cut", "4.00", "8.00", "1"};
+    EXPECT_EQ(line(1), raised);
+    program().editor.SaveChanges_Click();
+    program().editor.POGrid_Click("000001");
+    ASSERT_EQ(order().lines.size(), 2u);
+    EXPECT_EQ(line(1), raised);
+}
+
 TEST(LineEntryTest, WhatTheDialogStores) {
     const LineEntry stored = storedEntry({" 2 pcs ", " box ", " a\nb\tc\xE9~ ", "$1,200.00"});
     EXPECT_EQ(stored.quantity, "2");
@@ -82,6 +100,7 @@ TEST(LineEntryTest, WhatTheDialogStores) {
     EXPECT_EQ(stored.description, "a b c ~");
     EXPECT_EQ(stored.unitCost, "1,200.00");
     EXPECT_EQ(storedEntry({"", "", "", "free"}).unitCost, "0");
+    EXPECT_EQ(storedEntry({"1", "sq\tft", "", "1"}).unit, "sq ft");
     EXPECT_THROW(checkedEntry({"1", "", "", "1.2.3"}, {}), BoxFault);
     EXPECT_THROW(checkedEntry({"1.2.3", "", "", "1"}, {}), BoxFault);
 }

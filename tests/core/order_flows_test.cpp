@@ -55,6 +55,7 @@ TEST_F(OrderFlows, APendingOrderIsNumberedBySavingIt) {
     EXPECT_TRUE(saved("000001"));
     EXPECT_EQ(records(), 1u);
     expectChanged(false);
+    EXPECT_TRUE(open().Save_POEnabled);
     EXPECT_EQ(program().savedOrders.number(0), "000001");
     // Both addresses were stored first.
     EXPECT_EQ(contentOf(data("po_addy.dat")).size(), 2 * 570u);
@@ -148,21 +149,41 @@ TEST_F(OrderFlows, ClearKeepsNumberAndKindAndMarksANumberedOrder) {
 }
 
 TEST_F(OrderFlows, TenCopiesHaveConsecutiveNumbers) {
-    std::vector<std::string> captions;
-    editor().setCaption = [&](const std::string& caption) { captions.push_back(caption); };
-    newOrder();
+    std::vector<std::string> captions{open().caption};
+    program().open.onChange = [&] {
+        if (captions.back() != open().caption) captions.push_back(open().caption);
+    };
     editJob("J");
     editor().make10_Click();
-    EXPECT_EQ(order().PONoEd, "000011");
-    EXPECT_EQ(records(), 11u);
-    EXPECT_EQ(documentJob("000002"), "J");
-    EXPECT_EQ(documentJob("000011"), "J");
-    EXPECT_EQ(documentJob("000001"), "");
-    ASSERT_EQ(captions.size(), 11u);
-    EXPECT_EQ(captions[0], "making number 1");
-    EXPECT_EQ(captions[9], "making number 10");
-    EXPECT_EQ(captions[10], "done");
+    EXPECT_EQ(order().PONoEd, "000010");
+    EXPECT_EQ(records(), 10u);
+    EXPECT_EQ(documentJob("000001"), "J");
+    EXPECT_EQ(documentJob("000010"), "J");
+    ASSERT_EQ(captions.size(), 12u);
+    EXPECT_EQ(captions[0], "Bramblet");
+    EXPECT_EQ(captions[1], "making number 1");
+    EXPECT_EQ(captions[10], "making number 10");
+    EXPECT_EQ(captions[11], "done");
+    EXPECT_TRUE(open().Save_POEnabled);
     expectChanged(false);
+}
+
+TEST_F(OrderFlows, TheCaptionDoneGoesWithTheNextCommandOrEdit) {
+    const std::vector<std::function<void()>> next{
+        [&] { editJob("J"); },
+        [&] { editor().TotalUp_Click(); },
+        [&] { editor().POGrid_Click("000001"); },
+        [&] { program().viewer.MakeOrder_Click(); },
+        [&] { program().addresses.Combo_Change(AddressSide::Vendor, "A"); },
+        [&] { program().savedOrders.ListCheck_Click(&SavedOrders::ListCheckRE, false); },
+        [&] { editor().Clear_Click(); },
+    };
+    for (std::size_t i = 0; i < next.size(); ++i) {
+        editor().make10_Click();
+        EXPECT_EQ(open().caption, "done");
+        next[i]();
+        EXPECT_EQ(open().caption, "Bramblet") << i;
+    }
 }
 
 TEST_F(OrderFlows, UnlockingTheNumberLetsTheNumberingStartElsewhere) {
@@ -277,8 +298,69 @@ TEST_F(OrderFlows, AnUnreadableDateKeepsTheOrderChangedButWritesTheDocument) {
     EXPECT_EQ(documentJob("000001"), "J");
     EXPECT_EQ(job(1), "");
     expectChanged(true);
+    EXPECT_TRUE(open().dateRefused);
     EXPECT_NE(prompts.lastLine.find("\"soon\" in the box On Site is not a date"),
               std::string::npos);
+}
+
+TEST_F(OrderFlows, AnUnreadableDateIsFoundBeforeANumberIsDrawn) {
+    const std::vector<std::function<void()>> drawing{
+        [&] {
+            prompts.expect(saveNew(), Answer::Yes);
+            editor().SaveChanges_Click();
+        },
+        [&] {
+            prompts.expect(copy(), Answer::Yes);
+            editor().Save_PO_Click();
+        },
+        [&] { editor().make10_Click(); },
+    };
+    addLine({"1", "ea", "x", "1"});
+    for (const OrderField box : {&Order::OrderDateEd, &Order::ShipDateEd}) {
+        for (const auto& draw : drawing) {
+            editor().edit(box, "soon");
+            EXPECT_FALSE(open().dateRefused);
+            draw();
+            EXPECT_NE(prompts.lastLine.find("The order was not saved: \"soon\" in the box"),
+                      std::string::npos);
+            EXPECT_TRUE(open().dateRefused);
+            EXPECT_TRUE(open().SaveChangesEnabled);
+            EXPECT_EQ(order().PONoEd, "(PEND)");
+            EXPECT_EQ(records(), 0u);
+            EXPECT_FALSE(saved("000001"));
+            editor().edit(box, "3/20/2026");
+            EXPECT_FALSE(open().dateRefused);
+        }
+    }
+}
+
+TEST_F(OrderFlows, ATypedNumberIsDoubtedWhileItIsTyped) {
+    for (int i = 0; i < 3; ++i)
+        newOrder();  // 000003 is shown
+    prompts.expectSaying("Delete purchase order 000002 ?", Answer::Yes);
+    editor().POPop_delete_Click("000002");
+    program().savedOrders.ListCheck_Click(&SavedOrders::ListCheckPO, false);
+    EXPECT_EQ(program().savedOrders.rowCount(), 0);
+    const auto line = [&](const char* number) {
+        prompts.lastLine.clear();
+        editor().edit(&Order::PONoEd, number);
+        return prompts.lastLine;
+    };
+    EXPECT_EQ(line("00000"), "");
+    EXPECT_EQ(line("000001"),
+              "Number 000001 is taken by another order, which saving would replace.");
+    EXPECT_EQ(line("000002"),
+              "Number 000002 is taken by a deleted order, which saving would replace.");
+    EXPECT_EQ(line("000003"), "Number 000003 can be used") << "its own";
+    EXPECT_EQ(line("0000030"),
+              "The list of orders holds only six characters of the number 0000030.");
+    EXPECT_EQ(line(""), "The order needs a number.");
+    EXPECT_EQ(line("PO12"), "Number PO12 can be used");
+    EXPECT_EQ(line("PO123"), "");
+    editor().SaveChanges_Click();
+    EXPECT_EQ(line("PO12"), "");
+    EXPECT_EQ(line("PO123"), "") << "its own now";
+    EXPECT_NE(line("000003"), "") << "not its own any more";
 }
 
 TEST_F(OrderFlows, AnOrderThatCannotBeTotalledIsNotSavedAndGetsNoNumber) {

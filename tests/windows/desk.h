@@ -25,6 +25,7 @@ class Desk : public ::testing::Test {
     void open(const RegionalFormats& formats = {}) {
         driver.reset();
         window.reset();
+        program.reset();
         program = std::make_unique<Program>(
             Environment{desktop, documents.path(), formats, fixedClock(),
                         [this](const FileError& error) { waiting.waitForFile(error); }},

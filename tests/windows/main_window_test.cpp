@@ -136,6 +136,16 @@ TEST_F(MainWindowTest, PickingAnAddressFillsIt) {
     EXPECT_EQ(program->addresses.shown(AddressSide::Vendor).names.size(), 1u);
 }
 
+TEST_F(MainWindowTest, AnImportedNameWithATabIsPickedAndDeleted) {
+    AddressFile(FileSystem(), program->folder.file("po_addy.dat"))
+        .import(kVendor, {{"Acme\tTools", "1 Road"}}, [](int) {});
+    open();
+    driver->pick(name("ToCombo"), name("Acme Tools"));
+    EXPECT_EQ(text("ToField"), name("1 Road"));
+    click("DeleteVendor");
+    EXPECT_TRUE(program->addresses.shown(AddressSide::Vendor).names.empty());
+}
+
 TEST_F(MainWindowTest, OnlyAChoiceFromTheListPicksAnAddress) {
     for (const char* vendor : {"ACME", "Bolt", "Cole"}) {
         type("ToCombo", vendor);
@@ -182,6 +192,28 @@ TEST_F(MainWindowTest, FailuresStayInTheStatusBarAndGoodNewsGoesWithTheNextEdit)
     EXPECT_TRUE(status().contains(name("\"soon\" in the box On Site is not a date")));
     type("ByEd", "Ann");
     EXPECT_TRUE(status().contains(name("is not a date")));
+}
+
+TEST_F(MainWindowTest, ADateThatIsNoneIsMarkedWhenItsBoxIsLeftOrASaveMeetsIt) {
+    auto* box = driver->find<QLineEdit>(name("ShipDateEd"));
+    const auto marked = [&] {
+        return box->palette().color(QPalette::Base) !=
+               QApplication::palette().color(QPalette::Base);
+    };
+    const S usualTip = box->toolTip();
+    newOrder();
+    type("ShipDateEd", "so");
+    EXPECT_FALSE(marked()) << "still being typed";
+    driver->press(name("ShipDateEd"), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(marked());
+    EXPECT_EQ(box->toolTip(), name("\"so\" is not a date."));
+    type("ShipDateEd", "3/20/2026");
+    EXPECT_FALSE(marked());
+    EXPECT_EQ(box->toolTip(), usualTip);
+    type("ShipDateEd", "soon");
+    EXPECT_FALSE(marked());
+    driver->press(name("ShipDateEd"), Qt::Key_Tab);
+    EXPECT_TRUE(marked());
 }
 
 TEST_F(MainWindowTest, ALineThatCannotBeReadCanStillBeRemoved) {
@@ -275,6 +307,24 @@ TEST_F(MainWindowTest, HeadingsSortAndOpenNothing) {
     EXPECT_EQ(driver->find<QTableView>(name("POGrid"))->horizontalHeader()->sortIndicatorOrder(),
               Qt::AscendingOrder);
     EXPECT_EQ(text("PONoEd"), name("000002"));
+}
+
+TEST_F(MainWindowTest, CancelPutsTheHighlightBackOnTheOrderShown) {
+    newOrder();
+    newOrder();
+    type("ByEd", "changed");
+    const auto highlighted = [&] {
+        auto* grid = driver->find<QTableView>(name("POGrid"));
+        return driver->cell(name("POGrid"), grid->currentIndex().row(), kNumberColumn);
+    };
+    EXPECT_EQ(highlighted(), name("000002"));
+    driver->answer(name("Save changes to Bramblet Number 000002 ?"), QMessageBox::Cancel);
+    driver->clickCell(name("POGrid"), 1, kVendorColumn);
+    EXPECT_EQ(highlighted(), name("000002"));
+    driver->answer(name("Save changes to Bramblet Number 000002 ?"), QMessageBox::No);
+    driver->clickCell(name("POGrid"), 1, kVendorColumn);
+    EXPECT_EQ(highlighted(), name("000001"));
+    EXPECT_EQ(text("PONoEd"), name("000001"));
 }
 
 TEST_F(MainWindowTest, FiltersStartCheckedAndTheCountIsInTheToolTip) {
@@ -407,7 +457,7 @@ TEST_F(WaitingTest, TheWindowDoesNotCloseAndTheOrderDoesNotChangeMeanwhile) {
     type("ToCombo", "Acme");
     type("ToField", "A Road");
     click("ChangedVendor");
-    type("ToField", "");
+    click("Clear");
     type("ToCombo", "Acm");
     saveWhile([&] {
         window->close();

@@ -84,6 +84,34 @@ TEST_F(StockWindows, ItemsAreTypedPickedAndAddedToTheOrder) {
     EXPECT_EQ(text("StockVendorCombo"), name("Eastgate"));
 }
 
+TEST_F(StockWindows, ThePickedItemsLineIsCurrentAndInView) {
+    saveItem("Hinges", "Eastgate", "Hinge", "7.45");
+    saveItem("Screws", "Brightwell", "Screw", "0.125");
+    auto* lines = driver->find<QTableView>(name("OrderGrid"));
+    driver->doubleClickCell(name("StockGrid"), 0, 1);
+    for (int i = 0; i < 40; ++i)
+        program->open.order.lines.push_back({"1", "", "", "ea", "x", "1", "1.00", "special"});
+    program->open.onChange();
+    lines->selectRow(3);
+    const auto expectLast = [&](const char* description) {
+        const int row = lines->currentIndex().row();
+        EXPECT_EQ(row, driver->rows(name("OrderGrid")) - 1);
+        EXPECT_EQ(driver->cell(name("OrderGrid"), row, kDescription), name(description));
+        EXPECT_TRUE(lines->viewport()->rect().contains(
+            lines->visualRect(lines->model()->index(row, kDescription)).center()));
+    };
+    driver->doubleClickCell(name("StockGrid"), 1, 1);
+    expectLast("Screw");
+    lines->selectRow(3);
+    driver->doubleClickCell(name("StockGrid"), 0, 1);  // raised from the first line
+    expectLast("Hinge");
+    driver->onNextDialog([&](QWidget&) {
+        EXPECT_EQ(driver->text(name("Text1")), name("Hinge"));
+        driver->click(name("Cancel"));
+    });
+    driver->trigger(name("mu_EditItem"));  // F2
+}
+
 TEST_F(StockWindows, SavingAChangeKeepsTheItemPicked) {
     saveItem("Hinges", "Eastgate", "Soft close hinge", "7.45");
     driver->clickCell(name("StockGrid"), 0, 0);
