@@ -14,7 +14,7 @@ std::string padded(const std::string& text, std::size_t width) {
 
 class AddressFileTest : public ::testing::Test {
   protected:
-    std::string path() const { return folder_ / "po_addy.dat"; }
+    std::filesystem::path path() const { return folder_ / "po_addy.dat"; }
     std::string bytes() const { return contentOf(path()); }
     /// "V3 Acme" for each record.
     std::vector<std::string> entries() {

@@ -39,7 +39,7 @@ class ContactImportTest : public Office {
         writeFile(documents / "contacts.dat", content);
         choosePath(documents / "contacts.dat", good);
     }
-    void choosePath(const std::optional<std::string>& path, bool good = true) {
+    void choosePath(const std::optional<std::filesystem::path>& path, bool good = true) {
         prompts.expectChoice("", path);
         if (!good) prompts.expect(corrupt);
         dialog().Command1_Click();

@@ -15,7 +15,7 @@ class OrderIndexTest : public ::testing::Test {
     OrderIndex index(const RegionalFormats& formats = kFormats) const {
         return OrderIndex(FileSystem(), path(), formats, fixedClock());
     }
-    std::string path() const { return folder_ / "po_data.dat"; }
+    std::filesystem::path path() const { return folder_ / "po_data.dat"; }
     std::string bytes() const { return contentOf(path()); }
     static Order numbered(const std::string& number) {
         Order order;

@@ -288,7 +288,7 @@ TEST_F(Stock, APickedQuantityIsAWholeNumberWithinSixteenBits) {
 
 class Exchange : public Stock {
   protected:
-    std::string file() const { return documents / "items.sid"; }
+    std::filesystem::path file() const { return documents / "items.sid"; }
     static Message warning() {
         return {
             "It is strongly suggested that you run a complete data backup before performing an "
@@ -302,7 +302,7 @@ class Exchange : public Stock {
         program().stockExchange.mu_ImportStockItems_Click();
     }
     Message finished(int count) const {
-        return {file() + " contains " + std::to_string(count) +
+        return {file().string() + " contains " + std::to_string(count) +
                     " stock item records.\r\n\r\nThese can be imported into any other "
                     "\"Bramblet\" or \"Hollowmere\" installation (version 1.5 or higher).",
                 "Finished", Buttons::Ok, Icon::Information};

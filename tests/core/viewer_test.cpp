@@ -143,7 +143,7 @@ TEST_F(Viewer, APdfReplacesAnotherFileOnlyWhenTheUserSaysSo) {
     const std::filesystem::path path = documents / "1.pdf";
     const Message question{"File already exists - do you want to replace it?", "Confirm",
                            Buttons::YesNo, Icon::Exclamation};
-    const auto save = [&](const std::string& where, const std::string& pdf,
+    const auto save = [&](const std::filesystem::path& where, const std::string& pdf,
                           std::optional<Answer> replace = std::nullopt) {
         prompts.expectChoice("000001.pdf", where);
         if (replace) prompts.expect(question, *replace);
