@@ -5,11 +5,32 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace bramblet {
 namespace {
 
 bool inCodePage(const QString& text) {
     return toQt(fromQt(text)) == text;
+}
+
+/// Without the marks that only direct how a text is laid out from right to left.
+QString withoutMarks(QString text) {
+    text.removeIf([](QChar c) { return c.category() == QChar::Other_Format; });
+    return text;
+}
+
+/// With 0 to 9 in place of the region's own digits.
+QString withPlainDigits(const QString& text) {
+    QString plain;
+    for (const char32_t point : text.toUcs4()) {
+        if (QChar::isDigit(point)) {
+            plain += QString::number(QChar::digitValue(point));
+        } else {
+            plain += QStringView(QChar::fromUcs4(point));
+        }
+    }
+    return plain;
 }
 
 /// A separator of the locale in the code page: every kind of blank is the no-break blank there,
@@ -23,14 +44,14 @@ std::string separator(const QString& text, const char* otherwise) {
 std::string currencySign(const QLocale& locale) {
     QString sign = locale.currencySymbol(QLocale::CurrencySymbol);
     sign.replace(QChar(0xFFE5), QChar(0xA5));  // the full-width yen sign
-    if (sign.isEmpty()) sign = QStringLiteral("$");
-    if (inCodePage(sign)) return fromQt(sign);
-    return fromQt(locale.currencySymbol(QLocale::CurrencyIsoCode));
+    // A currency without a sign of its own goes by its three letters.
+    if (sign.isEmpty() || !inCodePage(sign)) sign = locale.currencySymbol(QLocale::CurrencyIsoCode);
+    return sign.isEmpty() ? "$" : fromQt(sign);
 }
 
 /// Decimals of a currency; the locale writes them out in an amount of its own.
 int currencyDecimals(const QLocale& locale) {
-    const QString amount = locale.toCurrencyString(1.0);
+    const QString amount = withPlainDigits(locale.toCurrencyString(1.0));
     const auto point = amount.lastIndexOf(locale.decimalPoint());
     if (point < 0) return 0;
     int decimals = 0;
@@ -45,23 +66,24 @@ struct Around {
     std::string suffix;
 };
 Around around(const QLocale& locale, double amount, const std::string& sign) {
-    const QString text = locale.toCurrencyString(amount);
-    static const QRegularExpression digits(QStringLiteral("\\d([\\d\\D]*\\d)?"));
-    const auto match = digits.match(text);
+    const QString text = withPlainDigits(locale.toCurrencyString(amount));
+    const auto isDigit = [](QChar c) { return c.isDigit(); };
+    const auto first = std::find_if(text.begin(), text.end(), isDigit) - text.begin();
+    const auto last = text.rend() - std::find_if(text.rbegin(), text.rend(), isDigit);
     const auto adapted = [&](QString part) {
-        part.replace(locale.currencySymbol(QLocale::CurrencySymbol), toQt(sign));
+        const QString symbol = locale.currencySymbol(QLocale::CurrencySymbol);
+        if (!symbol.isEmpty()) part.replace(symbol, toQt(sign));
         part.replace(QChar(0x2212), QLatin1Char('-'));  // the minus sign
         for (QChar& c : part) {
             if (c.isSpace()) c = QChar(0xA0);
         }
-        part.remove(QChar(0x200E)).remove(QChar(0x200F));
-        return fromQt(part);
+        return fromQt(withoutMarks(part));
     };
-    return {adapted(text.left(match.capturedStart())), adapted(text.mid(match.capturedEnd()))};
+    return {adapted(text.left(first)), adapted(text.mid(last))};
 }
 
 std::vector<int> grouping(const QLocale& locale) {
-    const QString number = locale.toString(123456789.0, 'f', 0);
+    const QString number = withPlainDigits(locale.toString(123456789.0, 'f', 0));
     std::vector<int> groups;
     int digits = 0;
     for (auto i = number.size() - 1; i >= 0; --i) {
@@ -79,7 +101,7 @@ std::vector<int> grouping(const QLocale& locale) {
 
 std::string shortDate(const QLocale& locale) {
     QString pattern = locale.dateFormat(QLocale::ShortFormat);
-    pattern.remove(QLatin1Char('\'')).remove(QChar(0x200E)).remove(QChar(0x200F));
+    pattern = withoutMarks(pattern.remove(QLatin1Char('\'')));
     static const QRegularExpression year(QStringLiteral("y+"));
     pattern.replace(year, QStringLiteral("yyyy"));
     static const QRegularExpression monthName(QStringLiteral("MMM+"));

@@ -1,0 +1,74 @@
+// The formats of every region that Qt knows can be written in the code page and read back.
+
+#include "platform/system_formats.h"
+
+#include "document/amount_text.h"
+#include "platform/fault.h"
+#include "platform/qt_text.h"
+
+#include <gtest/gtest.h>
+
+namespace bramblet {
+namespace {
+
+/// Whether an amount comes back from how it is written.
+bool isReadBack(double amount, const std::string& written, const RegionalFormats& formats) {
+    try {
+        return numberOf(written, formats) == amount;
+    } catch (const Fault&) {
+        return false;
+    }
+}
+
+TEST(RegionalFormats, AmountsOfAllRegionsAreReadBackAsTheyAreWritten) {
+    const auto locales =
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+    EXPECT_GT(locales.size(), 300);
+    for (const QLocale& locale : locales) {
+        const RegionalFormats formats = regionalFormats(locale);
+        const double amount = formats.currencyDecimals == 0 ? 1234567 : 1234567.5;
+        for (const std::string& written :
+             {currencyText(amount, formats), standardText(amount, formats)}) {
+            const bool whole = written.find('?') == std::string::npos;
+            EXPECT_TRUE(whole && isReadBack(amount, written, formats))
+                << locale.name().toStdString() << ": " << written;
+        }
+    }
+}
+
+TEST(RegionalFormats, RegionsWithDigitsOrSignsOfTheirOwnGetPlainOnes) {
+    struct Case {
+        const char* region;
+        double amount;
+        std::string written;
+    };
+    const std::vector<Case> cases{
+        {"ar_EG", 1234.5,
+         "1,234.50\xA0"
+         "EGP"},
+        {"ar_EG", -1234.5,
+         "-1,234.50\xA0"
+         "EGP"},
+        {"ar_SA", 1234.5,
+         "1,234.50\xA0"
+         "SAR"},
+        {"fa_IR", 1234,
+         "IRR\xA0"
+         "1,234"},
+        {"mr_IN", 1234.5, "INR1,234.50"},
+        {"en_CH", 1234.5,
+         "CHF\xA0"
+         "1\x92"
+         "234.50"},
+        {"ff-Adlm-GN", 1234,
+         "FG\xA0"
+         "1,234"},
+    };
+    for (const auto& [region, amount, written] : cases) {
+        const QLocale locale(QLatin1String{region});
+        EXPECT_EQ(currencyText(amount, regionalFormats(locale)), written) << region;
+    }
+}
+
+}  // namespace
+}  // namespace bramblet
