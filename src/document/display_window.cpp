@@ -17,6 +17,7 @@
 #include <QScrollBar>
 #include <QTextBrowser>
 #include <QWheelEvent>
+#include <QtMath>
 
 namespace bramblet {
 namespace {
@@ -52,9 +53,11 @@ class DisplayWindow::Desk : public QTextBrowser {
         setPalette(paper);
     }
 
-    /// Puts a sheet of this size in the middle, with the desk around and below it.
-    void place(const QSize& sheet) {
-        setLineWrapColumnOrWidth(sheet.width());
+    /// Puts the sheet in the middle, with the desk around and below it.
+    void place(int formWidth) {
+        setLineWrapColumnOrWidth(formWidth);
+        // Lines between cells may take up a pixel more, which is not worth a scroll bar.
+        const QSize sheet(qCeil(document()->size().width()), qRound(document()->size().height()));
         const int room = width() - verticalScrollBar()->sizeHint().width();
         const int left = qMax(kDeskMargin, (room - sheet.width()) / 2);
         const int right = qMax(0, room - sheet.width() - left);
@@ -174,8 +177,7 @@ void DisplayWindow::setZoom(double zoom) {
 }
 
 void DisplayWindow::placePaper() {
-    const int width = sheet_->formWidth() + qRound(2 * kPaperMargin * zoom_);
-    browser_->place(QSize(width, qRound(sheet_->size().height())));
+    browser_->place(sheet_->formWidth() + qRound(2 * kPaperMargin * zoom_));
 }
 
 bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {

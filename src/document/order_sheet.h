@@ -3,6 +3,7 @@
 #pragma once
 
 #include "document/display_html.h"
+#include "document/page_breaks.h"
 
 #include <QHash>
 #include <QImage>
@@ -10,6 +11,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 class QPagedPaintDevice;
 
@@ -23,11 +25,12 @@ class OrderSheet : public QTextDocument {
   public:
     explicit OrderSheet(PictureSource pictures, QObject* parent = nullptr);
 
-    /// Lays a document (code page text) out at `zoom` times its size, in pixels of 1/96 inch that
-    /// the screen shows with `dotsPerPixel` dots each way.
+    /// Lays a document (code page text) out for the screen, at `zoom` times its size, in pixels of
+    /// 1/96 inch that the screen shows with `dotsPerPixel` dots each way. Where the top graphic is
+    /// missing a line says so, which is not printed.
     void show(const std::string& document, double zoom, double dotsPerPixel = 1);
 
-    /// Width of the form at this zoom.
+    /// Width of the form at this zoom: as set, or what its content needs when that is more.
     int formWidth() const { return page_.width; }
 
     /// Prints a document with the device's margins, reduced when the form is wider than the page.
@@ -36,16 +39,27 @@ class OrderSheet : public QTextDocument {
                       QPagedPaintDevice& device);
 
   protected:
-    /// Pictures come from the data folder alone, and nothing else is ever loaded.
+    /// Pictures come from the data folder alone, and nothing else is ever loaded. There is always
+    /// an answer, since for an empty one the text engine would try to open the name itself.
     QVariant loadResource(int type, const QUrl& name) override;
 
   private:
+    enum class Medium { Screen, Paper };
+    void layOut(const std::string& document, Medium medium);
+    QString html(Medium medium);
+    QString hint() const;
+    const QImage& picture(const QString& file);
+    void divideParagraphs(const std::vector<PageBreak>& breaks);
+    void divideParagraph(int place);
     QImage load(const QString& file) const;
+    double roomFor(const QString& file) const;
+    double headingWidth() const;
+    void fitHeading();
 
     PictureSource pictures_;
     DisplayPage page_;
     double zoom_ = 1;
-    double dotsPerPixel_ = 1;        ///< of the screen
+    double dotsPerPixel_ = 1;        ///< of the screen; 0 on paper, which has more than any picture
     QHash<QString, QImage> loaded_;  ///< pictures at this zoom, null for those that there are not
 };
 

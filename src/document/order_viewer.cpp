@@ -30,16 +30,8 @@ void OrderViewer::MakeOrder_Click() {
     }
     // What is shown has to be what the window holds; a pending order never counts as changed.
     const bool current = !open_.OrderDirty && !open_.isPending() && files_.exists(path_);
-    if (current || (editor_.totalUp() && write())) showViewer();
-}
-
-std::string OrderViewer::document() const {
-    try {
-        return files_.read(path_);
-    } catch (const Fault& fault) {
-        tell("The document " + shown(path_) + " was not read: " + fault.inWords() + ".");
-        return {};
-    }
+    if (!current && !(editor_.totalUp() && write())) return;
+    if (read()) showViewer();
 }
 
 std::string OrderViewer::orderNumber() const {
@@ -58,7 +50,7 @@ std::string OrderViewer::picture(const std::string& name) const {
 
 void OrderViewer::ReWrite() {
     const Prompts::Command command(prompts_);
-    write();
+    if (write()) read();
 }
 
 void OrderViewer::SavePdf_Click(const std::function<std::string()>& pdf) {
@@ -87,9 +79,9 @@ void OrderViewer::IE_Button_Click() {
     mail.subject = "Bramblet #" + orderNumber();
     mail.text = "html format purchase order attached (file " + orderNumber() + ".htm)";
     mail.attachments.push_back(path_);
-    const std::filesystem::path graphic = folder_.file(trimmedField(settings_.TopGraphic));
-    if (isOn(settings_.UseTopGraphic) && files_.exists(graphic)) {
-        mail.attachments.push_back(graphic);
+    const std::string graphic = trimmedField(settings_.TopGraphic);
+    if (isOn(settings_.UseTopGraphic) && isPlainFileName(graphic) && hasFile(graphic)) {
+        mail.attachments.push_back(folder_.file(graphic));
     }
     switch (desktop_.compose(mail)) {
         case MailResult::HandedOver:
@@ -112,12 +104,32 @@ void OrderViewer::tell(const std::string& failure) const {
     prompts_.ask({failure, "View Order", Buttons::Ok, Icon::Exclamation});
 }
 
+/// Whether the data folder has such a file: a blank name would be the folder itself.
+bool OrderViewer::hasFile(const std::string& name) const {
+    const std::filesystem::path path = folder_.file(name);
+    try {
+        return files_.exists(path) && !files_.withoutRetry().status(path).folder;
+    } catch (const Fault&) {
+        return false;
+    }
+}
+
 bool OrderViewer::write() {
     try {
         editor_.MakeSnap(path_);
         return true;
     } catch (const Fault& fault) {
         tell("The document was not written: " + fault.inWords() + ".");
+        return false;
+    }
+}
+
+bool OrderViewer::read() {
+    try {
+        document_ = files_.read(path_);
+        return true;
+    } catch (const Fault& fault) {
+        tell("The document " + shown(path_) + " was not read: " + fault.inWords() + ".");
         return false;
     }
 }

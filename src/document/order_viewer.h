@@ -23,7 +23,7 @@ class OrderViewer {
     void MakeOrder_Click();
 
     /// The document being viewed: its text, its file's path, and the number of its order.
-    std::string document() const;
+    const std::string& document() const { return document_; }
     const std::filesystem::path& path() const { return path_; }
     std::string orderNumber() const;
 
@@ -44,7 +44,9 @@ class OrderViewer {
     void IE_Button_Click();
 
   private:
+    bool hasFile(const std::string& name) const;
     bool write();
+    bool read();
     void tell(const std::string& failure) const;
 
     const FileSystem& files_;
@@ -55,6 +57,7 @@ class OrderViewer {
     Desktop& desktop_;
     Prompts& prompts_;
     std::filesystem::path path_;
+    std::string document_;
 };
 
 }  // namespace bramblet

@@ -4,6 +4,7 @@
 #include <QTextBlock>
 #include <QTextTable>
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -26,27 +27,51 @@ class Spans {
     explicit Spans(const QTextDocument& document) : layout_(*document.documentLayout()) {
         addRowsIn(document.rootFrame());
         addLines(document);
+        sort(rows_);
+        sort(lines_);
+        separateRows();
     }
 
     /// The latest place where a page of this height that begins at `start` may end.
     PageBreak pageEnd(double start, double height) const {
         PageBreak end{start + height};
         for (const auto* spans : {&rows_, &lines_}) {
-            for (bool moved = true; moved;) {
-                moved = false;
-                for (const auto& span : *spans) {
-                    const bool cut = span.top < end.at && span.bottom > end.at;
-                    const bool fitsPage = span.top > start && span.bottom - span.top <= height;
-                    if (!cut || !fitsPage) continue;
-                    end = {span.top, span.lineLeft, span.lineRight};
-                    moved = true;
-                }
-            }
+            while (const Span* cut = highestCut(*spans, start, end.at, height))
+                end = {cut->top, cut->lineLeft, cut->lineRight};
         }
         return end;
     }
 
   private:
+    /// Of the spans that would be cut at a place, and that fit a page, the one that begins first.
+    static const Span* highestCut(const std::vector<Span>& spans, double start, double at,
+                                  double height) {
+        const auto beginsBehind = [](double place, const Span& span) { return place < span.top; };
+        auto span =
+            std::upper_bound(spans.begin(), spans.end(), qMax(start, at - height), beginsBehind);
+        for (; span != spans.end() && span->top < at; ++span) {
+            if (span->bottom > at && span->bottom - span->top <= height) return &*span;
+        }
+        return nullptr;
+    }
+
+    static void sort(std::vector<Span>& spans) {
+        std::stable_sort(spans.begin(), spans.end(),
+                         [](const Span& a, const Span& b) { return a.top < b.top; });
+    }
+
+    /// The last row of a table and the first one of a table close below it must not both be cut.
+    void separateRows() {
+        for (std::size_t i = 1; i < rows_.size(); ++i) {
+            Span& upper = rows_[i - 1];
+            Span& lower = rows_[i];
+            const bool overlap =
+                lower.top > upper.top && lower.top < upper.bottom && lower.bottom > upper.bottom;
+            if (overlap) upper.bottom = lower.top = (lower.top + upper.bottom) / 2;
+        }
+        sort(rows_);
+    }
+
     void addRowsIn(QTextFrame* frame) {
         for (QTextFrame* child : frame->childFrames()) {
             addRowsIn(child);
@@ -95,6 +120,7 @@ class Spans {
     }
 
     const QAbstractTextDocumentLayout& layout_;
+    // From top to bottom.
     std::vector<Span> rows_;
     std::vector<Span> lines_;
 };

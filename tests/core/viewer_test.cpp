@@ -1,7 +1,10 @@
-#include "document/display_html.h"
 #include "support/office.h"
 
 #include <gtest/gtest.h>
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 namespace bramblet {
 namespace {
@@ -68,6 +71,17 @@ TEST_F(Viewer, WhatCannotBeTotalledOrWrittenIsNotShown) {
     EXPECT_EQ(shown, 0);
 }
 
+#ifndef _WIN32
+TEST_F(Viewer, APipeInPlaceOfTheDocumentIsToldOfAndNotShown) {
+    saveOrder();
+    FileSystem().remove(data("000001.htm"));
+    ASSERT_EQ(::mkfifo(data("000001.htm").c_str(), 0666), 0);
+    prompts.expectSaying("was not read");
+    viewer().MakeOrder_Click();
+    EXPECT_EQ(shown, 0);
+}
+#endif
+
 TEST_F(Viewer, ItIsRewrittenWithTheSettingsAsTheyAreNow) {
     saveOrder();
     viewer().MakeOrder_Click();
@@ -88,6 +102,13 @@ TEST_F(Viewer, TheMailHasTheDocumentAndTheGraphicWhenThereIsOne) {
     EXPECT_EQ(desktop.mail.text, "html format purchase order attached (file 000001.htm)");
     EXPECT_EQ(desktop.mail.attachments, std::vector{data("000001.htm")});
 
+    for (const char* elsewhere : {"   ", ".", "../po_data/000001.htm"}) {
+        program().settings.TopGraphic = elsewhere;
+        viewer().IE_Button_Click();
+        EXPECT_EQ(desktop.mail.attachments, std::vector{data("000001.htm")}) << elsewhere;
+    }
+
+    program().settings.TopGraphic = "top.gif   ";
     writeFile(data("top.gif"), "GIF");
     viewer().IE_Button_Click();
     EXPECT_EQ(desktop.mail.attachments, (std::vector{data("000001.htm"), data("top.gif")}));
@@ -161,47 +182,6 @@ TEST_F(Viewer, APdfReplacesAnotherFileOnlyWhenTheUserSaysSo) {
         viewer().SavePdf_Click([] { return "%PDF"; });
     }
     EXPECT_EQ(waits, 0) << "outside the data folder nothing is waited for";
-}
-
-std::string shownAs(const std::string& document, double zoom = 1) {
-    return displayPage(document, zoom).html;
-}
-
-TEST(DisplayHtml, MarkersAreDroppedAndTheFrameBecomesThePagesWidth) {
-    const DisplayPage page = displayPage(
-        "<html><!-- PON 1 PON --><basefont face=\"Arial\" size=\"2\"><table border=\"0\" "
-        "width=\"700\"><tr><td>Form</td></tr></table></html>",
-        1.5);
-    EXPECT_EQ(page.html, "<html>Form");
-    EXPECT_EQ(page.fontFace, "Arial");
-    EXPECT_EQ(page.fontSize, 20);  // 13 pixels
-    EXPECT_EQ(page.width, 1050);
-}
-
-TEST(DisplayHtml, OnlyCellsThatWouldHaveALineGetOne) {
-    EXPECT_EQ(shownAs("<table border=\"0\"><tr><td><table border=\"1\"><tr><td>a</td><td></td></tr>"
-                      "<tr bordercolor=\"white\"><td>b</td></tr></table>"
-                      "<table border=\"0\"><tr><td>c</td></tr></table></td></tr></table>"),
-              "<table width=\"100%\" border=\"0\" cellspacing=\"0\" cellpadding=\"2\" "
-              "style=\"border-collapse:collapse\"><tr>"
-              "<td style=\"border:1px solid #444444\">a</td><td></td></tr>"
-              "<tr bordercolor=\"white\"><td>b</td></tr></table>"
-              "<table border=\"0\"><tr><td>c</td></tr></table>");
-}
-
-TEST(DisplayHtml, FontSizesAreAbsoluteOrRelativeToTheBase) {
-    EXPECT_EQ(shownAs("<basefont size=\"2\"><font size=\"+2\">a</font><font size=-1>b</font>"
-                      "<font size=\"99\">c</font>"),
-              "<span style=\"font-size:18px\">a</span><span style=\"font-size:10px\">b</span>"
-              "<span style=\"font-size:48px\">c</span>");
-}
-
-TEST(DisplayHtml, BrokenMarkupLosesNoText) {
-    EXPECT_EQ(shownAs("a < b"), "a &lt; b");
-    EXPECT_EQ(shownAs("price <"), "price &lt;");
-    EXPECT_EQ(shownAs("end<!-- never closed"), "end");
-    EXPECT_EQ(shownAs("<font size=\"unclosed>x"), "<span style=\"font-size:10px\">x");
-    EXPECT_EQ(shownAs(""), "");
 }
 
 }  // namespace

@@ -1,0 +1,85 @@
+// The order document's own small dialect of HTML, taken apart: what is markup, and what is only
+// text that holds a "<". Nothing in the document is escaped, so that "Tube <50 mm" and
+// "<b>Tube</b>" have to be told apart here.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace bramblet {
+
+/// What an element is to the layout.
+enum class Role {
+    Page,    ///< the document's own frame around the form: html, head, body, base font
+    Inline,  ///< within a line
+    Block,   ///< begins a line of its own
+    Single,  ///< has no content
+    Table,
+    Row,
+    Cell,
+    Nothing,  ///< known, but of no effect
+};
+
+struct Element {
+    std::string_view name;  ///< in lower case
+    Role role;
+};
+
+/// One tag of the dialect.
+struct Tag {
+    const Element* element = nullptr;
+    bool closing = false;
+    std::vector<std::pair<std::string, std::string>> attributes;  ///< names in lower case
+
+    std::optional<std::string> attribute(std::string_view name) const;
+    /// As above, in lower case, empty when there is no such attribute.
+    std::string word(std::string_view name) const;
+    bool is(std::string_view name) const { return element->name == name; }
+};
+
+/// A stretch of the document as it stands there: a tag, or text.
+struct Piece {
+    std::string_view text;
+    std::optional<Tag> tag;
+};
+
+/// The element of a name in lower case; none for names that the dialect has not.
+const Element* elementNamed(std::string_view name);
+
+/// Reads a document from behind its markers to its end, comments left out. A "<" opens a tag only
+/// where the whole tag is of the dialect: a known name, then attributes, then ">". It takes time in
+/// proportion to the document's length, whatever is in it.
+class MarkupReader {
+  public:
+    explicit MarkupReader(std::string_view document);
+
+    /// The next piece; none at the end.
+    std::optional<Piece> next();
+
+    /// What has not been read yet, and passing over the first part of it.
+    std::string_view rest() const { return text_.substr(at_); }
+    void skip(std::size_t count) { at_ += count; }
+
+  private:
+    /// The place of the next such text, found once and kept until it is passed.
+    struct Next {
+        std::string_view wanted;
+        std::size_t place = 0;
+
+        std::size_t from(std::string_view text, std::size_t at);
+    };
+
+    bool skipComment();
+    std::optional<Piece> takeTag();
+    Piece take(std::size_t end);
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+    Next lineEnd_{"\n"};
+    Next commentEnd_{"-->"};
+};
+
+}  // namespace bramblet

@@ -1,0 +1,290 @@
+// The order laid out as a sheet of paper, on the screen and on pages.
+
+#include "document/order_sheet.h"
+#include "document/page_breaks.h"
+#include "support/sample_orders.h"
+#include "windows/names.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+#include <QPageRanges>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QTextBlock>
+#include <QTextTable>
+#include <QUrl>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace bramblet::test {
+namespace {
+
+/// The tables within a frame, nested ones too.
+std::vector<QTextTable*> tablesIn(QTextFrame* frame) {
+    std::vector<QTextTable*> tables;
+    for (QTextFrame* child : frame->childFrames()) {
+        if (auto* table = qobject_cast<QTextTable*>(child)) tables.push_back(table);
+        for (QTextTable* inner : tablesIn(child))
+            tables.push_back(inner);
+    }
+    return tables;
+}
+
+class PagesTest : public ::testing::Test {
+  protected:
+    void divide(const std::string& document, double height) {
+        sheet.show(document, 1);
+        for (const PageBreak& pageBreak : pageBreaks(sheet, height))
+            breaks.push_back(pageBreak.at);
+        for (std::size_t i = 1; i < breaks.size(); ++i) {
+            EXPECT_GT(breaks[i], breaks[i - 1]);
+            EXPECT_LE(breaks[i], breaks[i - 1] + height);
+        }
+        EXPECT_EQ(breaks.back(), sheet.size().height());
+    }
+    static QRectF place(const OrderSheet& in, const QTextBlock& block) {
+        return in.documentLayout()->blockBoundingRect(block);
+    }
+    QRectF place(const QTextBlock& block) const { return place(sheet, block); }
+    /// Whether a page ends between two heights.
+    bool cut(double top, double bottom) const {
+        return std::any_of(breaks.begin(), breaks.end(),
+                           [&](double at) { return at > top + 0.01 && at < bottom - 0.01; });
+    }
+    int cutLines() const {
+        int found = 0;
+        for (QTextBlock block = sheet.begin(); block.isValid(); block = block.next()) {
+            for (int i = 0; i < block.layout()->lineCount(); ++i) {
+                const QRectF line = block.layout()->lineAt(i).rect();
+                const double top = line.translated(place(block).topLeft()).top();
+                if (cut(top, top + line.height())) ++found;
+            }
+        }
+        return found;
+    }
+
+    OrderSheet sheet{[](const std::string&) { return std::string(); }};
+    std::vector<double> breaks;
+};
+
+TEST_F(PagesTest, BreakBetweenRowsAndHoldEveryLine) {
+    divide(longDocument(200), 950);
+    EXPECT_GE(breaks.size(), 5u);
+    EXPECT_EQ(cutLines(), 0);
+    int tallRows = 0;
+    for (QTextTable* table : tablesIn(sheet.rootFrame())) {
+        for (int row = 0; row < table->rows(); ++row) {
+            for (int column = 0; column < table->columns(); ++column) {
+                const QTextTableCell cell = table->cellAt(row, column);
+                const double top = place(cell.firstCursorPosition().block()).top();
+                const double bottom = place(cell.lastCursorPosition().block()).bottom();
+                EXPECT_FALSE(cut(top, bottom)) << row << ", " << column;
+                if (bottom - top > 20) ++tallRows;
+            }
+        }
+    }
+    EXPECT_GT(tallRows, 20);
+    for (int i = 1; i <= 200; ++i) {
+        EXPECT_EQ(sheet.toPlainText().count(S::fromLatin1("Item-%1-").arg(i)), 1) << i;
+    }
+}
+
+TEST_F(PagesTest, ARowHigherThanAPageBreaksBetweenItsLines) {
+    std::string text;
+    for (int i = 0; i < 100; ++i)
+        text += "line " + std::to_string(i) + "<br>";
+    divide("<table border=\"1\"><tr><td>" + text + "</td></tr></table>", 300);
+    EXPECT_GE(breaks.size(), 4u);
+    EXPECT_EQ(cutLines(), 0);
+}
+
+TEST_F(PagesTest, OnlyThePagesAskedForArePrinted) {
+    const auto pagesPrinted = [](const QPageRanges& wanted) {
+        QBuffer pdf;
+        pdf.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&pdf);
+        writer.setPageRanges(wanted);
+        OrderSheet::print(
+            longDocument(200), [](const std::string&) { return std::string(); }, writer);
+        return pdf.data().count("/Type /Page\n");
+    };
+    const auto all = pagesPrinted({});
+    EXPECT_GE(all, 4);
+    EXPECT_EQ(pagesPrinted(QPageRanges::fromString(name("2-3"))), 2);
+    EXPECT_EQ(pagesPrinted(QPageRanges::fromString(S::fromLatin1("1,%1-99").arg(all))), 2);
+}
+
+std::string repeated(const std::string& part, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i)
+        text += part;
+    return text;
+}
+
+TEST_F(PagesTest, TablesCloseTogetherFillThePages) {
+    divide(repeated("<table><tr><td>a</td></tr></table>", 500), 900);
+    EXPECT_LE(breaks.size(), sheet.size().height() / 900 + 3);
+}
+
+/// Documents that took minutes, or all memory, to lay out.
+TEST_F(PagesTest, HostileDocumentsAreLaidOut) {
+    const std::string kFiller =
+        "<tr bordercolor=\"white\"><td></td><td></td><td></td><td>:</td><td>:</td></tr>";
+    const std::vector<std::pair<std::string, int>> cases{
+        {repeated("word ", 200'000), 100'000},
+        {repeated("<table><tr><td>", 20), 20},
+        {"<table cellpadding=\"2000000000\" cellspacing=2000000000><tr><td>", 100},
+        {"<table border=1>" + repeated(kFiller, 32'767) + "</table>", 500'000},
+        {repeated("<b>", 200'000), 10},
+        {"<font size=\"1e20\">", 10},
+        {"<table><tr>" + repeated("<td>a", 20'000), 7000},
+        {repeated("<img src=a.gif>", 50'000), 100},
+    };
+    for (const auto& [document, height] : cases) {
+        SCOPED_TRACE(document.substr(0, 40));
+        breaks.clear();
+        divide("<table border=0 width=640><tr><td>" + document + " last", 950);
+        EXPECT_GT(sheet.size().height(), height);
+        EXPECT_LT(sheet.size().height(), 2 * height + 1000);
+        EXPECT_TRUE(sheet.toPlainText().contains(name("last")));
+    }
+}
+
+std::string headed(const std::string& company, const std::string& width) {
+    Order order;
+    order.PONoEd = "000123";
+    order.lines.push_back({"1", "", "", "ea", "office files", "1.00", "1.00", "special"});
+    Settings settings;
+    settings.FontName = "DejaVu Sans";
+    settings.FormWidth = width;
+    settings.TopGraphic = company;
+    settings.UseTopGraphic = company.ends_with(".png") ? "Y" : "N";
+    settings.IDText1 = company;
+    TotalUp(order, false, {});
+    return orderDocument(order, {settings, false, {}});
+}
+
+QByteArray pictureOf(const QSize& size, QImage::Format format = QImage::Format_RGB32) {
+    QImage image(size, format);
+    image.fill(0);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(image.save(&buffer, "PNG"));
+    return bytes;
+}
+
+TEST_F(PagesTest, TheHeadingStaysOnOneLineAndOnTheForm) {
+    const QByteArray picture = pictureOf({2400, 200});
+    for (const char* company :
+         {"A company whose name is much longer than there is room for it", "wide.png", "Short"}) {
+        for (const char* width : {"150", "300", "450", "640", "999"}) {
+            SCOPED_TRACE(std::string(company) + ", " + width);
+            OrderSheet form([&](const std::string&) { return picture.toStdString(); });
+            form.setDocumentMargin(36);
+            form.show(headed(company, width), 1);
+            const QTextCursor heading = form.find(name("PURCHASE ORDER"));
+            ASSERT_FALSE(heading.isNull());
+            const QTextBlock block = heading.block();
+            EXPECT_EQ(block.layout()->lineCount(), 1);
+            const QRectF line = block.layout()->lineAt(0).naturalTextRect();
+            const double right = place(form, block).left() + line.right();
+            EXPECT_LE(right, 36 + form.formWidth());
+            EXPECT_NEAR(form.size().width(), form.formWidth() + 72, 2);
+            EXPECT_LE(form.formWidth(), qMax(500, std::stoi(width)));
+        }
+    }
+}
+
+TEST_F(PagesTest, AMissingTopGraphicIsToldOfOnTheScreen) {
+    for (const char* missing : {"gone.png", "broken.png", "../up.png", ".png"}) {
+        OrderSheet form([&](const std::string& wanted) {
+            EXPECT_EQ(wanted.find('/'), std::string::npos);
+            return wanted == "broken.png" ? "GIF89a" : std::string();
+        });
+        form.show(headed(missing, "640"), 1);
+        EXPECT_TRUE(form.toPlainText().contains(S::fromLatin1(missing))) << missing;
+        EXPECT_TRUE(form.toPlainText().contains(name("company lines")));
+    }
+}
+
+TEST_F(PagesTest, PicturesOfTheDataFolderAreShownAndNothingElseIsAskedFor) {
+    std::vector<std::string> asked;
+    QImage red(20, 10, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(red.save(&buffer, "BMP"));
+    // The other kinds can be read too.
+    const QList<QByteArray> formats = QImageReader::supportedImageFormats();
+    for (const char* format : {"gif", "jpg", "png"})
+        EXPECT_TRUE(formats.contains(format)) << format;
+    OrderSheet withPictures([&](const std::string& wanted) {
+        asked.push_back(wanted);
+        return bytes.toStdString();
+    });
+    withPictures.show(
+        "<img src=\"top.bmp\"><img src=\"http://far.example/spy.gif\">"
+        "<img src=\"file:///etc/spy.gif\"><img src=\"/etc/spy.gif\"><img src=\"//far/spy.gif\">"
+        "<table background=\"/etc/spy.gif\"><tr><td style=\"background-image:url(/etc/spy.gif)\">",
+        1);
+    // The text engine opens by itself what it has no answer for.
+    for (const char* elsewhere :
+         {"/etc/spy.gif", "file:///etc/spy.gif", "//far/spy.gif", "no.gif"}) {
+        const QUrl url(name(elsewhere));
+        for (const int type : {QTextDocument::ImageResource, QTextDocument::StyleSheetResource})
+            EXPECT_TRUE(withPictures.resource(type, url).isValid()) << elsewhere;
+    }
+    QImage paper(200, 60, QImage::Format_RGB32);
+    paper.fill(Qt::white);
+    QPainter painter(&paper);
+    withPictures.drawContents(&painter);
+    painter.end();
+    EXPECT_EQ(asked, (std::vector<std::string>{"top.bmp", "no.gif"}));
+    int redPixels = 0;
+    for (int i = 0; i < paper.width() * paper.height(); ++i) {
+        redPixels += paper.pixelColor(i % 200, i / 200) == QColor(Qt::red) ? 1 : 0;
+    }
+    EXPECT_EQ(redPixels, red.width() * red.height());
+}
+
+TEST_F(PagesTest, ZoomedPicturesHaveAllTheDotsOfTheScreenAndTheSamePlace) {
+    // Lines one pixel wide are what scaling down and up again would blur.
+    QImage lines(8, 4, QImage::Format_RGB32);
+    for (int i = 0; i < lines.width() * lines.height(); ++i)
+        lines.setPixelColor(i % 8, i / 8, i % 2 == 0 ? Qt::black : Qt::white);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(lines.save(&buffer, "BMP"));
+    OrderSheet zoomed([&](const std::string&) { return bytes.toStdString(); });
+    zoomed.show("<img src=\"top.bmp\">", 0.5, 2);
+    const auto shown =
+        zoomed.resource(QTextDocument::ImageResource, QUrl(name("top.bmp"))).value<QImage>();
+    EXPECT_EQ(shown.deviceIndependentSize(), QSizeF(4, 2));
+    lines.setDevicePixelRatio(2);
+    EXPECT_EQ(shown.convertToFormat(QImage::Format_RGB32), lines);
+}
+
+TEST_F(PagesTest, ASmallFileOfAHugePictureTakesLittleMemory) {
+    const auto dotsShown = [](const QSize& size) {
+        const QByteArray bytes = pictureOf(size, QImage::Format_Mono);
+        EXPECT_LT(bytes.size(), 100'000);
+        OrderSheet zoomed([&](const std::string&) { return bytes.toStdString(); });
+        zoomed.show("<table border=0 width=640><tr><td><img src=\"a.png\">", 4, 2);
+        EXPECT_LE(zoomed.size().width(), 640 * 4);
+        const auto shown =
+            zoomed.resource(QTextDocument::ImageResource, QUrl(name("a.png"))).value<QImage>();
+        return shown.width() * shown.height();
+    };
+    EXPECT_GT(dotsShown({4000, 4000}), 4'000'000);
+    EXPECT_LT(dotsShown({4000, 4000}), 17'000'000);
+    EXPECT_EQ(dotsShown({12'000, 12'000}), 1) << "too large to be shown at all";
+}
+
+}  // namespace
+}  // namespace bramblet::test
