@@ -3,11 +3,11 @@
 //     cmake --preset release -DBRAMBLET_BENCH=ON && cmake --build --preset release
 //     build/release/bench/core_bench
 
-#include "app/program.h"
-#include "document/document_reader.h"
-#include "document/document_writer.h"
-#include "document/totals.h"
-#include "platform/record_file.h"
+#include "core/app/program.h"
+#include "core/document/document_reader.h"
+#include "core/document/document_writer.h"
+#include "core/document/totals.h"
+#include "core/platform/record_file.h"
 #include "support/recording_desktop.h"
 #include "support/temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "addresses/address_file.h"
+#include "core/addresses/address_file.h"
 #include "support/office.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "document/amount_text.h"
-#include "platform/fault.h"
+#include "core/platform/amount_text.h"
+#include "core/platform/fault.h"
 #include "support/regions.h"
 
 #include <gtest/gtest.h>

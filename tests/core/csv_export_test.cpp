@@ -1,4 +1,4 @@
-#include "document/csv_export.h"
+#include "core/orders/csv_export.h"
 
 #include "support/office.h"
 #include "support/regions.h"

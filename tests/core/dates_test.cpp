@@ -1,4 +1,4 @@
-#include "platform/dates.h"
+#include "core/platform/dates.h"
 
 #include "support/office.h"
 #include "support/regions.h"

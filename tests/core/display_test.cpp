@@ -1,4 +1,4 @@
-#include "document/display_html.h"
+#include "core/document/display_html.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "document/document_reader.h"
-#include "document/document_writer.h"
-#include "document/totals.h"
-#include "platform/fault.h"
+#include "core/document/document_reader.h"
+#include "core/document/document_writer.h"
+#include "core/document/totals.h"
+#include "core/platform/fault.h"
 #include "support/regions.h"
 #include "support/temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/file_system.h"
+#include "core/platform/file_system.h"
 
 #include "support/temporary_folder.h"
 

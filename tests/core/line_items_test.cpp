@@ -1,6 +1,6 @@
-#include "orders/line_items.h"
+#include "core/orders/line_items.h"
 
-#include "platform/fault.h"
+#include "core/platform/fault.h"
 #include "support/office.h"
 
 #include <gtest/gtest.h>

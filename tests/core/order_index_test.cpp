@@ -1,4 +1,4 @@
-#include "orders/order_index.h"
+#include "core/orders/order_index.h"
 
 #include "support/office.h"
 #include "support/regions.h"

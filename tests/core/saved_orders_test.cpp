@@ -1,4 +1,4 @@
-#include "orders/saved_orders.h"
+#include "core/orders/saved_orders.h"
 
 #include "support/office.h"
 

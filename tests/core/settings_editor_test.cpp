@@ -1,4 +1,4 @@
-#include "app/picture_folder.h"
+#include "core/settings/picture_folder.h"
 #include "support/office.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "app/settings_file.h"
-#include "platform/text.h"
+#include "core/platform/text.h"
+#include "core/settings/settings_file.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 

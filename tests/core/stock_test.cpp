@@ -1,4 +1,4 @@
-#include "stock/stock_list.h"
+#include "core/stock/stock_list.h"
 #include "support/office.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
-#include "platform/text.h"
+#include "core/platform/text.h"
 
-#include "platform/code_page.h"
-#include "platform/path_text.h"
+#include "core/platform/code_page.h"
+#include "core/platform/path_text.h"
 
 #include <gtest/gtest.h>
 

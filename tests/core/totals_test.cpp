@@ -1,6 +1,6 @@
-#include "document/totals.h"
+#include "core/document/totals.h"
 
-#include "platform/fault.h"
+#include "core/platform/fault.h"
 #include "support/regions.h"
 
 #include <array>

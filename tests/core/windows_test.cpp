@@ -1,8 +1,8 @@
 // What only Windows has: files that others hold, long paths, shares, and code pages by number.
 
-#include "platform/code_page_windows.h"
-#include "platform/file_system.h"
-#include "platform/path_text.h"
+#include "core/platform/code_page_windows.h"
+#include "core/platform/file_system.h"
+#include "core/platform/path_text.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // A whole program without windows, in a home folder of its own, on one fixed day.
 #pragma once
 
-#include "app/program.h"
-#include "platform/path_text.h"
-#include "platform/text.h"
+#include "core/app/program.h"
+#include "core/platform/path_text.h"
+#include "core/platform/text.h"
 #include "support/recording_desktop.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"

@@ -1,8 +1,8 @@
 // A desktop that opens nothing and remembers what it was asked for.
 #pragma once
 
-#include "platform/desktop.h"
-#include "platform/path_text.h"
+#include "core/platform/desktop.h"
+#include "core/platform/path_text.h"
 
 namespace bramblet::test {
 

@@ -1,7 +1,7 @@
 // The regional formats of six users.
 #pragma once
 
-#include "platform/regional_formats.h"
+#include "core/platform/regional_formats.h"
 
 namespace bramblet::test {
 

@@ -1,8 +1,8 @@
 // Documents of made-up orders.
 #pragma once
 
-#include "document/document_writer.h"
-#include "document/totals.h"
+#include "core/document/document_writer.h"
+#include "core/document/totals.h"
 
 #include <string>
 

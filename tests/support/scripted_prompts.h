@@ -2,7 +2,7 @@
 // that the script expects.
 #pragma once
 
-#include "platform/prompts.h"
+#include "core/platform/prompts.h"
 
 #include <deque>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // The whole program with its windows, in a home folder of its own, and a person's hands on it.
 #pragma once
 
-#include "app/main_window.h"
 #include "driver/driver.h"
-#include "platform/dialog_prompts.h"
+#include "gui/app/main_window.h"
+#include "gui/platform/dialog_prompts.h"
 #include "support/office.h"
 #include "windows/names.h"
 

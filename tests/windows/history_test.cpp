@@ -1,4 +1,4 @@
-#include "platform/history_box.h"
+#include "gui/platform/history_box.h"
 #include "windows/desk.h"
 
 #include <QAbstractItemView>

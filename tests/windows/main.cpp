@@ -1,6 +1,6 @@
 // The window tests' entry: they need an application, and run without a display.
 
-#include "platform/theme.h"
+#include "gui/platform/theme.h"
 
 #include <QApplication>
 

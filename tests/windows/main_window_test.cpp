@@ -1,5 +1,5 @@
-#include "app/start_notice.h"
-#include "platform/qt_text.h"
+#include "gui/app/start_notice.h"
+#include "gui/platform/qt_text.h"
 #include "support/regions.h"
 #include "windows/desk.h"
 

@@ -1,9 +1,9 @@
 // What other programs make of our files, and how we call them.
 
-#include "document/csv_export.h"
-#include "document/order_sheet.h"
-#include "platform/qt_text.h"
-#include "platform/system_desktop.h"
+#include "core/orders/csv_export.h"
+#include "gui/document/order_sheet.h"
+#include "gui/platform/qt_text.h"
+#include "gui/platform/system_desktop.h"
 #include "support/sample_orders.h"
 #include "support/temporary_folder.h"
 #include "windows/names.h"

@@ -1,6 +1,6 @@
 // The windows for backup, restoring and contact import.
 
-#include "platform/qt_text.h"
+#include "gui/platform/qt_text.h"
 #include "windows/desk.h"
 
 #include <QListView>

@@ -1,7 +1,7 @@
 // The order laid out as a sheet of paper, on the screen and on pages.
 
-#include "document/order_sheet.h"
-#include "document/page_breaks.h"
+#include "gui/document/order_sheet.h"
+#include "gui/document/page_breaks.h"
 #include "support/sample_orders.h"
 #include "windows/names.h"
 

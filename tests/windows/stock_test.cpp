@@ -1,4 +1,4 @@
-#include "platform/grid_view.h"
+#include "gui/platform/grid_view.h"
 #include "windows/desk.h"
 
 #include <QAction>

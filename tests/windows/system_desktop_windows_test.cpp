@@ -1,7 +1,7 @@
 // The programs that Windows has for files, asked for and started through its shell.
 
-#include "platform/qt_text.h"
-#include "platform/system_desktop.h"
+#include "gui/platform/qt_text.h"
+#include "gui/platform/system_desktop.h"
 #include "support/temporary_folder.h"
 
 #include <QFileInfo>

@@ -1,10 +1,10 @@
 // The formats of every region that Qt knows can be written in the code page and read back.
 
-#include "platform/system_formats.h"
+#include "gui/platform/system_formats.h"
 
-#include "document/amount_text.h"
-#include "platform/fault.h"
-#include "platform/qt_text.h"
+#include "core/platform/amount_text.h"
+#include "core/platform/fault.h"
+#include "gui/platform/qt_text.h"
 
 #include <gtest/gtest.h>
 

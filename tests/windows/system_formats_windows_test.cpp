@@ -1,10 +1,10 @@
 // The formats of the user's region are those with which Windows itself writes, with the user's own
 // changes to them: Windows' own functions say what is right.
 
-#include "document/amount_text.h"
-#include "platform/dates.h"
-#include "platform/qt_text.h"
-#include "platform/system_formats.h"
+#include "core/platform/amount_text.h"
+#include "core/platform/dates.h"
+#include "gui/platform/qt_text.h"
+#include "gui/platform/system_formats.h"
 
 #include <array>
 #include <gtest/gtest.h>

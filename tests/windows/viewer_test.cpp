@@ -1,5 +1,5 @@
-#include "document/display_window.h"
-#include "platform/qt_text.h"
+#include "gui/document/display_window.h"
+#include "gui/platform/qt_text.h"
 #include "windows/desk.h"
 
 #include <QAction>

@@ -7,8 +7,8 @@
 // DOCUMENTS gets this desk's settings; DATA is the shared data folder. Every question is answered
 // with yes. In commands "\xE9" is a byte of the code page and "\n" a line break.
 
-#include "app/program.h"
-#include "platform/text.h"
+#include "core/app/program.h"
+#include "core/platform/text.h"
 
 #include <charconv>
 #include <iostream>

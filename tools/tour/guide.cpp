@@ -1,6 +1,6 @@
 #include "tour/guide.h"
 
-#include "platform/theme.h"
+#include "gui/platform/theme.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -1,8 +1,8 @@
 // What every station of the tour has at hand: the main window, hands on it, and the album.
 #pragma once
 
-#include "app/main_window.h"
 #include "driver/driver.h"
+#include "gui/app/main_window.h"
 #include "tour/album.h"
 
 #include <QString>

@@ -1,7 +1,7 @@
 // The desktop that the tour runs on: it opens nothing, so that no program of the machine starts.
 #pragma once
 
-#include "platform/desktop.h"
+#include "core/platform/desktop.h"
 
 namespace bramblet::tour {
 

@@ -1,6 +1,6 @@
 // The stations around what the program keeps beside the orders: histories, contacts, backups.
 
-#include "platform/text.h"
+#include "core/platform/text.h"
 #include "tour/sample_company.h"
 #include "tour/stations.h"
 

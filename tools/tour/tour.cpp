@@ -7,9 +7,9 @@
 // company's home folder. DOCS/help and DOCS/pictures get the documentation's pictures. The tour
 // runs offscreen unless QT_QPA_PLATFORM says otherwise.
 
-#include "platform/dialog_prompts.h"
-#include "platform/qt_text.h"
-#include "platform/theme.h"
+#include "gui/platform/dialog_prompts.h"
+#include "gui/platform/qt_text.h"
+#include "gui/platform/theme.h"
 #include "tour/letterhead.h"
 #include "tour/quiet_desktop.h"
 #include "tour/stations.h"

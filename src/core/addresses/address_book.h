@@ -1,0 +1,101 @@
+// The two address blocks of the order: the lists of vendor and destination names, the picking of
+// one, and the saving and deleting of what is shown.
+#pragma once
+
+#include "core/addresses/address_file.h"
+#include "core/document/open_order.h"
+#include "core/platform/prompts.h"
+#include "core/settings/data_folder.h"
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+enum class AddressSide { Vendor, Destination };
+inline constexpr std::array kAddressSides{AddressSide::Vendor, AddressSide::Destination};
+
+class AddressBook {
+  public:
+    AddressBook(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
+                OpenOrder& open);
+
+    /// What one side shows beside the order's own texts.
+    struct Shown {
+        std::vector<std::string> names;  ///< in file order
+        std::string counter = "0";       ///< the number of the address shown
+        bool changedEnabled = false;     ///< ChangedVendor or ChangedDest
+        bool deleteEnabled = false;      ///< DeleteVendor or DeleteDest
+        std::string picked;              ///< the name whose address was looked up last
+        bool addressEdited = false;      ///< whether the address has been edited since then
+    };
+    const Shown& shown(AddressSide side) const { return shown_[index(side)]; }
+
+    /// Called when the vendor shown has been picked, saved or deleted.
+    std::function<void()> onVendorPicked = [] {};
+
+    /// Deals at the start with what an interrupted delete has left behind (address_file.h).
+    void clearLeftover();
+
+    /// Rebuilds both lists and shows the picked addresses anew. An address with unsaved edits
+    /// stays as it is, so that saving one side never costs what was typed on the other; and so
+    /// does one without a name, which no entry could bring back.
+    void PopAddyLists();
+
+    /// Rebuilds both lists of names and leaves what is shown as it is.
+    void refreshNames();
+
+    /// Adds imported addresses, counting them in `added`. Throws FileError; what was added before
+    /// stays.
+    void import(const std::string& kind, const std::vector<NameAndAddress>& entries, int& added);
+
+    /// The order's addresses have been emptied: no number is shown, nothing can be saved.
+    void showNone();
+
+    /// ToCombo_Click and ShipToCombo_Click: the name in the box has been picked from its list.
+    void Combo_Click(AddressSide side);
+
+    /// A name that was typed in full counts as picked when it is listed and no address has been
+    /// typed for it. Called when the box is left.
+    void pickTypedName(AddressSide side);
+    /// The same for both sides, before the order is saved or shown.
+    void pickTypedNames();
+
+    /// ToCombo_Change and ShipToCombo_Change; ToField_Change and ShipToField_Change.
+    void Combo_Change(AddressSide side, const std::string& text);
+    void Field_Change(AddressSide side, const std::string& text);
+
+    /// ChangedVendor_Click and ChangedDest_Click: stores the name and address shown. An address
+    /// that belongs to the name shown before is not stored under this one: the entry's own comes
+    /// into the box first.
+    void Changed_Click(AddressSide side);
+
+    /// DeleteVendor_Click and DeleteDest_Click: removes every entry of the name shown.
+    void Delete_Click(AddressSide side);
+
+    /// Whether an entry may be deleted from the name box and its list, by key or menu: the delete
+    /// command is enabled, the side lists the entry, and it was picked if it stands in the box.
+    bool mayDeleteEntry(AddressSide side, const std::string& entry) const;
+    /// Does that: as `Delete_Click` for the name shown; another one goes without changing it.
+    void deleteEntry(AddressSide side, const std::string& entry);
+
+  private:
+    static std::size_t index(AddressSide side) { return static_cast<std::size_t>(side); }
+    bool isListed(AddressSide side, const std::string& name) const;
+    /// Whether the address shown is still the one looked up for another name, or none at all.
+    bool addressIsUntouched(AddressSide side) const;
+    bool removeNamed(const std::string& name);
+    void showPicked(AddressSide side, const std::vector<AddressRecord>& records);
+    void fillList(AddressSide side, const std::vector<AddressRecord>& records);
+    bool hasUnsavedEdits(AddressSide side) const { return shown_[index(side)].changedEnabled; }
+
+    const DataFolder& folder_;
+    Prompts& prompts_;
+    OpenOrder& open_;
+    AddressFile file_;
+    std::array<Shown, 2> shown_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,157 @@
+#include "core/addresses/address_file.h"
+
+#include "core/platform/record_file.h"
+#include "core/platform/text.h"
+
+#include <algorithm>
+
+namespace bramblet {
+namespace {
+
+using File = RecordFile<AddressRecord, kAddressLayout>;
+
+/// Whether a file is empty, or certainly not there: a share that does not answer is another matter.
+bool isGone(const FileSystem& files, const std::filesystem::path& path) {
+    try {
+        return files.status(path).length == 0;
+    } catch (const FileError& error) {
+        if (error.number() != FaultNumber::FileNotFound) throw;
+        return true;
+    }
+}
+
+std::string asItIs(const std::string& name) {
+    return name;
+}
+std::string withoutCase(const std::string& name) {
+    return upper(name);
+}
+
+/// Tells the records of a name; `folded` makes equal what counts as the same.
+auto isNamed(const std::vector<AddressRecord>& records, const std::string& name,
+             std::string (*folded)(const std::string&)) {
+    const std::string wanted = folded(trimmed(name));
+    const auto stored = [=](const AddressRecord& record) {
+        return folded(trimmedField(record.Name)) == wanted;
+    };
+    // A blank name never means one of control characters alone.
+    const bool isStored = wanted.empty() || std::any_of(records.begin(), records.end(), stored);
+    return [=](const AddressRecord& record) {
+        return isStored ? stored(record) : folded(listedName(record)) == wanted;
+    };
+}
+
+}  // namespace
+
+std::string listedName(const AddressRecord& record) {
+    return trimmed(withoutControls(record.Name));
+}
+
+AddressFile::AddressFile(FileSystem files, std::filesystem::path path)
+    : files_(std::move(files)), path_(std::move(path)) {}
+
+std::vector<AddressRecord> AddressFile::readAll() {
+    std::vector<AddressRecord> records = File(files_, path_).readAll();
+    if (!records.empty()) buffer_ = records.back();
+    return records;
+}
+
+std::optional<AddressRecord> AddressFile::findNamed(const std::vector<AddressRecord>& records,
+                                                    const std::string& name) {
+    const auto found = std::find_if(records.begin(), records.end(), isNamed(records, name, asItIs));
+    if (found == records.end()) {
+        if (!records.empty()) buffer_ = records.back();
+        return std::nullopt;
+    }
+    buffer_ = *found;
+    return *found;
+}
+
+double AddressFile::GetNextAddyTag() {
+    double highest = 0;
+    for (const auto& record : readAll())
+        highest = std::max(highest, record.Tag);
+    return highest + 1;
+}
+
+std::optional<double> AddressFile::append(const std::string& kind, const std::string& name,
+                                          const std::string& address) {
+    const double tag = GetNextAddyTag();
+    if (trimmed(name).empty()) return std::nullopt;
+    buffer_.Tag = tag;
+    fill(kind, name, address);
+    File file(files_, path_);
+    file.append(buffer_);
+    file.flush();
+    return tag;
+}
+
+std::optional<AddressRecord> AddressFile::findToRewrite(const std::string& name) {
+    const std::vector<AddressRecord> records = readAll();
+    const auto match =
+        std::find_if(records.begin(), records.end(), isNamed(records, name, withoutCase));
+    return match == records.end() ? std::nullopt : std::optional(*match);
+}
+
+std::optional<double> AddressFile::rewrite(const std::string& kind, const std::string& name,
+                                           const std::string& address) {
+    const std::vector<AddressRecord> records = readAll();
+    const auto match =
+        std::find_if(records.begin(), records.end(), isNamed(records, name, withoutCase));
+    if (match == records.end()) return append(kind, name, address);
+    buffer_ = *match;
+    fill(kind, name, address);
+    File file(files_, path_);
+    file.write(static_cast<int>(match - records.begin()) + 1, buffer_);
+    file.flush();
+    return buffer_.Tag;
+}
+
+void AddressFile::import(const std::string& kind, const std::vector<NameAndAddress>& entries,
+                         const std::function<void(int)>& reached) {
+    File file(files_, path_);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        reached(static_cast<int>(i));
+        fill(kind, entries[i].name, entries[i].address);
+        file.append(buffer_);
+    }
+    reached(static_cast<int>(entries.size()));
+    file.flush();
+}
+
+void AddressFile::removeNamed(const std::string& name) {
+    const FileSystem once = files_.withoutRetry();
+    std::string kept;
+    const std::vector<AddressRecord> records = File(once, path_).readAll();
+    const auto isRemoved = isNamed(records, name, asItIs);
+    for (const auto& record : records) {
+        buffer_ = record;
+        if (!isRemoved(record)) kept += encodeRecord(kAddressLayout, record);
+    }
+    once.replace(path_, kept);
+}
+
+bool AddressFile::clearLeftover(std::int64_t now) const {
+    constexpr std::int64_t kTenMinutes = 600'000'000'000;
+    const FileSystem once = files_.withoutRetry();
+    const auto leftover = std::filesystem::path(path_).replace_extension(".tmp");
+    if (!once.exists(leftover)) return false;
+    const os::FileStatus status = once.status(leftover);
+    if (now - status.modified < kTenMinutes) return false;
+    if (status.length > 0 && isGone(once, path_)) {
+        once.rename(leftover, path_);
+        return true;
+    }
+    once.remove(leftover);
+    return false;
+}
+
+void AddressFile::fill(const std::string& kind, const std::string& name,
+                       const std::string& address) {
+    buffer_.Kind = kind;
+    buffer_.Active = "1";
+    buffer_.Name = trimmed(name);
+    buffer_.Address = trimmed(address);
+}
+
+}  // namespace bramblet

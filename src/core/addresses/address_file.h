@@ -1,0 +1,104 @@
+// The address book's file "po_addy.dat": vendors and ship-to destinations in one file of
+// fixed-length records.
+#pragma once
+
+#include "core/platform/file_system.h"
+#include "core/platform/fixed_record.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+/// 570 bytes on disk.
+struct AddressRecord {
+    std::string Active;  ///< always "1"; never tested
+    std::string Kind;    ///< kVendor or kDestination; records of any other kind are passed over
+    double Tag = 0;      ///< the address number, given once
+    std::string Name;
+    std::string Address;  ///< lines apart by CR LF
+};
+
+inline constexpr std::array kAddressLayout{
+    textField<&AddressRecord::Active>(0, 1),     textField<&AddressRecord::Kind>(1, 1),
+    numberField<&AddressRecord::Tag>(2),         textField<&AddressRecord::Name>(10, 60),
+    textField<&AddressRecord::Address>(70, 500),
+};
+static_assert(recordSize(kAddressLayout) == 570);
+
+inline constexpr const char* kVendor = "V";
+inline constexpr const char* kDestination = "T";
+
+/// What an import brings of an address.
+struct NameAndAddress {
+    std::string name;
+    std::string address;
+};
+
+/// A record's name as it is listed and as the boxes hold it: imported names may have control
+/// characters, which become blanks there.
+std::string listedName(const AddressRecord& record);
+
+/// Each operation opens the file, works and closes it, and throws FileError. A name means the
+/// records that are stored under it, or where there are none those that are listed under it.
+class AddressFile {
+  public:
+    /// `path` ends in "po_addy.dat".
+    AddressFile(FileSystem files, std::filesystem::path path);
+
+    std::vector<AddressRecord> readAll();
+
+    /// The first record among `records` of exactly this name, whatever its kind; none when there
+    /// is none.
+    std::optional<AddressRecord> findNamed(const std::vector<AddressRecord>& records,
+                                           const std::string& name);
+
+    /// The number for a new address: the highest in the file, of either kind, plus one.
+    double GetNextAddyTag();
+
+    /// Appends a record under the next number, which is returned; a blank name appends nothing.
+    std::optional<double> append(const std::string& kind, const std::string& name,
+                                 const std::string& address);
+
+    /// The first record whose name is the same but for letter case, whatever its kind: the one
+    /// that `rewrite` replaces.
+    std::optional<AddressRecord> findToRewrite(const std::string& name);
+
+    /// Rewrites the first record whose name is the same but for letter case, whatever its kind,
+    /// keeping its number; appends when there is none. Returns the number as `append` does.
+    std::optional<double> rewrite(const std::string& kind, const std::string& name,
+                                  const std::string& address);
+
+    /// Appends entries as they are, with no look for duplicates, each under the number of the
+    /// record that was read or written last: an import gives no numbers. `reached` is told the
+    /// count before each one, and at the end.
+    void import(const std::string& kind, const std::vector<NameAndAddress>& entries,
+                const std::function<void(int)>& reached);
+
+    /// Copies the file without the records of exactly this name, whatever their kind. The copy has
+    /// a name of its own until it takes the file's place, and is gone when that fails. Faults are
+    /// thrown at once, without waiting.
+    void removeNamed(const std::string& name);
+
+    /// Deals with a copy "po_addy.tmp" that an earlier version of the program left behind: it is
+    /// removed, so that what was deleted does not come back at that version's next delete; where
+    /// it is all that is left of the book it takes its place, and true is returned. A copy that
+    /// another desk may be writing, one written to in the ten minutes before `now`, is left alone.
+    /// `now` is nanoseconds since 1970 by the clock of the folder. Throws FileError.
+    bool clearLeftover(std::int64_t now) const;
+
+  private:
+    void fill(const std::string& kind, const std::string& name, const std::string& address);
+
+    FileSystem files_;
+    std::filesystem::path path_;
+    /// The one record buffer of all address work: what an operation does not set keeps the value
+    /// of the record read last.
+    AddressRecord buffer_;
+};
+
+}  // namespace bramblet

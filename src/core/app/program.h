@@ -1,0 +1,111 @@
+// The program without its windows: everything it owns, in the order in which it comes to life, and
+// the flows of starting up and leaving.
+#pragma once
+
+#include "core/addresses/address_book.h"
+#include "core/addresses/contact_import.h"
+#include "core/app/browser.h"
+#include "core/backup/backup.h"
+#include "core/document/open_order.h"
+#include "core/history/field_histories.h"
+#include "core/orders/csv_export.h"
+#include "core/orders/line_items.h"
+#include "core/orders/order_editor.h"
+#include "core/orders/order_index.h"
+#include "core/orders/order_viewer.h"
+#include "core/orders/saved_orders.h"
+#include "core/platform/clock.h"
+#include "core/platform/file_system.h"
+#include "core/platform/prompts.h"
+#include "core/platform/regional_formats.h"
+#include "core/settings/data_folder.h"
+#include "core/settings/settings_editor.h"
+#include "core/settings/settings_file.h"
+#include "core/stock/stock_exchange.h"
+#include "core/stock/stock_list.h"
+
+#include <filesystem>
+
+namespace bramblet {
+
+/// What the program is given from outside.
+struct Environment {
+    Desktop& desktop;
+    std::filesystem::path documentsFolder;  ///< of the user
+    RegionalFormats formats;
+    Clock clock;
+    FileWait waitForFile;
+};
+
+/// Place and size of the main window in twips, 15 to a pixel.
+struct WindowPlace {
+    double height;
+    double width;
+    double top;
+    double left;
+};
+
+class Program {
+  public:
+    /// Loads the settings and checks the data folder; both may speak to the user. Throws
+    /// StartGivenUp when the settings cannot be used and the user would rather leave.
+    Program(Environment environment, Prompts& prompts);
+    ~Program() {
+        prompts_.onCommand = [] {};
+    }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    /// Fills the lists and shows an empty order. Called once, when the windows are watching.
+    void start();
+
+    enum class Leave { Now, Stay };
+    /// The shut-down: offers to save a changed order and writes the settings. To stay is the
+    /// answer when the order was to be saved and could not be.
+    Leave leave(const WindowPlace& place);
+
+    WindowPlace windowPlace() const;
+
+    /// Fills every list from what is in the data folder now; the order shown stays as it is.
+    void refillLists();
+
+    void mu_About();
+
+    /// The home folder, with the separator at its end.
+    static std::filesystem::path homeFolderIn(const std::filesystem::path& documentsFolder);
+
+  private:
+    void tellWhyNotLeft();
+    void saveSettings();
+
+    Environment environment_;
+    Prompts& prompts_;
+    FileSystem files_;
+    SettingsFile settingsFile_;
+
+  public:
+    Settings settings;
+    DataFolder folder;
+    const bool taxFreight;  ///< as the settings had it at start-up
+    OpenOrder open;
+    AddressBook addresses;
+    FieldHistories histories;
+    OrderIndex index;
+    SavedOrders savedOrders;
+    StockList stock;
+    StockExchange stockExchange;
+    OrderEditor editor;
+    LineItems lines;
+    ContactImport contactImport;
+    OrderViewer viewer;
+    CsvExport csvExport;
+    Backup backup;
+    SettingsEditor settingsEditor;
+    Browser browser;
+
+    const FileSystem& files() const { return files_; }
+    const RegionalFormats& formats() const { return environment_.formats; }
+    Prompts& prompts() const { return prompts_; }
+};
+
+}  // namespace bramblet

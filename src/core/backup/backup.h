@@ -1,0 +1,102 @@
+// Backup and restore: copying the data files, the order documents and the pictures between the data
+// folder and another one, and comparing the two.
+#pragma once
+
+#include "core/platform/prompts.h"
+#include "core/settings/data_folder.h"
+#include "core/settings/settings.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+class Backup {
+  public:
+    /// Which of the two windows this is.
+    enum class Kind { Backup, Restore };
+
+    Backup(const FileSystem& files, const DataFolder& folder, Settings& settings, Prompts& prompts);
+
+    /// Called after every change of what is shown, and before every file, so that the windows live
+    /// and can stop a run.
+    std::function<void()> onChange = [] {};
+    /// Called when a restore has put files in place.
+    std::function<void()> onRestored = [] {};
+
+    /// Shows the window of this kind.
+    std::function<void(Kind)> showWindow = [](Kind) {};
+    void mu_DataBackup_Click();
+    void mu_DataRestore_Click();
+
+    // What the window shows.
+    std::filesystem::path Backuplist;             ///< the source folder
+    std::filesystem::path BackUpTarget;           ///< the target folder; may be typed
+    std::vector<std::filesystem::path> BackMeUp;  ///< names of the files to be copied, sorted
+    std::string BackUpProgress;                   ///< the status line
+    /// How far a run has come.
+    struct Progress {
+        std::size_t files = 0;
+        std::size_t fileCount = 0;
+        std::uint64_t bytes = 0;
+        std::uint64_t byteCount = 0;
+    };
+    const Progress& progress() const { return progress_; }
+    Kind kind() const { return kind_; }
+    bool running() const { return running_; }
+
+    /// The window opens: sets the folders and lists the files.
+    void open(Kind kind);
+
+    void SelectTarget_Click();
+    /// Of the restore window only.
+    void SelectSource_Click();
+    /// Copies every listed file, each under a temporary name until it is whole. True when all are
+    /// copied.
+    bool RunBackup_Click();
+    /// Compares every file of the source with its copy in the target, byte for byte, and tells how
+    /// many agree, differ or are missing.
+    void Verify_Click();
+    /// Ends a run before its next file.
+    void StopBackup_Click() { stopped_ = true; }
+
+  private:
+    struct Item {
+        std::filesystem::path name;
+        std::uint64_t length;
+    };
+
+    struct Comparison {
+        std::vector<std::filesystem::path> differing;
+        std::vector<std::filesystem::path> missing;
+    };
+
+    bool run(const std::function<bool()>& work);
+    bool prepare();
+    bool isSameFolder() const;
+    void rememberTarget();
+    void listFiles();
+    void showFiles();
+    std::vector<Item> items() const;
+    bool copyAll();
+    bool compareAll(Comparison& result);
+    void checkSpace(const std::vector<Item>& items) const;
+    bool isSame(const std::filesystem::path& name) const;
+    void start(const std::vector<Item>& items);
+    bool next(const std::string& doing, const Item& item);
+    void sayAborted(const Fault& fault);
+
+    FileSystem files_;
+    const DataFolder& folder_;
+    Settings& settings_;
+    Prompts& prompts_;
+    Kind kind_ = Kind::Backup;
+    Progress progress_;
+    bool running_ = false;
+    bool stopped_ = false;
+};
+
+}  // namespace bramblet

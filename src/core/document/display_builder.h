@@ -1,0 +1,81 @@
+// Well-formed HTML for the display, built from tags that may stand in any order: every element is
+// closed within the one it was opened in, and no text is lost.
+#pragma once
+
+#include "core/document/display_style.h"
+#include "core/document/markup.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace bramblet {
+
+class DisplayBuilder {
+  public:
+    /// Lengths follow `scale` as it is when they are added.
+    explicit DisplayBuilder(const DisplayScale& scale) : scale_(scale) {}
+
+    /// What has been built. Texts between the rows and cells of a table are put into cells.
+    const std::string& html() const { return html_; }
+    /// The whole, with everything closed.
+    std::string finished();
+
+    /// Text of the document: what looks like markup in it is text.
+    void addText(std::string_view text);
+    /// HTML without an end tag, that takes the place of so many characters in a line.
+    void addSingle(std::string_view html, std::size_t length);
+    void addBreak();
+    /// HTML of a block of its own, between others.
+    void addBlock(std::string_view html);
+
+    /// Opens an element of texts. Its HTML is `opening`, nothing for one that is of no effect.
+    void openText(const Element& element, const std::string& opening);
+    /// The cells of a `lined` table, and of lined rows in it, get lines unless they are empty.
+    void openTable(const Element& element, const std::string& opening, bool lined);
+    void openRow(const Tag& tag, bool lined);
+    void openCell(const Tag& tag, bool empty);
+    /// Makes the cell that is opened next higher, by pixels at this zoom.
+    void addHeight(double pixels) { addedHeight_ = pixels; }
+
+    /// Closes the element and what is open within it. What is open around its cell, row or table
+    /// stays, and so does everything when there is no such element.
+    void close(const Tag& tag);
+
+  private:
+    /// An element whose end is still to come.
+    struct Open {
+        const Element* element;
+        std::string opening;  ///< as it stands in the page; empty for one left out
+        bool lined = false;   ///< of a table or a row
+        int cells = 0;        ///< of a row, or of a table's longest one
+    };
+
+    void addCharacter(char c);
+    void lengthen(std::size_t length, bool mayDivide);
+    void divide();
+    void closeParagraph(std::string_view name);
+    bool isFull(const Tag& tag);
+    void addRow(const Tag& tag, bool lined);
+    void countCells(Open& table, const Open& row, int below);
+    std::string cellStyle(const Open& row, bool empty);
+    void ensureCell();
+    bool isBetweenCells() const;
+    static bool isTable(const Open& open) { return open.element->role == Role::Table; }
+    static bool isCell(const Open& open) { return open.element->role == Role::Cell; }
+    template <class Matches>
+    std::optional<std::size_t> findOpen(Matches matches) const;
+    void push(Open open);
+    void closeDownTo(std::size_t count);
+    void dropBlanksAtEnd();
+
+    const DisplayScale& scale_;
+    std::string html_;
+    std::vector<Open> stack_;
+    int cells_ = 0;           ///< of all tables
+    std::size_t run_ = 0;     ///< characters in this paragraph
+    double addedHeight_ = 0;  ///< of the cell that comes next
+};
+
+}  // namespace bramblet

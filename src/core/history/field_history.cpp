@@ -1,0 +1,68 @@
+#include "core/history/field_history.h"
+
+#include "core/platform/text.h"
+
+#include <algorithm>
+
+namespace bramblet {
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+/// Lines end with CR LF; a file that another program has written may use one of the two alone.
+std::vector<std::string> linesOf(const std::string& content) {
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < content.size();) {
+        const auto end = std::min(content.find_first_of(kLineEnd, start), content.size());
+        lines.push_back(content.substr(start, end - start));
+        const bool both = content.compare(end, 2, kLineEnd) == 0;
+        start = end + (both ? 2 : 1);
+    }
+    return lines;
+}
+
+/// The value as one line: with a blank for every line end within it, and trimmed after that, as
+/// the lines of the file are when the value is looked for.
+std::string asLine(std::string value) {
+    std::replace_if(
+        value.begin(), value.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return trimmed(value);
+}
+
+bool endsLine(const std::string& content) {
+    return content.empty() || content.back() == '\n' || content.back() == '\r';
+}
+
+}  // namespace
+
+void FieldHistory::remember(const FileSystem& files, const std::string& value) {
+    // Opened for writing only when it has to be: a file that can only be read is listed all the
+    // same.
+    if (!files.exists(path_)) files.touch(path_);
+    if (std::string content = files.read(path_); content != content_) {
+        entries_ = std::make_shared<const std::vector<std::string>>(linesOf(content));
+        content_ = std::move(content);
+    }
+    const std::string line = asLine(value);
+    const bool known =
+        std::any_of(entries_->begin(), entries_->end(),
+                    [&](const std::string& entry) { return trimmed(entry) == line; });
+    if (line.empty() || known) return;
+    const std::string added = (endsLine(content_) ? "" : kLineEnd) + line + kLineEnd;
+    files.append(path_, added);
+    content_ += added;
+    auto lines = *entries_;
+    lines.push_back(line);
+    entries_ = std::make_shared<const std::vector<std::string>>(std::move(lines));
+}
+
+void FieldHistory::forget(const FileSystem& files, const std::string& value) const {
+    const std::string line = asLine(value);
+    std::string kept;
+    for (const auto& entry : linesOf(files.read(path_))) {
+        if (trimmed(entry) != line) kept += entry + kLineEnd;
+    }
+    files.replace(path_, kept);
+}
+
+}  // namespace bramblet

@@ -1,0 +1,40 @@
+// The list of orders as a comma-separated file for spreadsheets.
+#pragma once
+
+#include "core/orders/order_index.h"
+#include "core/platform/desktop.h"
+#include "core/platform/prompts.h"
+#include "core/settings/data_folder.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+/// The file's text: a line of headings and one for each order that is not deleted, every field in
+/// double quotes, lines ending in CR LF. Quotes within a field are not doubled; dates that are not
+/// set are empty.
+std::string ordersAsCsv(const std::vector<OrderIndexRecord>& orders,
+                        const RegionalFormats& formats);
+
+class CsvExport {
+  public:
+    CsvExport(const FileSystem& files, const DataFolder& folder, const OrderIndex& index,
+              const RegionalFormats& formats, Desktop& desktop, Prompts& prompts);
+
+    /// Writes the whole list to a file that the user chooses, and offers to open it.
+    void mu_DataExport_Click();
+
+  private:
+    bool write(const std::filesystem::path& path);
+
+    const FileSystem& files_;
+    const DataFolder& folder_;
+    const OrderIndex& index_;
+    const RegionalFormats& formats_;
+    Desktop& desktop_;
+    Prompts& prompts_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,100 @@
+// The commands on the order shown: new, save, save as a copy, clear, open, and what goes with them.
+#pragma once
+
+#include "core/addresses/address_book.h"
+#include "core/document/open_order.h"
+#include "core/history/field_histories.h"
+#include "core/orders/line_items.h"
+#include "core/orders/order_index.h"
+#include "core/orders/saved_orders.h"
+#include "core/platform/clock.h"
+#include "core/settings/data_folder.h"
+#include "core/settings/settings.h"
+#include "core/stock/stock_list.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace bramblet {
+
+class OrderEditor {
+  public:
+    /// What the commands work with; all of it outlives the editor.
+    struct Workplace {
+        const FileSystem& files;
+        const DataFolder& folder;
+        Settings& settings;
+        bool taxFreight;
+        const RegionalFormats& formats;
+        const Clock& clock;
+        Prompts& prompts;
+        OpenOrder& open;
+        AddressBook& addresses;
+        FieldHistories& histories;
+        const OrderIndex& index;
+        SavedOrders& savedOrders;
+        StockList& stock;
+    };
+    explicit OrderEditor(const Workplace& workplace) : at_(workplace) {}
+
+    void SaveChanges_Click();
+    void NewPO_Click();
+    void Save_PO_Click();
+    void Clear_Click();
+    /// "make 10 copies"
+    void make10_Click();
+    /// Unlocks the number box after a question.
+    void Label11_DblClick();
+    void TotalUp_Click();
+    /// A click on a row of the saved orders: opens that order after offering to save this one.
+    void POGrid_Click(const std::string& orderNumber);
+    /// "Delete Order" of the saved orders' pop-up menu.
+    void POPop_delete_Click(const std::string& orderNumber);
+
+    /// The user has typed into a box.
+    void edit(OrderField field, const std::string& text);
+    void OptionPO_Click() { chooseKind(OrderKind::PurchaseOrder); }
+    void OptionRe_Click() { chooseKind(OrderKind::Requisition); }
+    void MarkReceivedCheck_Click(bool received);
+    /// A day of the calendar was clicked: its date goes into the box in the short form.
+    void MonthView1_DateClick(OrderField box, DayCount day);
+    /// The day at which the calendar opens for a box: its own, or today.
+    DayCount calendarStart(OrderField box) const;
+    /// Whether a date box holds a date, or nothing.
+    bool isDate(OrderField box) const { return at_.index.isDate(at_.open.order.*box); }
+
+    /// Empties the order as the clear command does, without marking it changed.
+    void clearOrder();
+
+    /// Asks whether to save a changed order, named as "Order" or "Bramblet" number, and does so.
+    enum class Offer { GoOn, Cancelled, NotSaved };
+    Offer offerToSave(const std::string& named, const std::string& title);
+
+    /// What was typed into the name boxes counts before the order is shown or saved.
+    void pickTypedNames() { at_.addresses.pickTypedNames(); }
+    /// Totals the order up; false when the user has been told why that was not possible.
+    bool totalUp();
+    /// Writes the document of the order shown. Throws Fault.
+    void MakeSnap(const std::filesystem::path& path) const;
+
+  private:
+    bool confirm(const std::string& question);
+    void tellOfNumber();
+    std::string doubtAboutNumber() const;
+    bool datesAreReadable() const;
+    // Each of these is none or false when the user has been told what went wrong.
+    bool checkDates();
+    std::optional<std::string> nextNumber();
+    enum class Histories { Remember, LeaveAlone };
+    bool write(Histories histories);
+    bool saveAs(const std::string& number, Histories histories);
+    void LoadOrder(const std::string& orderNumber);
+    void chooseKind(OrderKind kind);
+    void changed() { at_.open.onChange(); }
+
+    Workplace at_;
+    bool numberDoubted_ = false;  ///< whether the status line speaks against the number typed
+};
+
+}  // namespace bramblet

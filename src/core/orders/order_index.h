@@ -1,0 +1,79 @@
+// The order index "po_data.dat": one short record an order, from which the list of saved orders is
+// made and new order numbers are drawn.
+#pragma once
+
+#include "core/document/order.h"
+#include "core/platform/clock.h"
+#include "core/platform/currency.h"
+#include "core/platform/file_system.h"
+#include "core/platform/fixed_record.h"
+#include "core/platform/regional_formats.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+/// 203 bytes on disk. Dates are day counts from 30 December 1899; 0 stands for no date.
+struct OrderIndexRecord {
+    std::string Status;  ///< "A" purchase order, "R" requisition, lower case received, "D" deleted
+    std::string Number, Job;
+    double OrderDate = 0;
+    std::string Vendor, ShipTo;
+    double ShipDate = 0;
+    Currency OrderTotal, Shipping, SalesTax, NetTotal, Discount, SubTotal;
+};
+
+inline constexpr std::array kOrderIndexLayout{
+    textField<&OrderIndexRecord::Status>(0, 1),    textField<&OrderIndexRecord::Number>(1, 6),
+    textField<&OrderIndexRecord::Job>(7, 12),      numberField<&OrderIndexRecord::OrderDate>(19),
+    textField<&OrderIndexRecord::Vendor>(27, 60),  textField<&OrderIndexRecord::ShipTo>(87, 60),
+    numberField<&OrderIndexRecord::ShipDate>(147), numberField<&OrderIndexRecord::OrderTotal>(155),
+    numberField<&OrderIndexRecord::Shipping>(163), numberField<&OrderIndexRecord::SalesTax>(171),
+    numberField<&OrderIndexRecord::NetTotal>(179), numberField<&OrderIndexRecord::Discount>(187),
+    numberField<&OrderIndexRecord::SubTotal>(195),
+};
+static_assert(recordSize(kOrderIndexLayout) == 203);
+
+inline constexpr const char* kDeletedOrder = "D";
+
+/// Each operation opens the file, works and closes it. All throw Fault: FileError for the file,
+/// Overflow when it holds more than 32,767 records.
+class OrderIndex {
+  public:
+    OrderIndex(FileSystem files, std::filesystem::path path, const RegionalFormats& formats,
+               Clock clock);
+
+    /// Writes the record of an order: in place of the first one of its number, or behind the last.
+    /// An order without a number is not written. Throws BoxFault for a date or an amount that
+    /// cannot be read; the file is then unchanged.
+    void RecordData(const Order& order) const;
+
+    /// Throws BoxFault for a date that `RecordData` could not read.
+    void checkDates(const Order& order) const;
+    /// Whether a text can be read as a date, or is blank.
+    bool isDate(const std::string& text) const;
+
+    /// One more than the highest number in the file, deleted orders included. Letters in a number
+    /// are passed over; one that is no number even then holds nothing back.
+    double NextPONumber() const;
+
+    /// Marks the first record of the number as deleted; false when there is none.
+    bool markDeleted(const std::string& number) const;
+
+    std::vector<OrderIndexRecord> readAll() const;
+
+  private:
+    OrderIndexRecord recordOf(const Order& order) const;
+    std::optional<double> readDate(const std::string& text) const;
+    double dateOf(const std::string& text, const std::string& box) const;
+
+    FileSystem files_;
+    std::filesystem::path path_;
+    const RegionalFormats& formats_;
+    Clock clock_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,63 @@
+// Viewing the order shown as its finished form: which document it is, its pictures, mailing it.
+#pragma once
+
+#include "core/orders/order_editor.h"
+#include "core/platform/desktop.h"
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace bramblet {
+
+class OrderViewer {
+  public:
+    OrderViewer(const FileSystem& files, const DataFolder& folder, const Settings& settings,
+                OrderEditor& editor, const OpenOrder& open, Desktop& desktop, Prompts& prompts);
+
+    /// Opens the viewer's window on the document chosen last.
+    std::function<void()> showViewer = [] {};
+
+    /// Shows the order as its document, which is written first when the order has unsaved changes
+    /// or no number yet, or when there is none.
+    void MakeOrder_Click();
+
+    /// The document being viewed: its text, its file's path, and the number of its order.
+    const std::string& document() const { return document_; }
+    const std::filesystem::path& path() const { return path_; }
+    std::string orderNumber() const;
+
+    /// A picture of the data folder by its name; empty when there is none, or the name is no plain
+    /// one.
+    std::string picture(const std::string& name) const;
+
+    /// Writes the document anew with the settings as they are now.
+    void ReWrite();
+
+    /// Puts a PDF of the document where the user wants it; `pdf` makes it.
+    void SavePdf_Click(const std::function<std::string()>& pdf);
+
+    /// A print has come to its end.
+    void printed(bool good);
+
+    /// Hands the document to the user's mail program.
+    void IE_Button_Click();
+
+  private:
+    bool hasFile(const std::string& name) const;
+    bool write();
+    bool read();
+    void tell(const std::string& failure) const;
+
+    const FileSystem& files_;
+    const DataFolder& folder_;
+    const Settings& settings_;
+    OrderEditor& editor_;
+    const OpenOrder& open_;
+    Desktop& desktop_;
+    Prompts& prompts_;
+    std::filesystem::path path_;
+    std::string document_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,48 @@
+// Amounts as texts: cleaning what was typed, reading it in the user's region, and the named formats
+// "standard" and "currency".
+#pragma once
+
+#include "core/platform/currency.h"
+#include "core/platform/regional_formats.h"
+
+#include <string>
+#include <string_view>
+
+namespace bramblet {
+
+/// Keeps only the digits, "." and "," of the trimmed text, "0" when nothing is left; a minus sign
+/// falls away, so what went through here is never negative. The argument is replaced by its
+/// trimmed form.
+std::string CleanNumber(std::string& text);
+
+/// As above, for a text that need not be trimmed in place.
+std::string cleanedNumber(std::string_view text);
+
+/// The number that a text names in the user's region: digits with group separators, a decimal
+/// separator, a currency sign and a minus sign in front. Anything else throws Fault(TypeMismatch).
+double numberOf(std::string_view text, const RegionalFormats& formats);
+
+/// `numberOf` the text as an amount. Throws Fault(TypeMismatch) or Fault(Overflow).
+Currency amountOf(std::string_view text, const RegionalFormats& formats);
+
+/// "standard": group separators and two decimals, halves away from zero.
+std::string standardText(Currency amount, const RegionalFormats& formats);
+std::string standardText(double value, const RegionalFormats& formats);
+
+/// "currency": the region's currency form.
+std::string currencyText(Currency amount, const RegionalFormats& formats);
+std::string currencyText(double value, const RegionalFormats& formats);
+
+/// "currency" of a text: of the number it names, or the text as it is when it names none.
+std::string currencyText(std::string_view text, const RegionalFormats& formats);
+
+/// A number as people write it: up to 15 digits, no group separators, no zeros at its end.
+std::string generalText(double value, const RegionalFormats& formats);
+
+/// The number of an address or a stock item: plain digits, in every region the same.
+std::string tagText(double tag);
+
+/// An amount with at least two and at most four decimals, so that nothing of it is lost.
+std::string exactText(Currency amount, const RegionalFormats& formats);
+
+}  // namespace bramblet

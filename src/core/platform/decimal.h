@@ -1,0 +1,37 @@
+// Numbers as rows of decimal digits: the step between the binary value of a number and its text,
+// so that every rounding is done on the digits that people see.
+#pragma once
+
+#include "core/platform/currency.h"
+
+#include <string>
+
+namespace bramblet {
+
+/// ±0.d1d2d3… × 10^exponent. Zero has no digits.
+struct Decimal {
+    bool negative = false;
+    std::string digits;  ///< without leading or trailing zeros
+    int exponent = 0;    ///< place of the decimal point, counted from before the first digit
+};
+
+enum class Halves { AwayFromZero, ToEven };
+
+/// The digits of a double: the 15 that it holds for certain, or for amounts too large to keep four
+/// decimals in 15 digits the shortest row that names it. Throws Fault(Overflow) when not finite.
+Decimal toDecimal(double value);
+
+Decimal toDecimal(Currency amount);
+
+/// The decimal rounded to `places` digits behind the decimal point.
+Decimal rounded(const Decimal& decimal, int places, Halves halves);
+
+/// The digits before and behind the decimal point, the latter filled to `places`, and no sign:
+/// {"1234", "50"}. The whole part is at least "0".
+struct PlainDigits {
+    std::string whole;
+    std::string fraction;
+};
+PlainDigits plainDigits(const Decimal& decimal, int places);
+
+}  // namespace bramblet

@@ -1,0 +1,260 @@
+#include "core/platform/file_system.h"
+
+#include "core/platform/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <optional>
+#include <random>
+
+namespace bramblet {
+namespace {
+
+/// A name beside `path` that nobody else uses, on this machine or another, and no backup pattern
+/// matches.
+std::filesystem::path temporaryNameFor(const std::filesystem::path& path) {
+    static std::mt19937_64 numbers(std::random_device{}() ^ os::processNumber() << 32);
+    std::array<char, 17> text{};
+    std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(numbers()));
+    return std::filesystem::path(path).replace_filename(std::string("~bramblet-") + text.data() +
+                                                        ".tmp");
+}
+
+/// A file that is written beside another one to take its place. It is removed again unless it
+/// comes to that.
+class Replacement {
+  public:
+    /// Faults are those of `target`, which is what the user knows of.
+    Replacement(const FileSystem& files, std::filesystem::path target)
+        : files_(files), target_(std::move(target)), path_(temporaryNameFor(target_)) {
+        run([&] { file_.emplace(path_, os::Open::WriteNew); });
+    }
+    ~Replacement() {
+        file_.reset();
+        try {
+            if (os::exists(path_)) os::remove(path_);
+        } catch (const FileError&) {
+            // The share is gone; a leftover temporary file does no harm.
+        }
+    }
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+
+    void write(std::uint64_t offset, std::string_view bytes) {
+        run([&] { file_->write(offset, bytes); });
+    }
+    void setModified(std::int64_t modified) {
+        run([&] { file_->flush(); });
+        file_.reset();
+        run([&] { os::setModified(path_, modified); });
+    }
+    void putInPlace() {
+        if (file_) run([&] { file_->flush(); });
+        file_.reset();
+        run([&] { os::rename(path_, target_); });
+    }
+
+  private:
+    template <class Statement>
+    void run(Statement statement) {
+        files_.run([&] {
+            try {
+                statement();
+            } catch (const FileError& error) {
+                throw FileError(error.number(), target_);
+            }
+        });
+    }
+
+    const FileSystem& files_;
+    std::filesystem::path target_;
+    std::filesystem::path path_;
+    std::optional<os::File> file_;
+};
+
+}  // namespace
+
+RandomFile FileSystem::openRandom(const std::filesystem::path& path) const {
+    return RandomFile(*this, path, os::Open::ReadWrite);
+}
+
+std::string FileSystem::read(const std::filesystem::path& path) const {
+    const RandomFile file(*this, path, os::Open::Read);
+    const std::uint64_t length = file.length();
+    if (length > kLongestFile) throw FileTooLong(path, length);
+    return file.read(0, static_cast<std::size_t>(length));
+}
+
+void FileSystem::touch(const std::filesystem::path& path) const {
+    run([&] { return os::File(path, os::Open::AppendOrCreate); });
+}
+
+void FileSystem::append(const std::filesystem::path& path, std::string_view content) const {
+    os::File file = run([&] { return os::File(path, os::Open::AppendOrCreate); });
+    run([&] { file.append(content); });
+}
+
+void FileSystem::replace(const std::filesystem::path& path, std::string_view content) const {
+    Replacement replacement(*this, path);
+    replacement.write(0, content);
+    replacement.putInPlace();
+}
+
+void FileSystem::copy(const std::filesystem::path& from, const std::filesystem::path& to) const {
+    constexpr std::size_t kBlock = 1 << 20;
+    const os::FileStatus source = status(from);
+    const RandomFile input(*this, from, os::Open::Read);
+    Replacement replacement(*this, to);
+    for (std::uint64_t offset = 0;;) {
+        const std::string block = input.read(offset, kBlock);
+        if (block.empty()) break;
+        replacement.write(offset, block);
+        offset += block.size();
+    }
+    replacement.setModified(source.modified);
+    replacement.putInPlace();
+}
+
+bool FileSystem::exists(const std::filesystem::path& path) const {
+    return os::exists(path);
+}
+
+bool FileSystem::isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) const {
+    return os::isSameFile(a, b);
+}
+
+os::FileStatus FileSystem::status(const std::filesystem::path& path) const {
+    return run([&] { return os::status(path); });
+}
+
+void FileSystem::remove(const std::filesystem::path& path) const {
+    run([&] { os::remove(path); });
+}
+
+void FileSystem::rename(const std::filesystem::path& from, const std::filesystem::path& to) const {
+    run([&] { os::rename(from, to); });
+}
+
+void FileSystem::createFolders(const std::filesystem::path& path) const {
+    // Only what is missing is asked for: a drive or the name of a server cannot be created.
+    std::vector<std::filesystem::path> missing;
+    auto folder = path.has_filename() ? path : path.parent_path();
+    for (; folder.has_relative_path() && !os::exists(folder); folder = folder.parent_path())
+        missing.push_back(folder);
+    for (auto next = missing.rbegin(); next != missing.rend(); ++next)
+        run([&] { os::createFolder(*next); });
+}
+
+std::vector<std::filesystem::path> FileSystem::fileNames(
+    const std::filesystem::path& folder) const {
+    return run([&] { return os::fileNames(folder); });
+}
+
+std::vector<std::filesystem::path> FileSystem::folderNames(
+    const std::filesystem::path& folder) const {
+    return run([&] { return os::folderNames(folder); });
+}
+
+std::uint64_t FileSystem::freeSpace(const std::filesystem::path& folder) const {
+    return run([&] { return os::freeSpace(folder); });
+}
+
+RandomFile::RandomFile(const FileSystem& files, const std::filesystem::path& path, os::Open how)
+    : files_(files), file_(files.run([&] { return os::File(path, how); })) {}
+
+std::uint64_t RandomFile::length() const {
+    return files_.run([&] { return file_.length(); });
+}
+
+std::string RandomFile::read(std::uint64_t offset, std::size_t count) const {
+    return files_.run([&] { return file_.read(offset, count); });
+}
+
+void RandomFile::write(std::uint64_t offset, std::string_view bytes) {
+    files_.run([&] { file_.write(offset, bytes); });
+}
+
+void RandomFile::flush() {
+    files_.run([&] { file_.flush(); });
+}
+
+std::filesystem::path withSeparator(std::filesystem::path folder) {
+    constexpr auto kSeparator = std::filesystem::path::preferred_separator;
+    if (!folder.native().ends_with(kSeparator)) folder += kSeparator;
+    return folder;
+}
+
+namespace {
+
+bool isRefusedInNames(char c) {
+    constexpr std::string_view kRefused = "/\\:*?\"<>|";
+    return static_cast<unsigned char>(c) < 0x20 || kRefused.find(c) != std::string_view::npos;
+}
+
+std::string_view stemOf(std::string_view name) {
+    return name.substr(0, name.find('.'));
+}
+
+/// What file systems take as one name, in bytes of UTF-8.
+constexpr std::size_t kLongestName = 255;
+
+/// The most that a name takes: a letter outside ASCII has up to three bytes.
+std::size_t lengthOnDisk(std::string_view name) {
+    const auto outsideAscii = std::count_if(
+        name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    return name.size() + 2 * static_cast<std::size_t>(outsideAscii);
+}
+
+/// The name as it is, or without the letters before its ending that make it too long for a file
+/// with a few characters added.
+std::string cutToLength(const std::string& name) {
+    constexpr std::size_t kRoomToAdd = 8;
+    constexpr std::size_t kLongestEnding = 5;
+    const auto dot = std::min(name.rfind('.'), name.size());
+    const std::string ending = name.size() - dot <= kLongestEnding ? name.substr(dot) : "";
+    const std::size_t most = kLongestName - kRoomToAdd - lengthOnDisk(ending);
+    std::size_t length = 0;
+    std::size_t taken = 0;
+    const std::size_t stem = name.size() - ending.size();
+    while (taken < stem && (length += lengthOnDisk(name.substr(taken, 1))) <= most)
+        ++taken;
+    return name.substr(0, taken) + ending;
+}
+
+/// Whether a file of this name, whatever its ending, is a device on Windows. Raised digits count
+/// as digits there.
+bool isDevice(std::string_view stem) {
+    constexpr std::array<std::u16string_view, 6> kDevices{u"CON", u"PRN",    u"AUX",
+                                                          u"NUL", u"CONIN$", u"CONOUT$"};
+    constexpr std::u16string_view kPortDigits = u"123456789\u00B9\u00B2\u00B3";
+    const std::u16string name = toUnicode(upper(trimmed(stem)));
+    if (name.size() == 4 && (name.starts_with(u"COM") || name.starts_with(u"LPT"))) {
+        return kPortDigits.find(name[3]) != std::u16string_view::npos;
+    }
+    return std::find(kDevices.begin(), kDevices.end(), name) != kDevices.end();
+}
+
+}  // namespace
+
+bool isPlainFileName(std::string_view name, std::string_view ending) {
+    if (name.empty() || name.find("..") != std::string_view::npos) return false;
+    if (std::any_of(name.begin(), name.end(), isRefusedInNames)) return false;
+    const char last = ending.empty() ? name.back() : ending.back();
+    if (last == '.' || last == ' ') return false;  // dropped by some systems
+    return !isDevice(stemOf(name)) && lengthOnDisk(name) + ending.size() <= kLongestName;
+}
+
+std::string madePlainFileName(std::string name) {
+    name = cutToLength(name);
+    std::replace_if(name.begin(), name.end(), isRefusedInNames, '_');
+    for (auto dots = name.find(".."); dots != std::string::npos; dots = name.find("..")) {
+        name.replace(dots, 2, "_");
+    }
+    if (isDevice(stemOf(name))) name.insert(stemOf(name).size(), "_");
+    while (name.ends_with('.') || name.ends_with(' '))
+        name.pop_back();
+    return name.empty() ? "_" : name;
+}
+
+}  // namespace bramblet

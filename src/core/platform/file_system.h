@@ -1,0 +1,113 @@
+// The files of the program. Every statement on them goes through here and through the rule for a
+// data folder that several people share: a file that another user holds (errors 70 and 75) is
+// waited for, one second at a time, and the statement is tried again.
+#pragma once
+
+#include "core/platform/fault.h"
+#include "core/platform/os_files.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace bramblet {
+
+/// Waits about a second for the file that the error names. It may throw to give up waiting.
+using FileWait = std::function<void(const FileError&)>;
+
+class RandomFile;
+
+class FileSystem {
+  public:
+    /// Without a wait function nothing is retried.
+    FileSystem() = default;
+    explicit FileSystem(FileWait wait) : wait_(std::move(wait)) {}
+
+    /// The same files, but with every fault thrown at once.
+    FileSystem withoutRetry() const { return FileSystem(); }
+
+    /// Opens for reading and writing by position; a missing file is created empty.
+    RandomFile openRandom(const std::filesystem::path& path) const;
+
+    /// The whole content of a file. Throws FileTooLong beyond kLongestFile bytes.
+    std::string read(const std::filesystem::path& path) const;
+
+    /// Creates an empty file where there is none.
+    void touch(const std::filesystem::path& path) const;
+
+    void append(const std::filesystem::path& path, std::string_view content) const;
+
+    /// Puts `content` in place of the file's: written to a temporary file beside it, flushed to
+    /// disk and renamed, so that at any moment the old or the new content is there whole.
+    void replace(const std::filesystem::path& path, std::string_view content) const;
+
+    /// Copies a file under a temporary name and renames it when whole, time stamp kept.
+    void copy(const std::filesystem::path& from, const std::filesystem::path& to) const;
+
+    bool exists(const std::filesystem::path& path) const;
+    bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) const;
+    os::FileStatus status(const std::filesystem::path& path) const;
+    void remove(const std::filesystem::path& path) const;
+    void rename(const std::filesystem::path& from, const std::filesystem::path& to) const;
+    /// Creates a folder and those above it where they are missing.
+    void createFolders(const std::filesystem::path& path) const;
+    std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder) const;
+    std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) const;
+    std::uint64_t freeSpace(const std::filesystem::path& folder) const;
+
+    /// Runs one file statement under the waiting rule.
+    template <class Statement>
+    auto run(Statement statement) const {
+        for (;;) {
+            try {
+                return statement();
+            } catch (const FileError& error) {
+                if (!wait_ || !isBusy(error)) throw;
+                wait_(error);
+            }
+        }
+    }
+
+  private:
+    static bool isBusy(const FileError& error) {
+        return error.number() == FaultNumber::PermissionDenied ||
+               error.number() == FaultNumber::PathFileAccess;
+    }
+
+    FileWait wait_;
+};
+
+/// The longest file that is read whole: 64 MB, several times what the largest office has.
+inline constexpr std::uint64_t kLongestFile = 64 << 20;
+
+/// An open file whose bytes are read and written by their position.
+class RandomFile {
+  public:
+    RandomFile(const FileSystem& files, const std::filesystem::path& path, os::Open how);
+
+    std::uint64_t length() const;
+    /// The bytes at `offset`, fewer at the end of the file.
+    std::string read(std::uint64_t offset, std::size_t count) const;
+    /// One write call.
+    void write(std::uint64_t offset, std::string_view bytes);
+    /// Hands what was written to the disk; a full disk or a lost share may show only here.
+    void flush();
+
+  private:
+    FileSystem files_;
+    os::File file_;
+};
+
+/// The folder with a separator at its end.
+std::filesystem::path withSeparator(std::filesystem::path folder);
+
+/// Whether `name` followed by `ending` may be used as one component of a path, on any system: not
+/// empty, no separators, no "..", no drive colon, no device, nothing that a file system refuses.
+bool isPlainFileName(std::string_view name, std::string_view ending = "");
+
+/// A name with what may not be part of a file name replaced by "_", cut where it is too long for
+/// one with an ending behind it.
+std::string madePlainFileName(std::string name);
+
+}  // namespace bramblet

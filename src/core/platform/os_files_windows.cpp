@@ -1,0 +1,333 @@
+#include "core/platform/fault.h"
+#include "core/platform/os_files.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+#include <windows.h>
+
+namespace bramblet::os {
+namespace {
+
+// A FILETIME counts 100 nanoseconds from 1601; this many of them lie before 1970.
+constexpr std::int64_t kUnixEpoch = 116'444'736'000'000'000;
+
+// ERROR_DISK_QUOTA_EXCEEDED, which the compiler's headers do not have yet.
+constexpr DWORD kDiskQuotaExceeded = 1295;
+
+struct HandleCloser {
+    using pointer = HANDLE;
+    void operator()(HANDLE handle) const {
+        if (handle != INVALID_HANDLE_VALUE) ::CloseHandle(handle);
+    }
+};
+using Handle = std::unique_ptr<void, HandleCloser>;
+
+/// The full path in the form that has no limit of 260 characters.
+std::wstring nativePath(const std::filesystem::path& path) {
+    const std::wstring wide = std::filesystem::path(path).make_preferred().native();
+    std::wstring full(::GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(
+        ::GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    if (full.empty()) return wide;
+    if (full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\")) return full;
+    if (full.starts_with(L"\\\\")) return L"\\\\?\\UNC" + full.substr(1);
+    return L"\\\\?\\" + full;
+}
+
+bool isFolder(const std::wstring& native) {
+    const DWORD attributes = ::GetFileAttributesW(native.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+FaultNumber faultOf(DWORD error, const std::wstring& native) {
+    constexpr std::size_t kLongestName = 255;
+    const std::size_t nameAt = native.find_last_of(L'\\') + 1;
+    switch (error) {
+        case ERROR_ACCESS_DENIED:
+        case ERROR_WRITE_PROTECT:
+        case ERROR_NETWORK_ACCESS_DENIED:
+            return FaultNumber::PathFileAccess;
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION:
+        case ERROR_USER_MAPPED_FILE:
+        case ERROR_DELETE_PENDING:
+        case ERROR_BUSY:
+        case ERROR_NETWORK_BUSY:
+            return FaultNumber::PermissionDenied;
+        case ERROR_FILE_NOT_FOUND:
+            if (native.size() - nameAt > kLongestName) return FaultNumber::BadFileName;
+            return isFolder(native.substr(0, nameAt)) ? FaultNumber::FileNotFound
+                                                      : FaultNumber::PathNotFound;
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_BAD_PATHNAME:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+        case ERROR_INVALID_DRIVE:
+        case ERROR_DIRECTORY:
+            return FaultNumber::PathNotFound;
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL:
+        case kDiskQuotaExceeded:
+            return FaultNumber::DiskFull;
+        case ERROR_INVALID_NAME:
+        case ERROR_INVALID_PARAMETER:
+        case ERROR_FILENAME_EXCED_RANGE:
+        case ERROR_BUFFER_OVERFLOW:
+            return FaultNumber::BadFileName;
+        case ERROR_TOO_MANY_OPEN_FILES:
+        case ERROR_SHARING_BUFFER_EXCEEDED:
+            return FaultNumber::TooManyFiles;
+        default:
+            return FaultNumber::DeviceError;
+    }
+}
+
+[[noreturn]] void fail(const std::filesystem::path& path, DWORD error = ::GetLastError()) {
+    throw FileError(faultOf(error, nativePath(path)), path);
+}
+
+struct OpenMode {
+    DWORD access;
+    DWORD creation;
+};
+OpenMode modeOf(Open how) {
+    switch (how) {
+        case Open::ReadWrite:
+            return {GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS};
+        case Open::Read:
+            return {GENERIC_READ, OPEN_EXISTING};
+        case Open::WriteNew:
+            return {GENERIC_WRITE, CREATE_NEW};
+        case Open::AppendOrCreate:
+            // Without the right to write anywhere else, every write goes to the end as it is then,
+            // also when another workstation has made the file longer meanwhile.
+            return {FILE_APPEND_DATA | FILE_READ_ATTRIBUTES | SYNCHRONIZE, OPEN_ALWAYS};
+    }
+    return {GENERIC_READ, OPEN_EXISTING};
+}
+
+/// Nobody is kept out: several workstations work on one data folder.
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+Handle openAttributes(const std::filesystem::path& path, DWORD access) {
+    return Handle(::CreateFileW(nativePath(path).c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+HANDLE handleOf(std::intptr_t handle) {
+    return reinterpret_cast<HANDLE>(handle);
+}
+
+OVERLAPPED at(std::uint64_t offset) {
+    OVERLAPPED place{};
+    place.Offset = static_cast<DWORD>(offset);
+    place.OffsetHigh = static_cast<DWORD>(offset >> 32);
+    return place;
+}
+
+/// What one read or write call takes.
+DWORD portion(std::size_t count) {
+    constexpr std::size_t kMost = 1 << 30;
+    return static_cast<DWORD>(std::min(count, kMost));
+}
+
+/// Writes at the place, or at the end of the file without one.
+void writeAll(HANDLE handle, const std::filesystem::path& path, std::string_view bytes,
+              OVERLAPPED* place) {
+    while (!bytes.empty()) {
+        DWORD put = 0;
+        if (!::WriteFile(handle, bytes.data(), portion(bytes.size()), &put, place)) fail(path);
+        if (place != nullptr) {
+            const std::uint64_t reached =
+                (static_cast<std::uint64_t>(place->OffsetHigh) << 32 | place->Offset) + put;
+            *place = at(reached);
+        }
+        bytes.remove_prefix(put);
+    }
+}
+
+std::uint64_t joined(DWORD high, DWORD low) {
+    return static_cast<std::uint64_t>(high) << 32 | low;
+}
+
+std::int64_t nanoseconds(const FILETIME& time) {
+    const auto count = static_cast<std::int64_t>(joined(time.dwHighDateTime, time.dwLowDateTime));
+    return (count - kUnixEpoch) * 100;
+}
+
+struct SearchCloser {
+    using pointer = HANDLE;
+    void operator()(HANDLE search) const {
+        if (search != INVALID_HANDLE_VALUE) ::FindClose(search);
+    }
+};
+
+std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, bool folders) {
+    std::wstring pattern = nativePath(folder);
+    pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
+    WIN32_FIND_DATAW entry{};
+    const std::unique_ptr<void, SearchCloser> search(
+        ::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &entry, FindExSearchNameMatch, nullptr,
+                           FIND_FIRST_EX_LARGE_FETCH));
+    if (search.get() == INVALID_HANDLE_VALUE) {
+        const DWORD error = ::GetLastError();
+        if (error == ERROR_FILE_NOT_FOUND && isFolder(nativePath(folder))) return {};
+        fail(folder, error);
+    }
+    std::vector<std::filesystem::path> names;
+    do {
+        const std::wstring_view name = entry.cFileName;
+        if (name == L"." || name == L"..") continue;
+        const bool isOne = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (isOne == folders) names.emplace_back(name);
+    } while (::FindNextFileW(search.get(), &entry));
+    // A share that is lost half way must not pass for a shorter folder.
+    if (::GetLastError() != ERROR_NO_MORE_FILES) fail(folder);
+    return names;
+}
+
+/// Where the file really lies, whichever drive letter or share led to it.
+std::wstring finalPath(HANDLE handle) {
+    std::wstring path(::GetFinalPathNameByHandleW(handle, nullptr, 0, 0), L'\0');
+    path.resize(
+        ::GetFinalPathNameByHandleW(handle, path.data(), static_cast<DWORD>(path.size()), 0));
+    return path;
+}
+
+}  // namespace
+
+File::File(const std::filesystem::path& path, Open how) : path_(path), handle_(-1) {
+    const std::wstring native = nativePath(path);
+    const OpenMode mode = modeOf(how);
+    const HANDLE handle = ::CreateFileW(native.c_str(), mode.access, kShareAll, nullptr,
+                                        mode.creation, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        const DWORD error = ::GetLastError();
+        fail(path, isFolder(native) ? ERROR_ACCESS_DENIED : error);
+    }
+    if (::GetFileType(handle) != FILE_TYPE_DISK) {  // a pipe or a device
+        ::CloseHandle(handle);
+        fail(path, ERROR_INVALID_NAME);
+    }
+    handle_ = reinterpret_cast<std::intptr_t>(handle);
+}
+
+File::File(File&& other) noexcept
+    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, -1)) {}
+
+File::~File() {
+    if (handle_ != -1) ::CloseHandle(handleOf(handle_));
+}
+
+std::uint64_t File::length() const {
+    LARGE_INTEGER length{};
+    if (!::GetFileSizeEx(handleOf(handle_), &length)) fail(path_);
+    return static_cast<std::uint64_t>(length.QuadPart);
+}
+
+std::string File::read(std::uint64_t offset, std::size_t count) const {
+    std::string bytes(count, '\0');
+    std::size_t done = 0;
+    while (done < count) {
+        OVERLAPPED place = at(offset + done);
+        DWORD got = 0;
+        if (!::ReadFile(handleOf(handle_), bytes.data() + done, portion(count - done), &got,
+                        &place)) {
+            if (::GetLastError() == ERROR_HANDLE_EOF) break;
+            fail(path_);
+        }
+        if (got == 0) break;
+        done += got;
+    }
+    bytes.resize(done);
+    return bytes;
+}
+
+void File::write(std::uint64_t offset, std::string_view bytes) {
+    OVERLAPPED place = at(offset);
+    writeAll(handleOf(handle_), path_, bytes, &place);
+}
+
+void File::append(std::string_view bytes) {
+    writeAll(handleOf(handle_), path_, bytes, nullptr);
+}
+
+void File::flush() {
+    if (!::FlushFileBuffers(handleOf(handle_))) fail(path_);
+}
+
+bool exists(const std::filesystem::path& path) {
+    return ::GetFileAttributesW(nativePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
+    const Handle first = openAttributes(a, FILE_READ_ATTRIBUTES);
+    const Handle second = openAttributes(b, FILE_READ_ATTRIBUTES);
+    BY_HANDLE_FILE_INFORMATION one{};
+    BY_HANDLE_FILE_INFORMATION other{};
+    if (!::GetFileInformationByHandle(first.get(), &one) ||
+        !::GetFileInformationByHandle(second.get(), &other))
+        return false;
+    // Some servers number no files: each has the index 0.
+    const bool numbered = one.nFileIndexHigh != 0 || one.nFileIndexLow != 0;
+    if (!numbered) return finalPath(first.get()) == finalPath(second.get());
+    return one.dwVolumeSerialNumber == other.dwVolumeSerialNumber &&
+           one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
+}
+
+FileStatus status(const std::filesystem::path& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!::GetFileAttributesExW(nativePath(path).c_str(), GetFileExInfoStandard, &data)) fail(path);
+    return {(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0,
+            joined(data.nFileSizeHigh, data.nFileSizeLow), nanoseconds(data.ftLastWriteTime)};
+}
+
+void setModified(const std::filesystem::path& path, std::int64_t modified) {
+    const auto count = static_cast<std::uint64_t>(modified / 100 + kUnixEpoch);
+    const FILETIME time{static_cast<DWORD>(count), static_cast<DWORD>(count >> 32)};
+    const Handle file = openAttributes(path, FILE_WRITE_ATTRIBUTES);
+    if (file.get() == INVALID_HANDLE_VALUE || !::SetFileTime(file.get(), nullptr, nullptr, &time)) {
+        fail(path);
+    }
+}
+
+void remove(const std::filesystem::path& path) {
+    if (!::DeleteFileW(nativePath(path).c_str())) fail(path);
+}
+
+void rename(const std::filesystem::path& from, const std::filesystem::path& to) {
+    // One request to the disk or the server, which puts the file in place whole; it returns when
+    // the new name is on the disk.
+    constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    if (!::MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), kHow)) fail(to);
+}
+
+void createFolder(const std::filesystem::path& path) {
+    const std::wstring native = nativePath(path);
+    if (::CreateDirectoryW(native.c_str(), nullptr)) return;
+    const DWORD error = ::GetLastError();
+    if (!isFolder(native)) fail(path, error);
+}
+
+std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder) {
+    return namesIn(folder, false);
+}
+
+std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) {
+    return namesIn(folder, true);
+}
+
+std::uint64_t freeSpace(const std::filesystem::path& folder) {
+    ULARGE_INTEGER available{};
+    std::wstring native = nativePath(folder);
+    if (!native.ends_with(L'\\')) native.push_back(L'\\');  // a share is asked for with it only
+    if (!::GetDiskFreeSpaceExW(native.c_str(), &available, nullptr, nullptr)) fail(folder);
+    return available.QuadPart;
+}
+
+std::uint64_t processNumber() {
+    return ::GetCurrentProcessId();
+}
+
+}  // namespace bramblet::os

@@ -1,0 +1,174 @@
+#include "core/settings/settings_file.h"
+
+#include "core/platform/path_text.h"
+#include "core/platform/text.h"
+
+namespace bramblet {
+namespace {
+
+constexpr const char* kFile = "po15.cfg";
+constexpr const char* kForerunner = "po14.cfg";
+constexpr std::size_t kSize = recordSize(kSettingsLayout);
+constexpr const auto& kDirectory = kSettingsLayout[28];
+static_assert(kDirectory.offset == 908);
+constexpr std::size_t kDirectoryEnd = kDirectory.offset + kDirectory.width;
+
+bool isPadding(char c) {
+    return c == ' ' || c == '\0';
+}
+
+/// Whether a record that is cut within the data directory has lost only padding of it. One blank
+/// does not tell: paths have blanks too.
+bool directoryHasEnded(const std::string& bytes) {
+    return bytes.size() >= kDirectory.offset + 2 && isPadding(bytes[bytes.size() - 1]) &&
+           isPadding(bytes[bytes.size() - 2]);
+}
+
+/// The settings with those fields that are there in the bytes of a record that may be cut.
+Settings withFieldsOf(std::string bytes, Settings settings) {
+    if (bytes.size() < kDirectoryEnd && directoryHasEnded(bytes)) bytes.resize(kDirectoryEnd, ' ');
+    for (const auto& field : kSettingsLayout) {
+        if (field.offset + field.width > bytes.size()) break;
+        field.read(settings, std::string_view(bytes).substr(field.offset, field.width));
+    }
+    return settings;
+}
+
+bool isMissing(const FileError& error) {
+    return error.number() == FaultNumber::FileNotFound ||
+           error.number() == FaultNumber::PathNotFound;
+}
+
+/// Asks whether to try again; leaves the program otherwise.
+void askToTryAgain(const FileError& error, Prompts& prompts) {
+    const Message message{
+        "Bramblet cannot use its settings:\r\n\r\n" + shown(error.path()) + "\r\n" +
+            error.inWords() +
+            "\r\n\r\nThey name the folder with your orders, so the program does not start without "
+            "them. Perhaps another program holds the file for a moment.\r\n\r\nTry again, or close "
+            "the program and leave everything as it is?",
+        "Settings", Buttons::RetryClose, Icon::Exclamation};
+    if (prompts.ask(message) != Answer::Retry) throw StartGivenUp();
+}
+
+}  // namespace
+
+SettingsFile::SettingsFile(FileSystem files, std::filesystem::path homeFolder)
+    : files_(std::move(files)), home_(std::move(homeFolder)) {}
+
+Settings SettingsFile::LoadConfig(Prompts& prompts) const {
+    for (;;) {
+        try {
+            if (auto settings = read(prompts)) {
+                settings->DataDirectory = trimmedField(settings->DataDirectory);
+                return *settings;
+            }
+        } catch (const FileError& error) {
+            askToTryAgain(error, prompts);
+        }
+    }
+}
+
+void SettingsFile::SaveConfig(const Settings& settings) const {
+    RandomFile file = files_.withoutRetry().openRandom(home_ / kFile);
+    file.write(0, encodeRecord(kSettingsLayout, settings));
+    file.flush();
+}
+
+std::optional<Settings> SettingsFile::read(Prompts& prompts) const {
+    const auto bytes = contentOf(kFile);
+    if (!bytes || bytes->empty()) return firstSettings(bytes.has_value(), prompts);
+    if (bytes->size() < kSize) return rescued(*bytes, prompts);
+    return decodeRecord(kSettingsLayout, *bytes);
+}
+
+/// The content of a file of the home folder; none when it is missing. Not to be had is not missing.
+std::optional<std::string> SettingsFile::contentOf(const char* name) const {
+    try {
+        return files_.read(home_ / name);
+    } catch (const FileError& error) {
+        if (!isMissing(error)) throw;
+        return std::nullopt;
+    }
+}
+
+std::optional<Settings> SettingsFile::firstSettings(bool empty, Prompts& prompts) const {
+    const auto forerunner = contentOf(kForerunner);
+    if (forerunner && !forerunner->empty()) return takenOver(*forerunner);
+    // The very first start leaves the empty forerunner behind, so there have been settings.
+    const std::string trouble =
+        empty ? "is empty" : "is missing, although Bramblet has been started here before";
+    if (forerunner && !goesOn(trouble, newFolderOutlook(), "", prompts)) return std::nullopt;
+    const Settings settings = defaultSettings(home_);
+    files_.createFolders(home_);
+    SaveConfig(settings);
+    files_.touch(home_ / kForerunner);
+    files_.createFolders(defaultDataDirectory(home_));
+    return settings;
+}
+
+/// A record that is shorter than today's lacks fields at its end, which were never assigned.
+Settings SettingsFile::takenOver(const std::string& forerunner) const {
+    Settings settings = withFieldsOf(forerunner, decodeRecord(kSettingsLayout, ""));
+    settings.BackupFolder = storableFolder(defaultDataDirectory(home_)).value_or("");
+    SaveConfig(settings);
+    return settings;
+}
+
+std::optional<Settings> SettingsFile::rescued(const std::string& bytes, Prompts& prompts) const {
+    Settings settings = withFieldsOf(bytes, defaultSettings(home_));
+    const std::string folder = trimmedField(withFieldsOf(bytes, {}).DataDirectory);
+    if (folder.empty())
+        settings.DataDirectory = storableFolder(defaultDataDirectory(home_)).value_or("");
+    const std::string trouble = "is too short: it holds " + std::to_string(bytes.size()) +
+                                " bytes where " + std::to_string(kSize) + " are needed";
+    const std::string outlook =
+        folder.empty() ? newFolderOutlook()
+                       : "What it still holds can be used, with the data directory\r\n" + folder +
+                             "\r\nand the default settings for the rest.";
+    const std::string copy = nameForCopy();
+    const std::string keeping = ", and the short file is kept as " + copy;
+    if (!goesOn(trouble, outlook, keeping, prompts)) return std::nullopt;
+    // At no moment is there neither the old file nor the new one.
+    files_.copy(home_ / kFile, home_ / copy);
+    files_.replace(home_ / kFile, encodeRecord(kSettingsLayout, settings));
+    if (folder.empty()) files_.createFolders(defaultDataDirectory(home_));
+    return settings;
+}
+
+/// Asks whether to go on in spite of the trouble with the file; false for reading it again. Leaves
+/// the program when the user would rather do that.
+bool SettingsFile::goesOn(const std::string& trouble, const std::string& outlook,
+                          const std::string& keeping, Prompts& prompts) const {
+    const Message message{
+        "The settings file " + shown(home_ / kFile) + " " + trouble + ".\r\n\r\n" + outlook +
+            "\r\n\r\nRetry: read the file again, for example after a good copy has been put back."
+            "\r\nIgnore: go on like that" +
+            keeping + ".\r\nClose: close the program and leave everything as it is.",
+        "Settings", Buttons::RetryIgnoreClose, Icon::Exclamation};
+    switch (prompts.ask(message)) {
+        case Answer::Retry:
+            return false;
+        case Answer::Ignore:
+            return true;
+        default:
+            throw StartGivenUp();
+    }
+}
+
+std::string SettingsFile::newFolderOutlook() const {
+    return "It named the folder with your orders. Without it Bramblet would start with its default "
+           "settings and the data directory\r\n" +
+           shown(defaultDataDirectory(home_)) +
+           "\r\nYour orders are not there if another folder had been chosen, and order numbers "
+           "would be given a second time.";
+}
+
+std::string SettingsFile::nameForCopy() const {
+    std::string name = "po15-old.cfg";
+    for (int i = 2; files_.exists(home_ / name); ++i)
+        name = "po15-old" + std::to_string(i) + ".cfg";
+    return name;
+}
+
+}  // namespace bramblet

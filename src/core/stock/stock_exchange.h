@@ -1,0 +1,35 @@
+// Export of the listed stock items to a ".sid" file, and import of such a file into the catalogue.
+#pragma once
+
+#include "core/stock/stock_list.h"
+
+#include <filesystem>
+
+namespace bramblet {
+
+class StockExchange {
+  public:
+    StockExchange(FileSystem files, const DataFolder& folder, const OpenOrder& open,
+                  StockList& list, Prompts& prompts);
+
+    /// Writes the items now listed, in the list's order, to a file that the user chooses.
+    void mu_ExportStockItems_Click();
+
+    /// Merges a file that the user chooses into the catalogue: an item of the same description
+    /// and vendor (without regard to case) is replaced, any other one added.
+    void mu_ImportStockItems_Click();
+
+  private:
+    std::string suggestedName() const;
+    bool isCatalogue(const std::filesystem::path& path) const;
+    void exportTo(const std::filesystem::path& path);
+    void importFrom(const std::filesystem::path& path);
+
+    FileSystem files_;
+    const DataFolder& folder_;
+    const OpenOrder& open_;
+    StockList& list_;
+    Prompts& prompts_;
+};
+
+}  // namespace bramblet

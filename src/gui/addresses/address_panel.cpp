@@ -1,0 +1,122 @@
+#include "gui/addresses/address_panel.h"
+
+#include "gui/platform/boxes.h"
+#include "gui/platform/history_box.h"
+#include "gui/platform/icons.h"
+#include "gui/platform/qt_text.h"
+
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+
+namespace bramblet {
+namespace {
+
+constexpr int kNameLimit = 60;
+
+/// What the two blocks are called, and show in their tool tips.
+struct Look {
+    const char* nameBox;
+    const char* addressBox;
+    const char* counter;
+    const char* save;
+    const char* remove;
+    QString label;
+    QString one;
+    OrderField name;
+    OrderField address;
+};
+
+Look lookOf(AddressSide side) {
+    if (side == AddressSide::Vendor) {
+        return {"ToCombo",
+                "ToField",
+                "VendAddyCounter",
+                "ChangedVendor",
+                "DeleteVendor",
+                AddressPanel::tr("&To:"),
+                AddressPanel::tr("vendor"),
+                &Order::ToCombo,
+                &Order::ToField};
+    }
+    return {"ShipToCombo",
+            "ShipToField",
+            "ToAddyCounter",
+            "ChangedDest",
+            "DeleteDest",
+            AddressPanel::tr("Shi&p To:"),
+            AddressPanel::tr("ship-to address"),
+            &Order::ShipToCombo,
+            &Order::ShipToField};
+}
+
+}  // namespace
+
+AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder& open,
+                           QWidget* parent)
+    : QWidget(parent), side_(side), book_(book), open_(open) {
+    const Look look = lookOf(side);
+    nameField_ = look.name;
+    addressField_ = look.address;
+    name_ = new HistoryBox(look.nameBox, look.label);
+    name_->lineEdit()->setMaxLength(kNameLimit);
+    name_->setMaxVisibleItems(16);
+    name_->setToolTip(
+        tr("Pick the %1 from the list, or type the name of a new one.").arg(look.one));
+    address_ = new QPlainTextEdit;
+    address_->setObjectName(QLatin1String(look.addressBox));
+    address_->setAccessibleName(tr("Address of the %1").arg(look.one));
+    address_->setToolTip(tr("The address as it is printed on the order."));
+    address_->setTabChangesFocus(true);
+    address_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    address_->setFixedHeight(fontMetrics().lineSpacing() * 6 + 14);
+    counter_ = new QLabel;
+    counter_->setObjectName(QLatin1String(look.counter));
+    counter_->setToolTip(tr("Number of the %1 shown").arg(look.one));
+    counter_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    counter_->setForegroundRole(QPalette::PlaceholderText);
+    counter_->setMinimumWidth(fontMetrics().averageCharWidth() * 4);
+    save_ = toolButton(look.save, Drawing::Store, {},
+                       tr("Save the %1 shown in the address book").arg(look.one));
+    remove_ = toolButton(look.remove, Drawing::Delete, {},
+                         tr("Delete the %1 shown from the address book").arg(look.one));
+
+    auto* top = new QHBoxLayout;
+    top->setSpacing(4);
+    top->addWidget(boxLabel(look.label, name_));
+    top->addWidget(name_, 1);
+    top->addWidget(counter_);
+    top->addWidget(save_);
+    top->addWidget(remove_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addLayout(top);
+    layout->addWidget(address_);
+    layout->addStretch(1);
+
+    connect(name_->lineEdit(), &QLineEdit::textEdited, this,
+            [this](const QString& text) { book_.Combo_Change(side_, fromQt(text)); });
+    connect(name_, &QComboBox::activated, this, [this] {
+        book_.Combo_Change(side_, fromQt(name_->currentText()));
+        book_.Combo_Click(side_);
+    });
+    connect(name_->lineEdit(), &QLineEdit::editingFinished, this,
+            [this] { book_.pickTypedName(side_); });
+    connect(address_, &QPlainTextEdit::textChanged, this,
+            [this] { book_.Field_Change(side_, linesFromQt(linesIn(address_))); });
+    connect(save_, &QToolButton::clicked, this, [this] { book_.Changed_Click(side_); });
+    connect(remove_, &QToolButton::clicked, this, [this] { book_.Delete_Click(side_); });
+}
+
+void AddressPanel::refresh() {
+    const AddressBook::Shown& shown = book_.shown(side_);
+    name_->setEntries(shown.names);
+    name_->showText(open_.order.*nameField_);
+    showText(address_, open_.order.*addressField_);
+    counter_->setText(toQt(shown.counter));
+    save_->setEnabled(shown.changedEnabled);
+    remove_->setEnabled(shown.deleteEnabled);
+}
+
+}  // namespace bramblet

@@ -1,0 +1,45 @@
+// One address block of the order: the name with its list, the address, its number and the buttons
+// that save and delete it. The main window has two.
+#pragma once
+
+#include "core/addresses/address_book.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPlainTextEdit;
+class QToolButton;
+
+namespace bramblet {
+
+class HistoryBox;
+
+class AddressPanel : public QWidget {
+    Q_OBJECT
+  public:
+    AddressPanel(AddressSide side, AddressBook& book, const OpenOrder& open,
+                 QWidget* parent = nullptr);
+
+    /// Shows what the book and the order hold now.
+    void refresh();
+
+    HistoryBox* nameBox() const { return name_; }
+    QPlainTextEdit* addressBox() const { return address_; }
+
+    QToolButton* saveButton() const { return save_; }
+    QToolButton* deleteButton() const { return remove_; }
+
+  private:
+    AddressSide side_;
+    OrderField nameField_;
+    OrderField addressField_;
+    AddressBook& book_;
+    const OpenOrder& open_;
+    HistoryBox* name_;
+    QPlainTextEdit* address_;
+    QLabel* counter_;
+    QToolButton* save_;
+    QToolButton* remove_;
+};
+
+}  // namespace bramblet

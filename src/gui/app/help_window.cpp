@@ -1,0 +1,253 @@
+#include "gui/app/help_window.h"
+
+#include "gui/platform/placement.h"
+#include "gui/platform/qt_text.h"
+
+#include <QAction>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPainter>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace bramblet {
+namespace {
+
+constexpr int kMargin = 22;          // around the text of a page
+constexpr int kWidestText = 740;     // longer lines are hard to read
+constexpr double kPictureScale = 2;  // pictures have two pixels for one of the page
+constexpr int kDimmed = 46;          // of 255, how much darker pictures are among dark windows
+constexpr int kContentRole = Qt::UserRole + 1;
+
+/// The pages in the order in which they are listed.
+const QStringList kPages{
+    QStringLiteral("first-steps"), QStringLiteral("orders"),   QStringLiteral("lines"),
+    QStringLiteral("addresses"),   QStringLiteral("lists"),    QStringLiteral("catalogue"),
+    QStringLiteral("printing"),    QStringLiteral("settings"), QStringLiteral("data"),
+    QStringLiteral("keys"),
+};
+
+QString contentOf(const QString& page) {
+    QFile file(QStringLiteral(":/help/%1.html").arg(page));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString titleOf(const QString& content) {
+    const auto start = content.indexOf(QStringLiteral("<h1>")) + 4;
+    return content.mid(start, content.indexOf(QStringLiteral("</h1>")) - start);
+}
+
+/// The page's words without its tags.
+QString wordsOf(const QString& content) {
+    QTextDocument document;
+    document.setHtml(content);
+    return document.toPlainText();
+}
+
+bool isDark(const QPalette& palette) {
+    return palette.color(QPalette::Base).lightness() < 128;
+}
+
+/// Headings, tables and notes in the colours of the windows.
+QString styleFor(const QPalette& palette) {
+    const bool dark = isDark(palette);
+    return QStringLiteral(
+               "h1 { font-size: 21px; margin-bottom: 10px; }"
+               "h2 { font-size: 16px; margin-top: 20px; margin-bottom: 6px; }"
+               "p, li { line-height: 128%; } p { margin-top: 6px; margin-bottom: 8px; }"
+               "li { margin-bottom: 4px; }"
+               "a { color: %1; text-decoration: none; }"
+               "th { background-color: %2; text-align: left; } td, th { padding: 5px 12px 5px 8px; "
+               "}"
+               ".picture { line-height: 100%; margin-top: 10px; margin-bottom: 12px; }"
+               ".note { background-color: %3; }")
+        .arg(palette.color(QPalette::Link).name(), QLatin1String(dark ? "#363a41" : "#eceaf2"),
+             QLatin1String(dark ? "#3a3528" : "#fdf6df"));
+}
+
+}  // namespace
+
+/// The text of a page: no wider than reads well, its pictures sharp at every scale.
+class HelpWindow::Page : public QTextBrowser {
+  public:
+    Page() {
+        setOpenLinks(false);
+        setFrameShape(NoFrame);
+        setLineWrapMode(FixedPixelWidth);
+        document()->setDocumentMargin(kMargin);
+        document()->setDefaultStyleSheet(styleFor(palette()));
+    }
+
+    void showContent(const QString& content) {
+        content_ = content;
+        setLineWrapColumnOrWidth(textWidth());
+        setHtml(content_);
+    }
+
+  protected:
+    QVariant loadResource(int type, const QUrl& name) override {
+        QImage picture;
+        if (type != QTextDocument::ImageResource) return {};
+        if (!picture.load(QStringLiteral(":/help/") + name.toString())) return {};
+        const double room = textWidth() - 2 * kMargin;
+        const double width = std::min(picture.width() / kPictureScale, room);
+        const double dots = devicePixelRatioF();
+        picture = picture.convertToFormat(QImage::Format_RGB32);
+        if (qRound(width * dots) < picture.width()) {
+            picture = picture.scaledToWidth(qRound(width * dots), Qt::SmoothTransformation);
+        }
+        picture.setDevicePixelRatio(picture.width() / width);
+        if (isDark(palette())) {
+            QPainter(&picture).fillRect(picture.rect(), QColor(0, 0, 0, kDimmed));
+        }
+        return picture;
+    }
+
+    void resizeEvent(QResizeEvent* event) override {
+        QTextBrowser::resizeEvent(event);
+        if (lineWrapColumnOrWidth() == textWidth()) return;
+        const int place = verticalScrollBar()->value();
+        showContent(content_);
+        verticalScrollBar()->setValue(place);
+    }
+
+  private:
+    int textWidth() const { return std::min(viewport()->width(), kWidestText); }
+
+    QString content_;
+};
+
+HelpWindow::HelpWindow(QWidget* parent) : QMainWindow(parent) {
+    setObjectName(QStringLiteral("HelpForm"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(tr("Bramblet Help"));
+    text_ = new Page;
+    text_->setObjectName(QStringLiteral("HelpText"));
+    text_->setAccessibleName(tr("Help text"));
+    auto* splitter = new QSplitter;
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(makeSide());
+    splitter->addWidget(text_);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({220, 780});
+    setCentralWidget(splitter);
+
+    connect(pages_, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
+        if (item != nullptr) showPage(item->data(Qt::UserRole).toString());
+    });
+    connect(search_, &QLineEdit::textChanged, this, &HelpWindow::search);
+    connect(search_, &QLineEdit::returnPressed, this, &HelpWindow::findNext);
+    connect(text_, &QTextBrowser::anchorClicked, this, &HelpWindow::follow);
+    makeShortcuts();
+    placeOverParent(*this, QSize(1000, 760));
+    listPages();
+    pages_->setCurrentRow(0);
+}
+
+/// The search and the list of pages.
+QWidget* HelpWindow::makeSide() {
+    search_ = new QLineEdit;
+    search_->setObjectName(QStringLiteral("HelpSearch"));
+    search_->setPlaceholderText(tr("Search"));
+    search_->setToolTip(
+        tr("Shows the pages that hold all these words; Enter goes to the next place."));
+    search_->setClearButtonEnabled(true);
+    nothing_ = new QLabel(tr("No page holds these words."));
+    nothing_->setWordWrap(true);
+    nothing_->hide();
+    pages_ = new QListWidget;
+    pages_->setObjectName(QStringLiteral("HelpPages"));
+    pages_->setAccessibleName(tr("Pages"));
+    pages_->setSpacing(2);
+
+    auto* side = new QWidget;
+    auto* layout = new QVBoxLayout(side);
+    layout->setContentsMargins(8, 8, 0, 8);
+    layout->addWidget(search_);
+    layout->addWidget(nothing_);
+    layout->addWidget(pages_, 1);
+    return side;
+}
+
+void HelpWindow::makeShortcuts() {
+    const auto shortcut = [this](const QKeySequence& keys, const auto& command) {
+        auto* action = new QAction(this);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, this, command);
+        addAction(action);
+    };
+    shortcut(QKeySequence::Find, [this] {
+        search_->setFocus();
+        search_->selectAll();
+    });
+    shortcut(QKeySequence::FindNext, [this] { findNext(); });
+    shortcut(QKeySequence(Qt::Key_Escape), [this] { close(); });
+}
+
+void HelpWindow::listPages() {
+    for (const QString& page : kPages) {
+        const QString content = contentOf(page);
+        auto* item = new QListWidgetItem(titleOf(content), pages_);
+        item->setData(Qt::UserRole, page);
+        item->setData(kContentRole, wordsOf(content));
+    }
+}
+
+void HelpWindow::showPage(const QString& page) {
+    text_->showContent(contentOf(page));
+    if (!search_->text().isEmpty()) findNext();
+}
+
+/// Goes to another page, to a place of one, or out into the browser.
+void HelpWindow::follow(const QUrl& link) {
+    const QString page = link.path().section(QLatin1Char('.'), 0, 0);
+    if (!link.isRelative()) {
+        if (runBrowser) runBrowser(fromQt(link.toString()));
+        return;
+    }
+    if (kPages.contains(page)) {
+        search_->clear();
+        pages_->setCurrentRow(static_cast<int>(kPages.indexOf(page)));
+    }
+    if (link.hasFragment()) text_->scrollToAnchor(link.fragment());
+}
+
+void HelpWindow::search() {
+    const QStringList words = search_->text().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QListWidgetItem* first = nullptr;
+    for (int row = 0; row < pages_->count(); ++row) {
+        QListWidgetItem* item = pages_->item(row);
+        const QString text = item->data(kContentRole).toString();
+        const bool found = std::all_of(words.begin(), words.end(), [&](const QString& word) {
+            return text.contains(word, Qt::CaseInsensitive);
+        });
+        item->setHidden(!found);
+        if (found && first == nullptr) first = item;
+    }
+    nothing_->setVisible(first == nullptr);
+    const bool currentHidden =
+        pages_->currentItem() == nullptr || pages_->currentItem()->isHidden();
+    if (first != nullptr && currentHidden) pages_->setCurrentItem(first);
+    text_->moveCursor(QTextCursor::Start);
+    findNext();
+}
+
+/// Goes to the next place of the searched words (of the first one when they do not stand together),
+/// from the end back to the start of the page.
+void HelpWindow::findNext() {
+    const QString text = search_->text().trimmed();
+    if (text.isEmpty()) return;
+    for (const QString& wanted : {text, text.section(QLatin1Char(' '), 0, 0)}) {
+        if (text_->find(wanted)) return;
+        text_->moveCursor(QTextCursor::Start);
+        if (text_->find(wanted)) return;
+    }
+}
+
+}  // namespace bramblet

@@ -1,0 +1,134 @@
+#include "gui/app/lists_panel.h"
+
+#include "gui/orders/saved_orders_panel.h"
+#include "gui/platform/boxes.h"
+#include "gui/platform/grid_view.h"
+#include "gui/platform/icons.h"
+#include "gui/platform/qt_text.h"
+#include "gui/stock/stock_panel.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QStackedWidget>
+
+namespace bramblet {
+
+ListsPanel::ListsPanel(Program& program, QWidget* parent) : QWidget(parent), program_(program) {
+    orders_ = new SavedOrdersPanel(program.editor, program.savedOrders, program.open);
+    stock_ = new StockPanel(program.stock, program.lines);
+    views_ = new QStackedWidget;
+    views_->addWidget(orders_);
+    views_->addWidget(stock_);
+    connect(orders_->grid(), &GridView::rowDoubleClicked, this, &ListsPanel::HideOrders_Click);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(views_, 1);
+    layout->addLayout(makeBar());
+    showView();
+}
+
+QLayout* ListsPanel::makeBar() {
+    label_ = new QLabel;
+    label_->setObjectName(QStringLiteral("BottomLabel"));
+    count_ = new QLabel;
+    count_->setForegroundRole(QPalette::PlaceholderText);
+    filters_ = {
+        filterBox("ListCheckPO", tr("Purchase Orders"),
+                  tr("Check to include Purchase Orders in list"), &SavedOrders::ListCheckPO),
+        filterBox("ListCheckRE", tr("Requisitions"), tr("Check to include Requisitions in list"),
+                  &SavedOrders::ListCheckRE),
+        filterBox("ListCheckRecd", tr("Received (Both)"),
+                  tr("Check to include items marked Received"), &SavedOrders::ListCheckRecd),
+    };
+    vendorItems_ = new QCheckBox(tr("Show Only Stock Items For The Current Vendor"));
+    vendorItems_->setObjectName(QStringLiteral("VendorItemsCheck"));
+    vendorItems_->setToolTip(tr("If checked, show only stock items for current vendor."));
+    connect(vendorItems_, &QCheckBox::clicked, this,
+            [this](bool checked) { program_.stock.VendorItemsCheck_Click(checked); });
+    viewExisting_ = viewButton("ViewExisting", tr("Saved Orders"),
+                               tr("Switch to existing purchase orders view."));
+    connect(viewExisting_, &QToolButton::clicked, this, &ListsPanel::ViewExisting_Click);
+    hideOrders_ =
+        viewButton("HideOrders", tr("Stock Items List"), tr("Switch to stock items view."));
+    connect(hideOrders_, &QToolButton::clicked, this, &ListsPanel::HideOrders_Click);
+
+    auto* bar = new QHBoxLayout;
+    bar->setSpacing(12);
+    bar->addWidget(label_);
+    bar->addWidget(count_);
+    bar->addStretch(1);
+    for (QCheckBox* filter : filters_)
+        bar->addWidget(filter);
+    bar->addWidget(vendorItems_);
+    bar->addWidget(viewExisting_);
+    bar->addWidget(hideOrders_);
+    return bar;
+}
+
+QCheckBox* ListsPanel::filterBox(const char* name, const QString& caption, const QString& tip,
+                                 bool SavedOrders::*filter) {
+    auto* box = new QCheckBox(caption);
+    box->setObjectName(QLatin1String(name));
+    box->setToolTip(tip);
+    box->setChecked(program_.savedOrders.*filter);
+    connect(box, &QCheckBox::clicked, this, [this, filter](bool checked) {
+        program_.savedOrders.ListCheck_Click(filter, checked);
+    });
+    return box;
+}
+
+QToolButton* ListsPanel::viewButton(const char* name, const QString& caption, const QString& tip) {
+    auto* button = toolButton(name, Drawing::Lists, caption, tip);
+    button->setAutoRaise(false);
+    return button;
+}
+
+void ListsPanel::refreshOrders() {
+    orders_->refreshList();
+    showView();
+}
+
+void ListsPanel::refreshStock() {
+    stock_->refreshList();
+    vendorItems_->setChecked(program_.stock.VendorItemsCheck);
+    showView();
+}
+
+/// The list is filled anew while it is out of sight, and then shown.
+void ListsPanel::ViewExisting_Click() {
+    if (!program_.savedOrders.ViewExisting_Click()) return;
+    views_->setCurrentWidget(orders_);
+    showView();
+}
+
+void ListsPanel::HideOrders_Click() {
+    program_.prompts().clearLine();
+    views_->setCurrentWidget(stock_);
+    showView();
+}
+
+bool ListsPanel::showsOrders() const {
+    return views_->currentWidget() == orders_;
+}
+
+GridView* ListsPanel::grid() const {
+    return showsOrders() ? orders_->grid() : stock_->grid();
+}
+
+void ListsPanel::showView() {
+    const bool orders = showsOrders();
+    const QString count = toQt(program_.savedOrders.countText());
+    label_->setText(orders ? tr("Saved Orders") : toQt(program_.stock.countText()));
+    label_->setToolTip(orders ? count : QString());
+    count_->setText(orders ? count : QString());
+    for (QCheckBox* filter : filters_)
+        filter->setVisible(orders);
+    vendorItems_->setVisible(!orders);
+    vendorItems_->setEnabled(!orders);
+    viewExisting_->setVisible(!orders);
+    hideOrders_->setVisible(orders);
+}
+
+}  // namespace bramblet

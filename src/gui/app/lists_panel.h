@@ -1,0 +1,57 @@
+// The lower band of the main window: the saved orders or the stock items, and the bar under them
+// that tells what is listed and switches between the two.
+#pragma once
+
+#include "core/app/program.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QLabel;
+class QStackedWidget;
+class QToolButton;
+
+namespace bramblet {
+
+class GridView;
+class SavedOrdersPanel;
+class StockPanel;
+
+class ListsPanel : public QWidget {
+    Q_OBJECT
+  public:
+    explicit ListsPanel(Program& program, QWidget* parent = nullptr);
+
+    /// The list of orders, or of stock items, has changed.
+    void refreshOrders();
+    void refreshStock();
+
+    void ViewExisting_Click();
+    void HideOrders_Click();
+
+    SavedOrdersPanel* orders() const { return orders_; }
+    StockPanel* stock() const { return stock_; }
+    bool showsOrders() const;
+    /// The grid of the list shown now.
+    GridView* grid() const;
+
+  private:
+    QLayout* makeBar();
+    QCheckBox* filterBox(const char* name, const QString& caption, const QString& tip,
+                         bool SavedOrders::*filter);
+    QToolButton* viewButton(const char* name, const QString& caption, const QString& tip);
+    void showView();
+
+    Program& program_;
+    SavedOrdersPanel* orders_;
+    StockPanel* stock_;
+    QStackedWidget* views_;
+    QLabel* label_;
+    QLabel* count_;
+    std::vector<QCheckBox*> filters_;
+    QCheckBox* vendorItems_;
+    QToolButton* viewExisting_;
+    QToolButton* hideOrders_;
+};
+
+}  // namespace bramblet

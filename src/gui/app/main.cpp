@@ -1,0 +1,67 @@
+// The program's entry: it knows everybody, and does nothing itself.
+
+#include "gui/app/main_window.h"
+#include "gui/app/start_notice.h"
+#include "gui/platform/dialog_prompts.h"
+#include "gui/platform/qt_text.h"
+#include "gui/platform/system_desktop.h"
+#include "gui/platform/system_formats.h"
+#include "gui/platform/theme.h"
+#include "gui/platform/waiting.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QMessageBox>
+#include <QStandardPaths>
+
+#include <cstdlib>
+
+namespace {
+
+/// Whatever a command meets that nobody foresaw ends the command, not the program and with it an
+/// order that is not saved yet.
+class Application : public QApplication {
+  public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            QMessageBox::critical(
+                activeWindow(), QStringLiteral("Bramblet"),
+                tr("This could not be done: %1").arg(QString::fromLocal8Bit(error.what())));
+            return false;
+        }
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace bramblet;
+    Application application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Bramblet"));
+    applyTheme(application, systemTheme());
+#ifndef _WIN32
+    // Windows takes the icon from the executable; elsewhere it is installed beside the program.
+    QApplication::setDesktopFileName(QStringLiteral("bramblet"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("bramblet")));
+#endif
+
+    Waiting waiting;
+    DialogPrompts prompts;
+    Clock clock = systemClock();
+    clock.waitOneSecond = [&waiting] { waiting.waitOneSecond(); };
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    SystemDesktop desktop;
+    const auto program =
+        loadProgram({desktop, pathFromQt(documents), systemRegionalFormats(), clock,
+                     [&waiting](const FileError& error) { waiting.waitForFile(error); }},
+                    prompts, waiting);
+    if (!program) return EXIT_SUCCESS;
+    MainWindow window(*program, prompts, waiting);
+    window.show();
+    program->start();
+    return QApplication::exec();
+}

@@ -1,0 +1,51 @@
+// The main window's menus: every command, with its shortcut, in a place where it is looked for.
+#pragma once
+
+#include "core/app/program.h"
+
+#include <QKeySequence>
+#include <QObject>
+
+#include <functional>
+
+class QAction;
+class QMainWindow;
+class QMenu;
+
+namespace bramblet {
+
+class LinesPanel;
+class ListsPanel;
+
+class MainMenu : public QObject {
+    Q_OBJECT
+  public:
+    MainMenu(QMainWindow& window, Program& program, LinesPanel& lines, ListsPanel& lists);
+
+    /// Opens the settings dialog.
+    std::function<void()> openConfiguration = [] {};
+
+    /// Enables what can be done now.
+    void refresh();
+
+  private:
+    using Command = std::function<void()>;
+    QMenu* addMenu(const QString& caption);
+    QAction* add(QMenu* menu, const char* name, const QString& caption, const QKeySequence& keys,
+                 Command command);
+    void addFileMenu();
+    void addItemsMenu();
+    void addListsMenu();
+    void addSortMenu(QMenu* menu);
+    void addDataMenu();
+    void addHelpMenu();
+
+    QMainWindow& window_;
+    Program& program_;
+    LinesPanel& lines_;
+    ListsPanel& lists_;
+    QAction* saveChanges_;
+    QAction* saveCopy_;
+};
+
+}  // namespace bramblet

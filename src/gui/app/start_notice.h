@@ -1,0 +1,34 @@
+// The start of the program up to its main window: a small window shows what may have to be waited
+// for, as there is no status bar yet.
+#pragma once
+
+#include "core/app/program.h"
+#include "gui/platform/waiting.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class QLabel;
+
+namespace bramblet {
+
+/// Shows the line of `waiting` and its stop button, while there is one to show.
+class StartNotice : public QWidget {
+    Q_OBJECT
+  public:
+    explicit StartNotice(Waiting& waiting);
+    ~StartNotice() override;
+
+  private:
+    void showLine(const std::string& line);
+
+    Waiting& waiting_;
+    QLabel* line_;
+};
+
+/// The program with its settings read; none when the user has given up the start.
+std::unique_ptr<Program> loadProgram(const Environment& environment, Prompts& prompts,
+                                     Waiting& waiting);
+
+}  // namespace bramblet

@@ -1,0 +1,221 @@
+#include "gui/backup/backup_dialog.h"
+
+#include "gui/platform/boxes.h"
+#include "gui/platform/qt_text.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QListView>
+#include <QLocale>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStringListModel>
+
+namespace bramblet {
+namespace {
+
+constexpr int kShowEvery = 40;  // milliseconds
+constexpr int kBarSteps = 1000;
+constexpr int kBarHeight = 8;
+
+/// Stands in the place of the file list during a run.
+QLabel* runningNote(const QString& text) {
+    auto* note = new QLabel(text);
+    note->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    note->setAlignment(Qt::AlignCenter);
+    note->setBackgroundRole(QPalette::Base);
+    note->setForegroundRole(QPalette::PlaceholderText);
+    note->setAutoFillBackground(true);
+    return note;
+}
+
+QString sizeText(std::uint64_t bytes) {
+    return QLocale().formattedDataSize(static_cast<qint64>(bytes), 1,
+                                       QLocale::DataSizeTraditionalFormat);
+}
+
+}  // namespace
+
+BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
+    : QDialog(parent), backup_(backup) {
+    const bool restoring = kind == Backup::Kind::Restore;
+    setObjectName(restoring ? QStringLiteral("TandrilfrmRestore")
+                            : QStringLiteral("TandrilfrmBackup"));
+    setWindowTitle(restoring ? tr("Restore Data") : tr("Back Up Data"));
+    backup_.open(kind);
+
+    names_ = new QStringListModel(this);
+    list_ = new QListView;
+    list_->setObjectName(QStringLiteral("BackMeUp"));
+    list_->setAccessibleName(tr("Files to be copied"));
+    list_->setToolTip(tr("The data files, the orders and the pictures of the folder."));
+    list_->setModel(names_);
+    list_->setUniformItemSizes(true);
+    list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    files_ = new QStackedWidget;
+    files_->addWidget(list_);
+    files_->addWidget(runningNote(tr("Stop ends this before the next file.")));
+    progressText_ = new QLabel;
+    progressText_->setObjectName(QStringLiteral("BackUpProgress"));
+    counts_ = new QLabel;
+    counts_->setObjectName(QStringLiteral("BackUpCounts"));
+    counts_->setAlignment(Qt::AlignRight);
+    bar_ = new QProgressBar;
+    bar_->setObjectName(QStringLiteral("BackUpBar"));
+    bar_->setAccessibleName(tr("Progress"));
+    bar_->setRange(0, kBarSteps);
+    bar_->setTextVisible(false);  // the counts stand above it
+    bar_->setFixedHeight(kBarHeight);
+    QSizePolicy keepsPlace = bar_->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    bar_->setSizePolicy(keepsPlace);
+
+    auto* status = new QHBoxLayout;
+    status->addWidget(progressText_, 1);
+    status->addWidget(counts_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(8);
+    layout->addLayout(makeFolders());
+    layout->addWidget(files_, 1);
+    layout->addLayout(status);
+    layout->addWidget(bar_);
+    layout->addLayout(makeButtons());
+    resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 28);
+
+    backup_.onChange = [this] { showRun(); };
+    run_->setFocus();
+    refresh();
+}
+
+BackupDialog::~BackupDialog() {
+    backup_.onChange = [] {};
+}
+
+void BackupDialog::reject() {
+    backup_.StopBackup_Click();
+    QDialog::reject();
+}
+
+QLayout* BackupDialog::makeFolders() {
+    const bool restoring = backup_.kind() == Backup::Kind::Restore;
+    source_ = new QLabel;
+    source_->setObjectName(QStringLiteral("Backuplist"));
+    source_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    source_->setMinimumWidth(1);  // a long path is cut rather than the window widened
+    source_->setToolTip(tr("The folder that is copied from."));
+    target_ = new QLineEdit;
+    target_->setObjectName(QStringLiteral("BackUpTarget"));
+    target_->setAccessibleName(tr("Target folder"));
+    target_->setToolTip(tr("The folder that is copied to; it may be typed."));
+    connect(target_, &QLineEdit::textEdited, this,
+            [this](const QString& text) { backup_.BackUpTarget = pathFromQt(text); });
+    idleControls_.push_back(target_);
+
+    auto* grid = new QGridLayout;
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(new QLabel(tr("From")), 0, 0);
+    grid->addWidget(source_, 0, 1);
+    grid->addWidget(boxLabel(tr("&To"), target_), 1, 0);
+    grid->addWidget(target_, 1, 1);
+    if (restoring) {
+        auto* select =
+            button("SelectSource", tr("Select S&ource ..."), tr("Choose the folder to copy from."),
+                   [this] { backup_.SelectSource_Click(); });
+        grid->addWidget(select, 0, 2);
+    }
+    auto* select =
+        button("SelectTarget", tr("&Select Target ..."),
+               tr("Choose the folder to copy to; it is remembered as the backup folder."),
+               [this] { backup_.SelectTarget_Click(); });
+    grid->addWidget(select, 1, 2);
+    return grid;
+}
+
+QLayout* BackupDialog::makeButtons() {
+    const bool restoring = backup_.kind() == Backup::Kind::Restore;
+    run_ = button("RunBackup", restoring ? tr("&Restore") : tr("&Back Up"),
+                  restoring ? tr("Copy the files over those of the target folder.")
+                            : tr("Copy the files to the target folder."),
+                  [this] { backup_.RunBackup_Click(); });
+    auto* row = new QHBoxLayout;
+    row->addWidget(run_);
+    if (!restoring) {
+        row->addWidget(button("Verify", tr("&Verify"),
+                              tr("Compare every file with its copy in the target folder."),
+                              [this] { backup_.Verify_Click(); }));
+    }
+    row->addStretch(1);
+    stop_ = new QPushButton;
+    stop_->setObjectName(QStringLiteral("StopBackup"));
+    stop_->setAutoDefault(false);
+    connect(stop_, &QPushButton::clicked, this, &BackupDialog::reject);
+    row->addWidget(stop_);
+    return row;
+}
+
+QPushButton* BackupDialog::button(const char* name, const QString& caption, const QString& tip,
+                                  const std::function<void()>& command) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(QLatin1String(name));
+    button->setToolTip(tip);
+    button->setAutoDefault(false);
+    idleControls_.push_back(button);
+    connect(button, &QPushButton::clicked, this, [this, command] {
+        command();
+        refresh();
+    });
+    return button;
+}
+
+/// Shows what the core holds.
+void BackupDialog::refresh() {
+    const bool running = backup_.running();
+    const Backup::Progress& progress = backup_.progress();
+    source_->setText(pathToQt(backup_.Backuplist));
+    showPath(target_, backup_.BackUpTarget);
+    if (running) {
+        list_->setCurrentIndex(names_->index(static_cast<int>(progress.files)));
+    } else {
+        showNames();
+    }
+    files_->setCurrentIndex(running ? 1 : 0);
+    progressText_->setText(messageToQt(backup_.BackUpProgress));
+    const bool begun = progress.fileCount > 0;
+    counts_->setVisible(begun);
+    counts_->setText(tr("%1 of %2 files, %3 of %4")
+                         .arg(progress.files)
+                         .arg(progress.fileCount)
+                         .arg(sizeText(progress.bytes), sizeText(progress.byteCount)));
+    bar_->setVisible(begun);
+    const double share = progress.byteCount == 0 ? 0
+                                                 : static_cast<double>(progress.bytes) /
+                                                       static_cast<double>(progress.byteCount);
+    bar_->setValue(static_cast<int>(share * kBarSteps));
+    for (QWidget* control : idleControls_)
+        control->setEnabled(!running);
+    stop_->setText(running ? tr("Stop") : tr("Close"));
+    stop_->setToolTip(running ? tr("Stop before the next file and close this window.")
+                              : tr("Close this window."));
+    lastShown_.restart();
+}
+
+void BackupDialog::showNames() {
+    QStringList names;
+    for (const auto& name : backup_.BackMeUp)
+        names.append(pathToQt(name));
+    if (names != names_->stringList()) names_->setStringList(names);
+    if (!list_->currentIndex().isValid()) return;
+    // The file that a run has come to is past.
+    list_->setCurrentIndex({});
+    list_->scrollToTop();
+}
+
+/// During a run the window is repainted now and then only, and always takes clicks.
+void BackupDialog::showRun() {
+    const bool began = run_->isEnabled();
+    if (!backup_.running() || began || lastShown_.elapsed() >= kShowEvery) refresh();
+    QCoreApplication::processEvents();
+}
+
+}  // namespace bramblet

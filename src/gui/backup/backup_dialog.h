@@ -1,0 +1,52 @@
+// The windows for backup and for restoring: two folders, the files, and how far a run has come.
+#pragma once
+
+#include "core/backup/backup.h"
+
+#include <QDialog>
+#include <QElapsedTimer>
+
+class QLabel;
+class QLineEdit;
+class QListView;
+class QProgressBar;
+class QPushButton;
+class QStackedWidget;
+class QStringListModel;
+
+namespace bramblet {
+
+class BackupDialog : public QDialog {
+    Q_OBJECT
+  public:
+    BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent);
+    ~BackupDialog() override;
+
+    /// A run is stopped before its next file.
+    void reject() override;
+
+  private:
+    QLayout* makeFolders();
+    QLayout* makeButtons();
+    QPushButton* button(const char* name, const QString& caption, const QString& tip,
+                        const std::function<void()>& command);
+    void refresh();
+    void showNames();
+    void showRun();
+
+    Backup& backup_;
+    QLabel* source_;
+    QLineEdit* target_;
+    QListView* list_;
+    QStackedWidget* files_;  ///< the list, or a note during a run
+    QStringListModel* names_;
+    QLabel* progressText_;
+    QLabel* counts_;
+    QProgressBar* bar_;
+    QPushButton* run_;
+    QPushButton* stop_;
+    std::vector<QWidget*> idleControls_;  ///< what cannot be used during a run
+    QElapsedTimer lastShown_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,244 @@
+#include "gui/document/display_window.h"
+
+#include "core/platform/file_system.h"
+#include "gui/platform/boxes.h"
+#include "gui/platform/icons.h"
+#include "gui/platform/placement.h"
+#include "gui/platform/qt_text.h"
+
+#include <QBuffer>
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QMenuBar>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QScrollBar>
+#include <QTextBrowser>
+#include <QWheelEvent>
+#include <QtMath>
+
+namespace bramblet {
+namespace {
+
+constexpr double kUsualZoom = 1.25;
+constexpr double kZoomStep = 1.1;
+constexpr double kSmallestZoom = 0.4;
+constexpr double kLargestZoom = 4;
+constexpr int kPaperMargin = 36;  // of the sheet, at its own size
+constexpr int kDeskMargin = 18;   // around the sheet
+
+/// The paper of the region, with margins of half an inch.
+QPageLayout usualPage() {
+    const bool imperial = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
+    const QPageSize paper(imperial ? QPageSize::Letter : QPageSize::A4);
+    return {paper, QPageLayout::Portrait, QMarginsF(0.5, 0.5, 0.5, 0.5), QPageLayout::Inch};
+}
+
+}  // namespace
+
+/// A text browser whose page does not fill it: the rest is the desk.
+class DisplayWindow::Desk : public QTextBrowser {
+  public:
+    Desk() {
+        setOpenLinks(false);
+        setFrameShape(QFrame::NoFrame);
+        setLineWrapMode(FixedPixelWidth);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        // The paper is white and its ink black, whatever the theme.
+        QPalette paper = palette();
+        paper.setColor(QPalette::Base, Qt::white);
+        paper.setColor(QPalette::Text, Qt::black);
+        setPalette(paper);
+    }
+
+    /// Puts the sheet in the middle, with the desk around and below it.
+    void place(int formWidth) {
+        setLineWrapColumnOrWidth(formWidth);
+        // Lines between cells may take up a pixel more, which is not worth a scroll bar.
+        const QSize sheet(qCeil(document()->size().width()), qRound(document()->size().height()));
+        const int room = width() - verticalScrollBar()->sizeHint().width();
+        const int left = qMax(kDeskMargin, (room - sheet.width()) / 2);
+        const int right = qMax(0, room - sheet.width() - left);
+        setViewportMargins(left, kDeskMargin, right,
+                           qMax(0, height() - kDeskMargin - sheet.height()));
+    }
+};
+
+DisplayWindow::DisplayWindow(OrderViewer& viewer, QWidget* parent)
+    : QMainWindow(parent), viewer_(viewer), zoom_(kUsualZoom) {
+    setObjectName(QStringLiteral("TandrilDisplayForm"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::ApplicationModal);
+    browser_ = new Desk;
+    browser_->setObjectName(QStringLiteral("WebBrowser1"));
+    browser_->setAccessibleName(tr("The order as it is printed"));
+    browser_->installEventFilter(this);
+    browser_->viewport()->installEventFilter(this);
+    sheet_ = new OrderSheet(pictures(), browser_);
+    browser_->setDocument(sheet_);
+    connect(browser_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+        if (runBrowser) runBrowser(fromQt(link.toString()));
+    });
+
+    auto* content = new QWidget;
+    content->setAutoFillBackground(true);
+    QPalette desk = content->palette();
+    desk.setColor(QPalette::Window, desk.color(QPalette::Window).darker(112));
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeBar());
+    layout->addWidget(browser_, 1);
+    browser_->setBackgroundRole(QPalette::Window);
+    content->setPalette(desk);
+    setCentralWidget(content);
+    makeMenus();
+
+    placeOverParent(*this, QSize(1000, 900));
+    navigate();
+}
+
+QWidget* DisplayWindow::makeBar() {
+    auto* bar = new QWidget;
+    bar->setAutoFillBackground(true);
+    auto* layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(8, 4, 8, 4);
+    layout->setSpacing(2);
+    const auto add = [&](const char* name, Drawing drawing, const QString& caption,
+                         const QString& tip, void (DisplayWindow::*command)()) {
+        auto* button = toolButton(name, drawing, caption, tip);
+        connect(button, &QToolButton::clicked, this, command);
+        layout->addWidget(button);
+    };
+    add("Print", Drawing::Print, tr("&Print ..."), tr("Print this order."), &DisplayWindow::print);
+    add("Preview", Drawing::Preview, tr("Previe&w ..."), tr("See the pages before printing."),
+        &DisplayWindow::preview);
+    add("SavePdf", Drawing::Save, tr("Save as P&DF ..."), tr("Save this order as a PDF file."),
+        &DisplayWindow::savePdf);
+    auto* mail = toolButton("IE_Button", Drawing::Mail, tr("&E-mail"),
+                            tr("Send this order with your mail program."));
+    connect(mail, &QToolButton::clicked, this, [this] { viewer_.IE_Button_Click(); });
+    layout->addWidget(mail);
+    add("Configuration", Drawing::Settings, tr("&Configuration ..."), tr("Change how orders look."),
+        &DisplayWindow::configure);
+    layout->addStretch(1);
+    auto* leave = toolButton("Leave", Drawing::Close, tr("C&lose"), tr("Close this window."));
+    connect(leave, &QToolButton::clicked, this, &QWidget::close);
+    layout->addWidget(leave);
+    return bar;
+}
+
+void DisplayWindow::makeMenus() {
+    QMenu* menu = menuBar()->addMenu(tr("&File"));
+    const auto add = [&](QMenu* to, const char* name, const QString& caption, const auto& command,
+                         const QKeySequence& keys) {
+        QAction* entry = to->addAction(caption, this, command);
+        entry->setObjectName(QLatin1String(name));
+        entry->setShortcut(keys);
+    };
+    add(
+        menu, "mu_Print", tr("&Print ..."), [this] { print(); }, QKeySequence::Print);
+    add(menu, "mu_Preview", tr("Print Previe&w ..."), [this] { preview(); }, {});
+    add(
+        menu, "mu_SavePdf", tr("&Save as PDF ..."), [this] { savePdf(); }, QKeySequence::Save);
+    add(menu, "mu_Mail", tr("&E-mail"), [this] { viewer_.IE_Button_Click(); }, {});
+    add(menu, "mu_conf", tr("&Configuration ..."), [this] { configure(); }, {});
+    menu->addSeparator();
+    add(
+        menu, "mu_exit", tr("C&lose"), [this] { close(); }, QKeySequence(Qt::Key_Escape));
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    add(
+        view, "mu_ZoomIn", tr("Zoom &In"), [this] { setZoom(zoom_ * kZoomStep); },
+        QKeySequence::ZoomIn);
+    add(
+        view, "mu_ZoomOut", tr("Zoom &Out"), [this] { setZoom(zoom_ / kZoomStep); },
+        QKeySequence::ZoomOut);
+    add(
+        view, "mu_ZoomUsual", tr("&Usual Size"), [this] { setZoom(kUsualZoom); },
+        QKeySequence(tr("Ctrl+0")));
+}
+
+void DisplayWindow::navigate() {
+    setWindowTitle(tr("Order %1").arg(toQt(viewer_.orderNumber())));
+    document_ = viewer_.document();
+    setZoom(zoom_);
+}
+
+void DisplayWindow::setZoom(double zoom) {
+    zoom_ = qBound(kSmallestZoom, zoom, kLargestZoom);
+    const int place = browser_->verticalScrollBar()->value();
+    sheet_->setDocumentMargin(kPaperMargin * zoom_);
+    sheet_->show(document_, zoom_, devicePixelRatioF());
+    placePaper();
+    browser_->moveCursor(QTextCursor::Start);  // which would else be brought into view
+    browser_->verticalScrollBar()->setValue(place);
+}
+
+void DisplayWindow::placePaper() {
+    browser_->place(sheet_->formWidth() + qRound(2 * kPaperMargin * zoom_));
+}
+
+bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == browser_ && event->type() == QEvent::Resize) placePaper();
+    if (event->type() == QEvent::Wheel) {
+        const auto* wheel = static_cast<QWheelEvent*>(event);
+        if (wheel->modifiers().testFlag(Qt::ControlModifier)) {
+            // A touch pad turns by small parts of a step.
+            turned_ += wheel->angleDelta().y();
+            if (qAbs(turned_) < QWheelEvent::DefaultDeltasPerStep) return true;
+            setZoom(turned_ > 0 ? zoom_ * kZoomStep : zoom_ / kZoomStep);
+            turned_ = 0;
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void DisplayWindow::print() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageLayout(usualPage());
+    printer.setDocName(windowTitle());
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    viewer_.printed(OrderSheet::print(document_, pictures(), printer));
+}
+
+void DisplayWindow::preview() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageLayout(usualPage());
+    printer.setDocName(windowTitle());
+    QPrintPreviewDialog dialog(&printer, this);
+    connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
+            [this](QPrinter* target) { OrderSheet::print(document_, pictures(), *target); });
+    dialog.resize(size());
+    dialog.exec();
+}
+
+void DisplayWindow::savePdf() {
+    viewer_.SavePdf_Click([this] {
+        QBuffer pdf;
+        pdf.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&pdf);
+        writer.setTitle(windowTitle());
+        writer.setPageLayout(usualPage());
+        OrderSheet::print(document_, pictures(), writer);
+        return pdf.data().toStdString();
+    });
+}
+
+PictureSource DisplayWindow::pictures() const {
+    return [this](const std::string& name) { return viewer_.picture(name); };
+}
+
+void DisplayWindow::configure() {
+    if (openConfiguration) {
+        openConfiguration([this] {
+            viewer_.ReWrite();
+            navigate();
+        });
+    }
+}
+
+}  // namespace bramblet

@@ -1,0 +1,66 @@
+// The order document laid out as a sheet of paper: the same layout is shown on the screen and
+// printed.
+#pragma once
+
+#include "core/document/display_html.h"
+#include "gui/document/page_breaks.h"
+
+#include <QHash>
+#include <QImage>
+#include <QTextDocument>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class QPagedPaintDevice;
+
+namespace bramblet {
+
+/// Gives the bytes of a picture of the data folder by its name; empty when there is none.
+using PictureSource = std::function<std::string(const std::string& name)>;
+
+class OrderSheet : public QTextDocument {
+    Q_OBJECT
+  public:
+    explicit OrderSheet(PictureSource pictures, QObject* parent = nullptr);
+
+    /// Lays a document (code page text) out for the screen, at `zoom` times its size, in pixels of
+    /// 1/96 inch that the screen shows with `dotsPerPixel` dots each way. Where the top graphic is
+    /// missing a line says so, which is not printed.
+    void show(const std::string& document, double zoom, double dotsPerPixel = 1);
+
+    /// Width of the form at this zoom: as set, or what its content needs when that is more.
+    int formWidth() const { return page_.width; }
+
+    /// Prints a document with the device's margins, reduced when the form is wider than the page.
+    /// False when the device could not be used.
+    static bool print(const std::string& document, const PictureSource& pictures,
+                      QPagedPaintDevice& device);
+
+  protected:
+    /// Pictures come from the data folder alone, and nothing else is ever loaded. There is always
+    /// an answer, since for an empty one the text engine would try to open the name itself.
+    QVariant loadResource(int type, const QUrl& name) override;
+
+  private:
+    enum class Medium { Screen, Paper };
+    void layOut(const std::string& document, Medium medium);
+    QString html(Medium medium);
+    QString hint() const;
+    const QImage& picture(const QString& file);
+    void divideParagraphs(const std::vector<PageBreak>& breaks);
+    void divideParagraph(int place);
+    QImage load(const QString& file) const;
+    double roomFor(const QString& file) const;
+    double headingWidth() const;
+    void fitHeading();
+
+    PictureSource pictures_;
+    DisplayPage page_;
+    double zoom_ = 1;
+    double dotsPerPixel_ = 1;        ///< of the screen; 0 on paper, which has more than any picture
+    QHash<QString, QImage> loaded_;  ///< pictures at this zoom, null for those that there are not
+};
+
+}  // namespace bramblet

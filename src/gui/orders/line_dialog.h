@@ -1,0 +1,41 @@
+// The dialog "Edit Line Item".
+#pragma once
+
+#include "core/orders/line_items.h"
+#include "core/platform/prompts.h"
+
+#include <QDialog>
+
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace bramblet {
+
+class HistoryBox;
+
+class EditLineDialog : public QDialog {
+    Q_OBJECT
+  public:
+    /// `units` fill the list of units.
+    EditLineDialog(const LineEntry& entry, const std::string& caption,
+                   const std::vector<std::string>& units, const RegionalFormats& formats,
+                   Prompts& prompts, QWidget* parent);
+
+    /// What Save stored; none before that.
+    const std::optional<LineEntry>& stored() const { return stored_; }
+
+  private:
+    LineEntry boxes() const;
+    void save();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    const RegionalFormats& formats_;
+    Prompts& prompts_;
+    QPlainTextEdit* description_;
+    QLineEdit* quantity_;
+    QLineEdit* unitCost_;
+    HistoryBox* unit_;
+    std::optional<LineEntry> stored_;
+};
+
+}  // namespace bramblet

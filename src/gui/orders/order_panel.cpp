@@ -1,0 +1,223 @@
+#include "gui/orders/order_panel.h"
+
+#include "gui/addresses/address_panel.h"
+#include "gui/platform/boxes.h"
+#include "gui/platform/calendar_popup.h"
+#include "gui/platform/icons.h"
+#include "gui/platform/qt_text.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace bramblet {
+namespace {
+
+constexpr int kJobNumberLimit = 12;
+
+/// The boxes of the terms column, from top to bottom.
+struct TermsBox {
+    const char* label;
+    const char* tip;
+    OrderField field;
+};
+const std::array<TermsBox, 5> kTerms{{
+    {"&Job Number", "The job that the order belongs to; 12 characters at most.",
+     &Order::JobNumberEd},
+    {"B&y:", "Who places the order.", &Order::ByEd},
+    {"&Via:", "How the goods are to be shipped.", &Order::ShipViaEd},
+    {"F&OB:", "The place from which freight is the buyer's.", &Order::FOBEd},
+    {"Ter&ms:", "Terms of payment.", &Order::TermsEd},
+}};
+
+}  // namespace
+
+OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistories& histories,
+                       const OpenOrder& open, int firstDayOfWeek, QWidget* parent)
+    : QFrame(parent),
+      editor_(editor),
+      open_(open),
+      boxes_(editor, open),
+      historyBoxes_(histories, open) {
+    setObjectName(QStringLiteral("band"));
+    calendar_ = new CalendarPopup(firstDayOfWeek, this);
+    vendor_ = new AddressPanel(AddressSide::Vendor, addresses, open);
+    shipTo_ = new AddressPanel(AddressSide::Destination, addresses, open);
+    historyBoxes_.bind(vendor_->nameBox(), AddressSide::Vendor);
+    historyBoxes_.bind(shipTo_->nameBox(), AddressSide::Destination);
+
+    auto* middle = new QHBoxLayout;
+    middle->setSpacing(14);
+    QLayout* const strip = makeStrip();
+    middle->addWidget(vendor_, 5);
+    middle->addWidget(shipTo_, 5);
+    middle->addLayout(makeTerms(), 4);
+
+    comments_ = historyBoxes_.make(&Order::CommentsEd, tr("Comments"));
+    comments_->setToolTip(tr("Printed below the lines of the order."));
+    auto* comments = new QHBoxLayout;
+    comments->addWidget(boxLabel(tr("Comme&nts"), comments_));
+    comments->addWidget(comments_, 1);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(10, 8, 10, 8);
+    layout->setSpacing(8);
+    layout->addLayout(strip);
+    layout->addLayout(middle, 1);
+    layout->addLayout(comments);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    setTabs();
+}
+
+void OrderPanel::refresh() {
+    const Order& order = open_.order;
+    boxes_.refresh();
+    historyBoxes_.refresh();
+    number_->setReadOnly(!open_.numberUnlocked);
+    (order.kind == OrderKind::Requisition ? requisition_ : purchaseOrder_)->setChecked(true);
+    received_->setChecked(order.MarkReceivedCheck);
+    markDates();
+    vendor_->refresh();
+    shipTo_->refresh();
+}
+
+QLayout* OrderPanel::makeStrip() {
+    number_ = new QLineEdit;
+    number_->setObjectName(QStringLiteral("PONoEd"));
+    number_->setAccessibleName(tr("Order number"));
+    number_->setToolTip(tr("Number of the order shown; (PEND) until it is saved."));
+    QFont bold = number_->font();
+    bold.setBold(true);
+    bold.setPointSizeF(bold.pointSizeF() * 1.25);
+    number_->setFont(bold);
+    number_->setFixedWidth(QFontMetrics(bold).horizontalAdvance(QStringLiteral("(PEND)00")) + 10);
+    boxes_.bind(number_, &Order::PONoEd);
+    numberLabel_ = new QLabel(tr("Number"));
+    numberLabel_->setObjectName(QStringLiteral("Label11"));
+    numberLabel_->setToolTip(tr("Double-click to unlock the number."));
+    numberLabel_->installEventFilter(this);
+
+    purchaseOrder_ = new QRadioButton(tr("&Bramblet"));
+    purchaseOrder_->setObjectName(QStringLiteral("OptionPO"));
+    purchaseOrder_->setToolTip(tr("Create a Bramblet"));
+    requisition_ = new QRadioButton(tr("Re&quistion"));
+    requisition_->setObjectName(QStringLiteral("OptionRe"));
+    requisition_->setToolTip(tr("Create a Requisition"));
+    received_ = new QCheckBox(tr("Mar&k Received"));
+    received_->setObjectName(QStringLiteral("MarkReceivedCheck"));
+    received_->setToolTip(tr("Check to mark order as Received"));
+    connect(purchaseOrder_, &QRadioButton::clicked, this, [this] { editor_.OptionPO_Click(); });
+    connect(requisition_, &QRadioButton::clicked, this, [this] { editor_.OptionRe_Click(); });
+    connect(received_, &QCheckBox::clicked, this,
+            [this](bool checked) { editor_.MarkReceivedCheck_Click(checked); });
+
+    orderDate_ = dateBox("OrderDateEd", &Order::OrderDateEd, tr("The date of the order."));
+    shipDate_ = dateBox("ShipDateEd", &Order::ShipDateEd,
+                        tr("When the goods are to be on site; may be empty."));
+    orderDatePicker_ = datePicker("OrderDatePicker", tr("Select order date from calendar."),
+                                  orderDate_, &Order::OrderDateEd);
+    shipDatePicker_ = datePicker("ShipDatePicker", tr("Select on-site date from calendar."),
+                                 shipDate_, &Order::ShipDateEd);
+
+    auto* strip = new QHBoxLayout;
+    strip->setSpacing(6);
+    strip->addWidget(numberLabel_);
+    strip->addWidget(number_);
+    strip->addSpacing(12);
+    strip->addWidget(purchaseOrder_);
+    strip->addSpacing(4);
+    strip->addWidget(requisition_);
+    strip->addSpacing(14);
+    strip->addWidget(received_);
+    strip->addStretch(1);
+    strip->addWidget(boxLabel(tr("Order D&ate"), orderDate_));
+    strip->addWidget(orderDate_);
+    strip->addWidget(orderDatePicker_);
+    strip->addSpacing(8);
+    strip->addWidget(boxLabel(tr("On Sit&e"), shipDate_));
+    strip->addWidget(shipDate_);
+    strip->addWidget(shipDatePicker_);
+    return strip;
+}
+
+QLineEdit* OrderPanel::dateBox(const char* name, OrderField field, const QString& tip) {
+    auto* box = new QLineEdit;
+    box->setObjectName(QLatin1String(name));
+    box->setToolTip(tip);
+    box->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00/00000")) + 14);
+    boxes_.bind(box, field);
+    dates_.push_back({box, field, tip});
+    connect(box, &QLineEdit::editingFinished, this, &OrderPanel::markDates);
+    return box;
+}
+
+/// A date that is still being typed is no date yet: it is marked when its box is left, and at once
+/// when a save has met it.
+void OrderPanel::markDates() {
+    for (const DateBox& date : dates_) {
+        const bool typing = date.box->hasFocus() && !open_.dateRefused;
+        const bool refused = !typing && !editor_.isDate(date.field);
+        const QString why = refused ? tr("\"%1\" is not a date.").arg(date.box->text()) : QString();
+        if (date.box->accessibleDescription() == why) continue;
+        markRefused(date.box, refused);
+        date.box->setToolTip(refused ? why : date.tip);
+        date.box->setAccessibleDescription(why);
+    }
+}
+
+QToolButton* OrderPanel::datePicker(const char* name, const QString& tip, QLineEdit* box,
+                                    OrderField field) {
+    auto* picker = toolButton(name, Drawing::Calendar, {}, tip);
+    connect(picker, &QToolButton::clicked, this, [this, box, field] {
+        calendar_->openUnder(box, editor_.calendarStart(field), [this, field](DayCount day) {
+            editor_.MonthView1_DateClick(field, day);
+        });
+    });
+    return picker;
+}
+
+QLayout* OrderPanel::makeTerms() {
+    auto* grid = new QGridLayout;
+    grid->setVerticalSpacing(4);
+    for (std::size_t i = 0; i < kTerms.size(); ++i) {
+        const TermsBox& terms = kTerms[i];
+        const OrderField field = terms.field;
+        auto* box = historyBoxes_.make(field, tr(terms.label).remove(QLatin1Char('&')));
+        box->setToolTip(tr(terms.tip));
+        if (field == &Order::JobNumberEd) box->lineEdit()->setMaxLength(kJobNumberLimit);
+        terms_.push_back(box);
+        grid->addWidget(boxLabel(tr(terms.label), box), static_cast<int>(i), 0);
+        grid->addWidget(box, static_cast<int>(i), 1);
+    }
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(static_cast<int>(kTerms.size()), 1);
+    return grid;
+}
+
+/// Tab goes along the strip, then down the two addresses, the terms and the comments.
+void OrderPanel::setTabs() {
+    std::vector<QWidget*> order{number_,    purchaseOrder_,   requisition_, received_,
+                                orderDate_, orderDatePicker_, shipDate_,    shipDatePicker_};
+    for (const AddressPanel* side : {vendor_, shipTo_}) {
+        order.insert(order.end(), {side->nameBox(), side->addressBox(), side->saveButton(),
+                                   side->deleteButton()});
+    }
+    order.insert(order.end(), terms_.begin(), terms_.end());
+    order.push_back(comments_);
+    for (std::size_t i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+bool OrderPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == numberLabel_ && event->type() == QEvent::MouseButtonDblClick) {
+        editor_.Label11_DblClick();
+        return true;
+    }
+    return QFrame::eventFilter(watched, event);
+}
+
+}  // namespace bramblet

@@ -1,0 +1,65 @@
+// The upper band of the main window: number, kind and dates of the order, its two addresses, terms
+// and comments.
+#pragma once
+
+#include "gui/history/history_boxes.h"
+#include "gui/orders/order_boxes.h"
+
+#include <QFrame>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QRadioButton;
+class QToolButton;
+
+namespace bramblet {
+
+class AddressPanel;
+class CalendarPopup;
+
+class OrderPanel : public QFrame {
+    Q_OBJECT
+  public:
+    OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistories& histories,
+               const OpenOrder& open, int firstDayOfWeek, QWidget* parent = nullptr);
+
+    /// Shows what the order holds now.
+    void refresh();
+
+  private:
+    QLineEdit* dateBox(const char* name, OrderField field, const QString& tip);
+    void markDates();
+    QToolButton* datePicker(const char* name, const QString& tip, QLineEdit* box, OrderField field);
+    QLayout* makeStrip();
+    QLayout* makeTerms();
+    void setTabs();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    OrderEditor& editor_;
+    const OpenOrder& open_;
+    OrderBoxes boxes_;
+    HistoryBoxes historyBoxes_;
+    CalendarPopup* calendar_;
+    QLabel* numberLabel_;
+    QLineEdit* number_;
+    QRadioButton* purchaseOrder_;
+    QRadioButton* requisition_;
+    QCheckBox* received_;
+    AddressPanel* vendor_;
+    AddressPanel* shipTo_;
+    struct DateBox {
+        QLineEdit* box;
+        OrderField field;
+        QString tip;
+    };
+    std::vector<DateBox> dates_;
+    QLineEdit* orderDate_;
+    QLineEdit* shipDate_;
+    QToolButton* orderDatePicker_;
+    QToolButton* shipDatePicker_;
+    std::vector<HistoryBox*> terms_;
+    HistoryBox* comments_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,42 @@
+// The grid of saved orders with its pop-up menu.
+#pragma once
+
+#include "core/orders/order_editor.h"
+
+#include <QWidget>
+
+class QMenu;
+
+namespace bramblet {
+
+class GridModel;
+class GridView;
+
+class SavedOrdersPanel : public QWidget {
+    Q_OBJECT
+  public:
+    SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, const OpenOrder& open,
+                     QWidget* parent = nullptr);
+
+    /// The list has changed.
+    void refreshList();
+
+    void deleteCurrentOrder();
+    void sortBy(int column);
+
+    GridView* grid() const { return grid_; }
+
+  private:
+    void openRow(int row);
+    int rowOfShownOrder() const;
+    void highlightShownOrder();
+
+    OrderEditor& editor_;
+    SavedOrders& orders_;
+    const OpenOrder& open_;
+    GridModel* model_;
+    GridView* grid_;
+    QMenu* menu_;
+};
+
+}  // namespace bramblet

@@ -1,0 +1,124 @@
+#include "gui/orders/totals_panel.h"
+
+#include "gui/platform/boxes.h"
+#include "gui/platform/qt_text.h"
+
+#include <QGridLayout>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace bramblet {
+
+/// One line of the column: label, factor box (none where `factor` is null) and amount box.
+struct TotalsPanel::Row {
+    const char* label;
+    const char* labelName;
+    const char* factor;
+    const char* factorTip;
+    OrderField factorField;
+    const char* amount;
+    const char* amountTip;
+    OrderField amountField;
+    bool typed;  ///< whether the user may type the amount
+};
+
+std::vector<TotalsPanel::Row> TotalsPanel::columnRows() {
+    constexpr const char* kNoFactor = nullptr;
+    return {
+        {"Sub Total", "SubTotalLab", kNoFactor, nullptr, nullptr, "SubTotalEd",
+         "The sum of the lines.", &Order::SubTotalEd, false},
+        {"-  Discount", "DiscountLab", "DiscountFactorEd",
+         "Discount multiplier (example .5 = 50%). Blank for none/manual.", &Order::DiscountFactorEd,
+         "DiscountEd", "This is subtracted from Sub Total to show Net.", &Order::DiscountEd, true},
+        {"Total (Net)", "NetEdLab", kNoFactor, nullptr, nullptr, "NetTotalEd",
+         "Sub Total less Discount.", &Order::NetTotalEd, false},
+        {"+ Sales Tax", "Label6", "TaxFactorEd",
+         "Tax multiplier (example .065 = 6.5%). Blank for none/manual.", &Order::TaxFactorEd,
+         "SalesTaxEd", "This will be added to the Net.", &Order::SalesTaxEd, true},
+        {"+ Shipping", "Label4", kNoFactor, nullptr, nullptr, "ShippingEd", "What shipping costs.",
+         &Order::ShippingEd, true},
+        {"Total", "Label3", kNoFactor, nullptr, nullptr, "OrderTotalEd", "What the order comes to.",
+         &Order::OrderTotalEd, false},
+    };
+}
+
+/// Swaps the tax and shipping rows, so that the column reads in the order in which its amounts are
+/// applied when shipping is taxed.
+void TotalsPanel::ArrangeTaxAndShippingBoxes(std::vector<Row>& rows) {
+    const auto rowOf = [&rows](OrderField amount) {
+        return std::find_if(rows.begin(), rows.end(),
+                            [amount](const Row& row) { return row.amountField == amount; });
+    };
+    std::iter_swap(rowOf(&Order::SalesTaxEd), rowOf(&Order::ShippingEd));
+}
+
+TotalsPanel::TotalsPanel(OrderEditor& editor, const OpenOrder& open, bool taxFreight,
+                         const RegionalFormats& formats, QWidget* parent)
+    : QWidget(parent), formats_(formats), boxes_(editor, open) {
+    std::vector<Row> rows = columnRows();
+    if (taxFreight) ArrangeTaxAndShippingBoxes(rows);
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(4);
+    int line = 0;
+    for (const Row& row : rows)
+        addRow(grid, line++, row);
+    grid->setRowStretch(line, 1);
+    grid->setColumnStretch(2, 1);
+    setFixedWidth(fontMetrics().averageCharWidth() * 44);
+}
+
+void TotalsPanel::refresh() {
+    boxes_.refresh();
+}
+
+/// The tip with its example as the region writes it. Before a comma people write a zero.
+QString TotalsPanel::inRegion(QString tip) const {
+    if (formats_.decimalSeparator == ".") return tip;
+    static const QRegularExpression decimalPoint(QStringLiteral("\\.(?=\\d)"));
+    tip.replace(QLatin1String(" ."), QLatin1String(" 0."));
+    return tip.replace(decimalPoint, toQt(formats_.decimalSeparator));
+}
+
+void TotalsPanel::addRow(QGridLayout* grid, int line, const Row& row) {
+    auto* label = new QLabel(tr(row.label));
+    label->setObjectName(QLatin1String(row.labelName));
+    grid->addWidget(label, line, 0);
+    if (row.factor != nullptr) {
+        auto* factor = addBox(row.factor, inRegion(tr(row.factorTip)), row.factorField, true);
+        factor->setAccessibleName(tr("Multiplier of %1").arg(tr(row.label)));
+        factor->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("0.0000")) + 14);
+        grid->addWidget(factor, line, 1);
+    }
+    auto* amount = addBox(row.amount, tr(row.amountTip), row.amountField, row.typed);
+    amount->setAccessibleName(tr(row.label));
+    amount->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000,000,000.00")) + 14);
+    label->setBuddy(amount);
+    if (row.amountField == &Order::OrderTotalEd) {
+        QFont bold = amount->font();
+        bold.setBold(true);
+        amount->setFont(bold);
+        label->setFont(bold);
+    }
+    grid->addWidget(amount, line, 2);
+}
+
+QLineEdit* TotalsPanel::addBox(const char* name, const QString& tip, OrderField field, bool typed) {
+    auto* box = new QLineEdit;
+    box->setObjectName(QLatin1String(name));
+    box->setToolTip(tip);
+    box->setAlignment(Qt::AlignRight);
+    box->setReadOnly(!typed);
+    if (!typed) {
+        box->setFocusPolicy(Qt::ClickFocus);
+        QPalette computed = box->palette();
+        computed.setBrush(QPalette::Base, computed.window());
+        box->setPalette(computed);
+    }
+    boxes_.bind(box, field);
+    return box;
+}
+
+}  // namespace bramblet

@@ -1,0 +1,188 @@
+#include "gui/platform/dialog_prompts.h"
+
+#include "core/platform/file_system.h"
+#include "core/platform/path_text.h"
+#include "gui/platform/qt_text.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QProgressDialog>
+
+namespace bramblet {
+namespace {
+
+QMessageBox::Icon iconOf(Icon icon) {
+    switch (icon) {
+        case Icon::Information:
+            return QMessageBox::Information;
+        case Icon::Question:
+            return QMessageBox::Question;
+        case Icon::Exclamation:
+            return QMessageBox::Warning;
+        case Icon::Stop:
+            return QMessageBox::Critical;
+        case Icon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButton buttonOf(Answer answer) {
+    switch (answer) {
+        case Answer::Ok:
+            return QMessageBox::Ok;
+        case Answer::Cancel:
+            return QMessageBox::Cancel;
+        case Answer::Yes:
+            return QMessageBox::Yes;
+        case Answer::No:
+            return QMessageBox::No;
+        case Answer::Retry:
+            return QMessageBox::Retry;
+        case Answer::Ignore:
+            return QMessageBox::Ignore;
+        case Answer::Close:
+            return QMessageBox::Close;
+    }
+    return QMessageBox::Ok;
+}
+
+/// The answers that a set of buttons offers, in their order; the first is the preset one.
+std::vector<Answer> answersOf(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::Ok:
+            return {Answer::Ok};
+        case Buttons::OkCancel:
+            return {Answer::Ok, Answer::Cancel};
+        case Buttons::YesNo:
+            return {Answer::Yes, Answer::No};
+        case Buttons::YesNoCancel:
+            return {Answer::Yes, Answer::No, Answer::Cancel};
+        case Buttons::RetryClose:
+            return {Answer::Retry, Answer::Close};
+        case Buttons::RetryIgnoreClose:
+            return {Answer::Retry, Answer::Ignore, Answer::Close};
+    }
+    return {Answer::Ok};
+}
+
+QStringList filtersOf(const FileChoice& choice) {
+    QStringList filters;
+    for (const auto& filter : choice.filters) {
+        // Some names tell their pattern themselves; and not every file has a dot.
+        const QString name = toQt(filter.name).section(QLatin1Char('('), 0, 0).trimmed();
+        const QString pattern =
+            filter.pattern == "*.*" ? QStringLiteral("*") : toQt(filter.pattern);
+        filters.append(QStringLiteral("%1 (%2)").arg(name, pattern));
+    }
+    return filters;
+}
+
+/// "*.sid" gives "sid"; a pattern of all files gives no suffix.
+QString suffixOf(const FileChoice& choice) {
+    if (choice.filters.empty()) return {};
+    const QString suffix = toQt(choice.filters.front().pattern).section(QLatin1Char('.'), -1);
+    return suffix.contains(QLatin1Char('*')) ? QString() : suffix.toLower();
+}
+
+}  // namespace
+
+DialogPrompts::DialogPrompts() = default;
+DialogPrompts::~DialogPrompts() = default;
+
+Answer DialogPrompts::ask(const Message& message) {
+    const std::vector<Answer> answers = answersOf(message.buttons);
+    QMessageBox box(iconOf(message.icon), messageToQt(message.title), messageToQt(message.text),
+                    QMessageBox::NoButton, parent());
+    box.setTextFormat(Qt::PlainText);
+    for (const Answer answer : answers)
+        box.addButton(buttonOf(answer));
+    box.setDefaultButton(buttonOf(message.preset.value_or(answers.front())));
+    box.exec();
+    const auto pressed = box.standardButton(box.clickedButton());
+    for (const Answer answer : answers) {
+        if (buttonOf(answer) == pressed) return answer;
+    }
+    return answers.back();
+}
+
+std::optional<std::string> DialogPrompts::input(const std::string& prompt, const std::string& title,
+                                                const std::string& preset) {
+    bool accepted = false;
+    const QString text = QInputDialog::getText(parent(), toQt(title), linesToQt(prompt),
+                                               QLineEdit::Normal, toQt(preset), &accepted);
+    if (!accepted) return std::nullopt;
+    return fromQt(text);
+}
+
+std::optional<std::filesystem::path> DialogPrompts::chooseFileToOpen(const FileChoice& choice) {
+    return choose(choice, Purpose::Open);
+}
+
+std::optional<std::filesystem::path> DialogPrompts::chooseFileToSave(const FileChoice& choice) {
+    return choose(choice, Purpose::Save);
+}
+
+std::optional<std::filesystem::path> DialogPrompts::chooseFolder(
+    const std::string& title, const std::filesystem::path& start) {
+    FileChoice choice;
+    choice.title = title;
+    choice.folder = start;
+    auto folder = choose(choice, Purpose::Folder);
+    if (folder) folder = withSeparator(*folder);
+    return folder;
+}
+
+std::optional<std::string> DialogPrompts::chooseFont(const std::string& current) {
+    bool accepted = false;
+    const QFont font = QFontDialog::getFont(&accepted, QFont(toQt(current)), parent(),
+                                            QObject::tr("Select a font"));
+    if (!accepted) return std::nullopt;
+    return fromQt(font.family());
+}
+
+void DialogPrompts::progress(const std::string& what, int done, int total) {
+    if (done >= total) {
+        progress_.reset();
+        return;
+    }
+    if (!progress_) {
+        progress_ =
+            std::make_unique<QProgressDialog>(messageToQt(what), QString(), 0, total, parent());
+        progress_->setWindowModality(Qt::WindowModal);
+        progress_->setMinimumDuration(700);
+        progress_->setWindowTitle(QStringLiteral("Bramblet"));
+        // What is under way cannot be left half done.
+        progress_->setWindowFlag(Qt::WindowCloseButtonHint, false);
+    }
+    progress_->setValue(done);
+}
+
+std::optional<std::filesystem::path> DialogPrompts::choose(const FileChoice& choice,
+                                                           Purpose purpose) {
+    QFileDialog dialog(parent(), messageToQt(choice.title), pathToQt(choice.folder));
+    dialog.setFileMode(purpose == Purpose::Open   ? QFileDialog::ExistingFile
+                       : purpose == Purpose::Save ? QFileDialog::AnyFile
+                                                  : QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly, purpose == Purpose::Folder);
+    if (purpose == Purpose::Save) {
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        // Whether to replace a file is the flow's own question.
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+        dialog.setDefaultSuffix(suffixOf(choice));
+    }
+    if (!choice.filters.empty()) dialog.setNameFilters(filtersOf(choice));
+    if (!choice.name.empty()) dialog.selectFile(pathToQt(pathOfName(choice.name)));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return pathFromQt(dialog.selectedFiles().constFirst());
+}
+
+QWidget* DialogPrompts::parent() const {
+    QWidget* const active = QApplication::activeModalWidget();
+    return active != nullptr ? active : parent_;
+}
+
+}  // namespace bramblet

@@ -1,0 +1,50 @@
+// The core's questions as real dialogs.
+#pragma once
+
+#include "core/platform/prompts.h"
+
+#include <functional>
+#include <memory>
+
+class QProgressDialog;
+class QWidget;
+
+namespace bramblet {
+
+class DialogPrompts : public Prompts {
+  public:
+    DialogPrompts();
+    ~DialogPrompts() override;
+
+    /// The window above which the dialogs open; none before it exists.
+    void setParent(QWidget* parent) { parent_ = parent; }
+
+    /// Shows a line in the status bar; `lasting` when it tells of a failure.
+    std::function<void(const std::string& line, bool lasting)> showLine = [](const std::string&,
+                                                                             bool) {};
+
+    Answer ask(const Message& message) override;
+    std::optional<std::string> input(const std::string& prompt, const std::string& title,
+                                     const std::string& preset) override;
+    std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice& choice) override;
+    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) override;
+    std::optional<std::filesystem::path> chooseFolder(const std::string& title,
+                                                      const std::filesystem::path& start) override;
+    std::optional<std::string> chooseFont(const std::string& current) override;
+    void progress(const std::string& what, int done, int total) override;
+
+  protected:
+    void showStatus(const std::string& line, Tone tone) override {
+        showLine(line, tone == Tone::Failure);
+    }
+
+  private:
+    enum class Purpose { Open, Save, Folder };
+    std::optional<std::filesystem::path> choose(const FileChoice& choice, Purpose purpose);
+    QWidget* parent() const;
+
+    QWidget* parent_ = nullptr;
+    std::unique_ptr<QProgressDialog> progress_;
+};
+
+}  // namespace bramblet

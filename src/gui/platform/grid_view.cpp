@@ -1,0 +1,199 @@
+#include "gui/platform/grid_view.h"
+
+#include "gui/platform/grid_model.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace bramblet {
+namespace {
+
+constexpr int kCellMargin = 14;
+constexpr int kRowMargin = 8;
+constexpr int kMostFitted = 32;  ///< characters of a text that widens its column
+constexpr int kMostGiven = 3;    ///< the part, a third, that columns give in a narrow view
+
+}  // namespace
+
+GridView::GridView(QWidget* parent) : QTableView(parent) {
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    tintSelection(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowMargin);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &GridView::headingClicked);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this] { resizedByHand_ = resizedByHand_ || !layingOut_; });
+    connect(this, &QTableView::clicked, this,
+            [this](const QModelIndex& index) { emit rowClicked(index.row()); });
+    connect(this, &QTableView::doubleClicked, this,
+            [this](const QModelIndex& index) { emit rowDoubleClicked(index.row()); });
+}
+
+void GridView::setColumns(const std::vector<GridColumn>& columns) {
+    columns_ = columns;
+    resizedByHand_ = false;
+    layOutColumns();
+}
+
+int GridView::currentRow() const {
+    return currentIndex().isValid() ? currentIndex().row() : -1;
+}
+
+void GridView::showRow(int row) {
+    showingRow_ = true;
+    selectRow(row);
+    showingRow_ = false;
+}
+
+void GridView::clearCurrentRow() {
+    selectionModel()->clear();
+}
+
+void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (!showingRow_ && current.isValid()) emit rowReached(current.row());
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (currentRow() >= 0) emit rowEntered(currentRow());
+            return;
+        case Qt::Key_Insert:
+            emit insertPressed();
+            return;
+        case Qt::Key_Delete:
+            if (currentRow() >= 0) emit deletePressed(currentRow());
+            return;
+        default:
+            QTableView::keyPressEvent(event);
+    }
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    if (!resizedByHand_) layOutColumns();
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    if (event->button() == Qt::RightButton) emit menuRequested(event->globalPosition().toPoint());
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() != QContextMenuEvent::Keyboard) return;  // the mouse's release does it
+    emit menuRequested(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+    tintSelection(true);
+    QTableView::focusInEvent(event);
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+    tintSelection(false);
+    QTableView::focusOutEvent(event);
+}
+
+void GridView::tintSelection(bool focused) {
+    QPalette tinted = QApplication::palette();
+    const QColor base = tinted.color(QPalette::Base);
+    const QColor accent = tinted.color(QPalette::Highlight);
+    const double share = focused ? 0.38 : 0.18;
+    const auto mixed = [share](int from, int to) { return qRound(from + share * (to - from)); };
+    tinted.setColor(QPalette::Highlight,
+                    QColor(mixed(base.red(), accent.red()), mixed(base.green(), accent.green()),
+                           mixed(base.blue(), accent.blue())));
+    tinted.setColor(QPalette::HighlightedText, tinted.color(QPalette::Text));
+    setPalette(tinted);
+}
+
+/// The rows have changed, and the widest texts with them.
+void GridView::reset() {
+    QTableView::reset();
+    if (!resizedByHand_) layOutColumns();
+}
+
+/// What a heading takes with the mark of the column that the list is sorted by. Qt's own hint for
+/// it knows less of the mark than its drawing takes: half the height, with a margin on both sides.
+int GridView::headingWidth(int column) const {
+    const QHeaderView* header = horizontalHeader();
+    const QString text = model()->headerData(column, Qt::Horizontal).toString();
+    const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
+    return header->fontMetrics().horizontalAdvance(text) + 4 * margin +
+           header->sizeHint().height() / 2 + 1;
+}
+
+/// What a column takes before the view's width is shared out: neither its heading nor the widest of
+/// the texts that are not to be cut short is elided.
+int GridView::widthOf(int column) const {
+    QString widest = model()->headerData(column, Qt::Horizontal, kWidestTextRole).toString();
+    widest.truncate(kMostFitted);
+    for (QChar& c : widest) {
+        if (c.isDigit()) c = QLatin1Char('0');  // as wide as any digit
+    }
+    const int characters = columns_[static_cast<std::size_t>(column)].characters;
+    const int text = qMax(characters * fontMetrics().averageCharWidth(),
+                          fontMetrics().horizontalAdvance(widest));
+    return qMax(headingWidth(column), text + kCellMargin);
+}
+
+void GridView::layOutColumns() {
+    if (model() == nullptr) return;
+    layingOut_ = true;
+    std::vector<int> shown;
+    std::vector<int> widths;
+    for (int i = 0; i < qMin(static_cast<int>(columns_.size()), model()->columnCount()); ++i) {
+        const bool hidden = columns_[static_cast<std::size_t>(i)].characters == 0;
+        setColumnHidden(i, hidden);
+        if (hidden) continue;
+        shown.push_back(i);
+        widths.push_back(widthOf(i));
+    }
+    shareOut(shown, widths);
+    for (std::size_t i = 0; i < shown.size(); ++i)
+        setColumnWidth(shown[i], widths[i]);
+    layingOut_ = false;
+}
+
+/// What the view has left goes to the columns that stretch. They also give what it lacks when that
+/// is little; else the view is scrolled sideways.
+void GridView::shareOut(const std::vector<int>& shown, std::vector<int>& widths) const {
+    int left = viewport()->width();
+    int characters = 0;  // of the columns that stretch
+    int givable = 0;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        left -= widths[i];
+        const GridColumn& column = columns_[static_cast<std::size_t>(shown[i])];
+        if (!column.stretches) continue;
+        characters += column.characters;
+        givable += widths[i] / kMostGiven;
+    }
+    if (left < -givable) return;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const GridColumn& column = columns_[static_cast<std::size_t>(shown[i])];
+        if (!column.stretches) continue;
+        const int share = left * column.characters / characters;
+        const int width = qMax(widths[i] + share, headingWidth(shown[i]));
+        left -= width - widths[i];
+        characters -= column.characters;
+        widths[i] = width;
+    }
+}
+
+}  // namespace bramblet

@@ -1,0 +1,186 @@
+#include "gui/platform/history_box.h"
+
+#include "gui/platform/boxes.h"
+#include "gui/platform/qt_text.h"
+
+#include <QApplication>
+#include <QCompleter>
+#include <QContextMenuEvent>
+#include <QListView>
+#include <QMenu>
+#include <QStringListModel>
+
+namespace bramblet {
+namespace {
+
+/// Long lists open at once when every row is known to be as high as the first.
+void expectManyRows(QAbstractItemView* view) {
+    if (auto* list = qobject_cast<QListView*>(view)) list->setUniformItemSizes(true);
+}
+
+bool isShiftDelete(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Delete && event.modifiers() == Qt::ShiftModifier;
+}
+
+}  // namespace
+
+HistoryBox::HistoryBox(const char* name, const QString& accessibleName)
+    : model_(new QStringListModel(this)) {
+    setObjectName(QLatin1String(name));
+    setAccessibleName(accessibleName);
+    setModel(model_);
+    setEditable(true);
+    setInsertPolicy(NoInsert);
+    // Qt's own handling of a finished edit would pick the entry that matches but for letter case.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(8);
+    completer()->setCompletionMode(QCompleter::PopupCompletion);
+    completer()->setCaseSensitivity(Qt::CaseInsensitive);
+    expectManyRows(view());
+    expectManyRows(completer()->popup());
+    completer()->popup()->installEventFilter(this);
+}
+
+void HistoryBox::setForget(std::function<void(const QString&)> forget,
+                           std::function<bool(const QString&)> mayForget) {
+    forget_ = std::move(forget);
+    mayForget_ = std::move(mayForget);
+    lineEdit()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(lineEdit(), &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& place) { openMenu(lineEdit()->mapToGlobal(place)); });
+    lineEdit()->installEventFilter(this);
+    view()->installEventFilter(this);
+}
+
+void HistoryBox::setEntries(const std::vector<std::string>& entries) {
+    if (entries == entries_) return;
+    entries_ = entries;
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(entries.size()));
+    for (const auto& entry : entries)
+        texts.append(toQt(entry));
+    const QSignalBlocker quiet(this);
+    const QString shown = currentText();
+    model_->setStringList(texts);
+    setCurrentIndex(-1);
+    setEditText(shown);
+}
+
+void HistoryBox::showText(const std::string& text) {
+    const QSignalBlocker quiet(this);
+    bramblet::showText(lineEdit(), text);
+}
+
+void HistoryBox::showPopup() {
+    onDropDown();
+    goToShownEntry();
+    QComboBox::showPopup();
+}
+
+bool HistoryBox::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (watched == completer()->popup()) {
+            const bool pointedAt = completer()->popup()->currentIndex().isValid();
+            if (pointedAt && key->key() == Qt::Key_Tab) return takeSuggestion();
+            if (pointedAt && isShiftDelete(*key)) return forgetSuggestion();
+        } else if (takesKey(*key)) {
+            return true;
+        }
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+/// Tab takes the suggestion pointed at, as Enter does, and goes on to the next box.
+bool HistoryBox::takeSuggestion() {
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(completer()->popup(), &enter);
+    focusNextChild();
+    return true;
+}
+
+/// Forgets the suggestion pointed at; the others stay, with the one that moved up pointed at.
+bool HistoryBox::forgetSuggestion() {
+    QAbstractItemView* const popup = completer()->popup();
+    const int row = popup->currentIndex().row();
+    const QString entry = popup->currentIndex().data().toString();
+    if (!forget_ || !mayForget_(entry)) return false;
+    forget_(entry);
+    completer()->setCompletionPrefix(currentText());  // the list is another one now
+    const int left = currentText().isEmpty() ? 0 : completer()->completionCount();
+    if (left == 0) {
+        popup->hide();
+        return true;
+    }
+    completer()->complete();
+    popup->setCurrentIndex(completer()->completionModel()->index(qMin(row, left - 1), 0));
+    return true;
+}
+
+void HistoryBox::keyPressEvent(QKeyEvent* event) {
+    if (takesKey(*event)) return;
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) goToShownEntry();
+    QComboBox::keyPressEvent(event);
+}
+
+/// The keys and the opened list go on from the entry whose text is shown, if there is one.
+void HistoryBox::goToShownEntry() {
+    const QString shown = currentText();
+    const QSignalBlocker quiet(this);
+    setCurrentIndex(findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    setEditText(shown);
+}
+
+/// Shift+Delete forgets an entry, unless a part of the text is selected, which it cuts as ever.
+bool HistoryBox::takesKey(const QKeyEvent& event) {
+    if (!isShiftDelete(event) || !forget_) return false;
+    const int row = view()->currentIndex().row();
+    const bool open = view()->isVisible();
+    const QString selected = lineEdit()->selectedText();
+    if (!open && !selected.isEmpty() && selected != currentText()) return false;  // cuts it
+    const QString entry = open && row >= 0 ? itemText(row) : currentText();
+    if (!mayForget_(entry)) return false;
+    if (entry.isEmpty()) return true;
+    forget_(entry);
+    // The open list goes on with the entry that moved up.
+    if (open) view()->setCurrentIndex(model()->index(qMin(row, count() - 1), 0));
+    return true;
+}
+
+void HistoryBox::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    // The focus lets the line edit show a suggestion that is only pointed at, as if it were taken.
+    disconnect(completer(), qOverload<const QString&>(&QCompleter::highlighted), lineEdit(),
+               nullptr);
+    onFocus();
+}
+
+void HistoryBox::contextMenuEvent(QContextMenuEvent* event) {
+    if (!forget_) return QComboBox::contextMenuEvent(event);
+    openMenu(event->globalPos());
+}
+
+/// The usual menu of a box, in which "Delete" forgets the entry shown.
+void HistoryBox::openMenu(const QPoint& place) {
+    QMenu* const menu = lineEdit()->createStandardContextMenu();
+    menu->setObjectName(QStringLiteral("EditPop"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction* entry : menu->actions()) {
+        if (entry->text() != QLineEdit::tr("Delete")) continue;
+        entry->setObjectName(QStringLiteral("EditPop_Delete"));
+        if (!mayForget_(currentText())) continue;
+        disconnect(entry, nullptr, lineEdit(), nullptr);
+        entry->setShortcut(QKeySequence(tr("Shift+Del")));
+        entry->setEnabled(!currentText().isEmpty());
+        connect(entry, &QAction::triggered, this, [this] { forget_(currentText()); });
+    }
+    menu->popup(place);
+}
+
+/// Scrolling past must not change an order.
+void HistoryBox::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+}  // namespace bramblet

@@ -1,0 +1,70 @@
+#include "gui/platform/qt_text.h"
+#include "gui/platform/simple_mapi_windows.h"
+#include "gui/platform/system_desktop.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QWidget>
+
+#include <array>
+#include <windows.h>
+// After windows.h, whose types it uses.
+#include <shellapi.h>
+
+namespace bramblet {
+namespace {
+
+std::wstring quoted(const std::wstring& text) {
+    return L'"' + text + L'"';
+}
+
+/// Starts a program, or opens a file with the one that belongs to it, in a normal window.
+bool shellOpen(const std::wstring& what, const std::wstring& parameters) {
+    constexpr INT_PTR kLastFault = 32;  // the shell answers with a number up to this on failure
+    const HINSTANCE result =
+        ::ShellExecuteW(nullptr, L"open", what.c_str(),
+                        parameters.empty() ? nullptr : parameters.c_str(), nullptr, SW_SHOWNORMAL);
+    return reinterpret_cast<INT_PTR>(result) > kLastFault;
+}
+
+HWND activeWindow() {
+    const QWidget* const window = QApplication::activeWindow();
+    return window != nullptr ? reinterpret_cast<HWND>(window->winId()) : nullptr;
+}
+
+}  // namespace
+
+std::filesystem::path SystemDesktop::programFor(const std::filesystem::path& path) {
+    constexpr INT_PTR kLastFault = 32;
+    std::array<wchar_t, MAX_PATH + 1> program{};
+    const HINSTANCE result = ::FindExecutableW(path.c_str(), nullptr, program.data());
+    if (reinterpret_cast<INT_PTR>(result) <= kLastFault) return {};
+    return QString::fromWCharArray(program.data()).trimmed().toStdWString();
+}
+
+bool SystemDesktop::openWith(const std::filesystem::path& program, const std::string& address) {
+    return shellOpen(program.native(), quoted(toQt(address).toStdWString()));
+}
+
+bool SystemDesktop::open(const std::filesystem::path& path) {
+    return shellOpen(path.native(), {});
+}
+
+MailResult SystemDesktop::compose(const Mail& mail) {
+    return composeBySimpleMapi(mail, activeWindow());
+}
+
+bool SystemDesktop::openHelpFile(const std::filesystem::path& path) {
+    // Current systems carry a stub of this name, which only says on a web page that there is no
+    // viewer. It is a tenth of the real one's size.
+    constexpr qint64 kSmallestViewer = 64 * 1024;
+    std::array<wchar_t, MAX_PATH + 1> viewer{};
+    const DWORD length = ::SearchPathW(nullptr, L"WINHLP32.EXE", nullptr,
+                                       static_cast<DWORD>(viewer.size()), viewer.data(), nullptr);
+    if (length == 0 || length >= viewer.size()) return false;
+    if (QFileInfo(QString::fromWCharArray(viewer.data())).size() < kSmallestViewer) return false;
+    return shellOpen(viewer.data(), quoted(path.native()));
+}
+
+}  // namespace bramblet

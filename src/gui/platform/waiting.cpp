@@ -1,0 +1,113 @@
+#include "gui/platform/waiting.h"
+
+#include "core/platform/path_text.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QTimer>
+#include <QToolButton>
+
+namespace bramblet {
+namespace {
+
+constexpr int kSecond = 1000;
+
+/// What a person does to the windows, and what would make a box act on it.
+bool isInput(QEvent::Type type) {
+    switch (type) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::ContextMenu:
+        case QEvent::InputMethod:
+        case QEvent::TouchBegin:
+        case QEvent::Drop:
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
+        case QEvent::Close:
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// Keeps input away while it lives, and shows the pointer that says so.
+class InputHeld {
+  public:
+    explicit InputHeld(QObject& filter) : filter_(filter) {
+        QApplication::setOverrideCursor(Qt::BusyCursor);
+        qApp->installEventFilter(&filter_);
+    }
+    ~InputHeld() {
+        qApp->removeEventFilter(&filter_);
+        QApplication::restoreOverrideCursor();
+    }
+    InputHeld(const InputHeld&) = delete;
+    InputHeld& operator=(const InputHeld&) = delete;
+
+  private:
+    QObject& filter_;
+};
+
+}  // namespace
+
+void Waiting::setNotice(Notice notice) {
+    notice_ = std::move(notice);
+    if (notice_.stopButton == nullptr) return;
+    connect(notice_.stopButton, &QToolButton::clicked, this, &Waiting::giveUp);
+}
+
+void Waiting::waitForFile(const FileError& error) {
+    if (givenUp_) throw error;
+    if (notice_.show) {
+        notice_.show("Waiting for " + shown(error.path().filename()) +
+                     ", which is in use or locked (" + error.description() +
+                     "). Esc stops waiting ...");
+    }
+    letASecondPass();
+    // Once the command has ended and the program is idle again, the notice goes, and the next
+    // command waits anew.
+    QTimer::singleShot(0, this, [this] {
+        if (waiting_) return;
+        givenUp_ = false;
+        if (notice_.hide) notice_.hide();
+    });
+    if (givenUp_) throw error;
+}
+
+void Waiting::waitOneSecond() {
+    letASecondPass();
+}
+
+void Waiting::letASecondPass() {
+    QEventLoop loop;
+    QTimer::singleShot(kSecond, &loop, &QEventLoop::quit);
+    const InputHeld held(*this);
+    waiting_ = &loop;
+    loop.exec();
+    waiting_ = nullptr;
+}
+
+void Waiting::giveUp() {
+    if (!waiting_) return;
+    givenUp_ = true;
+    waiting_->quit();
+}
+
+bool Waiting::eventFilter(QObject* watched, QEvent* event) {
+    if (!isInput(event->type()) || watched == notice_.stopButton) return false;
+    if (event->type() == QEvent::Close) event->ignore();
+    const bool escape = event->type() == QEvent::KeyPress &&
+                        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (escape) giveUp();
+    return watched->isWidgetType() || event->type() == QEvent::Shortcut;
+}
+
+}  // namespace bramblet

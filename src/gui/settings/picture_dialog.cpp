@@ -1,0 +1,176 @@
+#include "gui/settings/picture_dialog.h"
+
+#include "gui/platform/boxes.h"
+#include "gui/platform/qt_text.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace bramblet {
+namespace {
+
+QListWidget* list(const char* name, const QString& accessibleName) {
+    auto* list = new QListWidget;
+    list->setObjectName(QLatin1String(name));
+    list->setAccessibleName(accessibleName);
+    list->setMinimumSize(190, 220);
+    return list;
+}
+
+void fill(QListWidget* list, const std::vector<std::filesystem::path>& names) {
+    const QSignalBlocker quiet(list);
+    list->clear();
+    for (const auto& name : names)
+        list->addItem(pathToQt(name));
+}
+
+}  // namespace
+
+PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::path& folder,
+                             QWidget* parent)
+    : QDialog(parent), folder_(files) {
+    setObjectName(QStringLiteral("SelectPicForm"));
+    setWindowTitle(tr("Graphic Selector"));
+    drives_ = new QComboBox;
+    drives_->setObjectName(QStringLiteral("Drive1"));
+    drives_->setAccessibleName(tr("Drive"));
+    for (const QFileInfo& drive : QDir::drives()) {
+        drives_->addItem(QDir::toNativeSeparators(drive.absoluteFilePath()));
+    }
+    drives_->addItem(pathToQt(withSeparator(pathFromQt(QDir::homePath()))));
+    folders_ = list("Dir1", tr("Folders"));
+    pictures_ = list("File1", tr("Pictures"));
+    preview_ = new QLabel;
+    preview_->setAlignment(Qt::AlignCenter);
+    preview_->setMinimumSize(240, 180);
+    preview_->setFrameShape(QFrame::StyledPanel);
+    caption_ = new QLabel;
+    caption_->setAlignment(Qt::AlignCenter);
+    take_ = new QPushButton(tr("&Select"));
+    take_->setObjectName(QStringLiteral("Command1"));
+    take_->setToolTip(tr("Use this picture."));
+    take_->setDefault(true);
+    auto* cancel = new QPushButton(tr("Cancel"));
+    cancel->setObjectName(QStringLiteral("Command2"));
+    cancel->setToolTip(tr("Close without choosing a picture."));
+
+    connect(drives_, &QComboBox::activated, this,
+            [this] { goTo(pathFromQt(drives_->currentText())); });
+    connect(folders_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
+        folder_.enter(folder_.folders()[static_cast<std::size_t>(folders_->row(item))]);
+        showFolder();
+    });
+    connect(pictures_, &QListWidget::currentItemChanged, this, &PictureDialog::loadPicture);
+    connect(pictures_, &QListWidget::itemActivated, this, &PictureDialog::choose);
+    connect(take_, &QPushButton::clicked, this, &PictureDialog::choose);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+
+    place_ = new QLineEdit;
+    place_->setObjectName(QStringLiteral("Place"));
+    place_->setAccessibleName(tr("Folder shown"));
+    place_->setReadOnly(true);
+    place_->setFocusPolicy(Qt::ClickFocus);
+    QPalette plain = place_->palette();
+    plain.setBrush(QPalette::Base, plain.window());
+    place_->setPalette(plain);
+
+    auto* lists = new QGridLayout;
+    lists->setHorizontalSpacing(10);
+    lists->addWidget(drives_, 0, 0);
+    lists->addWidget(place_, 0, 1, 1, 2);
+    lists->addWidget(boxLabel(tr("&Folders"), folders_), 1, 0);
+    lists->addWidget(boxLabel(tr("&Pictures"), pictures_), 1, 1);
+    lists->addWidget(folders_, 2, 0);
+    lists->addWidget(pictures_, 2, 1);
+    lists->addWidget(preview_, 2, 2);
+    lists->addWidget(caption_, 3, 2);
+    lists->setRowStretch(2, 1);
+    for (int column = 0; column < 3; ++column)
+        lists->setColumnStretch(column, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(take_);
+    buttons->addWidget(cancel);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(lists, 1);
+    layout->addLayout(buttons);
+    goTo(folder);
+}
+
+void PictureDialog::goTo(const std::filesystem::path& folder) {
+    folder_.goTo(folder);
+    showFolder();
+}
+
+void PictureDialog::showFolder() {
+    place_->setText(pathToQt(folder_.path()));
+    place_->setToolTip(pathToQt(folder_.path()));
+    showDrive();
+    fill(folders_, folder_.folders());
+    fill(pictures_, folder_.pictures());
+    loadPicture();
+}
+
+/// The drive, or the folder among the drives, that the folder shown lies under.
+void PictureDialog::showDrive() {
+    int best = -1;
+    for (int i = 0; i < drives_->count(); ++i) {
+        const bool under = place_->text().startsWith(drives_->itemText(i), Qt::CaseInsensitive);
+        const bool longer =
+            best < 0 || drives_->itemText(i).size() > drives_->itemText(best).size();
+        if (under && longer) best = i;
+    }
+    drives_->setCurrentIndex(best);
+}
+
+void PictureDialog::loadPicture() {
+    const auto* item = pictures_->currentItem();
+    image_ = QImage();
+    pictureCaption_ = toQt(folder_.trouble());
+    if (item != nullptr) {
+        try {
+            const std::string bytes = folder_.read(currentPicture());
+            image_ = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
+                                      static_cast<int>(bytes.size()));
+            pictureCaption_ = image_.isNull() ? tr("This picture cannot be shown.") : item->text();
+        } catch (const FileError& error) {
+            pictureCaption_ = toQt(error.inWords());
+        }
+    }
+    take_->setEnabled(item != nullptr);
+    showPicture();
+}
+
+/// Shows the picture, made smaller where there is no room for it as it is.
+void PictureDialog::showPicture() {
+    const QSize room = preview_->contentsRect().size() - QSize(8, 8);
+    const bool reduced = image_.width() > room.width() || image_.height() > room.height();
+    const QImage shown =
+        reduced ? image_.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation) : image_;
+    preview_->setPixmap(QPixmap::fromImage(shown));
+    caption_->setText(reduced ? pictureCaption_ + tr(" (shown smaller here)") : pictureCaption_);
+}
+
+void PictureDialog::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    showPicture();
+}
+
+/// Its name as it is on the disk, which may be more than the list can show.
+const std::filesystem::path& PictureDialog::currentPicture() const {
+    return folder_.pictures()[static_cast<std::size_t>(pictures_->currentRow())];
+}
+
+void PictureDialog::choose() {
+    if (pictures_->currentItem() == nullptr) return;
+    path_ = folder_.path() / currentPicture();
+    accept();
+}
+
+}  // namespace bramblet
