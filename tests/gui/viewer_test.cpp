@@ -1,6 +1,6 @@
+#include "gui/desk.h"
 #include "gui/document/display_window.h"
 #include "gui/platform/qt_text.h"
-#include "windows/desk.h"
 
 #include <QAction>
 #include <QImage>

@@ -1,7 +1,7 @@
 #include "gui/app/start_notice.h"
+#include "gui/desk.h"
 #include "gui/platform/qt_text.h"
 #include "support/regions.h"
-#include "windows/desk.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>

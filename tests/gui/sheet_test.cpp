@@ -2,8 +2,8 @@
 
 #include "gui/document/order_sheet.h"
 #include "gui/document/page_breaks.h"
+#include "gui/names.h"
 #include "support/sample_orders.h"
-#include "windows/names.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>

@@ -1,5 +1,5 @@
+#include "gui/desk.h"
 #include "gui/platform/history_box.h"
-#include "windows/desk.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

@@ -1,6 +1,6 @@
 // The help: every page is there, whatever they refer to exists, and the search finds them.
 
-#include "windows/desk.h"
+#include "gui/desk.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 // The windows for backup, restoring and contact import.
 
+#include "gui/desk.h"
 #include "gui/platform/qt_text.h"
-#include "windows/desk.h"
 
 #include <QListView>
 #include <QProgressBar>

@@ -1,5 +1,5 @@
+#include "gui/desk.h"
 #include "gui/platform/grid_view.h"
-#include "windows/desk.h"
 
 #include <QAction>
 #include <QApplication>

@@ -3,9 +3,9 @@
 
 #include "driver/driver.h"
 #include "gui/app/main_window.h"
+#include "gui/names.h"
 #include "gui/platform/dialog_prompts.h"
 #include "support/office.h"
-#include "windows/names.h"
 
 #include <gtest/gtest.h>
 

@@ -2,11 +2,11 @@
 
 #include "core/orders/csv_export.h"
 #include "gui/document/order_sheet.h"
+#include "gui/names.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/system_desktop.h"
 #include "support/sample_orders.h"
 #include "support/temporary_folder.h"
-#include "windows/names.h"
 
 #include <QFile>
 #include <QPdfWriter>
