@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #ifndef _WIN32
+#include <fcntl.h>
 #include <sys/stat.h>
 #endif
 
@@ -125,6 +126,22 @@ TEST(Files, ACopyIsWholeAndKeepsItsTime) {
     EXPECT_EQ(contentOf(folder / "to"), content);
     EXPECT_EQ(files.status(folder / "to").modified, 1'000'000'000'000'000'000);
 }
+
+#ifndef _WIN32
+TEST(Files, NothingIsOpenedForAppendingWhichSharesRefuse) {
+    const TemporaryFolder folder;
+    const FileSystem files;
+    const auto path = folder / "by_field.dat";
+    ASSERT_EQ(::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0666), -1);
+    files.touch(path);
+    files.append(path, "Ann\r\n");
+    files.append(path, "Bob\r\n");
+    EXPECT_EQ(contentOf(path), "Ann\r\nBob\r\n");
+    for (const auto how : {os::Open::ReadWrite, os::Open::Write, os::Open::WriteNew}) {
+        os::File(folder / ("file" + std::to_string(static_cast<int>(how))), how).write(0, "x");
+    }
+}
+#endif
 
 TEST(Files, OnlyPlainNamesMayBePartOfAPath) {
     for (const char* name : {"000123", "PO 12", "A.1", "caf\xE9", "COMET", "console", "LPT2_.04",

@@ -98,9 +98,8 @@ TEST_F(Held, TheProgramItselfKeepsNobodyOut) {
     first.write(0, "a");
     second.write(1, "b");
     EXPECT_EQ(FileSystem().read(path), "ab23456789");
-    os::File appending(path, os::Open::AppendOrCreate);
     second.write(10, "longer");
-    appending.append("!");  // at the end as it is by now
+    FileSystem().append(path, "!");
     EXPECT_EQ(contentOf(path), "ab23456789longer!");
 }
 

@@ -18,7 +18,7 @@ class SafetyTest : public Desk {
             newOrder();
         std::filesystem::create_directory(target());
     }
-    std::string target() const { return withSeparator(documents / "safe"); }
+    std::filesystem::path target() const { return withSeparator(documents / "safe"); }
     int listed() { return driver->find<QListView>(name("BackMeUp"))->model()->rowCount(); }
     S caption(const char* button) { return driver->find<QPushButton>(name(button))->text(); }
 };

@@ -30,7 +30,7 @@ namespace {
 constexpr CivilDate kTourDay{2026, 3, 4};
 
 /// Starts the program in a home folder of its own and takes `road` through it.
-std::string inOffice(const QString& documents, const std::function<void(MainWindow&)>& road) {
+QString inOffice(const QString& documents, const std::function<void(MainWindow&)>& road) {
     QDir(documents).removeRecursively();
     QDir().mkpath(documents);
     DialogPrompts prompts;
@@ -45,7 +45,7 @@ std::string inOffice(const QString& documents, const std::function<void(MainWind
     program.start();
     road(window);
     window.close();
-    return program.folder.DataPath();
+    return pathToQt(program.folder.DataPath());
 }
 
 bool drawArtwork(const QString& folder) {
@@ -96,13 +96,13 @@ int runTour(const Album& album) {
     QDir(backupFolder(album)).removeRecursively();
     QDir().mkpath(backupFolder(album));
     bool good = drawArtwork(folder + name("/artwork"));
-    const std::string data = inOffice(folder + name("/documents"), [&](MainWindow& window) {
+    const QString data = inOffice(folder + name("/documents"), [&](MainWindow& window) {
         good = throughFirstOffice(window, album) && good;
     });
     inOffice(folder + name("/second-office"),
              [&](MainWindow& window) { good = throughSecondOffice(window, album) && good; });
     std::cout << "The pictures are in " << qPrintable(QDir(folder).absolutePath())
-              << "\nThe sample company's data folder is " << data << std::endl;
+              << "\nThe sample company's data folder is " << qPrintable(data) << std::endl;
     return good ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

@@ -87,12 +87,12 @@ std::string FileSystem::read(const std::filesystem::path& path) const {
 }
 
 void FileSystem::touch(const std::filesystem::path& path) const {
-    run([&] { return os::File(path, os::Open::AppendOrCreate); });
+    run([&] { return os::File(path, os::Open::Write); });
 }
 
 void FileSystem::append(const std::filesystem::path& path, std::string_view content) const {
-    os::File file = run([&] { return os::File(path, os::Open::AppendOrCreate); });
-    run([&] { file.append(content); });
+    RandomFile file(*this, path, os::Open::Write);
+    file.write(file.length(), content);
 }
 
 void FileSystem::replace(const std::filesystem::path& path, std::string_view content) const {

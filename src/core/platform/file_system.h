@@ -36,6 +36,7 @@ class FileSystem {
     /// Creates an empty file where there is none.
     void touch(const std::filesystem::path& path) const;
 
+    /// Writes behind the end of a file, which is created when missing.
     void append(const std::filesystem::path& path, std::string_view content) const;
 
     /// Puts `content` in place of the file's: written to a temporary file beside it, flushed to

@@ -10,12 +10,13 @@
 
 namespace bramblet::os {
 
-/// What a path is asked to be opened as.
+/// What a path is asked to be opened as. None of these is for appending: mounts of network shares
+/// refuse that.
 enum class Open {
-    ReadWrite,       ///< for reading and writing; created empty when missing
-    Read,            ///< for reading; FileNotFound when missing
-    WriteNew,        ///< for writing a file that must not exist yet
-    AppendOrCreate,  ///< for writing at its end; created empty when missing
+    ReadWrite,  ///< for reading and writing; created empty when missing
+    Read,       ///< for reading; FileNotFound when missing
+    Write,      ///< for writing; created empty when missing
+    WriteNew,   ///< for writing a file that must not exist yet
 };
 
 /// An open file; closed by its destructor.
@@ -32,7 +33,6 @@ class File {
     /// Reads up to `count` bytes at `offset`; fewer only at the end of the file.
     std::string read(std::uint64_t offset, std::size_t count) const;
     void write(std::uint64_t offset, std::string_view bytes);
-    void append(std::string_view bytes);
     /// Hands what was written to the disk.
     void flush();
 

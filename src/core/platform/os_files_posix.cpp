@@ -60,10 +60,10 @@ int flagsOf(Open how) {
             return O_RDWR | O_CREAT;
         case Open::Read:
             return O_RDONLY;
+        case Open::Write:
+            return O_WRONLY | O_CREAT;
         case Open::WriteNew:
             return O_WRONLY | O_CREAT | O_EXCL;
-        case Open::AppendOrCreate:
-            return O_WRONLY | O_CREAT | O_APPEND;
     }
     return O_RDONLY;
 }
@@ -150,15 +150,6 @@ void File::write(std::uint64_t offset, std::string_view bytes) {
         });
         if (put == -1) fail(path_);
         offset += static_cast<std::uint64_t>(put);
-        bytes.remove_prefix(static_cast<std::size_t>(put));
-    }
-}
-
-void File::append(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const auto put = uninterrupted(
-            [&] { return ::write(static_cast<int>(handle_), bytes.data(), bytes.size()); });
-        if (put == -1) fail(path_);
         bytes.remove_prefix(static_cast<std::size_t>(put));
     }
 }

@@ -97,12 +97,10 @@ OpenMode modeOf(Open how) {
             return {GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS};
         case Open::Read:
             return {GENERIC_READ, OPEN_EXISTING};
+        case Open::Write:
+            return {GENERIC_WRITE, OPEN_ALWAYS};
         case Open::WriteNew:
             return {GENERIC_WRITE, CREATE_NEW};
-        case Open::AppendOrCreate:
-            // Without the right to write anywhere else, every write goes to the end as it is then,
-            // also when another workstation has made the file longer meanwhile.
-            return {FILE_APPEND_DATA | FILE_READ_ATTRIBUTES | SYNCHRONIZE, OPEN_ALWAYS};
     }
     return {GENERIC_READ, OPEN_EXISTING};
 }
@@ -130,21 +128,6 @@ OVERLAPPED at(std::uint64_t offset) {
 DWORD portion(std::size_t count) {
     constexpr std::size_t kMost = 1 << 30;
     return static_cast<DWORD>(std::min(count, kMost));
-}
-
-/// Writes at the place, or at the end of the file without one.
-void writeAll(HANDLE handle, const std::filesystem::path& path, std::string_view bytes,
-              OVERLAPPED* place) {
-    while (!bytes.empty()) {
-        DWORD put = 0;
-        if (!::WriteFile(handle, bytes.data(), portion(bytes.size()), &put, place)) fail(path);
-        if (place != nullptr) {
-            const std::uint64_t reached =
-                (static_cast<std::uint64_t>(place->OffsetHigh) << 32 | place->Offset) + put;
-            *place = at(reached);
-        }
-        bytes.remove_prefix(put);
-    }
 }
 
 std::uint64_t joined(DWORD high, DWORD low) {
@@ -245,12 +228,15 @@ std::string File::read(std::uint64_t offset, std::size_t count) const {
 }
 
 void File::write(std::uint64_t offset, std::string_view bytes) {
-    OVERLAPPED place = at(offset);
-    writeAll(handleOf(handle_), path_, bytes, &place);
-}
-
-void File::append(std::string_view bytes) {
-    writeAll(handleOf(handle_), path_, bytes, nullptr);
+    while (!bytes.empty()) {
+        OVERLAPPED place = at(offset);
+        DWORD put = 0;
+        if (!::WriteFile(handleOf(handle_), bytes.data(), portion(bytes.size()), &put, &place)) {
+            fail(path_);
+        }
+        offset += put;
+        bytes.remove_prefix(put);
+    }
 }
 
 void File::flush() {
