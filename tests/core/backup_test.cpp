@@ -1,3 +1,4 @@
+#include "support/odd_share.h"
 #include "support/office.h"
 
 #include <gtest/gtest.h>
@@ -41,6 +42,9 @@ class BackupTest : public Office {
         for (const std::string name : {"notes.txt", "user.tmp", "a.dat.old", "dat"})
             writeFile(data(name), "not to be copied");
         std::filesystem::create_directory(data("sub.dat"));
+#ifndef _WIN32
+        std::filesystem::create_symlink("nowhere", data("dangling.dat"));  // no such file
+#endif
     }
     Names inTarget() const {
         Names names = FileSystem().fileNames(target());
@@ -72,6 +76,29 @@ TEST_F(BackupTest, TheFilesOfThePatternAreCopiedWithTheirTimes) {
     EXPECT_EQ(program().settings.BackupFolder, target()) << "remembered";
     EXPECT_EQ(backup().progress().files, 5u);
     EXPECT_EQ(backup().progress().bytes, backup().progress().byteCount);
+}
+
+TEST_F(BackupTest, TheTopGraphicGoesAlongWhateverKindOfPictureItIs) {
+    makeFiles();
+    writeFile(data("Letterhead.png"), "PNG");
+    writeFile(data("other.png"), "PNG");
+    program().settings.TopGraphic = "letterhead.PNG  ";
+    run(kBackup, target());
+    prompts.expectSaying("6 files agree, 0 differ, 0 missing");
+    backup().Verify_Click();
+    FileSystem().remove(data("Letterhead.png"));
+    program().settings.BackupFolder = target().string();
+    run(kRestore, program().folder.DataPath());
+    EXPECT_EQ(contentOf(data("Letterhead.png")), "PNG");
+    EXPECT_FALSE(FileSystem().exists(target() / "other.png"));
+}
+
+TEST_F(BackupTest, ATargetHasToBeNamedInFull) {
+    makeFiles();
+    for (const char* typed : {"", "   ", "safe"}) {
+        prompts.expectSaying("Please select a target folder");
+        EXPECT_TRUE(failingBackup(typed)) << typed;
+    }
 }
 
 TEST_F(BackupTest, TheFoldersThatTheWindowsStartWith) {
@@ -123,6 +150,7 @@ TEST_F(BackupTest, ADeclinedRestoreCopiesNothing) {
 TEST_F(BackupTest, AFolderThatIsGoneOrEmptyIsNoSuccess) {
     program().settings.BackupFolder = (documents / "unplugged").string();
     backup().open(kRestore);
+    backup().list();
     EXPECT_NE(backup().BackUpProgress.find("cannot be read"), std::string::npos);
     prompts.expect(caution, Answer::Yes);
     prompts.expectSaying("Error number: 76");
@@ -148,7 +176,53 @@ TEST_F(BackupTest, DuringARunNothingElseIsBegun) {
     EXPECT_EQ(inTarget(), Names{});
 }
 
+TEST_F(BackupTest, ListingAndCountingLetTheWindowsLiveAndStop) {
+    makeFiles();
+    for (const std::string stopped : {"Listing the files", "Counting the files"}) {
+        backup().onChange = [&] {
+            if (backup().BackUpProgress == stopped) backup().StopBackup_Click();
+        };
+        EXPECT_TRUE(failingBackup(target()));
+        EXPECT_EQ(backup().BackUpProgress, "Stopped") << stopped;
+        EXPECT_EQ(prompts.lastLine, "Stopped.");
+        EXPECT_FALSE(backup().running());
+    }
+    EXPECT_EQ(inTarget(), Names{});
+}
+
 #ifndef _WIN32
+TEST_F(BackupTest, ATargetThatRefusesTimesFlushingOrItsSizeIsBackedUpTo) {
+    makeFiles();
+    for (const int error : {EPERM, EOPNOTSUPP, ENOSYS}) {
+        OddShare share;
+        share.flushError = share.timesError = error;
+        share.tellsSizes = share.tellsKinds = false;
+        run(kBackup, target());
+        EXPECT_EQ(inTarget().size(), 5u);
+        for (const auto& name : inTarget())
+            FileSystem().remove(target() / name);
+    }
+}
+
+TEST_F(BackupTest, WhatCannotBeListedOrLookedAtIsNeverLeftOut) {
+    makeFiles();
+    OddShare share;
+    share.listingError = EIO;
+    prompts.expectSaying("Error number: 57");
+    EXPECT_TRUE(failingBackup(target()));
+    share.listingError = 0;
+    share.lostName = "c.Gif";
+    for (const bool tellsKinds : {true, false}) {
+        share.tellsKinds = tellsKinds;
+        prompts.expectSaying("Error number: 57");
+        EXPECT_TRUE(failingBackup(target()));
+        EXPECT_EQ(backup().BackUpProgress, "Aborted at c.Gif: Device I/O error (error 57)");
+    }
+    share.lostName = "notes.txt";
+    run(kBackup, target());
+    EXPECT_EQ(inTarget().size(), 5u) << "a file that is not wanted may be lost";
+}
+
 TEST_F(BackupTest, NamesThatTheCodePageLacksOrThatAreNoTextAreCopiedAsTheyAre) {
     for (const std::filesystem::path name : {"\xC5\x82.htm", "caf\xE9.htm", "caf\xC3\xA9.htm"}) {
         writeFile(data("") / name, "content");
@@ -163,7 +237,7 @@ TEST_F(BackupTest, WhatWillNotFitIsNotBegun) {
     makeFiles();
     const std::filesystem::path huge = data("huge.dat");  // all but a hole
     writeFile(huge, "");
-    std::filesystem::resize_file(huge, FileSystem().freeSpace(target()) + (1 << 30));
+    std::filesystem::resize_file(huge, FileSystem().freeSpace(target()).value() + (1 << 30));
     prompts.expectSaying("Error name: Disk full\r\n\r\nError number: 61");
     EXPECT_TRUE(failingBackup(target()));
     EXPECT_EQ(inTarget(), Names{});
@@ -187,6 +261,8 @@ TEST_F(BackupTest, AnErrorEndsTheRunAndLeavesNoHalfFile) {
     expectError("Path/File access error", "75");
     EXPECT_TRUE(failingBackup(target()));
     EXPECT_EQ(inTarget(), (Names{"B.HTM", "a.dat"})) << "copied so far, and nothing else";
+    EXPECT_EQ(backup().progress().files, 2u);
+    EXPECT_EQ(backup().BackUpProgress, "Aborted at c.Gif: Path/File access error (error 75)");
     EXPECT_FALSE(backup().running());
 
     expectError("Path not found", "76");
@@ -218,6 +294,12 @@ TEST_F(BackupTest, VerifyTellsWhatAgreesDiffersAndIsMissing) {
     expectResult(
         "2 files agree, 2 differ, 1 missing.\r\n\r\nDifferent:\r\na.dat\r\nB.HTM\r\n\r\n"
         "Missing:\r\nd.jpg",
+        Icon::Exclamation);
+    FileSystem().remove(target() / "B.HTM");
+    std::filesystem::create_directory(target() / "B.HTM");  // which cannot be read as a file
+    expectResult(
+        "2 files agree, 1 differ, 1 missing, 1 cannot be read.\r\n\r\nDifferent:\r\na.dat\r\n\r\n"
+        "Missing:\r\nd.jpg\r\n\r\nCannot be read:\r\nB.HTM: Path/File access error (error 75)",
         Icon::Exclamation);
 }
 

@@ -143,6 +143,30 @@ TEST(Files, NothingIsOpenedForAppendingWhichSharesRefuse) {
 }
 #endif
 
+#ifndef _WIN32
+TEST(Files, WhatTakesAFilesPlaceHasItsRights) {
+    const TemporaryFolder folder;
+    const FileSystem files;
+    constexpr auto kShared = static_cast<std::filesystem::perms>(0664);
+    const auto path = folder / "po_data.dat";
+    const auto copied = folder / "copied";
+    const auto rightsOf = [](const std::filesystem::path& file) {
+        return std::filesystem::status(file).permissions();
+    };
+    writeFile(path, "old");
+    writeFile(copied, "from the backup");
+    std::filesystem::permissions(path, kShared);
+    std::filesystem::permissions(copied, static_cast<std::filesystem::perms>(0600));
+    files.replace(path, "new");
+    EXPECT_EQ(rightsOf(path), kShared);
+    files.copy(copied, path);
+    EXPECT_EQ(rightsOf(path), kShared);
+    files.rename(copied, path);
+    EXPECT_EQ(rightsOf(path), kShared);
+    EXPECT_EQ(contentOf(path), "from the backup");
+}
+#endif
+
 TEST(Files, OnlyPlainNamesMayBePartOfAPath) {
     for (const char* name : {"000123", "PO 12", "A.1", "caf\xE9", "COMET", "console", "LPT2_.04",
                              "COM", "COM12", "COM\xBA"}) {

@@ -2,9 +2,11 @@
 
 #include "core/platform/path_text.h"
 #include "core/platform/text.h"
+#include "core/settings/picture_folder.h"
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace bramblet {
 namespace {
@@ -13,18 +15,27 @@ constexpr std::array<std::u16string_view, 5> kEndings{u".DAT", u".HTM", u".GIF",
 constexpr std::size_t kBlock = 1 << 20;
 constexpr std::size_t kNamesTold = 10;
 
-bool isWanted(const std::filesystem::path& name) {
-    const std::u16string upperName = withoutCase(name);
-    return std::any_of(kEndings.begin(), kEndings.end(),
-                       [&](std::u16string_view ending) { return upperName.ends_with(ending); });
-}
+/// Thrown to leave a run that the user has stopped.
+struct Stopped {};
+
+/// True while it lives.
+class Flag {
+  public:
+    explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Flag() { flag_ = false; }
+    Flag(const Flag&) = delete;
+    Flag& operator=(const Flag&) = delete;
+
+  private:
+    bool& flag_;
+};
 
 /// Without the blanks around it, and with the separator at its end.
 std::filesystem::path tidied(const std::filesystem::path& folder) {
     constexpr std::filesystem::path::value_type kBlank = ' ';
     const auto& text = folder.native();
     const auto first = text.find_first_not_of(kBlank);
-    if (first == text.npos) return withSeparator({});
+    if (first == text.npos) return {};
     return withSeparator(text.substr(first, text.find_last_not_of(kBlank) - first + 1));
 }
 
@@ -33,11 +44,11 @@ std::string counted(std::size_t count, const std::string& one) {
 }
 
 /// "\r\n\r\nMissing:\r\na\r\nb\r\n... and 12 more", or nothing.
-std::string nameList(const std::string& heading, const std::vector<std::filesystem::path>& names) {
+std::string nameList(const std::string& heading, const std::vector<std::string>& names) {
     if (names.empty()) return {};
     std::string text = "\r\n\r\n" + heading;
     for (std::size_t i = 0; i < std::min(names.size(), kNamesTold); ++i)
-        text += "\r\n" + shown(names[i]);
+        text += "\r\n" + names[i];
     if (names.size() > kNamesTold) {
         text += "\r\n... and " + std::to_string(names.size() - kNamesTold) + " more";
     }
@@ -61,7 +72,19 @@ void Backup::open(Kind kind) {
     const std::filesystem::path remembered = pathOfFolder(settings_.BackupFolder);
     Backuplist = kind == Kind::Backup ? folder_.DataPath() : remembered;
     BackUpTarget = kind == Kind::Backup ? remembered : folder_.DataPath();
-    showFiles();
+    BackMeUp.clear();
+}
+
+void Backup::list() {
+    during([&] {
+        try {
+            listFiles();
+            BackUpProgress = counted(BackMeUp.size(), "file");
+        } catch (const Fault& fault) {
+            BackUpProgress = "This folder cannot be read: " + fault.inWords();
+        }
+        return true;
+    });
 }
 
 void Backup::SelectTarget_Click() {
@@ -76,7 +99,7 @@ void Backup::SelectSource_Click() {
     const auto folder = prompts_.chooseFolder("Select a folder...", folder_.DataPath());
     if (!folder) return;
     Backuplist = withSeparator(*folder);
-    showFiles();
+    list();
 }
 
 void Backup::mu_DataBackup_Click() {
@@ -119,30 +142,46 @@ void Backup::Verify_Click() {
     const Prompts::Command command(prompts_);
     Comparison result;
     if (!run([&] { return prepare() && compareAll(result); })) return;
-    const bool good = result.differing.empty() && result.missing.empty();
+    const bool good =
+        result.differing.empty() && result.missing.empty() && result.unreadable.empty();
     prompts_.ask({BackUpProgress + "." + nameList("Different:", result.differing) +
-                      nameList("Missing:", result.missing),
+                      nameList("Missing:", result.missing) +
+                      nameList("Cannot be read:", result.unreadable),
                   "Verify", Buttons::Ok, good ? Icon::Information : Icon::Exclamation});
 }
 
-/// Does the work of one of the commands, during which no other one can be begun; false when it did
-/// not come to its end.
+/// Does the work of one of the commands; false when it did not come to its end.
 bool Backup::run(const std::function<bool()>& work) {
-    running_ = true;
+    try {
+        const bool done = during(work);
+        if (stopped_) prompts_.say(BackUpProgress);
+        return done;
+    } catch (const Fault& fault) {
+        sayAborted(fault);
+        return false;
+    }
+}
+
+/// During the work no other can be begun. False when it is, or has been stopped.
+bool Backup::during(const std::function<bool()>& work) {
+    if (running_) return false;
     stopped_ = false;
     progress_ = {};
     bool done = false;
     try {
+        const Flag running(running_);
         done = work();
-    } catch (const Fault& fault) {
-        BackUpProgress = "Aborted: " + fault.inWords();
-        running_ = false;
-        onChange();
-        sayAborted(fault);
+    } catch (const Stopped&) {
+        BackUpProgress = stoppedText();
     }
-    running_ = false;
     onChange();
     return done;
+}
+
+/// Lets the windows live.
+void Backup::step() {
+    onChange();
+    if (stopped_) throw Stopped{};
 }
 
 /// Brings the folders into shape; false after a message when there is nothing to do.
@@ -153,6 +192,9 @@ bool Backup::prepare() {
         prompts_.ask({why, "Nothing to do!", Buttons::Ok, Icon::Exclamation});
         return false;
     };
+    if (!BackUpTarget.is_absolute()) {
+        return nothing("Please select a target folder, or type its whole path.");
+    }
     if (isSameFolder()) {
         return nothing("Target and source are the same! Please select a different target folder.");
     }
@@ -177,28 +219,30 @@ bool Backup::isSameFolder() const {
 
 void Backup::listFiles() {
     BackMeUp.clear();
-    for (const auto& name : files_.fileNames(Backuplist)) {
-        if (isWanted(name)) BackMeUp.push_back(name);
-    }
-    sortWithoutCase(BackMeUp);
+    BackUpProgress = "Listing the files";
+    const std::u16string graphic = withoutCase(pathOfName(trimmedField(settings_.TopGraphic)));
+    auto names = files_.fileNames(Backuplist, [this] { step(); });
+    std::erase_if(names, [&](const std::filesystem::path& name) {
+        const bool isGraphic = isPicture(name) && withoutCase(name) == graphic;
+        return !isGraphic && !endsInOneOf(name, kEndings);
+    });
+    sortWithoutCase(names);
+    BackMeUp = std::move(names);
 }
 
-/// For a window that only shows them yet.
-void Backup::showFiles() {
-    try {
-        listFiles();
-        BackUpProgress = counted(BackMeUp.size(), "file");
-    } catch (const Fault& fault) {
-        BackUpProgress = "This folder cannot be read: " + fault.inWords();
-    }
-    onChange();
-}
-
-std::vector<Backup::Item> Backup::items() const {
+/// The files with their lengths. One that is gone since it was listed is passed over.
+std::vector<Backup::Item> Backup::items() {
+    BackUpProgress = "Counting the files";
     std::vector<Item> all;
     all.reserve(BackMeUp.size());
-    for (const auto& name : BackMeUp)
-        all.push_back({name, files_.status(Backuplist / name).length});
+    for (const auto& name : BackMeUp) {
+        step();
+        try {
+            all.push_back({name, files_.status(Backuplist / name).length});
+        } catch (const FileError& error) {
+            if (error.number() != FaultNumber::FileNotFound) throw;
+        }
+    }
     return all;
 }
 
@@ -207,8 +251,9 @@ bool Backup::copyAll() {
     checkSpace(all);
     start(all);
     for (const auto& item : all) {
-        if (!next("Copying: ", item)) return false;
+        begin("Copying: ", item);
         files_.copy(Backuplist / item.name, BackUpTarget / item.name);
+        finish(item);
     }
     BackUpProgress = counted(all.size(), "file") + " copied";
     return true;
@@ -216,42 +261,52 @@ bool Backup::copyAll() {
 
 bool Backup::compareAll(Comparison& result) {
     const std::vector<Item> all = items();
-    std::size_t agreeing = 0;
     start(all);
     for (const auto& item : all) {
-        if (!next("Comparing: ", item)) return false;
-        if (!files_.exists(BackUpTarget / item.name)) {
-            result.missing.push_back(item.name);
-        } else if (isSame(item.name)) {
-            ++agreeing;
-        } else {
-            result.differing.push_back(item.name);
-        }
+        begin("Comparing: ", item);
+        compare(item.name, result);
+        finish(item);
     }
-    BackUpProgress = counted(agreeing, "file") + " agree, " +
+    BackUpProgress = counted(result.agreeing.size(), "file") + " agree, " +
                      std::to_string(result.differing.size()) + " differ, " +
                      std::to_string(result.missing.size()) + " missing";
+    if (!result.unreadable.empty())
+        BackUpProgress += ", " + std::to_string(result.unreadable.size()) + " cannot be read";
     return true;
+}
+
+void Backup::compare(const std::filesystem::path& name, Comparison& result) const {
+    try {
+        (isSame(name) ? result.agreeing : result.differing).push_back(shown(name));
+    } catch (const FileError& error) {
+        if (error.number() == FaultNumber::FileNotFound ||
+            error.number() == FaultNumber::PathNotFound) {
+            result.missing.push_back(shown(name));
+        } else {
+            result.unreadable.push_back(shown(name) + ": " + error.inWords());
+        }
+    }
 }
 
 /// Throws Fault(DiskFull) when the files will not fit, so far as the system can tell: what they
 /// take beyond the files they replace, and one of them twice while it is being replaced.
-void Backup::checkSpace(const std::vector<Item>& items) const {
+void Backup::checkSpace(const std::vector<Item>& items) {
     std::uint64_t more = 0;
     std::uint64_t largest = 0;
     for (const auto& item : items) {
+        step();
         const std::filesystem::path target = BackUpTarget / item.name;
         const std::uint64_t old = files_.exists(target) ? files_.status(target).length : 0;
         more += item.length - std::min(item.length, old);
         largest = std::max(largest, std::min(item.length, old));
     }
-    std::uint64_t free = 0;
+    std::optional<std::uint64_t> free;
     try {
         free = files_.freeSpace(BackUpTarget);
     } catch (const Fault&) {
         return;
     }
-    if (more + largest > free) throw FileError(FaultNumber::DiskFull, BackUpTarget);
+    if (free && more + largest > *free) throw FileError(FaultNumber::DiskFull, BackUpTarget);
 }
 
 bool Backup::isSame(const std::filesystem::path& name) const {
@@ -271,24 +326,31 @@ void Backup::start(const std::vector<Item>& items) {
         progress_.byteCount += item.length;
 }
 
-/// Tells of the next file; false when the user has stopped the run.
-bool Backup::next(const std::string& doing, const Item& item) {
+/// Tells of the next file.
+void Backup::begin(const std::string& doing, const Item& item) {
     BackUpProgress = doing + shown(item.name);
-    onChange();
-    if (stopped_) {
-        BackUpProgress = "Stopped after " + std::to_string(progress_.files) + " of " +
-                         counted(progress_.fileCount, "file");
-        prompts_.say(BackUpProgress);
-        return false;
-    }
+    step();
+}
+
+void Backup::finish(const Item& item) {
     ++progress_.files;
     progress_.bytes += item.length;
-    return true;
+}
+
+std::string Backup::stoppedText() const {
+    if (progress_.fileCount == 0) return "Stopped";
+    return "Stopped after " + std::to_string(progress_.files) + " of " +
+           counted(progress_.fileCount, "file");
 }
 
 void Backup::sayAborted(const Fault& fault) {
     const auto* error = dynamic_cast<const FileError*>(&fault);
-    prompts_.say((error != nullptr ? shown(error->path()) + ": " : "") + fault.inWords());
+    const auto path = error != nullptr ? error->path() : std::filesystem::path();
+    const auto named = path.has_filename() ? path.filename() : path;
+    BackUpProgress =
+        "Aborted" + (named.empty() ? "" : " at " + shown(named)) + ": " + fault.inWords();
+    onChange();
+    prompts_.say((path.empty() ? "" : shown(path) + ": ") + fault.inWords());
     prompts_.ask(
         {"An error has occurred, and this operation has been aborted...\r\n\r\nError name: " +
              fault.description() + "\r\n\r\nError number: " + std::to_string(fault.code()) +

@@ -21,8 +21,8 @@ class Backup {
 
     Backup(const FileSystem& files, const DataFolder& folder, Settings& settings, Prompts& prompts);
 
-    /// Called after every change of what is shown, and before every file, so that the windows live
-    /// and can stop a run.
+    /// Called after every change of what is shown, and for every file that is listed, counted,
+    /// copied or compared, so that the windows live and can stop a run.
     std::function<void()> onChange = [] {};
     /// Called when a restore has put files in place.
     std::function<void()> onRestored = [] {};
@@ -48,8 +48,10 @@ class Backup {
     Kind kind() const { return kind_; }
     bool running() const { return running_; }
 
-    /// The window opens: sets the folders and lists the files.
+    /// The window opens: sets the folders.
     void open(Kind kind);
+    /// Lists the files of the source for it.
+    void list();
 
     void SelectTarget_Click();
     /// Of the restore window only.
@@ -58,9 +60,9 @@ class Backup {
     /// copied.
     bool RunBackup_Click();
     /// Compares every file of the source with its copy in the target, byte for byte, and tells how
-    /// many agree, differ or are missing.
+    /// many agree, differ, are missing or cannot be read.
     void Verify_Click();
-    /// Ends a run before its next file.
+    /// Ends a run, or the listing of the files, before the next file.
     void StopBackup_Click() { stopped_ = true; }
 
   private:
@@ -69,24 +71,28 @@ class Backup {
         std::uint64_t length;
     };
 
+    /// The names, and why a file could not be read.
     struct Comparison {
-        std::vector<std::filesystem::path> differing;
-        std::vector<std::filesystem::path> missing;
+        std::vector<std::string> agreeing, differing, missing, unreadable;
     };
 
     bool run(const std::function<bool()>& work);
+    bool during(const std::function<bool()>& work);
+    void step();
     bool prepare();
     bool isSameFolder() const;
     void rememberTarget();
     void listFiles();
-    void showFiles();
-    std::vector<Item> items() const;
+    std::vector<Item> items();
     bool copyAll();
     bool compareAll(Comparison& result);
-    void checkSpace(const std::vector<Item>& items) const;
+    void compare(const std::filesystem::path& name, Comparison& result) const;
+    void checkSpace(const std::vector<Item>& items);
     bool isSame(const std::filesystem::path& name) const;
     void start(const std::vector<Item>& items);
-    bool next(const std::string& doing, const Item& item);
+    void begin(const std::string& doing, const Item& item);
+    void finish(const Item& item);
+    std::string stoppedText() const;
     void sayAborted(const Fault& fault);
 
     FileSystem files_;

@@ -147,8 +147,8 @@ void FileSystem::createFolders(const std::filesystem::path& path) const {
 }
 
 std::vector<std::filesystem::path> FileSystem::fileNames(
-    const std::filesystem::path& folder) const {
-    return run([&] { return os::fileNames(folder); });
+    const std::filesystem::path& folder, const std::function<void()>& reached) const {
+    return run([&] { return os::fileNames(folder, reached); });
 }
 
 std::vector<std::filesystem::path> FileSystem::folderNames(
@@ -156,7 +156,7 @@ std::vector<std::filesystem::path> FileSystem::folderNames(
     return run([&] { return os::folderNames(folder); });
 }
 
-std::uint64_t FileSystem::freeSpace(const std::filesystem::path& folder) const {
+std::optional<std::uint64_t> FileSystem::freeSpace(const std::filesystem::path& folder) const {
     return run([&] { return os::freeSpace(folder); });
 }
 

@@ -40,10 +40,12 @@ class FileSystem {
     void append(const std::filesystem::path& path, std::string_view content) const;
 
     /// Puts `content` in place of the file's: written to a temporary file beside it, flushed to
-    /// disk and renamed, so that at any moment the old or the new content is there whole.
+    /// disk and renamed, so that at any moment the old or the new content is there whole. The
+    /// rights of the old file stay.
     void replace(const std::filesystem::path& path, std::string_view content) const;
 
-    /// Copies a file under a temporary name and renames it when whole, time stamp kept.
+    /// Copies a file under a temporary name and renames it when whole. It keeps its time stamp, and
+    /// the rights of the file that it replaces.
     void copy(const std::filesystem::path& from, const std::filesystem::path& to) const;
 
     bool exists(const std::filesystem::path& path) const;
@@ -53,9 +55,12 @@ class FileSystem {
     void rename(const std::filesystem::path& from, const std::filesystem::path& to) const;
     /// Creates a folder and those above it where they are missing.
     void createFolders(const std::filesystem::path& path) const;
-    std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder) const;
+    /// `reached` is called for every entry of the folder; it may throw to end the listing.
+    std::vector<std::filesystem::path> fileNames(
+        const std::filesystem::path& folder, const std::function<void()>& reached = [] {}) const;
     std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) const;
-    std::uint64_t freeSpace(const std::filesystem::path& folder) const;
+    /// None where the file system does not tell.
+    std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) const;
 
     /// Runs one file statement under the waiting rule.
     template <class Statement>

@@ -81,19 +81,59 @@ std::int64_t nanoseconds(const timespec& time) {
     return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
 }
 
-std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, bool folders) {
+/// The refusals of a file system that does not have what is asked of it, or keeps it to itself.
+bool isRefusal(int error) {
+    return error == EPERM || error == EACCES || error == EINVAL || error == EOPNOTSUPP ||
+           error == ENOSYS;
+}
+
+enum class Kind { File, Folder, Other };
+
+Kind kindOf(const dirent& entry, const std::filesystem::path& folder) {
+    if (entry.d_type == DT_REG) return Kind::File;
+    if (entry.d_type == DT_DIR) return Kind::Folder;
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return Kind::Other;
+    struct stat information {};
+    if (::stat((folder / entry.d_name).c_str(), &information) != 0) {
+        return errno == ENOENT ? Kind::Other : Kind::File;
+    }
+    if (S_ISDIR(information.st_mode)) return Kind::Folder;
+    return S_ISREG(information.st_mode) ? Kind::File : Kind::Other;
+}
+
+std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, Kind kind,
+                                           const std::function<void()>& reached) {
     const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), ::closedir);
     if (!stream) fail(folder);
     std::vector<std::filesystem::path> names;
-    while (const dirent* entry = ::readdir(stream.get())) {
+    for (;;) {
+        errno = 0;
+        const dirent* const entry = ::readdir(stream.get());
+        if (entry == nullptr && errno != 0) fail(folder);
+        if (entry == nullptr) return names;
         const std::string_view name = entry->d_name;
         if (name == "." || name == "..") continue;
-        struct stat information {};
-        if (::stat((folder / name).c_str(), &information) != 0) continue;
-        const bool wanted = folders ? S_ISDIR(information.st_mode) : S_ISREG(information.st_mode);
-        if (wanted) names.emplace_back(name);
+        if (kindOf(*entry, folder) == kind) names.emplace_back(name);
+        reached();
     }
-    return names;
+}
+
+/// Without this a power cut may undo a rename. A folder that cannot be flushed is left as it is.
+void flushFolder(const std::filesystem::path& folder) {
+    const int handle = uninterrupted([&] { return ::open(folder.c_str(), O_RDONLY | O_CLOEXEC); });
+    if (handle == -1) return;
+    uninterrupted([&] { return ::fsync(handle); });
+    ::close(handle);
+}
+
+/// Gives a file the group and the mode of another one, so far as that exists and we may.
+void takeOverRights(const std::filesystem::path& from, const std::filesystem::path& to) {
+    constexpr mode_t kRights = 07777;
+    constexpr auto kOwnerAsItIs = static_cast<uid_t>(-1);
+    struct stat old {};
+    if (::stat(from.c_str(), &old) != 0) return;
+    if (::chown(to.c_str(), kOwnerAsItIs, old.st_gid) != 0 && !isRefusal(errno)) fail(to);
+    if (::chmod(to.c_str(), old.st_mode & kRights) != 0 && !isRefusal(errno)) fail(to);
 }
 
 }  // namespace
@@ -156,7 +196,7 @@ void File::write(std::uint64_t offset, std::string_view bytes) {
 
 void File::flush() {
     const int result = uninterrupted([&] { return ::fsync(static_cast<int>(handle_)); });
-    if (result != 0 && errno != EINVAL) fail(path_);  // EINVAL: nothing to flush on such a file
+    if (result != 0 && !isRefusal(errno)) fail(path_);
 }
 
 bool exists(const std::filesystem::path& path) {
@@ -183,7 +223,7 @@ void setModified(const std::filesystem::path& path, std::int64_t modified) {
     time.tv_sec = static_cast<time_t>(modified / 1'000'000'000);
     time.tv_nsec = static_cast<long>(modified % 1'000'000'000);
     const timespec times[2]{time, time};
-    if (::utimensat(AT_FDCWD, path.c_str(), times, 0) != 0) fail(path);
+    if (::utimensat(AT_FDCWD, path.c_str(), times, 0) != 0 && !isRefusal(errno)) fail(path);
 }
 
 void remove(const std::filesystem::path& path) {
@@ -191,7 +231,9 @@ void remove(const std::filesystem::path& path) {
 }
 
 void rename(const std::filesystem::path& from, const std::filesystem::path& to) {
+    takeOverRights(to, from);
     if (::rename(from.c_str(), to.c_str()) != 0) fail(to);
+    flushFolder(parentOf(to));
 }
 
 void createFolder(const std::filesystem::path& path) {
@@ -200,17 +242,19 @@ void createFolder(const std::filesystem::path& path) {
     if (!isFolder(path)) fail(path, error);
 }
 
-std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder) {
-    return namesIn(folder, false);
+std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder,
+                                             const std::function<void()>& reached) {
+    return namesIn(folder, Kind::File, reached);
 }
 
 std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) {
-    return namesIn(folder, true);
+    return namesIn(folder, Kind::Folder, [] {});
 }
 
-std::uint64_t freeSpace(const std::filesystem::path& folder) {
+std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
     struct statvfs information {};
     if (::statvfs(folder.c_str(), &information) != 0) fail(folder);
+    if (information.f_blocks == 0) return std::nullopt;  // of a size that it does not tell
     return static_cast<std::uint64_t>(information.f_bavail) * information.f_frsize;
 }
 

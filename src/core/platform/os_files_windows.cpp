@@ -87,6 +87,13 @@ FaultNumber faultOf(DWORD error, const std::wstring& native) {
     throw FileError(faultOf(error, nativePath(path)), path);
 }
 
+/// The refusals of a file system that does not have what is asked of it, or keeps it to itself.
+bool isRefusal(DWORD error) {
+    return error == ERROR_ACCESS_DENIED || error == ERROR_INVALID_PARAMETER ||
+           error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ||
+           error == ERROR_CALL_NOT_IMPLEMENTED;
+}
+
 struct OpenMode {
     DWORD access;
     DWORD creation;
@@ -146,7 +153,8 @@ struct SearchCloser {
     }
 };
 
-std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, bool folders) {
+std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, bool folders,
+                                           const std::function<void()>& reached) {
     std::wstring pattern = nativePath(folder);
     pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
     WIN32_FIND_DATAW entry{};
@@ -164,6 +172,7 @@ std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, 
         if (name == L"." || name == L"..") continue;
         const bool isOne = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
         if (isOne == folders) names.emplace_back(name);
+        reached();
     } while (::FindNextFileW(search.get(), &entry));
     // A share that is lost half way must not pass for a shorter folder.
     if (::GetLastError() != ERROR_NO_MORE_FILES) fail(folder);
@@ -240,7 +249,7 @@ void File::write(std::uint64_t offset, std::string_view bytes) {
 }
 
 void File::flush() {
-    if (!::FlushFileBuffers(handleOf(handle_))) fail(path_);
+    if (!::FlushFileBuffers(handleOf(handle_)) && !isRefusal(::GetLastError())) fail(path_);
 }
 
 bool exists(const std::filesystem::path& path) {
@@ -273,9 +282,9 @@ void setModified(const std::filesystem::path& path, std::int64_t modified) {
     const auto count = static_cast<std::uint64_t>(modified / 100 + kUnixEpoch);
     const FILETIME time{static_cast<DWORD>(count), static_cast<DWORD>(count >> 32)};
     const Handle file = openAttributes(path, FILE_WRITE_ATTRIBUTES);
-    if (file.get() == INVALID_HANDLE_VALUE || !::SetFileTime(file.get(), nullptr, nullptr, &time)) {
-        fail(path);
-    }
+    if (file.get() != INVALID_HANDLE_VALUE && ::SetFileTime(file.get(), nullptr, nullptr, &time))
+        return;
+    if (const DWORD error = ::GetLastError(); !isRefusal(error)) fail(path, error);
 }
 
 void remove(const std::filesystem::path& path) {
@@ -284,7 +293,7 @@ void remove(const std::filesystem::path& path) {
 
 void rename(const std::filesystem::path& from, const std::filesystem::path& to) {
     // One request to the disk or the server, which puts the file in place whole; it returns when
-    // the new name is on the disk.
+    // the new name is on the disk. A file has the rights of its folder, whoever makes it.
     constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     if (!::MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), kHow)) fail(to);
 }
@@ -296,19 +305,22 @@ void createFolder(const std::filesystem::path& path) {
     if (!isFolder(native)) fail(path, error);
 }
 
-std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder) {
-    return namesIn(folder, false);
+std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder,
+                                             const std::function<void()>& reached) {
+    return namesIn(folder, false, reached);
 }
 
 std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) {
-    return namesIn(folder, true);
+    return namesIn(folder, true, [] {});
 }
 
-std::uint64_t freeSpace(const std::filesystem::path& folder) {
+std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
     ULARGE_INTEGER available{};
+    ULARGE_INTEGER size{};
     std::wstring native = nativePath(folder);
     if (!native.ends_with(L'\\')) native.push_back(L'\\');  // a share is asked for with it only
-    if (!::GetDiskFreeSpaceExW(native.c_str(), &available, nullptr, nullptr)) fail(folder);
+    if (!::GetDiskFreeSpaceExW(native.c_str(), &available, &size, nullptr)) fail(folder);
+    if (size.QuadPart == 0) return std::nullopt;  // it does not tell
     return available.QuadPart;
 }
 

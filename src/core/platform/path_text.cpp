@@ -202,6 +202,12 @@ std::u16string withoutCase(const std::filesystem::path& path) {
     return out;
 }
 
+bool endsInOneOf(const std::filesystem::path& name, std::span<const std::u16string_view> endings) {
+    const std::u16string capitals = withoutCase(name);
+    return std::any_of(endings.begin(), endings.end(),
+                       [&](std::u16string_view ending) { return capitals.ends_with(ending); });
+}
+
 void sortWithoutCase(std::vector<std::filesystem::path>& names) {
     std::vector<std::pair<std::u16string, std::filesystem::path>> keyed;
     keyed.reserve(names.size());

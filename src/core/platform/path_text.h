@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,9 @@ std::u16string messageToUnicode(std::string_view message);
 
 /// For comparing without regard to letter case, as far as the code page has letters.
 std::u16string withoutCase(const std::filesystem::path& path);
+
+/// Whether a name ends in one of these, which are in capitals.
+bool endsInOneOf(const std::filesystem::path& name, std::span<const std::u16string_view> endings);
 
 void sortWithoutCase(std::vector<std::filesystem::path>& names);
 

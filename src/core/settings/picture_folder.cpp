@@ -2,7 +2,6 @@
 
 #include "core/platform/path_text.h"
 
-#include <algorithm>
 #include <array>
 
 namespace bramblet {
@@ -10,12 +9,6 @@ namespace {
 
 constexpr std::array<std::u16string_view, 5> kEndings{u".GIF", u".JPG", u".JPEG", u".BMP", u".PNG"};
 constexpr const char* kAbove = "..";
-
-bool isPicture(const std::filesystem::path& name) {
-    const std::u16string upperName = withoutCase(name);
-    return std::any_of(kEndings.begin(), kEndings.end(),
-                       [&](std::u16string_view ending) { return upperName.ends_with(ending); });
-}
 
 bool isHidden(const std::filesystem::path& name) {
     return name.native().front() == '.';
@@ -27,6 +20,10 @@ std::filesystem::path parentOf(const std::filesystem::path& folder) {
 }
 
 }  // namespace
+
+bool isPicture(const std::filesystem::path& name) {
+    return endsInOneOf(name, kEndings);
+}
 
 void PictureFolder::goTo(const std::filesystem::path& folder) {
     path_ = withSeparator(folder);

@@ -9,6 +9,9 @@
 
 namespace bramblet {
 
+/// Whether the name is that of a picture as the selector offers them.
+bool isPicture(const std::filesystem::path& name);
+
 class PictureFolder {
   public:
     explicit PictureFolder(const FileSystem& files) : files_(files.withoutRetry()) {}

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStringListModel>
+#include <QTimer>
 
 namespace bramblet {
 namespace {
@@ -58,6 +59,7 @@ BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
     files_->addWidget(runningNote(tr("Stop ends this before the next file.")));
     progressText_ = new QLabel;
     progressText_->setObjectName(QStringLiteral("BackUpProgress"));
+    progressText_->setWordWrap(true);
     counts_ = new QLabel;
     counts_->setObjectName(QStringLiteral("BackUpCounts"));
     counts_->setAlignment(Qt::AlignRight);
@@ -86,6 +88,7 @@ BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
     backup_.onChange = [this] { showRun(); };
     run_->setFocus();
     refresh();
+    QTimer::singleShot(0, this, [this] { backup_.list(); });
 }
 
 BackupDialog::~BackupDialog() {
@@ -211,11 +214,14 @@ void BackupDialog::showNames() {
     list_->scrollToTop();
 }
 
-/// During a run the window is repainted now and then only, and always takes clicks.
+/// During a run the window is repainted now and then only. It takes clicks before every file that
+/// is copied or compared, and now and then while the files are listed and counted.
 void BackupDialog::showRun() {
     const bool began = run_->isEnabled();
-    if (!backup_.running() || began || lastShown_.elapsed() >= kShowEvery) refresh();
-    QCoreApplication::processEvents();
+    const bool due = lastShown_.elapsed() >= kShowEvery;
+    const bool counting = backup_.progress().fileCount == 0;
+    if (!backup_.running() || began || due) refresh();
+    if (!counting || due) QCoreApplication::processEvents();
 }
 
 }  // namespace bramblet

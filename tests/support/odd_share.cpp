@@ -1,0 +1,84 @@
+// Functions of the system library whose place these take.
+
+#include "support/odd_share.h"
+
+#include <cerrno>
+#include <cstdarg>
+#include <dirent.h>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+namespace {
+
+using bramblet::test::OddShare;
+
+/// The system library's own function.
+template <class Function>
+Function* own(Function*, const char* name) {
+    return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
+}
+
+int refused(int error) {
+    errno = error;
+    return -1;
+}
+
+bool isLost(const char* path) {
+    const OddShare* const share = OddShare::current;
+    return share != nullptr && !share->lostName.empty() &&
+           std::string_view(path).ends_with("/" + share->lostName);
+}
+
+}  // namespace
+
+extern "C" {
+
+int open(const char* path, int flags, ...) {
+    if ((flags & O_APPEND) != 0) return refused(EIO);
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    return ::openat(AT_FDCWD, path, flags, mode);
+}
+
+int fsync(int file) {
+    if (OddShare::current != nullptr && OddShare::current->flushError != 0)
+        return refused(OddShare::current->flushError);
+    return own(&fsync, "fsync")(file);
+}
+
+int utimensat(int folder, const char* path, const timespec* times, int flags) noexcept {
+    if (OddShare::current != nullptr && OddShare::current->timesError != 0)
+        return refused(OddShare::current->timesError);
+    return own(&utimensat, "utimensat")(folder, path, times, flags);
+}
+
+int stat(const char* path, struct stat* information) noexcept {
+    if (isLost(path)) return refused(EIO);
+    return ::fstatat(AT_FDCWD, path, information, 0);
+}
+
+int statvfs(const char* path, struct statvfs* information) noexcept {
+    const int result = own(&statvfs, "statvfs")(path, information);
+    if (OddShare::current != nullptr && !OddShare::current->tellsSizes)
+        information->f_blocks = information->f_bfree = information->f_bavail = 0;
+    return result;
+}
+
+dirent* readdir(DIR* folder) {
+    dirent* const entry = own(&readdir, "readdir")(folder);
+    const OddShare* const share = OddShare::current;
+    if (entry == nullptr || share == nullptr) return entry;
+    const std::string_view name = entry->d_name;
+    if (share->listingError != 0 && name != "." && name != "..") {
+        errno = share->listingError;
+        return nullptr;
+    }
+    if (!share->tellsKinds) entry->d_type = DT_UNKNOWN;
+    return entry;
+}
+}
