@@ -2,14 +2,18 @@
 
 #include "support/odd_share.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdarg>
+#include <cstdio>
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <string>
 #include <string_view>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
+#include <unistd.h>
 
 namespace {
 
@@ -32,6 +36,18 @@ bool isLost(const char* path) {
            std::string_view(path).ends_with("/" + share->lostName);
 }
 
+bool isOpen(const char* path) {
+    constexpr int kFiles = 256;
+    for (int file = 0; file < kFiles; ++file) {
+        std::array<char, 4096> opened{};
+        const std::string link = "/proc/self/fd/" + std::to_string(file);
+        if (::readlink(link.c_str(), opened.data(), opened.size() - 1) > 0 &&
+            std::string_view(path) == opened.data())
+            return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 extern "C" {
@@ -49,6 +65,11 @@ int fsync(int file) {
     if (OddShare::current != nullptr && OddShare::current->flushError != 0)
         return refused(OddShare::current->flushError);
     return own(&fsync, "fsync")(file);
+}
+
+int rename(const char* from, const char* to) noexcept {
+    if (isOpen(from)) return refused(EBUSY);
+    return ::renameat(AT_FDCWD, from, AT_FDCWD, to);
 }
 
 int utimensat(int folder, const char* path, const timespec* times, int flags) noexcept {

@@ -1,5 +1,5 @@
-// The core's tests run on a file system like mounts of network shares: what is opened for appending
-// is always refused, and a test may ask for more oddities.
+// The core's tests run on a file system like mounts of network shares: to open a file for appending
+// and to rename an open one is always refused, and a test may ask for more oddities.
 #pragma once
 
 #include <string>
@@ -10,10 +10,10 @@ namespace bramblet::test {
 struct OddShare {
     int flushError = 0;
     int timesError = 0;
-    int listingError = 0;     ///< in the midst of a folder
-    std::string lostName;     ///< a file at which nobody can look: an I/O error
-    bool tellsSizes = true;   ///< of the disk and what is free of it
-    bool tellsKinds = true;   ///< whether an entry of a folder is a file
+    int listingError = 0;    ///< in the midst of a folder
+    std::string lostName;    ///< a file at which nobody can look: an I/O error
+    bool tellsSizes = true;  ///< of the disk and what is free of it
+    bool tellsKinds = true;  ///< whether an entry of a folder is a file
 
     OddShare() { current = this; }
     ~OddShare() { current = nullptr; }
