@@ -60,6 +60,12 @@ void openMenu(QWidget* box) {
     Driver::settle();
 }
 
+/// Whether the backup window ended as it should.
+void expectProgress(Driver& hands, const QString& end) {
+    const QString progress = hands.text(name("BackUpProgress"));
+    if (!progress.endsWith(end)) hands.complain(name("The backup window says ") + progress);
+}
+
 }  // namespace
 
 void histories(Guide& guide) {
@@ -108,10 +114,12 @@ void backUp(Guide& guide, const QString& folder) {
         guide.pictureWith("36-backup", dialog);
         pictureOfNext(guide, "37-backup-completed", nullptr, QMessageBox::Ok);
         hands.click(name("RunBackup"));
+        expectProgress(hands, name("files copied"));
         guide.picture("38-backup-done", dialog);
         guide.help("backup", dialog);
         pictureOfNext(guide, "39-verified", "verified", QMessageBox::Ok);
         hands.click(name("Verify"));
+        expectProgress(hands, name("agree, 0 differ, 0 missing"));
         hands.click(name("StopBackup"));
     });
     hands.trigger(name("mu_DataBackup"));
