@@ -1,9 +1,7 @@
 #include "tour/album.h"
 
-#include "tour/few_colours.h"
-
 #include <QDir>
-#include <QImageWriter>
+#include <QImage>
 
 namespace bramblet::tour {
 namespace {
@@ -11,16 +9,13 @@ namespace {
 constexpr int kHelpWidth = 1360;
 constexpr int kReadmeWidth = 1600;
 
-/// Reduces a picture to a width and to few colours, so that it is small in the program and in the
-/// repository.
+/// Keeps a picture at no more than a width; scripts/pictures makes its file smaller still.
 bool write(const QString& path, const QPixmap& picture, int width) {
     QImage image = picture.toImage();
     image.setDevicePixelRatio(1);
     if (image.width() > width) image = image.scaledToWidth(width, Qt::SmoothTransformation);
     QDir().mkpath(QFileInfo(path).path());
-    QImageWriter writer(path, "png");
-    writer.setQuality(0);  // the smallest file
-    return writer.write(withFewColours(image));
+    return image.save(path, "png");
 }
 
 }  // namespace

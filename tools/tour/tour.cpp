@@ -10,7 +10,6 @@
 #include "gui/platform/dialog_prompts.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/theme.h"
-#include "tour/letterhead.h"
 #include "tour/quiet_desktop.h"
 #include "tour/stations.h"
 
@@ -48,11 +47,13 @@ QString inOffice(const QString& documents, const std::function<void(MainWindow&)
     return pathToQt(program.folder.DataPath());
 }
 
-bool drawArtwork(const QString& folder) {
-    QDir().mkpath(folder);
-    QFile file(folder + name("/larkfield.bmp"));
-    const QByteArray picture = letterhead();
-    return file.open(QIODevice::WriteOnly) && file.write(picture) == picture.size();
+/// The sample company's letterhead, in a folder from which it can be chosen.
+bool layOutArtwork(const QString& folder) {
+    const QString file = folder + name("/larkfield.bmp");
+    QFile::remove(file);
+    return QDir().mkpath(folder) && QFile::copy(name(":/artwork/larkfield.bmp"), file) &&
+           QFile::setPermissions(
+               file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
 }
 
 QString backupFolder(const Album& album) {
@@ -95,7 +96,7 @@ int runTour(const Album& album) {
         QFile::remove(folder + name(file));
     QDir(backupFolder(album)).removeRecursively();
     QDir().mkpath(backupFolder(album));
-    bool good = drawArtwork(folder + name("/artwork"));
+    bool good = layOutArtwork(folder + name("/artwork"));
     const QString data = inOffice(folder + name("/documents"), [&](MainWindow& window) {
         good = throughFirstOffice(window, album) && good;
     });

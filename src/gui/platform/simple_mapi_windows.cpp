@@ -1,6 +1,5 @@
 #include "gui/platform/simple_mapi_windows.h"
 
-#include "core/platform/path_text.h"
 #include "core/platform/text.h"
 
 #include <array>
@@ -42,7 +41,6 @@ static_assert(sizeof(WideFile) == sizeof(MapiFileDesc));
 static_assert(sizeof(WideMessage) == sizeof(MapiMessage));
 
 using SendWide = ULONG(WINAPI*)(LHANDLE, ULONG_PTR, WideMessage*, FLAGS, ULONG);
-using SendNarrow = ULONG(WINAPI*)(LHANDLE, ULONG_PTR, MapiMessage*, FLAGS, ULONG);
 
 // The attachments do not stand at a place in the text.
 constexpr ULONG kNoPlace = 0xFFFFFFFF;
@@ -92,22 +90,6 @@ ULONG sendWide(SendWide send, const Mail& mail, ULONG_PTR parent) {
     return send(0, parent, &message, kHow, 0);
 }
 
-/// For systems before Windows 8, in the code page.
-ULONG sendNarrow(SendNarrow send, Mail mail, ULONG_PTR parent) {
-    std::vector<std::string> paths;
-    for (const auto& path : mail.attachments)
-        paths.push_back(fromUnicode(unicodeOf(path)));
-    std::vector<MapiFileDesc> files;
-    for (auto& path : paths)
-        files.push_back({0, 0, kNoPlace, path.data(), nullptr, nullptr});
-    MapiMessage message{};
-    message.lpszSubject = mail.subject.data();
-    message.lpszNoteText = mail.text.data();
-    message.nFileCount = static_cast<ULONG>(files.size());
-    message.lpFiles = files.data();
-    return send(0, parent, &message, kHow, 0);
-}
-
 MailResult resultOf(ULONG code) {
     switch (code) {
         case SUCCESS_SUCCESS:
@@ -125,12 +107,9 @@ MailResult composeBySimpleMapi(const Mail& mail, HWND parent) {
     if (!hasMailProgram()) return MailResult::NoMailProgram;
     const Library library(::LoadLibraryExW(L"mapi32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
     if (!library) return MailResult::NoMailProgram;
-    const auto window = reinterpret_cast<ULONG_PTR>(parent);
-    if (const auto send = functionOf<SendWide>(library, "MAPISendMailW"))
-        return resultOf(sendWide(send, mail, window));
-    if (const auto send = functionOf<SendNarrow>(library, "MAPISendMail"))
-        return resultOf(sendNarrow(send, mail, window));
-    return MailResult::NoMailProgram;
+    const auto send = functionOf<SendWide>(library, "MAPISendMailW");
+    if (send == nullptr) return MailResult::NoMailProgram;
+    return resultOf(sendWide(send, mail, reinterpret_cast<ULONG_PTR>(parent)));
 }
 
 }  // namespace bramblet
