@@ -1,7 +1,6 @@
 // What only Windows has: files that others hold, long paths, shares, and code pages by number.
 
 #include "core/platform/code_page_windows.h"
-
 #include "core/platform/file_system.h"
 #include "core/platform/path_text.h"
 #include "support/temporary_folder.h"

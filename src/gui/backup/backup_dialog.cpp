@@ -86,9 +86,11 @@ BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
     resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 28);
 
     backup_.onChange = [this] { showRun(); };
-    run_->setFocus();
     refresh();
-    QTimer::singleShot(0, this, [this] { backup_.list(); });
+    QTimer::singleShot(0, this, [this] {
+        backup_.list();
+        run_->setFocus();  // which it loses while it is disabled
+    });
 }
 
 BackupDialog::~BackupDialog() {
