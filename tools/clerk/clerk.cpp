@@ -1,11 +1,11 @@
-// A clerk at a desk without windows: takes commands, a line each, and tells in plain ASCII what the
-// program then shows and says. The same clerk runs on every system, so that two of them can work on
-// one data folder in turn.
+// A clerk at a desk without windows: takes commands, one per line, and says in plain ASCII what the
+// program then shows and says. The same clerk runs on every system, so that two of them can take
+// turns on one data folder.
 //
 //     clerk DOCUMENTS DATA < COMMANDS
 //
 // DOCUMENTS gets this desk's settings; DATA is the shared data folder. Every question is answered
-// with yes. In commands "\xE9" is a byte of the code page and "\n" a line break.
+// yes. In commands "\xE9" is a byte of the code page and "\n" a line break.
 
 #include "core/app/program.h"
 #include "core/platform/text.h"
@@ -114,7 +114,7 @@ class Clerk {
         program_.lines.showDialog = [this](const LineEntry&, const std::string&) { return line_; };
     }
 
-    /// False for a command that nobody knows.
+    /// False for an unknown command.
     bool carryOut(const std::string& line) {
         const auto blank = line.find(' ');
         const std::string word = line.substr(0, blank);

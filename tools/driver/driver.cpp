@@ -87,7 +87,7 @@ void Driver::pick(const QString& comboBox, const QString& entry) {
     settle();
 }
 
-/// Going elsewhere closes a list that is open, for instance of suggestions.
+/// Going elsewhere closes an open list, such as one of suggestions.
 void Driver::leaveList(QWidget* target) {
     QWidget* const popup = QApplication::activePopupWidget();
     if (popup == nullptr || popup == target || popup->isAncestorOf(target)) return;
@@ -95,7 +95,7 @@ void Driver::leaveList(QWidget* target) {
     settle();
 }
 
-/// Focus and shortcuts work in the active window only.
+/// Focus and shortcuts work only in the active window.
 void Driver::focus(QWidget* target) {
     leaveList(target);
     if (!target->isActiveWindow()) {
@@ -200,7 +200,7 @@ void Driver::giveUp(const QString& why) const {
     std::exit(1);
 }
 
-/// Hands a modal window that has come up to whoever expects it. One that nobody expects is a
+/// Hands a modal window that has opened to whoever expects it. One that nobody expects is a
 /// complaint, and is closed so that the rest can go on.
 void Driver::lookForDialog() {
     QWidget* const modal = QApplication::activeModalWidget();
@@ -209,7 +209,7 @@ void Driver::lookForDialog() {
         unexpectedFor_ = 0;
         return;
     }
-    // One dialog may open another: it is still being used when the other one has gone.
+    // One dialog may open another; it is still in use once the other has gone.
     if (std::find(inUse_.begin(), inUse_.end(), modal) != inUse_.end()) {
         unexpectedFor_ = 0;
         return;
@@ -217,10 +217,11 @@ void Driver::lookForDialog() {
     if (modal != handled_ && !expected_.empty() && modal->isVisible()) {
         handled_ = modal;
         inUse_.emplace_back(modal);
-        // Not from within this timer's call: it has to watch while the dialog is being used.
+        // Not from within this timer's call, which has to go on watching while the dialog is in
+        // use.
         QTimer::singleShot(0, modal, [this, use = expected_.front(), dialog = handled_] {
-            // Where the system lets only the person at the keyboard bring a window forward, it
-            // would not get the keys.
+            // Where the system lets only the person at the keyboard bring a window forward, the
+            // dialog would not get the keys.
             dialog->activateWindow();
             settle();
             use(*dialog);

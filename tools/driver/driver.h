@@ -1,5 +1,5 @@
-// Uses the program's windows as a person does: finds controls by their names, clicks, types,
-// answers message boxes. The guided tour and the window tests drive the windows through it.
+// Uses the program's windows as a person does: finds controls by name, clicks, types, answers
+// message boxes. The guided tour and the window tests drive the windows through it.
 #pragma once
 
 #include <QMessageBox>
@@ -21,8 +21,8 @@ class Driver {
   public:
     explicit Driver(QWidget& window);
 
-    /// The control of a name, in the main window or any other window that is open. A missing one
-    /// is a complaint, and ends the program: nothing that follows would mean anything.
+    /// The control with this name, in the main window or any other that is open. A missing one is a
+    /// complaint, and ends the program, since nothing that follows would mean anything.
     QWidget* control(const QString& name) const;
     template <class Control>
     Control* find(const QString& name) const {
@@ -33,9 +33,9 @@ class Driver {
 
     void click(const QString& button);
     void doubleClick(const QString& control);
-    /// Selects what stands in a box (or combo box, or text box) and types over it.
+    /// Selects what a box (or combo box, or text box) holds and types over it.
     void type(const QString& box, const QString& text);
-    /// Opens a combo box and picks an entry by keyboard.
+    /// Opens a combo box and picks an entry with the keyboard.
     void pick(const QString& comboBox, const QString& entry);
     void press(const QString& control, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     void trigger(const QString& action);
@@ -44,7 +44,7 @@ class Driver {
     void doubleClickCell(const QString& grid, int row, int column);
     void clickHeading(const QString& grid, int column);
 
-    /// What a box shows; a grid's cell.
+    /// What a box shows, or a grid's cell.
     QString text(const QString& box) const;
     QString cell(const QString& grid, int row, int column) const;
     int rows(const QString& grid) const;
@@ -54,18 +54,18 @@ class Driver {
     void onNextDialog(std::function<void(QWidget& dialog)> use);
     /// The next modal window is a message box that says `part`; it is answered.
     void answer(const QString& part, QMessageBox::StandardButton button);
-    /// The next modal window is a choice of a file; this path is typed into it.
+    /// The next modal window is a file dialog; this path is typed into it.
     void chooseFile(const QString& path);
     /// Whether every expected dialog has come.
     bool allAnswered() const { return expected_.empty(); }
 
-    /// A picture of a window, with the frame of no window manager.
+    /// A picture of a window, without a window manager's frame.
     static QPixmap picture(QWidget& window);
 
     /// Lets the windows catch up.
     static void settle();
 
-    /// What was not as expected.
+    /// Called with whatever was not as expected.
     std::function<void(const QString& complaint)> complain;
 
   private:
@@ -79,7 +79,7 @@ class Driver {
     QTimer watch_;
     std::deque<std::function<void(QWidget&)>> expected_;
     QPointer<QWidget> handled_;
-    std::vector<QPointer<QWidget>> inUse_;  ///< dialogs, each opened from the one before it
+    std::vector<QPointer<QWidget>> inUse_;  ///< dialogs, each opened from the one before
     int unexpectedFor_ = 0;
 };
 

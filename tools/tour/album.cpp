@@ -9,7 +9,7 @@ namespace {
 constexpr int kHelpWidth = 1360;
 constexpr int kReadmeWidth = 1600;
 
-/// Keeps a picture at no more than a width; scripts/pictures makes its file smaller still.
+/// Saves a picture, no wider than `width`; scripts/pictures makes its file smaller still.
 bool write(const QString& path, const QPixmap& picture, int width) {
     QImage image = picture.toImage();
     image.setDevicePixelRatio(1);

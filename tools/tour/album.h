@@ -8,15 +8,15 @@ namespace bramblet::tour {
 
 class Album {
   public:
-    /// Pictures go into `folder`; those for the documentation into "help" and "pictures" below
-    /// `documentation` when it is not empty.
+    /// Pictures go into `folder`; those for the documentation go into "help" and "pictures" below
+    /// `documentation`, unless that is empty.
     Album(QString folder, QString documentation);
 
-    /// Keeps a picture under a name without ending. False when it could not be written.
+    /// Keeps a picture under a name without extension. False if it could not be written.
     bool keep(const QString& name, const QPixmap& picture) const;
 
     bool makesDocumentation() const { return !documentation_.isEmpty(); }
-    /// Pictures of the help are as wide as its text at most, at twice the scale.
+    /// Pictures for the help are at most as wide as its text, at twice the scale.
     bool keepForHelp(const QString& name, const QPixmap& picture) const;
     bool keepForReadme(const QString& name, const QPixmap& picture) const;
 

@@ -13,7 +13,7 @@ namespace {
 constexpr int kAir = 6;      // around the part of a window
 constexpr int kInset = 10;   // of a number from the edge of what it points at
 constexpr int kBubble = 26;  // a number's disc
-constexpr int kShade = 40;   // of what lies behind a dialog, of 255
+constexpr int kShade = 40;   // darkening of what lies behind a dialog, of 255
 constexpr int kNoShade = 0;
 
 /// Part of a picture, in the window's own pixels.

@@ -1,4 +1,4 @@
-// What every station of the tour has at hand: the main window, hands on it, and the album.
+// What every station of the tour has at hand: the main window, hands to work it, and the album.
 #pragma once
 
 #include "driver/driver.h"
@@ -15,11 +15,11 @@ inline QString name(const char* text) {
     return QString::fromLatin1(text);
 }
 
-/// A place in a window that a picture of the help points at with a number.
+/// A place in a window at which a picture in the help points with a number.
 struct Callout {
     const char* control;
     Qt::Alignment place;   ///< of the number, in the control
-    bool outside = false;  ///< right or left of the control instead
+    bool outside = false;  ///< to the right or left of the control instead
 };
 
 class Guide {
@@ -29,7 +29,7 @@ class Guide {
     Driver& hands() { return driver_; }
     MainWindow& window() { return window_; }
     const Album& album() const { return album_; }
-    /// Whether everything was as it should be so far.
+    /// Whether everything has been as it should so far.
     bool good() const { return !complaints_ && driver_.allAnswered(); }
 
     /// Keeps a picture of the main window, or of another one.
@@ -41,7 +41,7 @@ class Guide {
     /// A picture for the help: a whole window, or the part of it that holds some controls.
     void help(const char* file, QWidget& window);
     void help(const char* file, const std::vector<const char*>& controls);
-    /// The same with another window, a menu for instance, in front, and `air` pixels around it all.
+    /// The same with another window in front, such as a menu, and `air` pixels around it all.
     void helpWith(const char* file, QWidget& front, const std::vector<const char*>& controls,
                   int air);
     void helpWithCallouts(const char* file, const std::vector<Callout>& callouts);

@@ -67,7 +67,7 @@ void lineMenu(Guide& guide) {
     menu->close();
 }
 
-/// The order is written: its parts for the help.
+/// Once the order is written: its parts, for the help.
 void picturesOfOrder(Guide& guide) {
     guide.picture("05-order");
     guide.help("number", {"Label11", "MarkReceivedCheck"});

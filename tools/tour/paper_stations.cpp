@@ -41,7 +41,7 @@ void take(Driver& hands, const char* list, const QString& entry, bool enter) {
 void chooseLetterhead(Guide& guide) {
     Driver& hands = guide.hands();
     hands.onNextDialog([&](QWidget& chooser) {
-        // From the data folder up to the tour's own.
+        // From the data folder up to the tour's folder.
         for (int level = 0; level < 3; ++level)
             take(hands, "Dir1", name(".."), true);
         take(hands, "Dir1", name("artwork"), true);
@@ -84,7 +84,7 @@ void changeLook(Guide& guide, QWidget& viewer) {
     hands.click(name("Configuration"));
 }
 
-/// The pages as the print preview shows them, one and then all at a time.
+/// The pages as the print preview shows them, first one and then all at once.
 void preview(Guide& guide) {
     guide.hands().onNextDialog([&](QWidget& dialog) {
         auto* const pages = dialog.findChild<QPrintPreviewWidget*>();

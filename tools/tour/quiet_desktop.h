@@ -1,4 +1,5 @@
-// The desktop that the tour runs on: it opens nothing, so that no program of the machine starts.
+// The desktop on which the tour runs: it opens nothing, so that none of the machine's programs
+// start.
 #pragma once
 
 #include "core/platform/desktop.h"

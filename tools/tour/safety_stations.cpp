@@ -1,4 +1,4 @@
-// The stations around what the program keeps beside the orders: histories, contacts, backups.
+// The stations for what the program keeps besides the orders: histories, contacts, backups.
 
 #include "core/platform/text.h"
 #include "tour/sample_company.h"
@@ -17,7 +17,7 @@
 namespace bramblet::tour {
 namespace {
 
-/// A contact as the contact manager writes it: a record of fixed fields without line ends.
+/// A contact as the contact manager writes it: a record of fixed fields, without line ends.
 QByteArray recordOf(const SampleContact& contact) {
     std::string record(1047, ' ');
     const auto put = [&](std::size_t offset, std::size_t width, const char* text) {
@@ -43,7 +43,7 @@ void writeContacts(Driver& hands, const QString& path) {
         hands.complain(path + name(" was not written"));
 }
 
-/// Keeps a picture of the message that comes next, and presses one of its buttons.
+/// Keeps a picture of the next message, and presses one of its buttons.
 void pictureOfNext(Guide& guide, const char* file, const char* help,
                    QMessageBox::StandardButton button) {
     guide.hands().onNextDialog([&guide, file, help, button](QWidget& dialog) {
@@ -60,7 +60,7 @@ void openMenu(QWidget* box) {
     Driver::settle();
 }
 
-/// Whether the backup window ended as it should.
+/// Complains unless the backup window ended as it should.
 void expectProgress(Driver& hands, const QString& end) {
     const QString progress = hands.text(name("BackUpProgress"));
     if (!progress.endsWith(end)) hands.complain(name("The backup window says ") + progress);

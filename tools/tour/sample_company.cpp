@@ -2,7 +2,7 @@
 
 namespace bramblet::tour {
 
-// Tables: a row a line.
+// Tables, one row per line.
 // clang-format off
 
 const std::vector<SampleAddress> kVendors{

@@ -5,11 +5,11 @@
 
 namespace bramblet::tour {
 
-/// Chooses the letterhead, which lies in `artwork`, and gives the company's name and address.
+/// Chooses the letterhead, which lies in `artwork`, and enters the company's name and address.
 void setUpCompany(Guide& guide);
 void typeAddresses(Guide& guide);
 void writeOrders(Guide& guide);
-/// Opens an order from the list, changes it, and meets the question on the way to another.
+/// Opens an order from the list, changes it, and meets the question asked on going to another.
 void openAndChange(Guide& guide);
 void copyOrder(Guide& guide);
 /// Types the catalogue, picks from it into a new order, and writes it out to `file`.
@@ -20,14 +20,14 @@ void sizes(Guide& guide);
 
 /// Shows an order as it is printed, changes its look and changes it back.
 void viewOrder(Guide& guide);
-/// Looks at the pages of the long request, and saves it as a PDF in `folder`.
+/// Looks at the pages of the long request, and saves them as a PDF in `folder`.
 void printPages(Guide& guide, const QString& folder);
 void exportOrders(Guide& guide, const QString& file);
 void readHelp(Guide& guide);
 
-/// In a box of the order shown: the list of what it remembers, and the menu that forgets.
+/// In a box of the order shown: the list of what it remembers, and the menu that forgets an entry.
 void histories(Guide& guide);
-/// Takes contacts over as vendors, from a file of the contact manager that it writes in `folder`.
+/// Takes contacts over as vendors, from a contact manager's file, which it writes in `folder`.
 void importContacts(Guide& guide, const QString& folder);
 /// Backs the data up to `folder`, and compares the two.
 void backUp(Guide& guide, const QString& folder);

@@ -1,11 +1,12 @@
-// The guided tour: takes the program's windows down the road of one order, on a sample company that
-// it types in itself, and keeps a picture of each window. The sample data folder stays behind.
+// The guided tour: takes the program's windows through the course of an order, for a sample company
+// that it types in itself, and keeps a picture of each window. It leaves the sample data folder
+// behind.
 //
 //     bramblet_tour [--dark] [--twice] [--docs DOCS] FOLDER
 //
-// FOLDER gets the pictures, at twice the scale when asked for, and "documents" below it the sample
-// company's home folder. DOCS/help and DOCS/pictures get the documentation's pictures. The tour
-// runs offscreen unless QT_QPA_PLATFORM says otherwise.
+// FOLDER gets the pictures, at twice the scale if asked for, and, in "documents" below it, the
+// sample company's home folder. DOCS/help and DOCS/pictures get the documentation's pictures. The
+// tour runs offscreen unless QT_QPA_PLATFORM says otherwise.
 
 #include "gui/platform/dialog_prompts.h"
 #include "gui/platform/qt_text.h"
@@ -28,7 +29,7 @@ namespace {
 
 constexpr CivilDate kTourDay{2026, 3, 4};
 
-/// Starts the program in a home folder of its own and takes `road` through it.
+/// Starts the program in a home folder of its own and takes it along `road`.
 QString inOffice(const QString& documents, const std::function<void(MainWindow&)>& road) {
     QDir(documents).removeRecursively();
     QDir().mkpath(documents);
@@ -47,7 +48,7 @@ QString inOffice(const QString& documents, const std::function<void(MainWindow&)
     return pathToQt(program.folder.DataPath());
 }
 
-/// The sample company's letterhead, in a folder from which it can be chosen.
+/// The sample company's letterhead, in a folder where it can be chosen.
 bool layOutArtwork(const QString& folder) {
     const QString file = folder + name("/larkfield.bmp");
     QFile::remove(file);
@@ -108,12 +109,12 @@ int runTour(const Album& album) {
 }
 
 #ifdef _WIN32
-/// The windows come up on the real screen, which has to be large enough for every picture.
+/// The windows open on the real screen, which has to be large enough for every picture.
 void chooseScreen(bool twice) {
     if (twice) qputenv("QT_SCALE_FACTOR", "2");
 }
 #else
-/// Chooses a screen in memory that is large enough for every picture.
+/// Chooses an in-memory screen that is large enough for every picture.
 void chooseScreen(bool twice) {
     if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
     const QString file = QDir::tempPath() + name("/bramblet-tour-screen.json");
@@ -138,7 +139,7 @@ int main(int argc, char** argv) {
         return std::find(argv, argv + argc, std::string(option)) != argv + argc;
     };
     tour::chooseScreen(has("--twice") || has("--docs"));
-    // The driver sees into Qt's dialogs only, not into the system's own.
+    // The driver sees only into Qt's dialogs, not the system's own.
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     QCommandLineParser parser;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kNameLimit = 60;
 
-/// What the two blocks are called, and show in their tool tips.
+/// What the two blocks are called, and what their tool tips say.
 struct Look {
     const char* nameBox;
     const char* addressBox;

@@ -21,8 +21,8 @@ namespace {
 
 constexpr int kMargin = 22;          // around the text of a page
 constexpr int kWidestText = 740;     // longer lines are hard to read
-constexpr double kPictureScale = 2;  // pictures have two pixels for one of the page
-constexpr int kDimmed = 46;          // of 255, how much darker pictures are among dark windows
+constexpr double kPictureScale = 2;  // pictures have two pixels to one of the page
+constexpr int kDimmed = 46;          // how much darker pictures are in dark windows, of 255
 constexpr int kContentRole = Qt::UserRole + 1;
 
 /// The pages in the order in which they are listed.
@@ -54,7 +54,7 @@ bool isDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < 128;
 }
 
-/// Headings, tables and notes in the colours of the windows.
+/// Headings, tables and notes in the windows' colours.
 QString styleFor(const QPalette& palette) {
     const bool dark = isDark(palette);
     return QStringLiteral(
@@ -73,7 +73,7 @@ QString styleFor(const QPalette& palette) {
 
 }  // namespace
 
-/// The text of a page: no wider than reads well, its pictures sharp at every scale.
+/// The text of a page: no wider than is easy to read, its pictures sharp at every scale.
 class HelpWindow::Page : public QTextBrowser {
   public:
     Page() {
@@ -204,7 +204,7 @@ void HelpWindow::showPage(const QString& page) {
     if (!search_->text().isEmpty()) findNext();
 }
 
-/// Goes to another page, to a place of one, or out into the browser.
+/// Goes to another page, to a place in one, or out to the browser.
 void HelpWindow::follow(const QUrl& link) {
     const QString page = link.path().section(QLatin1Char('.'), 0, 0);
     if (!link.isRelative()) {
@@ -238,8 +238,8 @@ void HelpWindow::search() {
     findNext();
 }
 
-/// Goes to the next place of the searched words (of the first one when they do not stand together),
-/// from the end back to the start of the page.
+/// Goes to the next place where the searched words stand together, or else to the next place of the
+/// first word, and from the end back to the start of the page.
 void HelpWindow::findNext() {
     const QString text = search_->text().trimmed();
     if (text.isEmpty()) return;

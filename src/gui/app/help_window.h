@@ -1,4 +1,4 @@
-// The program's own help: its pages, a search through them, all in the program itself.
+// The program's own help: its pages and a search through them, all within the program.
 #pragma once
 
 #include <QMainWindow>

@@ -96,7 +96,7 @@ void ListsPanel::refreshStock() {
     showView();
 }
 
-/// The list is filled anew while it is out of sight, and then shown.
+/// The list is refilled out of sight, and then shown.
 void ListsPanel::ViewExisting_Click() {
     if (!program_.savedOrders.ViewExisting_Click()) return;
     views_->setCurrentWidget(orders_);

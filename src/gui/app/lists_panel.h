@@ -1,5 +1,5 @@
 // The lower band of the main window: the saved orders or the stock items, and the bar under them
-// that tells what is listed and switches between the two.
+// that says what is listed and switches between the two.
 #pragma once
 
 #include "core/app/program.h"

@@ -1,4 +1,4 @@
-// The program's entry: it knows everybody, and does nothing itself.
+// The program's entry point: it knows every part, and does nothing itself.
 
 #include "gui/app/main_window.h"
 #include "gui/app/start_notice.h"
@@ -18,8 +18,8 @@
 
 namespace {
 
-/// Whatever a command meets that nobody foresaw ends the command, not the program and with it an
-/// order that is not saved yet.
+/// An error that nobody foresaw ends the command that met it, not the program and with it an
+/// unsaved order.
 class Application : public QApplication {
   public:
     using QApplication::QApplication;
@@ -44,7 +44,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Bramblet"));
     applyTheme(application, systemTheme());
 #ifndef _WIN32
-    // Windows takes the icon from the executable; elsewhere it is installed beside the program.
+    // Windows takes the icon from the executable; elsewhere it is installed alongside the program.
     QApplication::setDesktopFileName(QStringLiteral("bramblet"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("bramblet")));
 #endif

@@ -1,4 +1,4 @@
-// The main window's menus: every command, with its shortcut, in a place where it is looked for.
+// The main window's menus: every command, with its shortcut, where people look for it.
 #pragma once
 
 #include "core/app/program.h"

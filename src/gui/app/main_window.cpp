@@ -49,7 +49,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
 }
 
 MainWindow::~MainWindow() {
-    // The core outlives the window; it must not call into what is gone.
+    // The core outlives the window, and must not call into what is gone.
     program_.open.onChange = [] {};
     program_.savedOrders.onChange = [] {};
     program_.stock.onListChange = [] {};
@@ -168,7 +168,7 @@ void MainWindow::openConfiguration(std::function<void()> rewrite, QWidget* above
     ConfigDialog dialog(program_.settingsEditor, program_.files(), program_.folder.DataPath(),
                         above);
     dialog.exec();
-    // The list of stock items may have one column more or less now.
+    // The list of stock items may have gained or lost a column.
     if (program_.folder.DataPathOK()) program_.stock.PopStockList();
 }
 
@@ -184,7 +184,7 @@ void MainWindow::showHelp() {
     help_->activateWindow();
 }
 
-/// In the status bar, and in the viewer's while that stands in front.
+/// In the status bar, and in the viewer's while that is open.
 void MainWindow::showLine(const QString& line) {
     statusBar()->showMessage(line);
     if (viewer_ != nullptr) viewer_->statusBar()->showMessage(line);
@@ -214,7 +214,7 @@ void MainWindow::watchCore() {
         stopWaiting_->show();
     };
     const auto hide = [this] {
-        // What the operation said when it ended stays.
+        // A line that the operation showed when it ended stays.
         if (statusBar()->currentMessage() == waitingLine_) showLine({});
         stopWaiting_->hide();
     };

@@ -36,7 +36,7 @@ class MainWindow : public QMainWindow {
     void makeStatusBar();
     void showViewer();
     void showLine(const QString& line);
-    /// Opens the settings dialog; `rewrite` when it is opened from the viewer.
+    /// Opens the settings dialog; `rewrite` is set when it is opened from the viewer.
     void openConfiguration(std::function<void()> rewrite, QWidget* above);
     void showHelp();
     void watchCore();

@@ -8,7 +8,7 @@
 
 namespace bramblet {
 
-// Without a close button: Stop waiting is the way out.
+// It has no close button: Stop waiting is the way out.
 StartNotice::StartNotice(Waiting& waiting)
     : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       waiting_(waiting),

@@ -1,5 +1,5 @@
-// The start of the program up to its main window: a small window shows what may have to be waited
-// for, as there is no status bar yet.
+// Starting the program, up to its main window: a small window shows what is being waited for, as
+// there is no status bar yet.
 #pragma once
 
 #include "core/app/program.h"
@@ -27,7 +27,7 @@ class StartNotice : public QWidget {
     QLabel* line_;
 };
 
-/// The program with its settings read; none when the user has given up the start.
+/// The program with its settings read; null if the user has given up the start.
 std::unique_ptr<Program> loadProgram(const Environment& environment, Prompts& prompts,
                                      Waiting& waiting);
 

@@ -8,7 +8,7 @@ namespace bramblet {
 namespace {
 
 constexpr double kTwipsPerPixel = 15;
-// The least size at which nothing is cut off, and the size of a window that was never placed.
+// The smallest size at which nothing is cut off, and the size for one never placed or too small.
 constexpr QSize kSmallest(960, 640);
 constexpr QSize kComfortable(1100, 760);
 
@@ -26,7 +26,7 @@ const QScreen* screenOf(const QRect& frame) {
     return nullptr;
 }
 
-/// `frame` moved, and shrunk where it must be, until it lies within `area`.
+/// `frame` moved, and shrunk if necessary, so that it lies within `area`.
 QRect within(QRect frame, const QRect& area) {
     frame.setSize(frame.size().boundedTo(area.size()));
     frame.moveLeft(qBound(area.left(), frame.left(), area.right() - frame.width() + 1));

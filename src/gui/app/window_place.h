@@ -7,11 +7,11 @@ class QMainWindow;
 
 namespace bramblet {
 
-/// Puts the window where it was: at its size at least, on a screen that is there, and maximised
-/// when it filled its screen.
+/// Puts the window where it was: no smaller than its minimum size, on a screen that is still there,
+/// and maximised if it filled its screen.
 void placeMainWindow(QMainWindow& window, const WindowPlace& place);
 
-/// Where the window is now. A maximised window tells the size it has as such.
+/// Where the window is now. A maximised window reports its maximised size.
 WindowPlace placeOfMainWindow(const QMainWindow& window);
 
 }  // namespace bramblet

@@ -20,7 +20,7 @@ constexpr int kShowEvery = 40;  // milliseconds
 constexpr int kBarSteps = 1000;
 constexpr int kBarHeight = 8;
 
-/// Stands in the place of the file list during a run.
+/// Stands in for the file list during a run.
 QLabel* runningNote(const QString& text) {
     auto* note = new QLabel(text);
     note->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -107,7 +107,7 @@ QLayout* BackupDialog::makeFolders() {
     source_ = new QLabel;
     source_->setObjectName(QStringLiteral("Backuplist"));
     source_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    source_->setMinimumWidth(1);  // a long path is cut rather than the window widened
+    source_->setMinimumWidth(1);  // a long path is cut off rather than widening the window
     source_->setToolTip(tr("The folder that is copied from."));
     target_ = new QLineEdit;
     target_->setObjectName(QStringLiteral("BackUpTarget"));
@@ -211,13 +211,13 @@ void BackupDialog::showNames() {
         names.append(pathToQt(name));
     if (names != names_->stringList()) names_->setStringList(names);
     if (!list_->currentIndex().isValid()) return;
-    // The file that a run has come to is past.
+    // After a run, no file is the current one.
     list_->setCurrentIndex({});
     list_->scrollToTop();
 }
 
-/// During a run the window is repainted now and then only. It takes clicks before every file that
-/// is copied or compared, and now and then while the files are listed and counted.
+/// During a run the window is repainted only now and then. It takes clicks before every file that
+/// is copied or compared, and now and then while the files are being listed and counted.
 void BackupDialog::showRun() {
     const bool began = run_->isEnabled();
     const bool due = lastShown_.elapsed() >= kShowEvery;

@@ -1,4 +1,4 @@
-// The windows for backup and for restoring: two folders, the files, and how far a run has come.
+// The windows for backing up and restoring: two folders, the files, and how far a run has got.
 #pragma once
 
 #include "core/backup/backup.h"
@@ -22,7 +22,7 @@ class BackupDialog : public QDialog {
     BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent);
     ~BackupDialog() override;
 
-    /// A run is stopped before its next file.
+    /// Stops a run before its next file.
     void reject() override;
 
   private:

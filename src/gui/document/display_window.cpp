@@ -29,7 +29,7 @@ constexpr double kLargestZoom = 4;
 constexpr int kPaperMargin = 36;  // of the sheet, at its own size
 constexpr int kDeskMargin = 18;   // around the sheet
 
-/// The paper of the region, with margins of half an inch.
+/// The region's paper size, with margins of half an inch.
 QPageLayout usualPage() {
     const bool imperial = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
     const QPageSize paper(imperial ? QPageSize::Letter : QPageSize::A4);
@@ -46,7 +46,7 @@ class DisplayWindow::Desk : public QTextBrowser {
         setFrameShape(QFrame::NoFrame);
         setLineWrapMode(FixedPixelWidth);
         setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-        // The paper is white and its ink black, whatever the theme.
+        // Paper is white and ink black, whatever the theme.
         QPalette paper = palette();
         paper.setColor(QPalette::Base, Qt::white);
         paper.setColor(QPalette::Text, Qt::black);
@@ -56,7 +56,7 @@ class DisplayWindow::Desk : public QTextBrowser {
     /// Puts the sheet in the middle, with the desk around and below it.
     void place(int formWidth) {
         setLineWrapColumnOrWidth(formWidth);
-        // Lines between cells may take up a pixel more, which is not worth a scroll bar.
+        // The lines between cells may need a pixel more, which is not worth a scroll bar.
         const QSize sheet(qCeil(document()->size().width()), qRound(document()->size().height()));
         const int room = width() - verticalScrollBar()->sizeHint().width();
         const int left = qMax(kDeskMargin, (room - sheet.width()) / 2);
@@ -172,7 +172,7 @@ void DisplayWindow::setZoom(double zoom) {
     sheet_->setDocumentMargin(kPaperMargin * zoom_);
     sheet_->show(document_, zoom_, devicePixelRatioF());
     placePaper();
-    browser_->moveCursor(QTextCursor::Start);  // which would else be brought into view
+    browser_->moveCursor(QTextCursor::Start);  // or else it would be scrolled into view
     browser_->verticalScrollBar()->setValue(place);
 }
 
@@ -185,7 +185,7 @@ bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel) {
         const auto* wheel = static_cast<QWheelEvent*>(event);
         if (wheel->modifiers().testFlag(Qt::ControlModifier)) {
-            // A touch pad turns by small parts of a step.
+            // A touch pad scrolls by small fractions of a step.
             turned_ += wheel->angleDelta().y();
             if (qAbs(turned_) < QWheelEvent::DefaultDeltasPerStep) return true;
             setZoom(turned_ > 0 ? zoom_ * kZoomStep : zoom_ / kZoomStep);

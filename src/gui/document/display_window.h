@@ -16,9 +16,9 @@ class DisplayWindow : public QMainWindow {
   public:
     DisplayWindow(OrderViewer& viewer, QWidget* parent);
 
-    /// Opens the settings dialog; `rewrite` writes and shows the document anew.
+    /// Opens the settings dialog; `rewrite` writes the document again and shows it.
     std::function<void(std::function<void()> rewrite)> openConfiguration;
-    /// Opens an address of a link in the default browser.
+    /// Opens a link's address in the default browser.
     std::function<void(const std::string& target)> runBrowser;
 
     /// Shows the document as it is now.
@@ -44,7 +44,7 @@ class DisplayWindow : public QMainWindow {
     Desk* browser_;
     std::string document_;
     double zoom_;
-    int turned_ = 0;  ///< of the wheel since the last step, in eighths of a degree
+    int turned_ = 0;  ///< by the wheel since the last step, in eighths of a degree
 };
 
 }  // namespace bramblet

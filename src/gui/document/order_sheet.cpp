@@ -24,8 +24,8 @@ namespace {
 
 constexpr double kPixelsPerInch = 96;
 constexpr double kPointsPerInch = 72;
-// A picture of more dots than a page scanned at 600 dots per inch is none for a letterhead, and a
-// small file may hold one that fills the memory.
+// A picture with more dots than a page scanned at 600 dots per inch is no letterhead, and a small
+// file may hold one that fills the memory.
 constexpr qint64 kMostDots = 40'000'000;
 constexpr double kMostDotsShown = 16'000'000;
 constexpr double kTouch = .5;            // pixels by which two things may touch
@@ -52,13 +52,13 @@ void OrderSheet::layOut(const std::string& document, Medium medium) {
     QFont base(toQt(page_.fontFace));
     base.setStyleHint(QFont::SansSerif);
     base.setPixelSize(page_.fontSize);
-    // Every letter by itself, so that a PDF holds "office" and no ligatures: letters that are
-    // spaced, be it by nothing, are not joined.
+    // Each letter stands by itself, so that a PDF holds "office" and no ligatures: letters with
+    // spacing, even spacing of nothing, are not joined.
     base.setLetterSpacing(QFont::PercentageSpacing, 100);
     setDefaultFont(base);
     const double margins = 2 * documentMargin();
     clear();
-    setTextWidth(page_.width + margins);  // first, so that it is laid out once
+    setTextWidth(page_.width + margins);  // first, so that it is laid out only once
     setHtml(html(medium));
     fitHeading();
     const double needed = size().width() - margins;
@@ -78,7 +78,7 @@ QString OrderSheet::html(Medium medium) {
     return before + tag + toQt(page_.html.substr(graphic.place + graphic.length));
 }
 
-/// In place of a top graphic that is not there: what to do about it.
+/// Shown in place of a missing top graphic: what to do about it.
 QString OrderSheet::hint() const {
     const QString name = toQt(page_.topGraphic->name).trimmed().toHtmlEscaped();
     const QString what = name.isEmpty() ? tr("No top graphic is chosen.")
@@ -103,7 +103,7 @@ bool OrderSheet::print(const std::string& document, const PictureSource& picture
 
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette.setColor(QPalette::Text, Qt::black);
-    // The line between two rows closes one page and, drawn once more, opens the next.
+    // The line between two rows closes one page and, drawn again, opens the next.
     constexpr double kLine = 1;
     const auto breaks = pageBreaks(sheet, paper.height() / reduction - 2 * kLine);
     sheet.divideParagraphs(breaks);
@@ -120,7 +120,7 @@ bool OrderSheet::print(const std::string& document, const PictureSource& picture
         const QRectF part(QPointF(-kLine, from.at),
                           QPointF(sheet.formWidth() + kLine, breaks[i + 1].at));
         painter.setClipRect(part.adjusted(0, -kLine, 0, 0));
-        // Lines that only touch the part belong to another page; they would be in a PDF's text.
+        // Lines that only touch the part belong to another page, but would be in a PDF's text.
         context.clip = part.adjusted(0, kTouch, 0, -kTouch);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         sheet.documentLayout()->draw(&painter, context);
@@ -131,8 +131,8 @@ bool OrderSheet::print(const std::string& document, const PictureSource& picture
     return painter.end();
 }
 
-/// Makes paragraphs that go on on another page two. The text engine draws whole lines of a
-/// paragraph beyond the part that is asked for; out of sight, but in a PDF's text.
+/// Splits in two each paragraph that runs on to another page. The text engine draws whole lines of
+/// a paragraph beyond the part asked for; they are out of sight, but in a PDF's text.
 void OrderSheet::divideParagraphs(const std::vector<PageBreak>& breaks) {
     std::vector<int> places;
     for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
@@ -157,7 +157,7 @@ void OrderSheet::divideParagraph(int place) {
     QTextBlockFormat upper = cursor.blockFormat();
     QTextBlockFormat lower = upper;
     lower.setTopMargin(0);
-    lower.setObjectIndex(-1);  // it is no entry of a list by itself
+    lower.setObjectIndex(-1);  // it is not a list entry of its own
     upper.setBottomMargin(0);
     if (characterAt(place - 1) == QChar::LineSeparator) cursor.deletePreviousChar();
     cursor.insertBlock(lower);
@@ -196,7 +196,7 @@ QImage OrderSheet::load(const QString& file) const {
     const double width = picture.width();
     const double height = picture.height();
     const double shown = qMin(zoom_, qMin(roomFor(file) / width, kHighestPicture * zoom_ / height));
-    // As many dots as the screen has, and no more than once made fewer or more.
+    // As many dots as the screen has, resampled no more than once.
     const double most = std::sqrt(kMostDotsShown / (width * height));
     const double dots = qMin(most, dotsPerPixel_ > 0 ? shown * dotsPerPixel_ : 1);
     if (dots != 1) {
@@ -207,7 +207,7 @@ QImage OrderSheet::load(const QString& file) const {
     return picture;
 }
 
-/// The width that a picture may have: that of the form, less the heading beside a top graphic.
+/// The width that a picture may have: the form's, less the heading beside a top graphic.
 double OrderSheet::roomFor(const QString& file) const {
     if (!page_.topGraphic || toQt(page_.topGraphic->name) != file) return page_.width;
     constexpr double kAround = 12;
@@ -215,7 +215,7 @@ double OrderSheet::roomFor(const QString& file) const {
     return page_.width - heading - kAround * zoom_;
 }
 
-/// What the heading takes at its full size, in the form's font.
+/// The heading's width at full size, in the form's font.
 double OrderSheet::headingWidth() const {
     QFont font = defaultFont();
     font.setPixelSize(qMax(1, page_.headingSize));

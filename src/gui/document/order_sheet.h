@@ -1,5 +1,4 @@
-// The order document laid out as a sheet of paper: the same layout is shown on the screen and
-// printed.
+// The order document laid out as a sheet of paper, with the same layout on the screen and in print.
 #pragma once
 
 #include "core/document/display_html.h"
@@ -17,7 +16,7 @@ class QPagedPaintDevice;
 
 namespace bramblet {
 
-/// Gives the bytes of a picture of the data folder by its name; empty when there is none.
+/// Gives the bytes of a named picture in the data folder; empty when there is none.
 using PictureSource = std::function<std::string(const std::string& name)>;
 
 class OrderSheet : public QTextDocument {
@@ -25,22 +24,22 @@ class OrderSheet : public QTextDocument {
   public:
     explicit OrderSheet(PictureSource pictures, QObject* parent = nullptr);
 
-    /// Lays a document (code page text) out for the screen, at `zoom` times its size, in pixels of
+    /// Lays out a document (code page text) for the screen, at `zoom` times its size, in pixels of
     /// 1/96 inch that the screen shows with `dotsPerPixel` dots each way. Where the top graphic is
-    /// missing a line says so, which is not printed.
+    /// missing, a note says so, which is not printed.
     void show(const std::string& document, double zoom, double dotsPerPixel = 1);
 
-    /// Width of the form at this zoom: as set, or what its content needs when that is more.
+    /// Width of the form at this zoom: as set, or what its content needs if that is more.
     int formWidth() const { return page_.width; }
 
-    /// Prints a document with the device's margins, reduced when the form is wider than the page.
-    /// False when the device could not be used.
+    /// Prints a document within the device's margins, reduced if the form is wider than the page.
+    /// False if the device could not be used.
     static bool print(const std::string& document, const PictureSource& pictures,
                       QPagedPaintDevice& device);
 
   protected:
     /// Pictures come from the data folder alone, and nothing else is ever loaded. There is always
-    /// an answer, since for an empty one the text engine would try to open the name itself.
+    /// an answer, since given an empty one the text engine would try to open the name itself.
     QVariant loadResource(int type, const QUrl& name) override;
 
   private:
@@ -60,7 +59,7 @@ class OrderSheet : public QTextDocument {
     DisplayPage page_;
     double zoom_ = 1;
     double dotsPerPixel_ = 1;        ///< of the screen; 0 on paper, which has more than any picture
-    QHash<QString, QImage> loaded_;  ///< pictures at this zoom, null for those that there are not
+    QHash<QString, QImage> loaded_;  ///< pictures at this zoom, null for missing ones
 };
 
 }  // namespace bramblet

@@ -11,10 +11,10 @@
 namespace bramblet {
 namespace {
 
-/// Half the space between the texts of two rows, where the line between them is.
+/// Half the space between the texts of two rows; the line between them is in the middle.
 constexpr double kRowMargin = 3;
 
-/// What should not be cut by the end of a page, from top to bottom, with the line above it.
+/// Something that a page end should not cut, from top to bottom, with the line above it.
 struct Span {
     double top;
     double bottom;
@@ -32,7 +32,7 @@ class Spans {
         separateRows();
     }
 
-    /// The latest place where a page of this height that begins at `start` may end.
+    /// The latest place at which a page of this height that begins at `start` may end.
     PageBreak pageEnd(double start, double height) const {
         PageBreak end{start + height};
         for (const auto* spans : {&rows_, &lines_}) {
@@ -43,7 +43,7 @@ class Spans {
     }
 
   private:
-    /// Of the spans that would be cut at a place, and that fit a page, the one that begins first.
+    /// Of the spans that fit a page and would be cut at `at`, the one that begins first.
     static const Span* highestCut(const std::vector<Span>& spans, double start, double at,
                                   double height) {
         const auto beginsBehind = [](double place, const Span& span) { return place < span.top; };
@@ -60,7 +60,7 @@ class Spans {
                          [](const Span& a, const Span& b) { return a.top < b.top; });
     }
 
-    /// The last row of a table and the first one of a table close below it must not both be cut.
+    /// The last row of a table and the first row of another close below must not both be cut.
     void separateRows() {
         for (std::size_t i = 1; i < rows_.size(); ++i) {
             Span& upper = rows_[i - 1];
@@ -92,7 +92,8 @@ class Spans {
         }
     }
 
-    /// From the top of a row's texts to the end of the longest one, and across its lined cells.
+    /// From the top of a row's texts to the end of the longest, and across the cells with a line
+    /// above.
     Span textOf(const QTextTable& table, int row) const {
         Span span{std::numeric_limits<double>::max(), 0};
         for (int column = 0; column < table.columns(); ++column) {
@@ -120,7 +121,7 @@ class Spans {
     }
 
     const QAbstractTextDocumentLayout& layout_;
-    // From top to bottom.
+    // Both from top to bottom.
     std::vector<Span> rows_;
     std::vector<Span> lines_;
 };

@@ -1,5 +1,5 @@
-// The boxes of the free-text fields: what happens in one goes to the histories, and what the order
-// and the histories hold is shown.
+// The boxes of the free-text fields: they pass what is done in them to the histories, and show what
+// the order and the histories hold.
 #pragma once
 
 #include "core/history/field_histories.h"
@@ -14,10 +14,10 @@ class HistoryBoxes {
     HistoryBoxes(FieldHistories& histories, const OpenOrder& open)
         : histories_(histories), open_(open) {}
 
-    /// The box for a field of the histories.
+    /// The box for a field that has a history.
     HistoryBox* make(OrderField field, const QString& accessibleName);
 
-    /// In an address box, forgetting deletes from the address book.
+    /// Forgetting an entry of an address box deletes it from the address book.
     void bind(HistoryBox* box, AddressSide side);
 
     void refresh();

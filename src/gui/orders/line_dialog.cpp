@@ -115,7 +115,7 @@ void EditLineDialog::save() {
 }
 
 bool EditLineDialog::eventFilter(QObject* watched, QEvent* event) {
-    // A description is one line on paper however long it is: Enter stores, as in the other boxes.
+    // A description is one line on paper, however long it is: Enter stores, as in the other boxes.
     if (watched == description_ && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {

@@ -16,12 +16,12 @@ class HistoryBox;
 class EditLineDialog : public QDialog {
     Q_OBJECT
   public:
-    /// `units` fill the list of units.
+    /// `units` fills the list of units.
     EditLineDialog(const LineEntry& entry, const std::string& caption,
                    const std::vector<std::string>& units, const RegionalFormats& formats,
                    Prompts& prompts, QWidget* parent);
 
-    /// What Save stored; none before that.
+    /// What Save stored; empty until then.
     const std::optional<LineEntry>& stored() const { return stored_; }
 
   private:

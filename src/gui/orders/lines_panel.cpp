@@ -11,7 +11,7 @@ namespace bramblet {
 namespace {
 
 /// The widths of the grid's headings in characters. The file number travels with its line out of
-/// sight, as the two cells behind the quantity do.
+/// sight, as do the two cells behind the quantity.
 const std::vector<GridColumn> kColumns{
     {8, false}, {}, {}, {11, false}, {36, true}, {12, false}, {13, false}, {},
 };

@@ -26,7 +26,7 @@ class LinesPanel : public QWidget {
     void editCurrentLine();
     void deleteCurrentLine();
 
-    /// Asked before a double-click edits a line: whether the data folder can be used.
+    /// Whether the data folder can be used; asked before a double-click edits a line.
     std::function<bool()> dataAvailable = [] { return true; };
 
     GridView* grid() const { return grid_; }

@@ -1,5 +1,5 @@
-// Boxes of the windows that stand for fields of the order: what is typed into one goes to the
-// editor, and what the order holds is shown.
+// Boxes that stand for fields of the order: what is typed into them goes to the editor, and what
+// the order holds is shown.
 #pragma once
 
 #include "core/orders/order_editor.h"

@@ -155,8 +155,8 @@ QLineEdit* OrderPanel::dateBox(const char* name, OrderField field, const QString
     return box;
 }
 
-/// A date that is still being typed is no date yet: it is marked when its box is left, and at once
-/// when a save has met it.
+/// A date that is still being typed is not judged yet: a bad one is marked when its box is left, or
+/// at once when a save has refused it.
 void OrderPanel::markDates() {
     for (const DateBox& date : dates_) {
         const bool typing = date.box->hasFocus() && !open_.dateRefused;

@@ -1,4 +1,4 @@
-// The upper band of the main window: number, kind and dates of the order, its two addresses, terms
+// The upper band of the main window: the order's number, kind and dates, its two addresses, terms
 // and comments.
 #pragma once
 

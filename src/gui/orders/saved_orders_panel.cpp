@@ -16,8 +16,8 @@ const std::vector<GridColumn> kColumns{
     {12, false}, {12, false}, {14, false}, {12, false}, {14, false}, {7, false},
 };
 
-/// The colour of a row's first cell: red for open requisitions, the button text's for what has
-/// been received, the grid's own for open purchase orders.
+/// The colour of a row's first cell: red for open requisitions, the button text's for orders that
+/// have been received, the grid's own for open purchase orders.
 QColor colourOf(const std::string& status) {
     if (status == "R") return {255, 0, 0};
     if (status == "a" || status == "r") return QApplication::palette().color(QPalette::ButtonText);
@@ -106,7 +106,7 @@ void SavedOrdersPanel::openRow(int row) {
     highlightShownOrder();
 }
 
-/// The order of the row clicked may not have been opened.
+/// The order in the clicked row may not have been opened.
 void SavedOrdersPanel::highlightShownOrder() {
     const int current = grid_->currentRow();
     if (current >= 0 && orders_.number(current) == open_.storedNumber) return;

@@ -10,7 +10,7 @@
 
 namespace bramblet {
 
-/// One line of the column: label, factor box (none where `factor` is null) and amount box.
+/// One line of the column: label, factor box (none if `factor` is null) and amount box.
 struct TotalsPanel::Row {
     const char* label;
     const char* labelName;
@@ -43,8 +43,8 @@ std::vector<TotalsPanel::Row> TotalsPanel::columnRows() {
     };
 }
 
-/// Swaps the tax and shipping rows, so that the column reads in the order in which its amounts are
-/// applied when shipping is taxed.
+/// Swaps the tax and shipping rows: when shipping is taxed, the column then reads in the order in
+/// which its amounts are applied.
 void TotalsPanel::ArrangeTaxAndShippingBoxes(std::vector<Row>& rows) {
     const auto rowOf = [&rows](OrderField amount) {
         return std::find_if(rows.begin(), rows.end(),
@@ -74,7 +74,7 @@ void TotalsPanel::refresh() {
     boxes_.refresh();
 }
 
-/// The tip with its example as the region writes it. Before a comma people write a zero.
+/// The tip with its example written as in the region. Before a decimal comma people write a zero.
 QString TotalsPanel::inRegion(QString tip) const {
     if (formats_.decimalSeparator == ".") return tip;
     static const QRegularExpression decimalPoint(QStringLiteral("\\.(?=\\d)"));

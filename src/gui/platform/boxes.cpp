@@ -60,7 +60,7 @@ void markRefused(QLineEdit* box, bool refused) {
 }
 
 QString linesIn(const QPlainTextEdit* box) {
-    // toPlainText would make no-break blanks plain ones.
+    // toPlainText would turn no-break spaces into ordinary ones.
     QString lines = box->document()->toRawText();
     return lines.replace(QChar::ParagraphSeparator, QLatin1Char('\n'))
         .replace(QChar::LineSeparator, QLatin1Char('\n'));

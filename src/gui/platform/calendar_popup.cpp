@@ -20,7 +20,7 @@ CalendarPopup::CalendarPopup(int firstDayOfWeek, QWidget* parent) : QFrame(paren
     calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar_->setMinimumDate(QDate(100, 1, 1));
     calendar_->setMaximumDate(QDate(9999, 12, 31));
-    // Weekends are days like others to an order; the heading is calm, with the program's arrows.
+    // To an order, weekends are ordinary days; the heading is plain, with the program's arrows.
     QTextCharFormat plain;
     plain.setForeground(palette().text());
     calendar_->setWeekdayTextFormat(Qt::Saturday, plain);
@@ -39,7 +39,7 @@ CalendarPopup::CalendarPopup(int firstDayOfWeek, QWidget* parent) : QFrame(paren
         for (auto* button : bar->findChildren<QToolButton*>())
             button->setPalette(calm);
     }
-    // Beside the month's name; below its last letter it looks like a comma.
+    // The arrow goes beside the month's name; below its last letter it looks like a comma.
     if (auto* month =
             calendar_->findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"))) {
         month->setStyleSheet(
@@ -57,7 +57,7 @@ CalendarPopup::CalendarPopup(int firstDayOfWeek, QWidget* parent) : QFrame(paren
     };
     connect(calendar_, &QCalendarWidget::clicked, this, choose);
     connect(calendar_, &QCalendarWidget::activated, this, [this, choose](QDate date) {
-        if (isVisible()) choose(date);  // the Enter key; a double click has chosen already
+        if (isVisible()) choose(date);  // for the Enter key; a double click has already chosen
     });
 }
 

@@ -11,14 +11,14 @@ class QCalendarWidget;
 
 namespace bramblet {
 
-/// Closes on Escape and on a click elsewhere.
+/// Closes on Escape or a click elsewhere.
 class CalendarPopup : public QFrame {
     Q_OBJECT
   public:
     /// `firstDayOfWeek` is 1 for Monday to 7 for Sunday.
     explicit CalendarPopup(int firstDayOfWeek, QWidget* parent);
 
-    /// Opens under `box` at a day; `chosen` is called with the day that is clicked.
+    /// Opens under `box` at `day`; `chosen` is called with the day that is clicked.
     void openUnder(QWidget* box, DayCount day, std::function<void(DayCount)> chosen);
 
   private:

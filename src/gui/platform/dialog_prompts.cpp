@@ -50,7 +50,7 @@ QMessageBox::StandardButton buttonOf(Answer answer) {
     return QMessageBox::Ok;
 }
 
-/// The answers that a set of buttons offers, in their order; the first is the preset one.
+/// The answers that a set of buttons offers, in order; the first is the default.
 std::vector<Answer> answersOf(Buttons buttons) {
     switch (buttons) {
         case Buttons::Ok:
@@ -72,7 +72,7 @@ std::vector<Answer> answersOf(Buttons buttons) {
 QStringList filtersOf(const FileChoice& choice) {
     QStringList filters;
     for (const auto& filter : choice.filters) {
-        // Some names tell their pattern themselves; and not every file has a dot.
+        // Some names already include their pattern, and not every file has a dot.
         const QString name = toQt(filter.name).section(QLatin1Char('('), 0, 0).trimmed();
         const QString pattern =
             filter.pattern == "*.*" ? QStringLiteral("*") : toQt(filter.pattern);
@@ -81,7 +81,7 @@ QStringList filtersOf(const FileChoice& choice) {
     return filters;
 }
 
-/// "*.sid" gives "sid"; a pattern of all files gives no suffix.
+/// "*.sid" gives "sid"; a pattern for all files gives no suffix.
 QString suffixOf(const FileChoice& choice) {
     if (choice.filters.empty()) return {};
     const QString suffix = toQt(choice.filters.front().pattern).section(QLatin1Char('.'), -1);
@@ -155,7 +155,7 @@ void DialogPrompts::progress(const std::string& what, int done, int total) {
         progress_->setWindowModality(Qt::WindowModal);
         progress_->setMinimumDuration(700);
         progress_->setWindowTitle(QStringLiteral("Bramblet"));
-        // What is under way cannot be left half done.
+        // Work under way cannot be left half done.
         progress_->setWindowFlag(Qt::WindowCloseButtonHint, false);
     }
     progress_->setValue(done);
@@ -170,7 +170,7 @@ std::optional<std::filesystem::path> DialogPrompts::choose(const FileChoice& cho
     dialog.setOption(QFileDialog::ShowDirsOnly, purpose == Purpose::Folder);
     if (purpose == Purpose::Save) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
-        // Whether to replace a file is the flow's own question.
+        // The caller asks whether to replace a file.
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
         dialog.setDefaultSuffix(suffixOf(choice));
     }

@@ -1,4 +1,4 @@
-// The core's questions as real dialogs.
+// Asks the core's questions in real dialogs.
 #pragma once
 
 #include "core/platform/prompts.h"
@@ -16,10 +16,10 @@ class DialogPrompts : public Prompts {
     DialogPrompts();
     ~DialogPrompts() override;
 
-    /// The window above which the dialogs open; none before it exists.
+    /// The window above which the dialogs open; null until it exists.
     void setParent(QWidget* parent) { parent_ = parent; }
 
-    /// Shows a line in the status bar; `lasting` when it tells of a failure.
+    /// Shows a line in the status bar; `lasting` when it reports a failure.
     std::function<void(const std::string& line, bool lasting)> showLine = [](const std::string&,
                                                                              bool) {};
 

@@ -29,7 +29,7 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    // What the core holds may already be shorter than what was shown last.
+    // The core may already hold fewer rows than were last shown.
     if (index.row() >= source_.rows()) return {};
     switch (role) {
         case Qt::DisplayRole:

@@ -1,5 +1,4 @@
-// The model behind the program's grids: texts that the core gives cell by cell, when they are
-// shown.
+// The model behind the program's grids: the core provides each cell's text when it is shown.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -15,17 +14,17 @@ namespace bramblet {
 struct GridHeading {
     QString text;
     bool amount = false;   ///< right-aligned
-    bool centred = false;  ///< stands clear of an amount before it
+    bool centred = false;  ///< kept clear of an amount before it
 };
 
 /// Where a grid's cells come from.
 struct GridSource {
     std::function<int()> rows;
     std::function<std::string(int row, int column)> cell;
-    /// A cell's own text colour; an invalid one for the grid's. May be left out.
+    /// A cell's own text colour, or an invalid one for the grid's. Optional.
     std::function<QColor(int row, int column)> colour = nullptr;
-    /// The widest text of a column whose texts are never to be cut short; empty for the other
-    /// columns. May be left out.
+    /// The widest text of a column whose texts must never be cut short; empty for other columns.
+    /// Optional.
     std::function<std::string(int column)> widest = nullptr;
 };
 

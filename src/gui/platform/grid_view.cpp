@@ -13,8 +13,8 @@ namespace {
 
 constexpr int kCellMargin = 14;
 constexpr int kRowMargin = 8;
-constexpr int kMostFitted = 32;  ///< characters of a text that widens its column
-constexpr int kMostGiven = 3;    ///< the part, a third, that columns give in a narrow view
+constexpr int kMostFitted = 32;  ///< characters up to which a text widens its column
+constexpr int kMostGiven = 3;    ///< in a narrow view, columns give up to a third of their width
 
 }  // namespace
 
@@ -96,7 +96,7 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
-    if (event->reason() != QContextMenuEvent::Keyboard) return;  // the mouse's release does it
+    if (event->reason() != QContextMenuEvent::Keyboard) return;  // the mouse does it on release
     emit menuRequested(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
 }
 
@@ -129,8 +129,8 @@ void GridView::reset() {
     if (!resizedByHand_) layOutColumns();
 }
 
-/// What a heading takes with the mark of the column that the list is sorted by. Qt's own hint for
-/// it knows less of the mark than its drawing takes: half the height, with a margin on both sides.
+/// The width of a heading with the sort mark. Qt's own size hint allows less for the mark than it
+/// takes when drawn: half the height, with a margin on both sides.
 int GridView::headingWidth(int column) const {
     const QHeaderView* header = horizontalHeader();
     const QString text = model()->headerData(column, Qt::Horizontal).toString();
@@ -139,8 +139,8 @@ int GridView::headingWidth(int column) const {
            header->sizeHint().height() / 2 + 1;
 }
 
-/// What a column takes before the view's width is shared out: neither its heading nor the widest of
-/// the texts that are not to be cut short is elided.
+/// The width of a column before the view's width is shared out: enough to elide neither its heading
+/// nor the widest of the texts that must not be cut short.
 int GridView::widthOf(int column) const {
     QString widest = model()->headerData(column, Qt::Horizontal, kWidestTextRole).toString();
     widest.truncate(kMostFitted);
@@ -171,8 +171,8 @@ void GridView::layOutColumns() {
     layingOut_ = false;
 }
 
-/// What the view has left goes to the columns that stretch. They also give what it lacks when that
-/// is little; else the view is scrolled sideways.
+/// Spare width goes to the columns that stretch. If the view is a little too narrow, they shrink to
+/// fit; if it is narrower than that, it scrolls sideways.
 void GridView::shareOut(const std::vector<int>& shown, std::vector<int>& widths) const {
     int left = viewport()->width();
     int characters = 0;  // of the columns that stretch

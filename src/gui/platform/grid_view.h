@@ -1,5 +1,5 @@
-// The table view behind the program's grids: whole rows, columns laid out for the view's width,
-// and every action of the mouse also on the keyboard.
+// The table view behind the program's grids: whole rows, columns laid out to fit the view, and a
+// key for everything that the mouse can do.
 #pragma once
 
 #include <QTableView>
@@ -11,7 +11,7 @@ namespace bramblet {
 /// How a column of a grid is laid out.
 struct GridColumn {
     int characters = 0;  ///< width in characters, if its heading needs no more; 0 hides the column
-    bool stretches = false;  ///< takes a share of what the view has left, or gives of what it lacks
+    bool stretches = false;  ///< takes a share of spare width, and shrinks when there is too little
 };
 
 class GridView : public QTableView {
@@ -21,7 +21,7 @@ class GridView : public QTableView {
 
     void setColumns(const std::vector<GridColumn>& columns);
     int currentRow() const;
-    /// Makes a row current without telling that it has been reached.
+    /// Makes a row current without signalling that it has been reached.
     void showRow(int row);
     /// Leaves no row current.
     void clearCurrentRow();
@@ -37,7 +37,7 @@ class GridView : public QTableView {
     void insertPressed();
     void deletePressed(int row);
     void headingClicked(int column);
-    /// The right button was released (its row has been made current), or the menu key pressed.
+    /// The right button was released (the row under it is now current), or the menu key pressed.
     void menuRequested(const QPoint& globalPosition);
 
   protected:
@@ -54,7 +54,7 @@ class GridView : public QTableView {
     void shareOut(const std::vector<int>& shown, std::vector<int>& widths) const;
     int headingWidth(int column) const;
     int widthOf(int column) const;
-    /// The current row is tinted, more so in the grid that has the focus.
+    /// Tints the current row, more strongly in the grid that has the focus.
     void tintSelection(bool focused);
 
     std::vector<GridColumn> columns_;

@@ -13,7 +13,7 @@
 namespace bramblet {
 namespace {
 
-/// Long lists open at once when every row is known to be as high as the first.
+/// Lets long lists open at once: every row is known to be as high as the first.
 void expectManyRows(QAbstractItemView* view) {
     if (auto* list = qobject_cast<QListView*>(view)) list->setUniformItemSizes(true);
 }
@@ -31,7 +31,7 @@ HistoryBox::HistoryBox(const char* name, const QString& accessibleName)
     setModel(model_);
     setEditable(true);
     setInsertPolicy(NoInsert);
-    // Qt's own handling of a finished edit would pick the entry that matches but for letter case.
+    // Qt's own handling of a finished edit would pick an entry that differs only in letter case.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(8);
@@ -92,7 +92,7 @@ bool HistoryBox::eventFilter(QObject* watched, QEvent* event) {
     return QComboBox::eventFilter(watched, event);
 }
 
-/// Tab takes the suggestion pointed at, as Enter does, and goes on to the next box.
+/// Tab takes the highlighted suggestion, as Enter does, and goes on to the next box.
 bool HistoryBox::takeSuggestion() {
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QApplication::sendEvent(completer()->popup(), &enter);
@@ -100,14 +100,14 @@ bool HistoryBox::takeSuggestion() {
     return true;
 }
 
-/// Forgets the suggestion pointed at; the others stay, with the one that moved up pointed at.
+/// Forgets the highlighted suggestion; the others stay, with the one that moved up highlighted.
 bool HistoryBox::forgetSuggestion() {
     QAbstractItemView* const popup = completer()->popup();
     const int row = popup->currentIndex().row();
     const QString entry = popup->currentIndex().data().toString();
     if (!forget_ || !mayForget_(entry)) return false;
     forget_(entry);
-    completer()->setCompletionPrefix(currentText());  // the list is another one now
+    completer()->setCompletionPrefix(currentText());  // the list has changed
     const int left = currentText().isEmpty() ? 0 : completer()->completionCount();
     if (left == 0) {
         popup->hide();
@@ -124,7 +124,7 @@ void HistoryBox::keyPressEvent(QKeyEvent* event) {
     QComboBox::keyPressEvent(event);
 }
 
-/// The keys and the opened list go on from the entry whose text is shown, if there is one.
+/// The arrow keys and the opened list start from the entry whose text is shown, if there is one.
 void HistoryBox::goToShownEntry() {
     const QString shown = currentText();
     const QSignalBlocker quiet(this);
@@ -132,7 +132,7 @@ void HistoryBox::goToShownEntry() {
     setEditText(shown);
 }
 
-/// Shift+Delete forgets an entry, unless a part of the text is selected, which it cuts as ever.
+/// Shift+Delete forgets an entry, unless only part of the text is selected; then it cuts, as usual.
 bool HistoryBox::takesKey(const QKeyEvent& event) {
     if (!isShiftDelete(event) || !forget_) return false;
     const int row = view()->currentIndex().row();
@@ -143,14 +143,15 @@ bool HistoryBox::takesKey(const QKeyEvent& event) {
     if (!mayForget_(entry)) return false;
     if (entry.isEmpty()) return true;
     forget_(entry);
-    // The open list goes on with the entry that moved up.
+    // In the open list, the highlight goes to the entry that moved up.
     if (open) view()->setCurrentIndex(model()->index(qMin(row, count() - 1), 0));
     return true;
 }
 
 void HistoryBox::focusInEvent(QFocusEvent* event) {
     QComboBox::focusInEvent(event);
-    // The focus lets the line edit show a suggestion that is only pointed at, as if it were taken.
+    // On getting the focus, the line edit begins to show a suggestion that is only highlighted as
+    // if it had been taken.
     disconnect(completer(), qOverload<const QString&>(&QCompleter::highlighted), lineEdit(),
                nullptr);
     onFocus();
@@ -161,7 +162,7 @@ void HistoryBox::contextMenuEvent(QContextMenuEvent* event) {
     openMenu(event->globalPos());
 }
 
-/// The usual menu of a box, in which "Delete" forgets the entry shown.
+/// The usual menu of a box, except that "Delete" forgets the entry shown.
 void HistoryBox::openMenu(const QPoint& place) {
     QMenu* const menu = lineEdit()->createStandardContextMenu();
     menu->setObjectName(QStringLiteral("EditPop"));

@@ -11,29 +11,29 @@ class QStringListModel;
 
 namespace bramblet {
 
-/// The list never changes what is typed: entries that match are offered below the box and taken
-/// only when chosen. Only a choice from the list sends `activated`; the mouse wheel passes over a
-/// closed box.
+/// The list never changes what is typed: matching entries are offered below the box and taken only
+/// when chosen. Only a choice from the list sends `activated`; a closed box ignores the mouse
+/// wheel.
 class HistoryBox : public QComboBox {
     Q_OBJECT
   public:
     HistoryBox(const char* name, const QString& accessibleName);
 
-    /// The box got the focus; its list is about to open.
+    /// Called when the box gets the focus, and when its list is about to open.
     std::function<void()> onFocus = [] {};
     std::function<void()> onDropDown = [] {};
 
-    /// Makes "Delete" of the pop-up menu, and Shift+Delete, forget an entry: the one shown, or the
-    /// one pointed at in the open list or among the suggestions. Where `mayForget` says no, both
+    /// Makes "Delete" in the pop-up menu, and Shift+Delete, forget an entry: the one shown, or the
+    /// one highlighted in the open list or among the suggestions. Where `mayForget` says no, both
     /// do what they do in any box.
     void setForget(
         std::function<void(const QString& entry)> forget,
         std::function<bool(const QString& entry)> mayForget = [](const QString&) { return true; });
 
-    /// What the list offers. The text shown stays.
+    /// Sets what the list offers. The text shown stays.
     void setEntries(const std::vector<std::string>& entries);
 
-    /// Puts a text into the box, leaving the cursor where it was. No signal of an edit is sent.
+    /// Puts a text into the box, leaving the cursor where it was. Sends no editing signal.
     void showText(const std::string& text);
 
     void showPopup() override;

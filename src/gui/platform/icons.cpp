@@ -9,8 +9,8 @@
 namespace bramblet {
 namespace {
 
-/// Strokes on a field of 16 by 16: "M x y" moves, "L x y" draws a line, "Q x y x y" a curve with
-/// one control point, "O x y r" a circle.
+/// Strokes on a 16 by 16 grid: "M x y" moves, "L x y" draws a line, "Q x y x y" a curve with one
+/// control point, "O x y r" a circle.
 const char* strokesOf(Drawing drawing) {
     switch (drawing) {
         case Drawing::New:
@@ -115,7 +115,7 @@ SignLook lookOf(Sign sign) {
     return {"", "#000000"};
 }
 
-/// An icon that is drawn on a field of 16 by 16, at whatever size it is wanted.
+/// An icon drawn on a 16 by 16 grid, at whatever size is wanted.
 class PaintedIcon : public QIconEngine {
   public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {

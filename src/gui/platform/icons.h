@@ -28,7 +28,7 @@ enum class Drawing {
     Close
 };
 
-/// The signs of message boxes: white on a disc of their colour.
+/// The signs of message boxes: white on a coloured disc.
 enum class Sign { Information, Question, Warning, Critical };
 QIcon icon(Sign sign);
 

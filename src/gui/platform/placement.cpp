@@ -6,11 +6,11 @@
 namespace bramblet {
 namespace {
 
-// What title bar and borders take. Their true size is known only when the window is on the screen.
+// Room for title bar and borders. Their true size is known only once the window is on the screen.
 constexpr int kTitle = 40;
 constexpr int kBorder = 20;
 
-/// `wanted`, or the nearest place to it from `first` to `last`.
+/// The place from `first` to `last` that is nearest to `wanted`.
 int nearest(int first, int wanted, int last) {
     return qMax(first, qMin(wanted, last));
 }

@@ -1,4 +1,4 @@
-// Where further windows come up.
+// Where further windows open.
 #pragma once
 
 class QSize;
@@ -6,8 +6,8 @@ class QWidget;
 
 namespace bramblet {
 
-/// Gives a window its size, as far as its screen has room for it, and a place over the middle of
-/// its parent where nothing of it, title bar included, lies outside the screen.
+/// Gives a window its size, as far as its screen has room for it, and centres it over its parent,
+/// or as near to that as keeps all of it, title bar included, on the screen.
 void placeOverParent(QWidget& window, const QSize& size);
 
 }  // namespace bramblet

@@ -1,4 +1,4 @@
-// Between the core's code page texts and Qt's.
+// Converts between the core's code page texts and Qt's.
 #pragma once
 
 #include <QString>
@@ -9,15 +9,15 @@
 namespace bramblet {
 
 QString toQt(const std::string& text);
-/// One line of text: composed letters first, then by the code page; what it lacks becomes "?",
-/// and pasted line breaks, tabs and other control characters become blanks.
+/// One line of text: letters are composed, then converted to the code page. What it lacks becomes
+/// "?"; pasted line breaks, tabs and other control characters become spaces.
 std::string fromQt(const QString& text);
 
-/// Texts of several lines: CR LF in the core, LF in Qt's boxes.
+/// Text of several lines: CR LF in the core, LF in Qt's boxes.
 QString linesToQt(const std::string& text);
 std::string linesFromQt(const QString& text);
 
-/// A path as it is shown, and one that was typed or chosen.
+/// A path for display, and one that was typed or chosen.
 QString pathToQt(const std::filesystem::path& path);
 std::filesystem::path pathFromQt(const QString& text);
 

@@ -13,8 +13,8 @@
 namespace bramblet {
 namespace {
 
-// The wide forms of the message, which the compiler's own header does not have. The layout is that
-// of the narrow ones, with wide texts.
+// The wide forms of the message, which the compiler's own header lacks. Their layout is that of the
+// narrow ones, with wide texts.
 struct WideFile {
     ULONG reserved;
     ULONG flags;
@@ -42,7 +42,7 @@ static_assert(sizeof(WideMessage) == sizeof(MapiMessage));
 
 using SendWide = ULONG(WINAPI*)(LHANDLE, ULONG_PTR, WideMessage*, FLAGS, ULONG);
 
-// The attachments do not stand at a place in the text.
+// The attachments have no place in the text.
 constexpr ULONG kNoPlace = 0xFFFFFFFF;
 constexpr FLAGS kHow = MAPI_LOGON_UI | MAPI_DIALOG;
 

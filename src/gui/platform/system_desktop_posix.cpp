@@ -8,15 +8,14 @@
 namespace bramblet {
 namespace {
 
-// Milliseconds. A tool that answers a question is quick; one that is to open something may turn
-// into the program that it opens.
+// Milliseconds. A tool that answers a question is quick; one that opens something may turn into the
+// program that it opens.
 constexpr int kAnswerPatience = 8000;
 constexpr int kOpenPatience = 1500;
-// Exit code of the xdg tools when a program that they need is missing.
+// Exit code of the xdg tools when a program they need is missing.
 constexpr int kToolMissing = 3;
 
-/// A tool that is run to its end, or for as long as the patience lasts, the windows alive
-/// meanwhile.
+/// A tool run to its end, or until our patience runs out; the windows stay alive meanwhile.
 class Tool {
   public:
     Tool(const char* name, const QStringList& arguments) : process_(new QProcess) {
@@ -25,7 +24,7 @@ class Tool {
         process_->setArguments(arguments);
     }
 
-    /// What it writes; empty when it fails.
+    /// What it writes; empty if it fails.
     QString answer() {
         QObject::connect(process_, &QProcess::readyReadStandardOutput, &receiver_, [this] {
             output_ += QString::fromUtf8(process_->readAllStandardOutput());
@@ -35,8 +34,8 @@ class Tool {
         return succeeded() ? output_ : QString();
     }
 
-    /// It and what it opens live on without us: nothing connects the two, and a process that still
-    /// runs is never waited for again nor ended with this program.
+    /// The tool and what it opens live on without us: nothing connects them to this program, and a
+    /// process that is still running is never waited for again, nor ended with this program.
     void open() {
         process_->setStandardInputFile(QProcess::nullDevice());
         process_->setStandardOutputFile(QProcess::nullDevice());
@@ -65,8 +64,8 @@ class Tool {
         loop.exec(QEventLoop::ExcludeUserInputEvents);
     }
 
-    QProcess* process_;  ///< its own owner, for it may outlive the tool's use
-    QObject receiver_;   ///< ends with the tool's use, and with it what is connected
+    QProcess* process_;  ///< owns itself, since it may outlive the Tool
+    QObject receiver_;   ///< goes with the Tool, and its connections with it
     bool started_ = false;
     int exitCode_ = 0;
     QString output_;

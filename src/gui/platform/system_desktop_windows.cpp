@@ -19,9 +19,9 @@ std::wstring quoted(const std::wstring& text) {
     return L'"' + text + L'"';
 }
 
-/// Starts a program, or opens a file with the one that belongs to it, in a normal window.
+/// Starts a program, or opens a file with its associated program, in a normal window.
 bool shellOpen(const std::wstring& what, const std::wstring& parameters) {
-    constexpr INT_PTR kLastFault = 32;  // the shell answers with a number up to this on failure
+    constexpr INT_PTR kLastFault = 32;  // on failure the shell returns a number up to this
     const HINSTANCE result =
         ::ShellExecuteW(nullptr, L"open", what.c_str(),
                         parameters.empty() ? nullptr : parameters.c_str(), nullptr, SW_SHOWNORMAL);
@@ -57,7 +57,7 @@ MailResult SystemDesktop::compose(const Mail& mail) {
 
 bool SystemDesktop::openHelpFile(const std::filesystem::path& path) {
     // Current systems carry a stub of this name, which only says on a web page that there is no
-    // viewer. It is a tenth of the real one's size.
+    // viewer. It is a tenth of the real viewer's size.
     constexpr qint64 kSmallestViewer = 64 * 1024;
     std::array<wchar_t, MAX_PATH + 1> viewer{};
     const DWORD length = ::SearchPathW(nullptr, L"WINHLP32.EXE", nullptr,

@@ -14,7 +14,7 @@ bool inCodePage(const QString& text) {
     return toQt(fromQt(text)) == text;
 }
 
-/// Without the marks that only direct how a text is laid out from right to left.
+/// Without the marks that only control right-to-left layout.
 QString withoutMarks(QString text) {
     text.removeIf([](QChar c) { return c.category() == QChar::Other_Format; });
     return text;
@@ -33,8 +33,8 @@ QString withPlainDigits(const QString& text) {
     return plain;
 }
 
-/// A separator of the locale in the code page: every kind of blank is the no-break blank there,
-/// and one that it lacks is `otherwise`.
+/// A separator of the locale in the code page: any kind of space becomes the no-break space, and
+/// anything that the code page lacks becomes `otherwise`.
 std::string separator(const QString& text, const char* otherwise) {
     if (text.isEmpty()) return {};
     if (text.trimmed().isEmpty()) return "\xA0";
@@ -44,12 +44,12 @@ std::string separator(const QString& text, const char* otherwise) {
 std::string currencySign(const QLocale& locale) {
     QString sign = locale.currencySymbol(QLocale::CurrencySymbol);
     sign.replace(QChar(0xFFE5), QChar(0xA5));  // the full-width yen sign
-    // A currency without a sign of its own goes by its three letters.
+    // A currency without a sign in the code page goes by its three letters.
     if (sign.isEmpty() || !inCodePage(sign)) sign = locale.currencySymbol(QLocale::CurrencyIsoCode);
     return sign.isEmpty() ? "$" : fromQt(sign);
 }
 
-/// Decimals of a currency; the locale writes them out in an amount of its own.
+/// A currency's number of decimals, counted in an amount that the locale writes out.
 int currencyDecimals(const QLocale& locale) {
     const QString amount = withPlainDigits(locale.toCurrencyString(1.0));
     const auto point = amount.lastIndexOf(locale.decimalPoint());
@@ -60,7 +60,7 @@ int currencyDecimals(const QLocale& locale) {
     return decimals;
 }
 
-/// What the locale writes around the digits of an amount, with its sign as the code page has it.
+/// What the locale writes around the digits of an amount, with the currency sign as `sign` has it.
 struct Around {
     std::string prefix;
     std::string suffix;
@@ -108,7 +108,7 @@ std::string shortDate(const QLocale& locale) {
     pattern.replace(monthName, QStringLiteral("MM"));
     static const QRegularExpression dayName(QStringLiteral("ddd+[,. ]*"));
     pattern.remove(dayName);
-    // An era or anything else but digits and separators would not be read back.
+    // An era, or anything but digits and separators, could not be read back.
     static const QRegularExpression plain(QStringLiteral("^[dMy/.\\- ]+$"));
     return plain.match(pattern).hasMatch() ? fromQt(pattern) : "yyyy-MM-dd";
 }

@@ -7,12 +7,12 @@
 
 namespace bramblet {
 
-/// The formats of a locale. A sign that the code page lacks is replaced: a blank by the no-break
-/// blank, a currency's sign by its three letters. Years are always written with four digits, since
+/// The formats of a locale. A sign that the code page lacks is replaced: a space by the no-break
+/// space, a currency's sign by its three letters. Years are always written with four digits, since
 /// a date must mean the same when it is read back.
 RegionalFormats regionalFormats(const QLocale& locale);
 
-/// The formats of the system's locale; those of en_US where none is set.
+/// The formats of the system's locale, or of en_US where none is set.
 RegionalFormats systemRegionalFormats();
 
 }  // namespace bramblet

@@ -63,7 +63,7 @@ QPalette paletteOf(const Colours& colours) {
 constexpr int kRowAir = 6;      // between the rows of a list
 constexpr int kButtonAir = 14;  // beside a button's caption
 
-/// Fusion with more air in grids, lists and buttons, and signs of our own.
+/// Fusion with more room in grids, lists and buttons, and signs of our own.
 class RoomyStyle : public QProxyStyle {
   public:
     RoomyStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -80,19 +80,19 @@ class RoomyStyle : public QProxyStyle {
         const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
         if (type == CT_ItemViewItem) return size + QSize(0, kRowAir);
         if (type != CT_PushButton) return size;
-        // Buttons with a short caption have air enough from their least width.
+        // Buttons with a short caption have room enough from their minimum width.
         const int wanted = contents.width() + 2 * kButtonAir;
         return size.expandedTo(QSize(wanted, 0));
     }
 
-    /// A light edge makes what is disabled stand out on a dark window.
+    /// Not etched: the light edge would make disabled text stand out on a dark window.
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override {
         if (hint == SH_EtchDisabledText) return 0;
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
 
-    /// Fusion's outlines are darker than the window, which hides unchecked boxes on dark ones.
+    /// Fusion's outlines are darker than the window, which hides unchecked boxes on a dark one.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
         QProxyStyle::drawPrimitive(element, option, painter, widget);

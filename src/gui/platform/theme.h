@@ -1,4 +1,4 @@
-// The look: one palette for light and one for dark, over Qt's own style.
+// The look: a light and a dark palette, over Qt's own style.
 #pragma once
 
 class QApplication;
@@ -17,7 +17,7 @@ void applyTheme(QApplication& application, Theme theme);
 /// The thin lines around panels, in the colours of the theme applied last.
 QColor borderColour();
 
-/// The ground of a box whose text cannot be taken.
+/// The background of a box whose text cannot be accepted.
 QColor refusedColour();
 
 }  // namespace bramblet

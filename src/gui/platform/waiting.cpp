@@ -38,7 +38,7 @@ bool isInput(QEvent::Type type) {
     }
 }
 
-/// Keeps input away while it lives, and shows the pointer that says so.
+/// Holds input back while it lives, and shows the busy pointer.
 class InputHeld {
   public:
     explicit InputHeld(QObject& filter) : filter_(filter) {
@@ -73,7 +73,7 @@ void Waiting::waitForFile(const FileError& error) {
     }
     letASecondPass();
     // Once the command has ended and the program is idle again, the notice goes, and the next
-    // command waits anew.
+    // command starts waiting afresh.
     QTimer::singleShot(0, this, [this] {
         if (waiting_) return;
         givenUp_ = false;

@@ -1,5 +1,5 @@
-// Waiting without looking dead: while a file is held by someone else, or a second has to pass, the
-// windows repaint, a line in the status bar tells what is waited for, and no other input is taken.
+// Waiting without looking dead: while someone else holds a file, or a second has to pass, the
+// windows repaint, a line in the status bar says what is awaited, and no other input is accepted.
 #pragma once
 
 #include "core/platform/fault.h"
@@ -16,7 +16,7 @@ namespace bramblet {
 
 class Waiting : public QObject {
   public:
-    /// What the waiting shows itself in: a line of text and a button that ends it.
+    /// Where the waiting is shown: a line of text and a button that ends it.
     struct Notice {
         std::function<void(const std::string& line)> show;
         std::function<void()> hide;
@@ -24,8 +24,8 @@ class Waiting : public QObject {
     };
     void setNotice(Notice notice);
 
-    /// Waits a second for the file that the error names; throws the error when the user has
-    /// pressed the stop button or Escape, and from then on until the command has ended.
+    /// Waits a second for the file that the error names. Throws the error once the user has pressed
+    /// the stop button or Escape, and from then on until the command has ended.
     void waitForFile(const FileError& error);
 
     /// Lets a second pass.
@@ -34,7 +34,7 @@ class Waiting : public QObject {
     bool isWaiting() const { return waiting_ != nullptr; }
 
   protected:
-    /// Keeps input from all windows while waiting, but for the stop button.
+    /// While waiting, keeps input from everything but the stop button.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

@@ -33,7 +33,7 @@ class ConfigDialog : public QDialog {
     QCheckBox* checkBox(const char* name, const QString& caption, FlagField field);
     QPushButton* button(const char* name, const QString& caption, const QString& tip,
                         Command command);
-    /// A row of a number with the buttons that step it and bring its default back.
+    /// A row for a number, with the buttons that step it and restore its default.
     void addStepper(QFormLayout* form, const QString& label, QLineEdit* box,
                     const std::array<QPushButton*, 3>& buttons);
     void chooseGraphic();

@@ -117,7 +117,7 @@ void PictureDialog::showFolder() {
     loadPicture();
 }
 
-/// The drive, or the folder among the drives, that the folder shown lies under.
+/// Shows the drive, or the folder listed among the drives, that the folder shown lies under.
 void PictureDialog::showDrive() {
     int best = -1;
     for (int i = 0; i < drives_->count(); ++i) {
@@ -147,7 +147,7 @@ void PictureDialog::loadPicture() {
     showPicture();
 }
 
-/// Shows the picture, made smaller where there is no room for it as it is.
+/// Shows the picture, reduced if there is no room for it at full size.
 void PictureDialog::showPicture() {
     const QSize room = preview_->contentsRect().size() - QSize(8, 8);
     const bool reduced = image_.width() > room.width() || image_.height() > room.height();

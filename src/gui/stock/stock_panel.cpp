@@ -173,7 +173,7 @@ QWidget* StockPanel::makeButtons() {
         add("AddToOrder", Drawing::Up, tr("Add to Order"),
             tr("Add the item picked in the list to the order."), [this] { addCurrentItem(); });
     layout->addStretch(1);
-    // After a save the next item is typed from its category on.
+    // After a save, typing the next item starts at its category.
     add("SaveNewStockItem", Drawing::New, tr("New"),
         tr("Save what stands in the boxes as a new item."), [this] {
             stock_.SaveNewStockItem_Click();
@@ -217,7 +217,7 @@ void StockPanel::refreshEditor() {
     fileNumber_->setText(toQt(stock_.FileOrderTag()));
 }
 
-/// The list has one column more or less when the setting for quantities has changed.
+/// The list gains or loses a column when the setting for quantities has changed.
 void StockPanel::refreshColumns() {
     if (shownColumns_ == stock_.columns()) {
         model_->refresh();

@@ -25,14 +25,14 @@ class StockPanel : public QWidget {
   public:
     StockPanel(StockList& stock, LineItems& lines, QWidget* parent = nullptr);
 
-    /// The rows have changed; another item has been picked.
+    /// For when the rows have changed, and for when another item has been picked.
     void refreshList();
     void refreshEditor();
 
     /// Adds the current row's item to the order, when the data folder can be used.
     void addCurrentItem();
 
-    /// Asked before an item is added: whether the data folder can be used.
+    /// Whether the data folder can be used; asked before an item is added.
     std::function<bool()> dataAvailable = [] { return true; };
 
     GridView* grid() const { return grid_; }
