@@ -36,7 +36,7 @@ class AddressBook {
     /// Called when the vendor shown has been picked, saved or deleted.
     std::function<void()> onVendorPicked = [] {};
 
-    /// Clears up at the start what an interrupted delete has left behind (address_file.h).
+    /// Clears up at start-up what an interrupted delete has left behind (address_file.h).
     void clearLeftover();
 
     /// Rebuilds both lists and shows the picked addresses anew. An address with unsaved edits stays
@@ -86,7 +86,8 @@ class AddressBook {
   private:
     static std::size_t index(AddressSide side) { return static_cast<std::size_t>(side); }
     bool isListed(AddressSide side, const std::string& name) const;
-    /// Whether the address shown is still the one looked up for another name, or none at all.
+    /// Whether no address has been typed for this name: the one shown is as it was looked up, or is
+    /// blank while the name differs from the one looked up.
     bool addressIsUntouched(AddressSide side) const;
     bool removeNamed(const std::string& name);
     void showPicked(AddressSide side, const std::vector<AddressRecord>& records);

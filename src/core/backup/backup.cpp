@@ -289,8 +289,9 @@ void Backup::compare(const std::filesystem::path& name, Comparison& result) cons
     }
 }
 
-/// Throws Fault(DiskFull) when the files will not fit, as far as the system can tell. They need
-/// what they take beyond the files they replace, and one of them twice while it is being replaced.
+/// Throws FileError (DiskFull) when the files will not fit, as far as the system can tell. They
+/// need what they take beyond the files they replace, and one of them twice while it is being
+/// replaced.
 void Backup::checkSpace(const std::vector<Item>& items) {
     std::uint64_t more = 0;
     std::uint64_t largest = 0;

@@ -203,7 +203,7 @@ bool MarkupReader::skipComment() {
     if (!rest().starts_with("<!--")) return false;
     const bool startsLine = at_ == 0 || text_[at_ - 1] == '\n';
     const auto lineEnd = lineEnd_.from(text_, at_);
-    // The marker of a line item has no end of its own.
+    // The marker of a line item has no "-->" of its own.
     if (startsLine && rest().starts_with(kItemOpening)) {
         at_ = std::min(lineEnd, text_.size());
         return true;

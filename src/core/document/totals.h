@@ -1,4 +1,4 @@
-// The money side of the order: the one place where its amounts are computed.
+// The money side of the order: the only place where its amounts are computed.
 #pragma once
 
 #include "core/document/order.h"

@@ -1,4 +1,5 @@
-// The settings dialog without its window: the boxes, the buttons that act at once, and Save.
+// The settings dialog without its window: the boxes, the buttons that take effect at once, and
+// Save.
 #pragma once
 
 #include "core/platform/prompts.h"

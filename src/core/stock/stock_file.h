@@ -73,7 +73,7 @@ class StockFile {
     std::optional<StockItemRecord> SaveChangedStockItem(double tag, const StockItemBoxes& boxes);
 
     /// The next two take the item's number as the record's number, and return the record as it was:
-    /// where two desks have given the same number, it holds another item.
+    /// where two desks have given the same number, it is another item's.
     StockItemRecord markDeleted(int recordNumber);
     StockItemRecord setOnHand(int recordNumber, Currency quantity);
 
