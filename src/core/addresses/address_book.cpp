@@ -135,7 +135,7 @@ bool AddressBook::isListed(AddressSide side, const std::string& name) const {
 bool AddressBook::addressIsUntouched(AddressSide side) const {
     const Shown& shown = shown_[index(side)];
     if (!shown.addressEdited) return true;
-    // Emptied by hand it stays empty for the name that it was emptied for, but not for another.
+    // An address emptied by hand stays empty for the name it was emptied for, but not for another.
     const Order& order = open_.order;
     return isBlank(order.*facts(side).address) && trimmed(order.*facts(side).name) != shown.picked;
 }
@@ -223,7 +223,7 @@ void AddressBook::deleteEntry(AddressSide side, const std::string& entry) {
     if (!folder_.available(prompts_) || !removeNamed(entry)) return;
     const Order before = open_.order;
     PopAddyLists();
-    // The other side may have shown an entry of the same name.
+    // The other side may have been showing an entry of the same name.
     if (open_.order != before) open_.MarkOrderChanged();
     open_.onChange();
 }

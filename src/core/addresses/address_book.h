@@ -1,5 +1,5 @@
-// The two address blocks of the order: the lists of vendor and destination names, the picking of
-// one, and the saving and deleting of what is shown.
+// The two address blocks of the order: the lists of vendor and destination names, picking one of
+// them, and saving and deleting what is shown.
 #pragma once
 
 #include "core/addresses/address_file.h"
@@ -22,13 +22,13 @@ class AddressBook {
     AddressBook(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
                 OpenOrder& open);
 
-    /// What one side shows beside the order's own texts.
+    /// What one side shows besides the order's own texts.
     struct Shown {
         std::vector<std::string> names;  ///< in file order
         std::string counter = "0";       ///< the number of the address shown
         bool changedEnabled = false;     ///< ChangedVendor or ChangedDest
         bool deleteEnabled = false;      ///< DeleteVendor or DeleteDest
-        std::string picked;              ///< the name whose address was looked up last
+        std::string picked;              ///< the name whose address was last looked up
         bool addressEdited = false;      ///< whether the address has been edited since then
     };
     const Shown& shown(AddressSide side) const { return shown_[index(side)]; }
@@ -36,29 +36,30 @@ class AddressBook {
     /// Called when the vendor shown has been picked, saved or deleted.
     std::function<void()> onVendorPicked = [] {};
 
-    /// Deals at the start with what an interrupted delete has left behind (address_file.h).
+    /// Clears up at start-up what an interrupted delete has left behind (address_file.h).
     void clearLeftover();
 
-    /// Rebuilds both lists and shows the picked addresses anew. An address with unsaved edits
-    /// stays as it is, so that saving one side never costs what was typed on the other; and so
-    /// does one without a name, which no entry could bring back.
+    /// Rebuilds both lists and shows the picked addresses anew. An address with unsaved edits stays
+    /// as it is, so that saving one side never costs what was typed on the other; so does one
+    /// without a name, which no entry could bring back.
     void PopAddyLists();
 
-    /// Rebuilds both lists of names and leaves what is shown as it is.
+    /// Rebuilds both lists of names, leaving what is shown as it is.
     void refreshNames();
 
-    /// Adds imported addresses, counting them in `added`. Throws FileError; what was added before
-    /// stays.
+    /// Adds imported addresses, counting them in `added`. Throws FileError; addresses added before
+    /// that stay.
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries, int& added);
 
-    /// The order's addresses have been emptied: no number is shown, nothing can be saved.
+    /// Called when the order's addresses have been emptied: no number is shown, nothing can be
+    /// saved.
     void showNone();
 
     /// ToCombo_Click and ShipToCombo_Click: the name in the box has been picked from its list.
     void Combo_Click(AddressSide side);
 
-    /// A name that was typed in full counts as picked when it is listed and no address has been
-    /// typed for it. Called when the box is left.
+    /// A name typed in full counts as picked if it is listed and no address has been typed for it.
+    /// Called when the focus leaves the box.
     void pickTypedName(AddressSide side);
     /// The same for both sides, before the order is saved or shown.
     void pickTypedNames();
@@ -68,23 +69,25 @@ class AddressBook {
     void Field_Change(AddressSide side, const std::string& text);
 
     /// ChangedVendor_Click and ChangedDest_Click: stores the name and address shown. An address
-    /// that belongs to the name shown before is not stored under this one: the entry's own comes
-    /// into the box first.
+    /// that belongs to the name shown before is not stored under this one: this name's own address
+    /// comes into the box first.
     void Changed_Click(AddressSide side);
 
     /// DeleteVendor_Click and DeleteDest_Click: removes every entry of the name shown.
     void Delete_Click(AddressSide side);
 
     /// Whether an entry may be deleted from the name box and its list, by key or menu: the delete
-    /// command is enabled, the side lists the entry, and it was picked if it stands in the box.
+    /// command is enabled, the side lists the entry, and if it is in the box, it was picked.
     bool mayDeleteEntry(AddressSide side, const std::string& entry) const;
-    /// Does that: as `Delete_Click` for the name shown; another one goes without changing it.
+    /// Deletes it: like `Delete_Click` for the name shown; deleting another one leaves that name
+    /// alone.
     void deleteEntry(AddressSide side, const std::string& entry);
 
   private:
     static std::size_t index(AddressSide side) { return static_cast<std::size_t>(side); }
     bool isListed(AddressSide side, const std::string& name) const;
-    /// Whether the address shown is still the one looked up for another name, or none at all.
+    /// Whether no address has been typed for this name: the one shown is as it was looked up, or is
+    /// blank while the name differs from the one looked up.
     bool addressIsUntouched(AddressSide side) const;
     bool removeNamed(const std::string& name);
     void showPicked(AddressSide side, const std::vector<AddressRecord>& records);

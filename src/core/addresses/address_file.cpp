@@ -10,7 +10,7 @@ namespace {
 
 using File = RecordFile<AddressRecord, kAddressLayout>;
 
-/// Whether a file is empty, or certainly not there: a share that does not answer is another matter.
+/// Whether a file is empty or definitely not there; a share that does not answer is another matter.
 bool isGone(const FileSystem& files, const std::filesystem::path& path) {
     try {
         return files.status(path).length == 0;
@@ -27,14 +27,14 @@ std::string withoutCase(const std::string& name) {
     return upper(name);
 }
 
-/// Tells the records of a name; `folded` makes equal what counts as the same.
+/// Recognizes the records of a name; `folded` makes names equal that count as the same.
 auto isNamed(const std::vector<AddressRecord>& records, const std::string& name,
              std::string (*folded)(const std::string&)) {
     const std::string wanted = folded(trimmed(name));
     const auto stored = [=](const AddressRecord& record) {
         return folded(trimmedField(record.Name)) == wanted;
     };
-    // A blank name never means one of control characters alone.
+    // A blank name never means a name made only of control characters.
     const bool isStored = wanted.empty() || std::any_of(records.begin(), records.end(), stored);
     return [=](const AddressRecord& record) {
         return isStored ? stored(record) : folded(listedName(record)) == wanted;

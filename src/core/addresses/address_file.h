@@ -17,10 +17,10 @@ namespace bramblet {
 /// 570 bytes on disk.
 struct AddressRecord {
     std::string Active;  ///< always "1"; never tested
-    std::string Kind;    ///< kVendor or kDestination; records of any other kind are passed over
-    double Tag = 0;      ///< the address number, given once
+    std::string Kind;    ///< kVendor or kDestination; records of any other kind are skipped
+    double Tag = 0;      ///< the address number; imported records repeat one
     std::string Name;
-    std::string Address;  ///< lines apart by CR LF
+    std::string Address;  ///< lines separated by CR LF
 };
 
 inline constexpr std::array kAddressLayout{
@@ -33,18 +33,18 @@ static_assert(recordSize(kAddressLayout) == 570);
 inline constexpr const char* kVendor = "V";
 inline constexpr const char* kDestination = "T";
 
-/// What an import brings of an address.
+/// What an import provides for one address.
 struct NameAndAddress {
     std::string name;
     std::string address;
 };
 
-/// A record's name as it is listed and as the boxes hold it: imported names may have control
+/// A record's name as it is listed and as the boxes hold it: imported names may contain control
 /// characters, which become blanks there.
 std::string listedName(const AddressRecord& record);
 
-/// Each operation opens the file, works and closes it, and throws FileError. A name means the
-/// records that are stored under it, or where there are none those that are listed under it.
+/// Each operation opens the file, does its work and closes it, and throws FileError. A name stands
+/// for the records stored under it, or if there are none, those listed under it.
 class AddressFile {
   public:
     /// `path` ends in "po_addy.dat".
@@ -52,8 +52,8 @@ class AddressFile {
 
     std::vector<AddressRecord> readAll();
 
-    /// The first record among `records` of exactly this name, whatever its kind; none when there
-    /// is none.
+    /// The first of `records` with exactly this name, whatever its kind; nothing when there is
+    /// none.
     std::optional<AddressRecord> findNamed(const std::vector<AddressRecord>& records,
                                            const std::string& name);
 
@@ -64,31 +64,31 @@ class AddressFile {
     std::optional<double> append(const std::string& kind, const std::string& name,
                                  const std::string& address);
 
-    /// The first record whose name is the same but for letter case, whatever its kind: the one
+    /// The first record whose name is the same apart from letter case, whatever its kind: the one
     /// that `rewrite` replaces.
     std::optional<AddressRecord> findToRewrite(const std::string& name);
 
-    /// Rewrites the first record whose name is the same but for letter case, whatever its kind,
-    /// keeping its number; appends when there is none. Returns the number as `append` does.
+    /// Rewrites the first record whose name is the same apart from letter case, whatever its kind,
+    /// keeping its number; appends one if there is none. Returns the number as `append` does.
     std::optional<double> rewrite(const std::string& kind, const std::string& name,
                                   const std::string& address);
 
-    /// Appends entries as they are, with no look for duplicates, each under the number of the
-    /// record that was read or written last: an import gives no numbers. `reached` is told the
-    /// count before each one, and at the end.
+    /// Appends entries as they are, without checking for duplicates, each under the number of the
+    /// record last read or written: an import gives no numbers. `reached` is told the count before
+    /// each entry, and at the end.
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries,
                 const std::function<void(int)>& reached);
 
     /// Copies the file without the records of exactly this name, whatever their kind. The copy has
-    /// a name of its own until it takes the file's place, and is gone when that fails. Faults are
+    /// a name of its own until it takes the file's place, and is removed if that fails. Faults are
     /// thrown at once, without waiting.
     void removeNamed(const std::string& name);
 
-    /// Deals with a copy "po_addy.tmp" that an earlier version of the program left behind: it is
-    /// removed, so that what was deleted does not come back at that version's next delete; where
-    /// it is all that is left of the book it takes its place, and true is returned. A copy that
-    /// another desk may be writing, one written to in the ten minutes before `now`, is left alone.
-    /// `now` is nanoseconds since 1970 by the clock of the folder. Throws FileError.
+    /// Deals with a copy "po_addy.tmp" left behind by an earlier version of the program. It is
+    /// removed, so that what was deleted does not come back at that version's next delete; but if
+    /// it is all that is left of the book, it takes the book's place, and true is returned. A copy
+    /// that another desk may be writing, one written to in the ten minutes before `now`, is left
+    /// alone. `now` is in nanoseconds since 1970 by the clock of the folder. Throws FileError.
     bool clearLeftover(std::int64_t now) const;
 
   private:
@@ -96,8 +96,8 @@ class AddressFile {
 
     FileSystem files_;
     std::filesystem::path path_;
-    /// The one record buffer of all address work: what an operation does not set keeps the value
-    /// of the record read last.
+    /// The one record buffer of all address work: what an operation does not set keeps the value of
+    /// the record last read.
     AddressRecord buffer_;
 };
 

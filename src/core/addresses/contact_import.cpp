@@ -8,7 +8,7 @@ namespace bramblet {
 namespace {
 
 /// A contact takes 1,047 bytes, in 24 text fields of fixed width without a header; these are the
-/// ones that are used.
+/// fields used.
 constexpr std::uint64_t kContactSize = 1047;
 struct ContactField {
     std::size_t offset;
@@ -23,8 +23,8 @@ constexpr ContactField kTown{396, 20};
 constexpr ContactField kRegion{416, 20};
 constexpr ContactField kPostalCode{436, 10};
 
-/// The count of contacts in a file of this length, rounded: a last one that is cut short counts
-/// when more than half of it is there.
+/// The number of contacts in a file of this length, rounded: a truncated last one counts if more
+/// than half of it is there.
 std::uint64_t contactCount(std::uint64_t length) {
     return (length + kContactSize / 2) / kContactSize;
 }
@@ -94,8 +94,8 @@ void ContactImport::import(const std::string& kind) {
         addresses_.import(kind, entries, added);
     } catch (const Fault& fault) {
         addresses_.refreshNames();
-        // In a box over the dialog: the status bar is behind it. Importing the file again would add
-        // what came in twice.
+        // Shown in a box over the dialog, which hides the status bar. Importing the file again
+        // would add twice what has already come in.
         prompts_.ask({"The import ended early: " + fault.inWords() +
                           ".\r\n\r\nAddresses added before that: " + std::to_string(added) + ".",
                       "Import Failed", Buttons::Ok, Icon::Stop});

@@ -14,7 +14,7 @@ class ContactImport {
     ContactImport(const FileSystem& files, const DataFolder& folder, AddressBook& addresses,
                   Prompts& prompts);
 
-    /// Path of the file that has been chosen and found good; empty until then.
+    /// Path of the file that has been chosen and found usable; empty until then.
     const std::filesystem::path& chosenFile() const { return chosenFile_; }
     /// Whether the two import buttons are enabled.
     bool importEnabled() const { return !chosenFile_.empty(); }
@@ -31,7 +31,7 @@ class ContactImport {
   private:
     void import(const std::string& kind);
 
-    FileSystem files_;  ///< for the file that the user chooses: it is not waited for
+    FileSystem files_;  ///< for the file that the user chooses, which is not waited for
     const DataFolder& folder_;
     AddressBook& addresses_;
     Prompts& prompts_;

@@ -29,7 +29,7 @@ void Browser::mu_HelpContents_Click() {
     if (!opened) showHelp();
 }
 
-/// The program that opens web pages: the one that opens a small page written for the purpose.
+/// Finds the program that opens web pages: the one that opens a small page written for the purpose.
 std::filesystem::path Browser::findBrowser() const {
     const std::filesystem::path page = home_ / "junk.HTM";
     try {

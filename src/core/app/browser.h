@@ -28,7 +28,7 @@ class Browser {
     /// The web-site command.
     void mu_WebSite_Click() { RunBrowser(kHomePage); }
 
-    /// Opens the help: the old help file where it and a viewer for it exist, else our own.
+    /// Opens the help: the old help file where it and a viewer for it exist, otherwise our own.
     void mu_HelpContents_Click();
 
   private:

@@ -60,7 +60,7 @@ Program::Leave Program::leave(const WindowPlace& place) {
     const Prompts::Command command(prompts_);
     switch (editor.offerToSave("Bramblet", "Save PO?")) {
         case OrderEditor::Offer::Cancelled:
-            return Leave::Now;  // as designed: without the settings
+            return Leave::Now;  // by design, without writing the settings
         case OrderEditor::Offer::NotSaved:
             tellWhyNotLeft();
             return Leave::Stay;
@@ -78,10 +78,10 @@ Program::Leave Program::leave(const WindowPlace& place) {
     return Leave::Now;
 }
 
-/// In a box: nobody who is about to leave looks for news in the status bar.
+/// Uses a box: nobody who is about to leave looks at the status bar for news.
 void Program::tellWhyNotLeft() {
     const std::string failures = prompts_.takeFailures();
-    if (failures.empty()) return;  // a box has told already
+    if (failures.empty()) return;  // a box has already said so
     prompts_.ask({failures + "\r\n\r\nBramblet stays open, so that nothing is lost.", "Bramblet",
                   Buttons::Ok, Icon::Exclamation});
 }

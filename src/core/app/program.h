@@ -1,5 +1,5 @@
-// The program without its windows: everything it owns, in the order in which it comes to life, and
-// the flows of starting up and leaving.
+// The program without its windows: everything it owns, in the order in which it is created, and how
+// it starts up and shuts down.
 #pragma once
 
 #include "core/addresses/address_book.h"
@@ -31,7 +31,7 @@ namespace bramblet {
 /// What the program is given from outside.
 struct Environment {
     Desktop& desktop;
-    std::filesystem::path documentsFolder;  ///< of the user
+    std::filesystem::path documentsFolder;  ///< the user's
     RegionalFormats formats;
     Clock clock;
     FileWait waitForFile;
@@ -47,8 +47,8 @@ struct WindowPlace {
 
 class Program {
   public:
-    /// Loads the settings and checks the data folder; both may speak to the user. Throws
-    /// StartGivenUp when the settings cannot be used and the user would rather leave.
+    /// Loads the settings and checks the data folder; both may prompt the user. Throws StartGivenUp
+    /// when the settings cannot be used and the user chooses to leave.
     Program(Environment environment, Prompts& prompts);
     ~Program() {
         prompts_.onCommand = [] {};
@@ -56,22 +56,23 @@ class Program {
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    /// Fills the lists and shows an empty order. Called once, when the windows are watching.
+    /// Fills the lists and shows an empty order. Called once, when the windows are already
+    /// watching.
     void start();
 
     enum class Leave { Now, Stay };
-    /// The shut-down: offers to save a changed order and writes the settings. To stay is the
-    /// answer when the order was to be saved and could not be.
+    /// Shuts down: offers to save a changed order and writes the settings. Returns Stay when the
+    /// order was to be saved but could not be.
     Leave leave(const WindowPlace& place);
 
     WindowPlace windowPlace() const;
 
-    /// Fills every list from what is in the data folder now; the order shown stays as it is.
+    /// Refills every list from what is now in the data folder; the order shown stays as it is.
     void refillLists();
 
     void mu_About();
 
-    /// The home folder, with the separator at its end.
+    /// The home folder, with a trailing separator.
     static std::filesystem::path homeFolderIn(const std::filesystem::path& documentsFolder);
 
   private:
@@ -86,7 +87,7 @@ class Program {
   public:
     Settings settings;
     DataFolder folder;
-    const bool taxFreight;  ///< as the settings had it at start-up
+    const bool taxFreight;  ///< the setting as it was at start-up
     OpenOrder open;
     AddressBook addresses;
     FieldHistories histories;

@@ -18,7 +18,7 @@ constexpr std::size_t kNamesTold = 10;
 /// Thrown to leave a run that the user has stopped.
 struct Stopped {};
 
-/// True while it lives.
+/// Keeps a flag true for its own lifetime.
 class Flag {
   public:
     explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
@@ -30,7 +30,7 @@ class Flag {
     bool& flag_;
 };
 
-/// Without the blanks around it, and with the separator at its end.
+/// The folder without blanks around it, and with a trailing separator.
 std::filesystem::path tidied(const std::filesystem::path& folder) {
     constexpr std::filesystem::path::value_type kBlank = ' ';
     const auto& text = folder.native();
@@ -130,7 +130,7 @@ bool Backup::RunBackup_Click() {
     });
     if (copied && kind_ == Kind::Restore) onRestored();
     if (!completed) return false;
-    // A target that was typed is remembered like one that was selected.
+    // A target that was typed is remembered just like one that was selected.
     if (kind_ == Kind::Backup) rememberTarget();
     const char* const text = kind_ == Kind::Backup ? "Backup completed!" : "Restoration completed!";
     prompts_.ask({text, "Finished", Buttons::Ok, Icon::Information});
@@ -150,7 +150,7 @@ void Backup::Verify_Click() {
                   "Verify", Buttons::Ok, good ? Icon::Information : Icon::Exclamation});
 }
 
-/// Does the work of one of the commands; false when it did not come to its end.
+/// Does the work of one of the commands; false when it was not completed.
 bool Backup::run(const std::function<bool()>& work) {
     try {
         const bool done = during(work);
@@ -162,7 +162,8 @@ bool Backup::run(const std::function<bool()>& work) {
     }
 }
 
-/// During the work no other can be begun. False when it is, or has been stopped.
+/// While the work runs, no other can be started. False if some is already running, or if it was
+/// stopped.
 bool Backup::during(const std::function<bool()>& work) {
     if (running_) return false;
     stopped_ = false;
@@ -178,13 +179,13 @@ bool Backup::during(const std::function<bool()>& work) {
     return done;
 }
 
-/// Lets the windows live.
+/// Keeps the windows live.
 void Backup::step() {
     onChange();
     if (stopped_) throw Stopped{};
 }
 
-/// Brings the folders into shape; false after a message when there is nothing to do.
+/// Tidies the folders; false, after a message, when there is nothing to do.
 bool Backup::prepare() {
     Backuplist = tidied(Backuplist);
     BackUpTarget = tidied(BackUpTarget);
@@ -230,7 +231,7 @@ void Backup::listFiles() {
     BackMeUp = std::move(names);
 }
 
-/// The files with their lengths. One that is gone since it was listed is passed over.
+/// The files with their lengths. A file that has disappeared since it was listed is skipped.
 std::vector<Backup::Item> Backup::items() {
     BackUpProgress = "Counting the files";
     std::vector<Item> all;
@@ -288,8 +289,9 @@ void Backup::compare(const std::filesystem::path& name, Comparison& result) cons
     }
 }
 
-/// Throws Fault(DiskFull) when the files will not fit, so far as the system can tell: what they
-/// take beyond the files they replace, and one of them twice while it is being replaced.
+/// Throws FileError (DiskFull) when the files will not fit, as far as the system can tell. They
+/// need what they take beyond the files they replace, and one of them twice while it is being
+/// replaced.
 void Backup::checkSpace(const std::vector<Item>& items) {
     std::uint64_t more = 0;
     std::uint64_t largest = 0;
@@ -326,7 +328,7 @@ void Backup::start(const std::vector<Item>& items) {
         progress_.byteCount += item.length;
 }
 
-/// Tells of the next file.
+/// Announces the next file.
 void Backup::begin(const std::string& doing, const Item& item) {
     BackUpProgress = doing + shown(item.name);
     step();

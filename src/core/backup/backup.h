@@ -1,5 +1,5 @@
 // Backup and restore: copying the data files, the order documents and the pictures between the data
-// folder and another one, and comparing the two.
+// folder and another folder, and comparing the two.
 #pragma once
 
 #include "core/platform/prompts.h"
@@ -22,7 +22,7 @@ class Backup {
     Backup(const FileSystem& files, const DataFolder& folder, Settings& settings, Prompts& prompts);
 
     /// Called after every change of what is shown, and for every file that is listed, counted,
-    /// copied or compared, so that the windows live and can stop a run.
+    /// copied or compared, so that the windows stay live and can stop a run.
     std::function<void()> onChange = [] {};
     /// Called when a restore has put files in place.
     std::function<void()> onRestored = [] {};
@@ -37,7 +37,7 @@ class Backup {
     std::filesystem::path BackUpTarget;           ///< the target folder; may be typed
     std::vector<std::filesystem::path> BackMeUp;  ///< names of the files to be copied, sorted
     std::string BackUpProgress;                   ///< the status line
-    /// How far a run has come.
+    /// How far a run has got.
     struct Progress {
         std::size_t files = 0;
         std::size_t fileCount = 0;
@@ -48,21 +48,21 @@ class Backup {
     Kind kind() const { return kind_; }
     bool running() const { return running_; }
 
-    /// The window opens: sets the folders.
+    /// Called when the window opens: sets the folders.
     void open(Kind kind);
-    /// Lists the files of the source for it.
+    /// Lists the files of the source for the window.
     void list();
 
     void SelectTarget_Click();
-    /// Of the restore window only.
+    /// In the restore window only.
     void SelectSource_Click();
-    /// Copies every listed file, each under a temporary name until it is whole. True when all are
-    /// copied.
+    /// Copies every listed file, each under a temporary name until it is complete. True when all
+    /// have been copied.
     bool RunBackup_Click();
-    /// Compares every file of the source with its copy in the target, byte for byte, and tells how
-    /// many agree, differ, are missing or cannot be read.
+    /// Compares every file of the source with its copy in the target, byte for byte, and reports
+    /// how many agree, differ, are missing or cannot be read.
     void Verify_Click();
-    /// Ends a run, or the listing of the files, before the next file.
+    /// Ends a run, or the listing of files, before the next file.
     void StopBackup_Click() { stopped_ = true; }
 
   private:
@@ -71,7 +71,7 @@ class Backup {
         std::uint64_t length;
     };
 
-    /// The names, and why a file could not be read.
+    /// Names; those of unreadable files with the reason.
     struct Comparison {
         std::vector<std::string> agreeing, differing, missing, unreadable;
     };

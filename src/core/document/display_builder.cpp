@@ -9,10 +9,9 @@
 namespace bramblet {
 namespace {
 
-// Bounds for documents that nobody would write. The time to lay out tables grows by a factor with
-// each level, that of a text with the square of its paragraphs' lengths, that of cells with their
-// number.
-constexpr int kMostTables = 4;  // within one another
+// Bounds for documents that nobody would write. Layout time is multiplied by each level of nested
+// tables, and grows with the square of paragraph lengths and with the number of cells.
+constexpr int kMostTables = 4;  // nested
 constexpr std::size_t kMostOpen = 100;
 constexpr int kMostColumns = 40;
 constexpr int kMostCells = 100'000;
@@ -47,7 +46,7 @@ void DisplayBuilder::addText(std::string_view text) {
     ensureCell();
     for (std::size_t i = 0; i < text.size(); ++i) {
         addCharacter(text[i]);
-        // An address whose line ends in ">" has no line end of its own in the document.
+        // The document has no "<br>" after an address line that ends in ">".
         const std::string_view next = text.substr(i + 1, 1);
         if (text[i] == '>' && (next == "\r" || next == "\n")) html_ += "<br>";
     }
@@ -146,7 +145,7 @@ void DisplayBuilder::lengthen(std::size_t length, bool mayDivide) {
     if (run_ > kLongParagraph && (mayDivide || run_ > kLongParagraph + kLongestWord)) divide();
 }
 
-/// Goes on in a paragraph of its own, in the same formats.
+/// Continues in a new paragraph, with the same formats.
 void DisplayBuilder::divide() {
     const auto cell = findOpen(isCell);
     const std::size_t first = cell ? *cell + 1 : 0;
@@ -159,7 +158,7 @@ void DisplayBuilder::divide() {
     }
 }
 
-/// Paragraphs, and entries of one list, are not within one another.
+/// Paragraphs, and entries of one list, do not nest.
 void DisplayBuilder::closeParagraph(std::string_view name) {
     const auto open = findOpen([&](const Open& candidate) {
         const std::string_view its = candidate.element->name;
@@ -169,7 +168,7 @@ void DisplayBuilder::closeParagraph(std::string_view name) {
     if (open && stack_[*open].element->name == name) closeDownTo(*open);
 }
 
-/// Beyond the last cell that there may be, tags of rows and cells only keep texts apart.
+/// Beyond the greatest number of cells, tags of rows and cells only keep texts apart.
 bool DisplayBuilder::isFull(const Tag& tag) {
     if (cells_ <= kMostCells || isBetweenCells()) return false;
     html_ += tag.is("tr") && !tag.closing ? "<br>" : " ";
@@ -178,7 +177,7 @@ bool DisplayBuilder::isFull(const Tag& tag) {
 
 void DisplayBuilder::addRow(const Tag& tag, bool lined) {
     const Open& table = stack_.back();
-    cells_ += table.cells;  // a short row is filled up with empty ones
+    cells_ += table.cells;  // a short row is filled up with empty cells
     const bool shown = !table.opening.empty();
     lined = lined && table.lined;
     push({tag.element, shown ? "<tr" + shownAttributes(tag, scale_) + ">" : "", lined});
@@ -208,7 +207,7 @@ bool DisplayBuilder::isBetweenCells() const {
     return !stack_.empty() && rankOf(stack_.back().element->role) > 1;
 }
 
-/// The innermost open element for which `matches` holds, as its place in the stack.
+/// The innermost open element for which `matches` holds, as an index into the stack.
 template <class Matches>
 std::optional<std::size_t> DisplayBuilder::findOpen(Matches matches) const {
     const auto found = std::find_if(stack_.rbegin(), stack_.rend(), matches);

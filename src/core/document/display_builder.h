@@ -1,4 +1,4 @@
-// Well-formed HTML for the display, built from tags that may stand in any order: every element is
+// Well-formed HTML for the display, built from tags that may come in any order: every element is
 // closed within the one it was opened in, and no text is lost.
 #pragma once
 
@@ -14,42 +14,42 @@ namespace bramblet {
 
 class DisplayBuilder {
   public:
-    /// Lengths follow `scale` as it is when they are added.
+    /// Lengths use `scale` as it is when they are added.
     explicit DisplayBuilder(const DisplayScale& scale) : scale_(scale) {}
 
-    /// What has been built. Texts between the rows and cells of a table are put into cells.
+    /// What has been built so far. Text between the rows and cells of a table is put into cells.
     const std::string& html() const { return html_; }
-    /// The whole, with everything closed.
+    /// The finished whole, with every element closed.
     std::string finished();
 
-    /// Text of the document: what looks like markup in it is text.
+    /// Text of the document: anything in it that looks like markup is text.
     void addText(std::string_view text);
-    /// HTML without an end tag, that takes the place of so many characters in a line.
+    /// HTML without an end tag, which takes up `length` characters of a line.
     void addSingle(std::string_view html, std::size_t length);
     void addBreak();
     /// HTML of a block of its own, between others.
     void addBlock(std::string_view html);
 
-    /// Opens an element of texts. Its HTML is `opening`, nothing for one that is of no effect.
+    /// Opens a text element. Its HTML is `opening`, empty for an element that has no effect.
     void openText(const Element& element, const std::string& opening);
-    /// The cells of a `lined` table, and of lined rows in it, get lines unless they are empty.
+    /// In a `lined` table, the cells of `lined` rows get lines unless they are empty.
     void openTable(const Element& element, const std::string& opening, bool lined);
     void openRow(const Tag& tag, bool lined);
     void openCell(const Tag& tag, bool empty);
-    /// Makes the cell that is opened next higher, by pixels at this zoom.
+    /// Makes the next cell opened higher, by pixels at this zoom.
     void addHeight(double pixels) { addedHeight_ = pixels; }
 
-    /// Closes the element and what is open within it. What is open around its cell, row or table
-    /// stays, and so does everything when there is no such element.
+    /// Closes the element and everything open within it. What is open around its cell, row or table
+    /// stays open, and so does everything when there is no such element.
     void close(const Tag& tag);
 
   private:
     /// An element whose end is still to come.
     struct Open {
         const Element* element;
-        std::string opening;  ///< as it stands in the page; empty for one left out
+        std::string opening;  ///< as it stands in the page; empty if left out
         bool lined = false;   ///< of a table or a row
-        int cells = 0;        ///< of a row, or of a table's longest one
+        int cells = 0;        ///< in a row, or in a table's longest row
     };
 
     void addCharacter(char c);
@@ -75,7 +75,7 @@ class DisplayBuilder {
     std::vector<Open> stack_;
     int cells_ = 0;           ///< of all tables
     std::size_t run_ = 0;     ///< characters in this paragraph
-    double addedHeight_ = 0;  ///< of the cell that comes next
+    double addedHeight_ = 0;  ///< of the next cell
 };
 
 }  // namespace bramblet

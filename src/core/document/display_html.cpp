@@ -17,7 +17,7 @@ constexpr std::size_t kPictureLength = 40;  // in characters of a paragraph
 constexpr std::size_t kMostFillers = 200;
 constexpr std::size_t kLongestFiller = 200;  // characters
 
-/// The document's tags, each put into the display's terms.
+/// The document's tags, each translated for the display.
 class Translation {
   public:
     Translation(std::string_view document, double zoom)
@@ -58,7 +58,7 @@ class Translation {
         }
     }
 
-    /// Within the form these are no tags.
+    /// Within the form these are not tags.
     void takePage(const Tag& tag, std::string_view text) {
         if (tag.closing) return;
         if (framed_) return builder_.addText(text);
@@ -85,7 +85,7 @@ class Translation {
         builder_.openText(*tag.element, "<" + name + shownAttributes(tag, scale_) + ">");
     }
 
-    /// "<font size="6"><b>PURCHASE ORDER</b></font><br>" stays on one line in any font.
+    /// Keeps "<font size="6"><b>PURCHASE ORDER</b></font><br>" on one line in any font.
     bool takeHeading(const Tag& tag) {
         constexpr std::string_view kStart = "<b>";
         constexpr std::string_view kEnd = "</b></font><br>";
@@ -106,7 +106,7 @@ class Translation {
         builder_.openText(*elementNamed("b"), "<b>");
         builder_.addText(page_.heading);
         builder_.close(Tag{&block, true, {}});
-        builder_.openText(block, "<div>");  // what follows would else join the heading's line
+        builder_.openText(block, "<div>");  // otherwise the next text would join the heading's line
         reader_.skip(kStart.size() + length + kEnd.size());
         return true;
     }
@@ -144,7 +144,7 @@ class Translation {
         builder_.openTable(*tag.element, opening, lined);
     }
 
-    /// The frame table holds all of the form; its width is that of the page.
+    /// The frame table holds the whole form; its width is that of the page.
     bool takeFrame(const Tag& tag) {
         constexpr std::string_view kFrameCell = "<tr><td>";
         if (framed_ || tag.attribute("border") != "0") return false;
@@ -164,7 +164,7 @@ class Translation {
         builder_.openRow(tag, !white);
     }
 
-    /// Of very many equal filler rows the first ones become one high row.
+    /// When there are very many equal filler rows, turns the first ones into one high row.
     void shortenFillers(std::string_view opening) {
         constexpr std::string_view kEnd = "</tr>";
         const std::string_view rest = reader_.rest();
@@ -184,7 +184,7 @@ class Translation {
         builder_.addHeight(std::min(height * static_cast<double>(rows - kMostFillers), kHighest));
     }
 
-    /// Whether a row holds nothing but colons.
+    /// Whether a row contains nothing but colons.
     static bool isFiller(std::string row) {
         row.erase(0, row.find('>') + 1);
         for (const std::string_view part : {"<td>", "</td>", "</tr>"}) {

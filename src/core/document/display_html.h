@@ -1,6 +1,6 @@
 // The order document as the viewer shows and prints it: the same content, with its old-fashioned
-// markup (base font, font sizes, bordered tables) put into the terms of Qt's text engine, and with
-// nothing in it that would take that engine hours or gigabytes.
+// markup (base font, font sizes, bordered tables) translated for Qt's text engine, and with nothing
+// in it that would take that engine hours or gigabytes.
 #pragma once
 
 #include <optional>
@@ -9,33 +9,34 @@
 
 namespace bramblet {
 
-/// Of the lines of bordered tables.
+/// Colour of the lines in bordered tables.
 inline constexpr const char* kLineColour = "#444444";
 
-/// A document ready to be laid out. Lengths are pixels of 1/96 inch.
+/// A document ready to be laid out. Lengths are in pixels of 1/96 inch.
 struct DisplayPage {
-    /// The picture that takes the place of the company lines.
+    /// The picture that replaces the company lines.
     struct TopGraphic {
-        std::string name;       ///< as the document has it
-        bool plain = false;     ///< whether that is a name in the data folder
+        std::string name;       ///< as given in the document
+        bool plain = false;     ///< whether it is a plain name in the data folder
         std::size_t place = 0;  ///< of its tag in `html`
         std::size_t length = 0;
     };
 
     std::string html;      ///< code page text
-    std::string fontFace;  ///< the base font's
+    std::string fontFace;  ///< of the base font
     int fontSize = 0;      ///< of text without a size of its own
     int width = 0;         ///< of the form
     std::optional<TopGraphic> topGraphic;
-    std::string heading;  ///< "PURCHASE ORDER", bold, which stays on one line
+    std::string heading;  ///< "PURCHASE ORDER", bold, kept on one line
     int headingSize = 0;
 };
 
 /// Translates a document, at `zoom` times its size, into well-formed HTML. The markers are dropped,
-/// the frame table becomes the page's width, cells of bordered tables get lines unless they are
-/// empty or their row is marked with a white border. What is no tag of the dialect (markup.h) is
-/// text. Of tags only what is known to be harmless passes: lengths within bounds, pictures by plain
-/// names, links to the web and to mail addresses, tables nested four deep.
+/// the frame table becomes the page's width, and cells of bordered tables get lines unless they are
+/// empty or their row is marked with a white border. Anything that is not a tag of the dialect
+/// (markup.h) is text. Of tags, only what is known to be harmless gets through: lengths within
+/// bounds, pictures by plain names, links to the web and to mail addresses, tables nested four
+/// deep.
 DisplayPage displayPage(std::string_view document, double zoom);
 
 }  // namespace bramblet

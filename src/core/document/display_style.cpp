@@ -11,10 +11,10 @@ namespace bramblet {
 namespace {
 
 constexpr double kLongest = 1000;
-// Pixels of the font sizes 1 to 7.
+// The font sizes 1 to 7 in pixels.
 constexpr std::array<double, 7> kFontPixels{10, 13, 16, 18, 24, 32, 48};
 
-/// How a value is put into bounds.
+/// How a value is kept within bounds.
 enum class Kind { Length, Space, Count, Word };
 
 struct Known {
@@ -41,8 +41,8 @@ constexpr std::array<std::string_view, 7> kDeclarations{
     "font-weight",      "text-align", "text-decoration",
 };
 
-/// Letters, digits, and what colours and lists of fonts need: nothing that ends a value or calls
-/// for a file.
+/// Letters, digits, and what colours and lists of fonts need: nothing that could end a value or
+/// call for a file.
 bool isPlainValue(const std::string& value) {
     constexpr std::string_view kAllowed =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789#%., -";
@@ -68,7 +68,7 @@ std::string bounded(const std::string& value, Kind kind, const DisplayScale& sca
     return std::to_string(static_cast<int>(std::min(number, 100.0))) + "%";
 }
 
-/// The declarations of a style attribute that are known.
+/// Those declarations of a style attribute that are known.
 std::string knownDeclarations(std::string_view style) {
     std::string known;
     while (!style.empty()) {

@@ -20,7 +20,7 @@ void forEachLine(std::string_view text, Use use) {
     }
 }
 
-/// The value between a marker's opening and closing; none when the line is no such marker.
+/// The value between a marker's opening and closing; nothing when the line is not such a marker.
 std::optional<std::string> valueOf(const std::string& tag, std::string_view line) {
     const std::string opening = markerOpening(tag);
     const std::string closing = markerClosing(tag);

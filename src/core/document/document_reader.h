@@ -1,4 +1,4 @@
-// Reads an order document back: the marker lines at its top, the visible form is passed over.
+// Reads an order document back from the marker lines at its top; the visible form is skipped.
 #pragma once
 
 #include "core/document/order.h"
@@ -7,16 +7,16 @@
 
 namespace bramblet {
 
-/// Which of the markers that call for more than a text were met.
+/// Which markers were found, of those that call for more than storing a text.
 struct MarkersFound {
     bool number = false;
     bool vendor = false;
     bool shipTo = false;
 };
 
-/// Sets the fields of `order` from the markers of `document` (code page text). A marker that is
-/// not whole on its line matches nothing, so a value typed over several lines comes back empty; of
-/// several markers for one field the last wins; every item line adds a line.
+/// Sets the fields of `order` from the markers of `document` (code page text). A marker that is not
+/// complete on its line matches nothing, so a value typed over several lines comes back empty; when
+/// a field has several markers, the last wins; every item line adds a line.
 MarkersFound readMarkers(std::string_view document, Order& order);
 
 }  // namespace bramblet

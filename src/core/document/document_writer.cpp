@@ -171,7 +171,8 @@ class Document {
         return numberOf(amount, style_.formats) != 0;
     }
 
-    /// Rows that the form uses up: heading, lines, what long descriptions add, optional totals.
+    /// Rows that the form takes up: heading, lines, extra rows of long descriptions, optional
+    /// totals.
     std::size_t usedRows() const {
         std::size_t rows = 1 + order_.lines.size();
         if (settings_.DescriptionLineLength > 0) {
@@ -186,7 +187,7 @@ class Document {
         return rows;
     }
 
-    /// Empty rows that bring the forms of short orders to one height.
+    /// Empty rows that bring the forms of short orders to the same height.
     void writeFiller() {
         const int wanted = settings_.SigLineSpace - static_cast<int>(usedRows());
         for (int row = 0; row < wanted; ++row) {
@@ -224,7 +225,7 @@ class Document {
                amountCell + currencyText(amount, style_.formats) + "</td>", "</tr>"});
     }
 
-    /// " (6.5%)" of a factor .065; nothing when the amount was typed by hand, without a factor.
+    /// " (6.5%)" for a factor of .065; nothing when the amount was typed by hand, without a factor.
     std::string percentage(const std::string& factor) const {
         const double value = numberOf(cleanedNumber(factor), style_.formats);
         return value == 0 ? "" : " (" + generalText(value * 100, style_.formats) + "%)";

@@ -1,4 +1,4 @@
-// The order document: one self-contained HTML file an order, its printable form and its only full
+// The order document: one self-contained HTML file per order, its printable form and its only full
 // record. Its first lines hold every field as a marker (order_markers.h), the rest is the form.
 #pragma once
 
@@ -13,24 +13,25 @@
 
 namespace bramblet {
 
-/// What the document depends on beside the order.
+/// What the document depends on besides the order.
 struct DocumentStyle {
     const Settings& settings;
-    bool taxFreight;  ///< shipping is taxed: its row stands before the tax row
+    bool taxFreight;  ///< shipping is taxed: its row comes before the tax row
     const RegionalFormats& formats;
 };
 
-/// The document's text, in the code page, every line ending in CR LF. The order is totalled up.
-/// Throws Fault: TypeMismatch for an amount box that cannot be read, Overflow when the form would
-/// need more than 32,767 rows.
+/// The document's text, in the code page, every line ending in CR LF. The order must already be
+/// totalled. Throws Fault: TypeMismatch for an amount box that cannot be read, Overflow when the
+/// form would need more than 32,767 rows.
 std::string orderDocument(const Order& order, const DocumentStyle& style);
 
-/// Writes the document in place of the file's old content. Throws as `orderDocument`, or FileError.
+/// Writes the document in place of the file's old content. Throws like `orderDocument`, or
+/// FileError.
 void MakeSnap(const std::filesystem::path& path, const Order& order, const DocumentStyle& style,
               const FileSystem& files);
 
-/// An address as HTML lines: each line of the text becomes a line of the file after a CR LF, a
-/// line end becomes "<br>", the last one "<p>", and neither is added behind a ">".
+/// An address as HTML lines: each line of the text becomes a line of the file after a CR LF; a line
+/// end becomes "<br>", the last one "<p>", and neither is added after a ">".
 void MakeHTML_NoteBlock(std::string_view text, std::string& result);
 
 }  // namespace bramblet

@@ -8,7 +8,7 @@
 namespace bramblet {
 namespace {
 
-/// What the writer emits, and what people type into boxes to format a text.
+/// What the writer emits, and what people type into boxes to format text.
 constexpr std::array kElements{
     Element{"html", Role::Page},     Element{"head", Role::Page},
     Element{"body", Role::Page},     Element{"basefont", Role::Page},
@@ -34,7 +34,7 @@ constexpr std::array kElements{
     Element{"hr", Role::Single},     Element{"img", Role::Single},
 };
 
-/// Attributes that stand without a value. Any other word shows that a text was meant: "<A grade>".
+/// Attributes that stand without a value. Any other word shows that text was meant: "<A grade>".
 constexpr std::array<std::string_view, 4> kFlags{"border", "compact", "noshade", "nowrap"};
 
 constexpr std::string_view kBlanks = " \t\r\n";
@@ -55,12 +55,12 @@ std::string lower(std::string_view text) {
     return out;
 }
 
-/// Reads one tag from its "<" on.
+/// Reads one tag, starting at its "<".
 class TagReader {
   public:
     explicit TagReader(std::string_view text) : text_(text) {}
 
-    /// None when this is no tag of the dialect.
+    /// Nothing when this is not a tag of the dialect.
     std::optional<Tag> read() {
         Tag tag;
         tag.closing = text_.substr(at_).starts_with('/');
@@ -77,7 +77,7 @@ class TagReader {
         return tag;
     }
 
-    /// Behind the tag, once it is read.
+    /// The position after the tag, once it is read.
     std::size_t end() const { return at_; }
 
   private:
@@ -88,7 +88,7 @@ class TagReader {
         return lower(text_.substr(start, at_ - start));
     }
 
-    /// Passes over ">" or "/>", with blanks before it.
+    /// Skips ">" or "/>", with blanks before it.
     bool takeEnd() {
         skipBlanks();
         const std::string_view rest = text_.substr(at_);
@@ -113,7 +113,7 @@ class TagReader {
         return true;
     }
 
-    /// A value ends on its line and holds no "<"; in quotes it may hold anything else.
+    /// A value ends on its line and contains no "<"; in quotes it may contain anything else.
     bool takeValue(std::string& value) {
         const std::string_view rest = text_.substr(at_);
         const bool quoted = rest.starts_with('"') || rest.starts_with('\'');
@@ -135,7 +135,7 @@ class TagReader {
     std::size_t at_ = 1;
 };
 
-/// The end of a declaration ("<!DOCTYPE ...>", "<?xml ...>"); 0 when this is none.
+/// The end of a declaration ("<!DOCTYPE ...>", "<?xml ...>"); 0 when this is not one.
 std::size_t endOfDeclaration(std::string_view text) {
     const std::string start = lower(text.substr(0, 9));
     if (!start.starts_with("<!doctype") && !start.starts_with("<?xml")) return 0;
@@ -143,8 +143,8 @@ std::size_t endOfDeclaration(std::string_view text) {
     return end != std::string_view::npos && text[end] == '>' ? end + 1 : 0;
 }
 
-/// Where the form begins: behind the line that ends the markers. Their values may hold anything,
-/// "-->" too, so that they are not read as comments.
+/// Where the form begins: after the line that ends the markers. Marker values may contain anything,
+/// even "-->", so they are not read as comments.
 std::size_t endOfMarkers(std::string_view document) {
     const std::string endLine = "\n" + std::string(kEndOfMarkers);
     const auto end = document.find(endLine);
@@ -193,8 +193,8 @@ std::optional<Piece> MarkupReader::next() {
     return std::nullopt;
 }
 
-/// One that begins within a line has to end there: what was typed into a box must not hide what
-/// follows it.
+/// A comment that begins within a line has to end there: what was typed into a box must not hide
+/// what follows it.
 bool MarkupReader::skipComment() {
     if (const auto declaration = endOfDeclaration(rest())) {
         at_ += declaration;
@@ -203,7 +203,7 @@ bool MarkupReader::skipComment() {
     if (!rest().starts_with("<!--")) return false;
     const bool startsLine = at_ == 0 || text_[at_ - 1] == '\n';
     const auto lineEnd = lineEnd_.from(text_, at_);
-    // The marker of a line item has no end of its own.
+    // The marker of a line item has no "-->" of its own.
     if (startsLine && rest().starts_with(kItemOpening)) {
         at_ = std::min(lineEnd, text_.size());
         return true;
@@ -223,7 +223,7 @@ std::optional<Piece> MarkupReader::takeTag() {
     return piece;
 }
 
-/// The text up to a place, which is read with that.
+/// Takes the text up to `end`, which is then read.
 Piece MarkupReader::take(std::size_t end) {
     const Piece piece{text_.substr(at_, end - at_), std::nullopt};
     at_ += piece.text.size();

@@ -1,6 +1,6 @@
 // The order document's own small dialect of HTML, taken apart: what is markup, and what is only
-// text that holds a "<". Nothing in the document is escaped, so that "Tube <50 mm" and
-// "<b>Tube</b>" have to be told apart here.
+// text that contains a "<". Nothing in the document is escaped, so "Tube <50 mm" and "<b>Tube</b>"
+// have to be told apart here.
 #pragma once
 
 #include <optional>
@@ -11,16 +11,16 @@
 
 namespace bramblet {
 
-/// What an element is to the layout.
+/// What an element means to the layout.
 enum class Role {
     Page,    ///< the document's own frame around the form: html, head, body, base font
     Inline,  ///< within a line
-    Block,   ///< begins a line of its own
+    Block,   ///< starts a line of its own
     Single,  ///< has no content
     Table,
     Row,
     Cell,
-    Nothing,  ///< known, but of no effect
+    Nothing,  ///< known, but without effect
 };
 
 struct Element {
@@ -35,36 +35,36 @@ struct Tag {
     std::vector<std::pair<std::string, std::string>> attributes;  ///< names in lower case
 
     std::optional<std::string> attribute(std::string_view name) const;
-    /// As above, in lower case, empty when there is no such attribute.
+    /// As above, but in lower case, and empty when there is no such attribute.
     std::string word(std::string_view name) const;
     bool is(std::string_view name) const { return element->name == name; }
 };
 
-/// A stretch of the document as it stands there: a tag, or text.
+/// A stretch of the document as it stands: a tag, or text.
 struct Piece {
     std::string_view text;
     std::optional<Tag> tag;
 };
 
-/// The element of a name in lower case; none for names that the dialect has not.
+/// The element with this name in lower case; null for names not in the dialect.
 const Element* elementNamed(std::string_view name);
 
-/// Reads a document from behind its markers to its end, comments left out. A "<" opens a tag only
-/// where the whole tag is of the dialect: a known name, then attributes, then ">". It takes time in
-/// proportion to the document's length, whatever is in it.
+/// Reads a document from after its markers to its end, leaving out comments. A "<" opens a tag only
+/// if the whole tag belongs to the dialect: a known name, then attributes, then ">". The time taken
+/// is proportional to the document's length, whatever it contains.
 class MarkupReader {
   public:
     explicit MarkupReader(std::string_view document);
 
-    /// The next piece; none at the end.
+    /// The next piece; nothing at the end.
     std::optional<Piece> next();
 
-    /// What has not been read yet, and passing over the first part of it.
+    /// What has not been read yet, and a way to skip the beginning of it.
     std::string_view rest() const { return text_.substr(at_); }
     void skip(std::size_t count) { at_ += count; }
 
   private:
-    /// The place of the next such text, found once and kept until it is passed.
+    /// The position of the next `wanted`, found once and kept until it is passed.
     struct Next {
         std::string_view wanted;
         std::size_t place = 0;

@@ -1,4 +1,4 @@
-// The order being edited, as plain texts: what stands in the boxes is the value.
+// The order being edited, as plain texts: what is in the boxes is the value.
 #pragma once
 
 #include <array>
@@ -20,18 +20,18 @@ enum OrderColumn : std::size_t {
     kOrderColumns
 };
 
-/// What stands in the file number column of a line that is no stock item.
+/// The content of the file number column in a line that is not a stock item.
 inline constexpr const char* kSpecial = "special";
 
 /// One row of the line grid: eight cells of text.
 using OrderLine = std::array<std::string, kOrderColumns>;
 
-/// The number box of an order that has never been saved.
+/// The content of the number box in an order that has never been saved.
 inline constexpr const char* kPendingNumber = "(PEND)";
 
 enum class OrderKind { PurchaseOrder, Requisition };
 
-/// One member a control of the main window, under the control's name. Texts are in the code page;
+/// One member per control of the main window, under the control's name. Texts are in the code page;
 /// the two addresses have CR LF between their lines.
 struct Order {
     std::string PONoEd = kPendingNumber;

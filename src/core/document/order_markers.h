@@ -1,5 +1,5 @@
-// The markers at the top of an order document: one comment line a field, by which the order can be
-// opened again. Written and read from this one table.
+// The markers at the top of an order document: one comment line per field, from which the order can
+// be opened again. Written and read from this one table.
 #pragma once
 
 #include "core/document/order.h"
@@ -14,10 +14,10 @@ namespace bramblet {
 struct OrderMarker {
     const char* tag;  ///< three characters
     OrderField field;
-    bool read;  ///< whether opening an order takes the value; amounts that totals give are not read
+    bool read;  ///< whether opening an order takes the value; computed totals are not read
 };
 
-/// The markers before and behind the status line, in the order of the document.
+/// The markers before and after the status line, in the order of the document.
 inline constexpr std::array kMarkersBeforeStatus{
     OrderMarker{"PON", &Order::PONoEd, true},        OrderMarker{"JOB", &Order::JobNumberEd, true},
     OrderMarker{"ORD", &Order::OrderDateEd, true},   OrderMarker{"VND", &Order::ToCombo, true},

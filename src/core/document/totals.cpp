@@ -13,7 +13,7 @@ std::string howToWriteHalf(const RegionalFormats& formats) {
     return "50% is written " + generalText(0.5, formats);
 }
 
-/// Runs `step`, whose faults are those of `box` holding `text`.
+/// Runs `step`, blaming its faults on `box` holding `text`.
 template <class Step>
 auto in(const std::string& box, const std::string& text, Step step,
         const std::string& complaint = "is not an amount") {

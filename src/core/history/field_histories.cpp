@@ -63,7 +63,7 @@ void FieldHistories::reload() {
     update([](std::size_t) { return std::string(); });
 }
 
-/// Adds a text to each history and reads it anew.
+/// Adds a text to each history and rereads it.
 template <class TextOf>
 void FieldHistories::update(TextOf textOf) {
     const FileSystem once = files_.withoutRetry();
@@ -101,8 +101,8 @@ void FieldHistories::removeFrom(std::size_t history) {
         prompts_.say("\"" + forgotten + "\" was not removed from the list: " + fault.inWords());
         return;
     }
-    // Another value stands in the box when the entry was pointed at in the list or among the
-    // suggestions; it may be half typed, and is remembered when the order is saved.
+    // The box holds another value when the entry was pointed at in the list or among the
+    // suggestions. That value may be half typed, and is remembered when the order is saved.
     const OrderField field = kHistories[history].field;
     if (trimmed(open_.order.*field) == forgotten) Change(field, "");
     rememberAllBut(field);

@@ -1,5 +1,5 @@
 // The histories of the six free-text fields of the order, what the events of their boxes do, and
-// the forgetting of a value.
+// how a value is forgotten.
 #pragma once
 
 #include "core/addresses/address_book.h"
@@ -13,7 +13,7 @@
 
 namespace bramblet {
 
-/// A box with a history: its name, its field of the order, its file in the data folder.
+/// A box with a history: its name, its field in the order, its file in the data folder.
 struct HistoryFacts {
     const char* box;
     OrderField field;
@@ -35,20 +35,20 @@ class FieldHistories {
 
     const FieldHistory::Entries& entries(OrderField field) const;
 
-    /// Trims what stands in the six boxes, as it is remembered.
+    /// Trims the texts in the six boxes, as they are when remembered.
     void trimTexts();
 
-    /// Adds what stands in the six boxes to their histories and reads all of them anew. The texts
-    /// stay, trimmed. The first fault ends it, that of a file in use too: nothing is waited for.
+    /// Adds the texts of the six boxes to their histories and rereads all histories. The texts
+    /// stay, trimmed. The first fault ends it, even that of a file in use: nothing is waited for.
     void AddToUserFields() { rememberAllBut(nullptr); }
 
-    /// Reads all of them anew.
+    /// Rereads all histories.
     void reload();
 
     /// Forgets `CurrentHistoryText` in the history of `CurrentHistoryFile` and empties that box if
     /// it shows the value; in an address box, deletes the entry of that name.
     void RemoveHistoryEntry();
-    /// Whether a box offers to do that with an entry: always, but in the address boxes.
+    /// Whether a box offers to do that with an entry: always, except in the address boxes.
     bool mayDelete(AddressSide side, const std::string& entry) const {
         return addresses_.mayDeleteEntry(side, entry);
     }
@@ -72,7 +72,7 @@ class FieldHistories {
     void removeFrom(std::size_t history);
     template <class TextOf>
     void update(TextOf textOf);
-    /// The history of `unfinished` is read, but what stands in its box is not remembered.
+    /// Reads the history of `unfinished`, but does not remember what is in its box.
     void rememberAllBut(OrderField unfinished);
 
     const FileSystem& files_;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 
-/// Lines end with CR LF; a file that another program has written may use one of the two alone.
+/// Lines end with CR LF; a file written by another program may use only one of the two.
 std::vector<std::string> linesOf(const std::string& content) {
     std::vector<std::string> lines;
     for (std::size_t start = 0; start < content.size();) {
@@ -21,8 +21,8 @@ std::vector<std::string> linesOf(const std::string& content) {
     return lines;
 }
 
-/// The value as one line: with a blank for every line end within it, and trimmed after that, as
-/// the lines of the file are when the value is looked for.
+/// The value as one line: with a blank for every line end in it, and then trimmed, as the lines of
+/// the file are when the value is looked for.
 std::string asLine(std::string value) {
     std::replace_if(
         value.begin(), value.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
@@ -36,8 +36,8 @@ bool endsLine(const std::string& content) {
 }  // namespace
 
 void FieldHistory::remember(const FileSystem& files, const std::string& value) {
-    // Opened for writing only when it has to be: a file that can only be read is listed all the
-    // same.
+    // Opened for writing only when necessary, so that the values of a read-only file are still
+    // listed.
     if (!files.exists(path_)) files.touch(path_);
     if (std::string content = files.read(path_); content != content_) {
         entries_ = std::make_shared<const std::vector<std::string>>(linesOf(content));

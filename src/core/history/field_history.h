@@ -1,5 +1,5 @@
-// The remembered values of one free-text field of the order: a text file of one value a line, each
-// ended by CR LF, oldest first, without a count or a limit.
+// The remembered values of one free-text field of the order: a text file with one value per line,
+// each ended by CR LF, oldest first, without a count or a limit.
 #pragma once
 
 #include "core/platform/file_system.h"
@@ -13,27 +13,27 @@ namespace bramblet {
 
 class FieldHistory {
   public:
-    /// The values in file order; a value that stands twice in the file is there twice.
+    /// The values in file order; a value that is in the file twice is listed twice.
     using Entries = std::shared_ptr<const std::vector<std::string>>;
 
     explicit FieldHistory(std::filesystem::path path) : path_(std::move(path)) {}
 
-    /// What the list offers; the same object until the file's content is another one.
+    /// What the list offers; the same object until the file's content changes.
     const Entries& entries() const { return entries_; }
 
-    /// Adds a value, trimmed, unless it is blank or already there (letter case matters), and reads
-    /// the file anew, which is created empty when missing. Throws FileError.
+    /// Adds a value, trimmed, unless it is blank or already there (letter case matters), and
+    /// rereads the file, which is created empty when missing. Throws FileError.
     void remember(const FileSystem& files, const std::string& value);
 
-    /// Drops every line that is this value but for blanks around it: the others are written to a
-    /// temporary file, which takes the file's place. Its name is this program's alone: two desks
-    /// that shared one would mix their histories. `entries` stay until the next `remember`. Throws
-    /// FileError.
+    /// Drops every line that equals this value apart from blanks around it: the others are written
+    /// to a temporary file, which takes the file's place. The temporary name is this program's
+    /// alone: two desks sharing one would mix their histories. `entries` stay until the next
+    /// `remember`. Throws FileError.
     void forget(const FileSystem& files, const std::string& value) const;
 
   private:
     std::filesystem::path path_;
-    std::string content_;  ///< of the file, as `entries_` were made from it
+    std::string content_;  ///< of the file, from which `entries_` were made
     Entries entries_ = std::make_shared<const std::vector<std::string>>();
 };
 

@@ -12,9 +12,9 @@
 
 namespace bramblet {
 
-/// The file's text: a line of headings and one for each order that is not deleted, every field in
-/// double quotes, lines ending in CR LF. Quotes within a field are not doubled; dates that are not
-/// set are empty.
+/// The file's text: a line of headings, then one line for each order that is not deleted, with
+/// every field in double quotes and lines ending in CR LF. Quotes within a field are not doubled;
+/// unset dates are empty.
 std::string ordersAsCsv(const std::vector<OrderIndexRecord>& orders,
                         const RegionalFormats& formats);
 

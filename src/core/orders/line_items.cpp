@@ -16,8 +16,8 @@ LineEntry entryOf(const OrderLine& line) {
     return {line[kQuantity], line[kUnit], line[kDescription], line[kUnitCost]};
 }
 
-/// A text as a cell of a line: a tab or a line break would end the cell or the line when the
-/// order's document is read again.
+/// A text made fit for a cell of a line: a tab or a line break would end the cell or the line when
+/// the order's document is read back.
 std::string textCell(const std::string& text) {
     return trimmed(withoutControls(text));
 }
@@ -143,7 +143,7 @@ void LineItems::store(OrderLine& line, const LineEntry& entry) const {
     try {
         line[kLineTotal] = lineTotal(entry.quantity, entry.unitCost, formats_);
     } catch (const Fault& fault) {
-        // A product out of all bounds, or a cell of a document edited by hand.
+        // A product out of range, or a cell of a document edited by hand.
         prompts_.say("The line's total was not computed: " + fault.inWords());
     }
 }

@@ -48,7 +48,7 @@ void OrderEditor::NewPO_Click() {
     if (!at_.folder.available(at_.prompts)) return;
     if (offerToSave("Order", "Save?") != Offer::GoOn) return;
     if (!confirm("Create blank new order ?")) return;
-    // Drawn before the window is cleared: without a number the shown order stays as it is.
+    // Drawn before the window is cleared, so that without a number the order shown stays as it is.
     const auto number = nextNumber();
     if (!number) return;
     at_.histories.AddToUserFields();
@@ -72,7 +72,7 @@ void OrderEditor::Save_PO_Click() {
     const bool received = at_.open.order.MarkReceivedCheck;
     at_.open.order.MarkReceivedCheck = false;
     if (!saveAs(*number, Histories::LeaveAlone) && at_.open.order.PONoEd != *number) {
-        at_.open.order.MarkReceivedCheck = received;  // there is no copy: the source is as it was
+        at_.open.order.MarkReceivedCheck = received;  // no copy was made: the source is as it was
     }
     at_.savedOrders.PopPOGrid();
     changed();
@@ -202,7 +202,7 @@ OrderEditor::Offer OrderEditor::offerToSave(const std::string& named, const std:
     }
 }
 
-/// Said while the number is typed: once it is saved, the other order is gone.
+/// Warns while the number is being typed: once it is saved, the other order is gone.
 void OrderEditor::tellOfNumber() {
     const std::string doubt = doubtAboutNumber();
     if (!doubt.empty()) {
@@ -235,8 +235,8 @@ bool OrderEditor::datesAreReadable() const {
     return isDate(&Order::OrderDateEd) && isDate(&Order::ShipDateEd);
 }
 
-/// Before a number is drawn: the list could not take the order, and the number would be drawn again
-/// for another one.
+/// Checked before a number is drawn: otherwise the list could not take the order, and the number
+/// would be drawn again for another one.
 bool OrderEditor::checkDates() {
     try {
         at_.index.checkDates(at_.open.order);
@@ -314,7 +314,7 @@ bool OrderEditor::write(Histories histories) {
         attempt(Loss::Order, "The document of order " + order.PONoEd + " was not saved: ", [&] {
             MakeSnap(path);
         });
-        // Last: what is only a convenience keeps no order from being saved.
+        // Done last: a mere convenience must not keep an order from being saved.
         if (histories == Histories::Remember) at_.histories.AddToUserFields();
     }
     at_.open.Save_POEnabled = true;
@@ -353,13 +353,13 @@ void OrderEditor::LoadOrder(const std::string& orderNumber) {
     Order& order = at_.open.order;
     order.kind = OrderKind::PurchaseOrder;
     const MarkersFound found = readMarkers(document, order);
-    // Without a number of its own what is shown must not be saved over the order shown before.
+    // Without a number of its own, what is shown must not be saved over the order shown before.
     if (!found.number) {
         order.PONoEd = kPendingNumber;
         at_.prompts.say("The document of order " + orderNumber + " holds no order");
     }
     if (found.vendor) {
-        at_.addresses.Combo_Click(AddressSide::Vendor);  // which lists its stock items too
+        at_.addresses.Combo_Click(AddressSide::Vendor);  // which also lists its stock items
     } else {
         at_.stock.PopStockList();
     }

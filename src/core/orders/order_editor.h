@@ -47,7 +47,7 @@ class OrderEditor {
     /// Unlocks the number box after a question.
     void Label11_DblClick();
     void TotalUp_Click();
-    /// A click on a row of the saved orders: opens that order after offering to save this one.
+    /// A click on a row of the saved orders: offers to save this order, then opens that one.
     void POGrid_Click(const std::string& orderNumber);
     /// "Delete Order" of the saved orders' pop-up menu.
     void POPop_delete_Click(const std::string& orderNumber);
@@ -59,21 +59,22 @@ class OrderEditor {
     void MarkReceivedCheck_Click(bool received);
     /// A day of the calendar was clicked: its date goes into the box in the short form.
     void MonthView1_DateClick(OrderField box, DayCount day);
-    /// The day at which the calendar opens for a box: its own, or today.
+    /// The day the calendar opens at for a box: the box's own date, or today.
     DayCount calendarStart(OrderField box) const;
-    /// Whether a date box holds a date, or nothing.
+    /// Whether a date box holds a date or is blank.
     bool isDate(OrderField box) const { return at_.index.isDate(at_.open.order.*box); }
 
-    /// Empties the order as the clear command does, without marking it changed.
+    /// Empties the order as the clear command does, but without marking it as changed.
     void clearOrder();
 
-    /// Asks whether to save a changed order, named as "Order" or "Bramblet" number, and does so.
+    /// Asks whether to save a changed order, and does so; the question calls its number the "Order"
+    /// or "Bramblet" number, as `named` says.
     enum class Offer { GoOn, Cancelled, NotSaved };
     Offer offerToSave(const std::string& named, const std::string& title);
 
-    /// What was typed into the name boxes counts before the order is shown or saved.
+    /// Picks the names typed into the name boxes; done before the order is shown or saved.
     void pickTypedNames() { at_.addresses.pickTypedNames(); }
-    /// Totals the order up; false when the user has been told why that was not possible.
+    /// Totals the order; false when the user has been told why that was not possible.
     bool totalUp();
     /// Writes the document of the order shown. Throws Fault.
     void MakeSnap(const std::filesystem::path& path) const;
@@ -83,7 +84,7 @@ class OrderEditor {
     void tellOfNumber();
     std::string doubtAboutNumber() const;
     bool datesAreReadable() const;
-    // Each of these is none or false when the user has been told what went wrong.
+    // Each of these returns nothing or false after telling the user what went wrong.
     bool checkDates();
     std::optional<std::string> nextNumber();
     enum class Histories { Remember, LeaveAlone };
@@ -94,7 +95,7 @@ class OrderEditor {
     void changed() { at_.open.onChange(); }
 
     Workplace at_;
-    bool numberDoubted_ = false;  ///< whether the status line speaks against the number typed
+    bool numberDoubted_ = false;  ///< whether the status line warns against the number typed
 };
 
 }  // namespace bramblet

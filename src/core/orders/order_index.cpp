@@ -13,7 +13,7 @@ IndexFile openIndex(const FileSystem& files, const std::filesystem::path& path) 
     return IndexFile(files, path, RecordCount::Rounded, kMostRecords);
 }
 
-/// Number of the first record with the order number; 0 when there is none.
+/// The number of the first record with the order number; 0 when there is none.
 int find(const std::vector<OrderIndexRecord>& records, const std::string& number) {
     const std::string wanted = trimmed(number);
     for (std::size_t i = 0; i < records.size(); ++i) {
@@ -22,7 +22,7 @@ int find(const std::vector<OrderIndexRecord>& records, const std::string& number
     return 0;
 }
 
-/// The amounts of a record, each with the box that it is read from and the box's label.
+/// The amounts of a record, each with the box it is read from and that box's label.
 struct Amount {
     Currency OrderIndexRecord::*field;
     OrderField box;
@@ -115,7 +115,7 @@ bool OrderIndex::isDate(const std::string& text) const {
     return readDate(text).has_value();
 }
 
-/// 0 for a blank text.
+/// Returns 0 for a blank text.
 std::optional<double> OrderIndex::readDate(const std::string& text) const {
     const std::string date = trimmed(text);
     if (date.empty()) return 0;

@@ -1,4 +1,4 @@
-// The order index "po_data.dat": one short record an order, from which the list of saved orders is
+// The order index "po_data.dat": one short record per order, from which the list of saved orders is
 // made and new order numbers are drawn.
 #pragma once
 
@@ -39,16 +39,16 @@ static_assert(recordSize(kOrderIndexLayout) == 203);
 
 inline constexpr const char* kDeletedOrder = "D";
 
-/// Each operation opens the file, works and closes it. All throw Fault: FileError for the file,
-/// Overflow when it holds more than 32,767 records.
+/// Each operation opens the file, does its work and closes it. All throw Fault: FileError for the
+/// file, Overflow when it holds more than 32,767 records.
 class OrderIndex {
   public:
     OrderIndex(FileSystem files, std::filesystem::path path, const RegionalFormats& formats,
                Clock clock);
 
-    /// Writes the record of an order: in place of the first one of its number, or behind the last.
-    /// An order without a number is not written. Throws BoxFault for a date or an amount that
-    /// cannot be read; the file is then unchanged.
+    /// Writes the record of an order: in place of the first one with its number, or at the end. An
+    /// order without a number is not written. Throws BoxFault for a date or an amount that cannot
+    /// be read; the file is then unchanged.
     void RecordData(const Order& order) const;
 
     /// Throws BoxFault for a date that `RecordData` could not read.
@@ -57,10 +57,10 @@ class OrderIndex {
     bool isDate(const std::string& text) const;
 
     /// One more than the highest number in the file, deleted orders included. Letters in a number
-    /// are passed over; one that is no number even then holds nothing back.
+    /// are skipped; one that still cannot be read as a number is ignored.
     double NextPONumber() const;
 
-    /// Marks the first record of the number as deleted; false when there is none.
+    /// Marks the first record with the number as deleted; false when there is none.
     bool markDeleted(const std::string& number) const;
 
     std::vector<OrderIndexRecord> readAll() const;

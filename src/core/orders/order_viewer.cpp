@@ -28,7 +28,7 @@ void OrderViewer::MakeOrder_Click() {
         prompts_.say("Order " + open_.order.PONoEd + " cannot be shown: " + fault.inWords());
         return;
     }
-    // What is shown has to be what the window holds; a pending order never counts as changed.
+    // The document shown must match the window; a pending order never counts as changed.
     const bool current = !open_.OrderDirty && !open_.isPending() && files_.exists(path_);
     if (!current && !(editor_.totalUp() && write())) return;
     if (read()) showViewer();
@@ -41,7 +41,7 @@ std::string OrderViewer::orderNumber() const {
 std::string OrderViewer::picture(const std::string& name) const {
     if (!isPlainFileName(name) || !files_.exists(folder_.file(name))) return {};
     try {
-        // Asked for in the midst of laying out a page, where nothing can be waited for.
+        // Asked for in the middle of laying out a page, when there is no way to wait.
         return files_.withoutRetry().read(folder_.file(name));
     } catch (const Fault&) {
         return {};  // shown as a missing picture
@@ -99,12 +99,13 @@ void OrderViewer::IE_Button_Click() {
     }
 }
 
-/// A message: while the viewer is open a line in the main window's status bar would not be seen.
+/// Uses a message box: a line in the main window's status bar would go unseen while the viewer is
+/// open.
 void OrderViewer::tell(const std::string& failure) const {
     prompts_.ask({failure, "View Order", Buttons::Ok, Icon::Exclamation});
 }
 
-/// Whether the data folder has such a file: a blank name would be the folder itself.
+/// Whether the data folder has such a file; a blank name would mean the folder itself.
 bool OrderViewer::hasFile(const std::string& name) const {
     const std::filesystem::path path = folder_.file(name);
     try {

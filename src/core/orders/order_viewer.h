@@ -1,4 +1,4 @@
-// Viewing the order shown as its finished form: which document it is, its pictures, mailing it.
+// Viewing the order shown in its finished form: which document it is, its pictures, mailing it.
 #pragma once
 
 #include "core/orders/order_editor.h"
@@ -15,11 +15,11 @@ class OrderViewer {
     OrderViewer(const FileSystem& files, const DataFolder& folder, const Settings& settings,
                 OrderEditor& editor, const OpenOrder& open, Desktop& desktop, Prompts& prompts);
 
-    /// Opens the viewer's window on the document chosen last.
+    /// Opens the viewer's window on the document last chosen.
     std::function<void()> showViewer = [] {};
 
     /// Shows the order as its document, which is written first when the order has unsaved changes
-    /// or no number yet, or when there is none.
+    /// or no number yet, or when there is no document.
     void MakeOrder_Click();
 
     /// The document being viewed: its text, its file's path, and the number of its order.
@@ -27,17 +27,17 @@ class OrderViewer {
     const std::filesystem::path& path() const { return path_; }
     std::string orderNumber() const;
 
-    /// A picture of the data folder by its name; empty when there is none, or the name is no plain
-    /// one.
+    /// A picture in the data folder by its name; empty when there is none or the name is not a
+    /// plain file name.
     std::string picture(const std::string& name) const;
 
-    /// Writes the document anew with the settings as they are now.
+    /// Rewrites the document with the settings as they are now.
     void ReWrite();
 
-    /// Puts a PDF of the document where the user wants it; `pdf` makes it.
+    /// Saves a PDF of the document where the user chooses; `pdf` makes it.
     void SavePdf_Click(const std::function<std::string()>& pdf);
 
-    /// A print has come to its end.
+    /// A print job has ended.
     void printed(bool good);
 
     /// Hands the document to the user's mail program.

@@ -9,7 +9,7 @@
 namespace bramblet {
 namespace {
 
-/// The amount that a column shows; none for the other columns.
+/// The amount that a column shows; null for the other columns.
 Currency OrderIndexRecord::*amountIn(int column) {
     switch (column) {
         case kOrderTotalColumn:
@@ -36,7 +36,8 @@ SavedOrders::SavedOrders(const OrderIndex& index, const DataFolder& folder,
     : index_(index), folder_(folder), formats_(formats), prompts_(prompts) {}
 
 void SavedOrders::PopPOGrid() {
-    // What is shown changes in one go: reading may have to wait, and the windows go on meanwhile.
+    // What is shown changes in one go: reading may have to wait, and the windows stay live
+    // meanwhile.
     try {
         rows_ = index_.readAll();
         read_ = true;

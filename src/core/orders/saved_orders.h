@@ -1,5 +1,5 @@
-// The list of saved orders: the records of the index that pass the filters, in the order in which
-// they are shown. Cells are made into text when they are asked for.
+// The list of saved orders: the index records that pass the filters, in the order in which they are
+// shown. Cells are turned into text when asked for.
 #pragma once
 
 #include "core/orders/order_index.h"
@@ -31,7 +31,7 @@ enum SavedOrderColumn : int {
     kSavedOrderColumns
 };
 
-/// Whether the index held an order number when it was read last.
+/// Whether the index held an order number when it was last read.
 enum class NumberUse { Free, Taken, TakenByDeleted };
 
 class SavedOrders {
@@ -47,18 +47,18 @@ class SavedOrders {
     /// Called after the list or its order has changed.
     std::function<void()> onChange = [] {};
 
-    /// Reads the index anew; the highest order number comes first. If it cannot be read, what was
-    /// listed before stays.
+    /// Rereads the index; the highest order number comes first. If it cannot be read, the previous
+    /// list stays.
     void PopPOGrid();
 
-    /// The switch to this list: reads it anew; false when the data folder cannot be used.
+    /// The switch to this list: rereads it; false when the data folder cannot be used.
     bool ViewExisting_Click();
 
-    /// A click on one of the filter boxes: lists anew.
+    /// A click on one of the filter boxes: rebuilds the list.
     void ListCheck_Click(bool SavedOrders::*filter, bool checked);
 
-    /// A click on a heading: sorts by that column, ascending at first and then in turn. Order
-    /// numbers sort as numbers, everything else as text without regard to case.
+    /// A click on a heading: sorts by that column, first ascending, then alternating. Order numbers
+    /// sort as numbers, everything else as text regardless of case.
     void sortByHeading(int column);
 
     int rowCount() const { return static_cast<int>(rows_.size()); }
@@ -71,13 +71,13 @@ class SavedOrders {
     /// The row of an order number; -1 when it is not listed.
     int rowOf(const std::string& orderNumber) const;
 
-    /// Listed or not: orders that the filters leave out have their numbers too.
+    /// Covers all orders: those that the filters leave out have numbers too.
     NumberUse useOf(const std::string& orderNumber) const;
 
     int sortColumn() const { return sortColumn_; }
     bool sortedDescending() const { return descending_; }
 
-    /// "12 orders listed", or that they could not be read, for the tool tip of the label under the
+    /// "12 orders listed", or that they could not be read: the tool tip of the label under the
     /// list.
     std::string countText() const;
 
@@ -97,7 +97,7 @@ class SavedOrders {
     };
     std::vector<KnownNumber> numbers_;  ///< of all records
     std::vector<OrderIndexRecord> rows_;
-    bool read_ = false;  ///< whether the rows are those of the last reading
+    bool read_ = false;  ///< whether the rows come from the last reading
     int sortColumn_ = kNumberColumn;
     bool descending_ = true;
 };

@@ -67,8 +67,8 @@ void dropBlanks(std::string_view& text) {
         text.remove_suffix(1);
 }
 
-/// Takes the sign and the currency sign, in either order, off the front of `text` (a currency
-/// sign off its end too). True when the number is negative.
+/// Takes the sign and the currency sign, in either order, off the front of `text` (and a currency
+/// sign off its end). True when the number is negative.
 bool takeSigns(std::string_view& text, const RegionalFormats& formats) {
     dropBlanks(text);
     bool negative = dropPrefix(text, "-");
@@ -83,7 +83,7 @@ bool takeSigns(std::string_view& text, const RegionalFormats& formats) {
     return negative;
 }
 
-/// Where groups are apart by a no-break blank, people type a plain one.
+/// Where groups are separated by a no-break blank, people type a plain one.
 bool dropGroupSeparator(std::string_view& text, const RegionalFormats& formats) {
     const std::string& separator = formats.groupSeparator;
     const bool blankGroups = separator.size() == 1 && isBlank(separator.front());

@@ -1,4 +1,4 @@
-// Amounts as texts: cleaning what was typed, reading it in the user's region, and the named formats
+// Amounts as text: cleaning what was typed, reading it in the user's region, and the named formats
 // "standard" and "currency".
 #pragma once
 
@@ -10,22 +10,22 @@
 
 namespace bramblet {
 
-/// Keeps only the digits, "." and "," of the trimmed text, "0" when nothing is left; a minus sign
-/// falls away, so what went through here is never negative. The argument is replaced by its
-/// trimmed form.
+/// Keeps only the digits, "." and "," of the trimmed text, or gives "0" when nothing is left; a
+/// minus sign is dropped, so the result is never negative. The argument is replaced by its trimmed
+/// form.
 std::string CleanNumber(std::string& text);
 
 /// As above, for a text that need not be trimmed in place.
 std::string cleanedNumber(std::string_view text);
 
 /// The number that a text names in the user's region: digits with group separators, a decimal
-/// separator, a currency sign and a minus sign in front. Anything else throws Fault(TypeMismatch).
+/// separator, a currency sign and a leading minus sign. Anything else throws Fault(TypeMismatch).
 double numberOf(std::string_view text, const RegionalFormats& formats);
 
-/// `numberOf` the text as an amount. Throws Fault(TypeMismatch) or Fault(Overflow).
+/// The text's `numberOf` as an amount. Throws Fault(TypeMismatch) or Fault(Overflow).
 Currency amountOf(std::string_view text, const RegionalFormats& formats);
 
-/// "standard": group separators and two decimals, halves away from zero.
+/// "standard": group separators and two decimals, halves rounded away from zero.
 std::string standardText(Currency amount, const RegionalFormats& formats);
 std::string standardText(double value, const RegionalFormats& formats);
 
@@ -33,13 +33,13 @@ std::string standardText(double value, const RegionalFormats& formats);
 std::string currencyText(Currency amount, const RegionalFormats& formats);
 std::string currencyText(double value, const RegionalFormats& formats);
 
-/// "currency" of a text: of the number it names, or the text as it is when it names none.
+/// "currency" of a text: of the number it names, or the text unchanged when it names none.
 std::string currencyText(std::string_view text, const RegionalFormats& formats);
 
-/// A number as people write it: up to 15 digits, no group separators, no zeros at its end.
+/// A number as people write it: up to 15 digits, no group separators, no trailing zeros.
 std::string generalText(double value, const RegionalFormats& formats);
 
-/// The number of an address or a stock item: plain digits, in every region the same.
+/// The number of an address or a stock item: plain digits, the same in every region.
 std::string tagText(double tag);
 
 /// An amount with at least two and at most four decimals, so that nothing of it is lost.

@@ -1,4 +1,4 @@
-// The two things that the core asks of the clock; tests put their own in place.
+// The two things that the core asks of the clock; tests supply their own.
 #pragma once
 
 #include "core/platform/dates.h"

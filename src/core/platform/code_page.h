@@ -1,5 +1,5 @@
 // The single-byte code page in which the data files are written: Windows-1252, or on Windows the
-// system's own when that is single-byte.
+// system's own if that is single-byte.
 #pragma once
 
 #include <array>
@@ -9,11 +9,11 @@ namespace bramblet {
 
 struct CodePage {
     std::array<char16_t, 256> unicode;    ///< UTF-16 code unit of each byte
-    std::array<std::uint8_t, 256> upper;  ///< the byte of each byte's upper-case letter
+    std::array<std::uint8_t, 256> upper;  ///< the byte of each byte's upper-case counterpart
 };
 
 /// Windows-1252; its five unassigned bytes stand for the control characters of the same number, so
-/// that every byte survives the way to Unicode and back.
+/// that every byte survives conversion to Unicode and back.
 CodePage windows1252();
 
 /// The code page of this machine.

@@ -6,7 +6,7 @@
 namespace bramblet {
 namespace {
 
-// Bytes that the page does not assign get private characters, so that they survive unchanged.
+// Bytes that the page does not assign are given private characters, so that they survive unchanged.
 constexpr char16_t kUnassigned = 0xF700;
 
 std::array<char16_t, 256> unicodeOf(unsigned number) {
@@ -23,7 +23,7 @@ std::array<char16_t, 256> unicodeOf(unsigned number) {
     return unicode;
 }
 
-/// The byte of a character; none when the page lacks it.
+/// The byte of a character; nothing when the page lacks it.
 std::optional<std::uint8_t> byteOf(char16_t unit, const std::array<char16_t, 256>& unicode) {
     for (unsigned byte = 0; byte < 256; ++byte) {
         if (unicode[byte] == unit) return static_cast<std::uint8_t>(byte);

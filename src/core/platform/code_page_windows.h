@@ -5,8 +5,8 @@
 
 namespace bramblet {
 
-/// The code page of a number; Windows-1252 for one that is unknown or not single-byte, since the
-/// records of the data files count a column a byte.
+/// The code page with a number; Windows-1252 if that is unknown or not single-byte, since the
+/// records of the data files count one column per byte.
 CodePage codePage(unsigned number);
 
 }  // namespace bramblet

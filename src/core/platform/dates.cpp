@@ -27,8 +27,8 @@ int daysInMonth(int year, int month) {
     return month == 2 && isLeapYear(year) ? 29 : kDays[static_cast<std::size_t>(month - 1)];
 }
 
-// The two conversions count years from March in eras of 400 years, so that the leap day is a
-// year's last day and needs no case of its own.
+// The two conversions count years from March, in eras of 400 years, so that the leap day is the
+// last day of a year and needs no case of its own.
 DayCount daysFromCivil(int year, int month, int day) {
     const int shifted = month <= 2 ? year - 1 : year;
     const int era = shifted / 400;
@@ -76,7 +76,7 @@ std::optional<std::vector<Piece>> piecesOf(std::string_view text) {
     return pieces;
 }
 
-/// 1 to 12 for a month name or its first three letters or more; 0 for any other word.
+/// 1 to 12 for a month name, or at least its first three letters; 0 for any other word.
 int monthNamed(const std::string& word, const RegionalFormats& formats) {
     const std::string wanted = upper(word);
     for (std::size_t month = 0; month < 12; ++month) {
@@ -111,7 +111,7 @@ std::optional<DayCount> dayOf(const std::string& year, const std::string& month,
     return toDayCount({*y, *m, *d});
 }
 
-/// The places of year, month and day in the region's short date, as "ymd" in their order.
+/// The order of year, month and day in the region's short date, such as "ymd".
 std::string fieldOrder(const RegionalFormats& formats) {
     std::string order;
     for (const char c : formats.shortDate) {

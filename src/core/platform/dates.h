@@ -1,4 +1,4 @@
-// Calendar dates as day counts, and the reading and writing of dates in the user's short form.
+// Calendar dates as day counts, and reading and writing dates in the user's short form.
 #pragma once
 
 #include "core/platform/regional_formats.h"
@@ -9,7 +9,7 @@
 
 namespace bramblet {
 
-/// Whole days since 30 December 1899, the day count that the data files hold as a double.
+/// Whole days since 30 December 1899: the day count that the data files hold as a double.
 using DayCount = int;
 
 struct CivilDate {
@@ -19,20 +19,20 @@ struct CivilDate {
     bool operator==(const CivilDate&) const = default;
 };
 
-/// The day count of a date; none when there is no such day or its year is outside 100 to 9999.
+/// The day count of a date; nothing when there is no such day or its year is outside 100 to 9999.
 std::optional<DayCount> toDayCount(const CivilDate& date);
 
 CivilDate toCivilDate(DayCount days);
 
-/// The date in the region's short form; empty when `days` lies outside the years 100 to 9999.
-/// Takes the double of a record: its fraction (the time of day) is ignored.
+/// The date in the region's short form; empty when `days` lies outside the years 100 to 9999. Takes
+/// the double of a record, ignoring its fraction (the time of day).
 std::string shortDateText(double days, const RegionalFormats& formats);
 
-/// Reads a date as people type it: numbers apart by "/", "-", "." or blanks in the region's order
-/// (or another order that makes a date when that one does not), year first when it has four digits
-/// and stands first, month names in full or by three letters and more, in the region's language or
-/// English. Two-digit years are 1950 to 2049; without a year it is that of `today`.
-/// None for a text that names no date.
+/// Reads a date as people type it. Numbers are separated by "/", "-", "." or blanks and come in the
+/// region's order (or, if that does not make a date, in another order that does); the year comes
+/// first if the first number has more than two digits. Month names are given in full or by three
+/// letters or more, in the region's language or English. Two-digit years are 1950 to 2049; without
+/// a year, that of `today` is taken. Returns nothing for a text that names no date.
 std::optional<DayCount> parseDate(std::string_view text, const RegionalFormats& formats,
                                   DayCount today);
 

@@ -9,7 +9,7 @@
 namespace bramblet {
 namespace {
 
-// Up to here 15 significant digits keep four decimals.
+// Below this, 15 significant digits keep four decimals.
 constexpr double kFourDecimalsInFifteenDigits = 1e11;
 
 void dropOuterZeros(Decimal& decimal) {

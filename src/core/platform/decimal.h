@@ -1,5 +1,5 @@
-// Numbers as rows of decimal digits: the step between the binary value of a number and its text,
-// so that every rounding is done on the digits that people see.
+// Numbers as strings of decimal digits: the step between the binary value of a number and its text,
+// so that all rounding is done on the digits that people see.
 #pragma once
 
 #include "core/platform/currency.h"
@@ -12,21 +12,22 @@ namespace bramblet {
 struct Decimal {
     bool negative = false;
     std::string digits;  ///< without leading or trailing zeros
-    int exponent = 0;    ///< place of the decimal point, counted from before the first digit
+    int exponent = 0;    ///< position of the decimal point, counted from before the first digit
 };
 
 enum class Halves { AwayFromZero, ToEven };
 
-/// The digits of a double: the 15 that it holds for certain, or for amounts too large to keep four
-/// decimals in 15 digits the shortest row that names it. Throws Fault(Overflow) when not finite.
+/// The digits of a double: the 15 that it holds for certain, or, for amounts too large to keep four
+/// decimals in 15 digits, the shortest string that identifies it. Throws Fault(Overflow) when not
+/// finite.
 Decimal toDecimal(double value);
 
 Decimal toDecimal(Currency amount);
 
-/// The decimal rounded to `places` digits behind the decimal point.
+/// The decimal rounded to `places` digits after the decimal point.
 Decimal rounded(const Decimal& decimal, int places, Halves halves);
 
-/// The digits before and behind the decimal point, the latter filled to `places`, and no sign:
+/// The digits before and after the decimal point, the latter filled to `places`, without a sign:
 /// {"1234", "50"}. The whole part is at least "0".
 struct PlainDigits {
     std::string whole;

@@ -1,5 +1,5 @@
 // What the program asks of the desktop around it: opening files and addresses with the programs
-// that belong to them, and mail. The core knows this interface; the windows' side does it.
+// that belong to them, and mail. The core knows this interface; the windows implement it.
 #pragma once
 
 #include <filesystem>
@@ -24,7 +24,7 @@ class Desktop {
     /// The program that opens a file of this kind; empty when there is none.
     virtual std::filesystem::path programFor(const std::filesystem::path& path) = 0;
 
-    /// Opens an address with a program that `programFor` gave. False when that fails.
+    /// Opens an address with a program returned by `programFor`. False when that fails.
     virtual bool openWith(const std::filesystem::path& program, const std::string& address) = 0;
 
     /// Opens a file with the program that the system has for its type. False when that fails.
@@ -32,7 +32,7 @@ class Desktop {
 
     virtual MailResult compose(const Mail& mail) = 0;
 
-    /// Opens a help file of the old kind in its own viewer; false where there is none.
+    /// Opens an old-style help file in its own viewer; false when there is none.
     virtual bool openHelpFile(const std::filesystem::path& path) = 0;
 };
 

@@ -43,7 +43,7 @@ class Fault : public std::runtime_error {
     FaultNumber number_;
 };
 
-/// A fault of a file statement; it knows the file.
+/// A fault of a file operation, with the path of the file.
 class FileError : public Fault {
   public:
     FileError(FaultNumber number, std::filesystem::path path)
@@ -55,8 +55,8 @@ class FileError : public Fault {
     std::filesystem::path path_;
 };
 
-/// A file that holds more bytes than any of its kind does in earnest: it is damaged, and reading it
-/// would fill the memory.
+/// A file longer than any genuine file of its kind: it is damaged, and reading it would fill the
+/// memory.
 class FileTooLong : public FileError {
   public:
     FileTooLong(std::filesystem::path path, std::uint64_t length)
@@ -68,7 +68,7 @@ class FileTooLong : public FileError {
     std::uint64_t length_;
 };
 
-/// A fault caused by what stands in one of the boxes: it names the box and its text.
+/// A fault caused by the content of one of the boxes: it names the box and its text.
 class BoxFault : public Fault {
   public:
     /// `complaint` ends the sentence, for example "is not a date".

@@ -11,8 +11,8 @@
 namespace bramblet {
 namespace {
 
-/// A name beside `path` that nobody else uses, on this machine or another, and no backup pattern
-/// matches.
+/// A name beside `path` that nobody else uses, on this machine or another, and that no backup
+/// pattern matches.
 std::filesystem::path temporaryNameFor(const std::filesystem::path& path) {
     static std::mt19937_64 numbers(std::random_device{}() ^ os::processNumber() << 32);
     std::array<char, 17> text{};
@@ -21,11 +21,11 @@ std::filesystem::path temporaryNameFor(const std::filesystem::path& path) {
                                                         ".tmp");
 }
 
-/// A file that is written beside another one to take its place. It is removed again unless it
-/// comes to that.
+/// A file written beside another one to take its place. It is removed again if it does not get that
+/// far.
 class Replacement {
   public:
-    /// Faults are those of `target`, which is what the user knows of.
+    /// Faults are reported for `target`, which is the file the user knows.
     Replacement(const FileSystem& files, std::filesystem::path target)
         : files_(files), target_(std::move(target)), path_(temporaryNameFor(target_)) {
         run([&] { file_.emplace(path_, os::Open::WriteNew); });
@@ -35,7 +35,7 @@ class Replacement {
         try {
             if (os::exists(path_)) os::remove(path_);
         } catch (const FileError&) {
-            // The share is gone; a leftover temporary file does no harm.
+            // The share is gone; a temporary file left behind does no harm.
         }
     }
     Replacement(const Replacement&) = delete;
@@ -137,7 +137,7 @@ void FileSystem::rename(const std::filesystem::path& from, const std::filesystem
 }
 
 void FileSystem::createFolders(const std::filesystem::path& path) const {
-    // Only what is missing is asked for: a drive or the name of a server cannot be created.
+    // Only missing folders are created: a drive or a server name cannot be.
     std::vector<std::filesystem::path> missing;
     auto folder = path.has_filename() ? path : path.parent_path();
     for (; folder.has_relative_path() && !os::exists(folder); folder = folder.parent_path())
@@ -196,18 +196,18 @@ std::string_view stemOf(std::string_view name) {
     return name.substr(0, name.find('.'));
 }
 
-/// What file systems take as one name, in bytes of UTF-8.
+/// The longest single name that file systems accept, in bytes of UTF-8.
 constexpr std::size_t kLongestName = 255;
 
-/// The most that a name takes: a letter outside ASCII has up to three bytes.
+/// The most bytes that a name can take: a letter outside ASCII has up to three.
 std::size_t lengthOnDisk(std::string_view name) {
     const auto outsideAscii = std::count_if(
         name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
     return name.size() + 2 * static_cast<std::size_t>(outsideAscii);
 }
 
-/// The name as it is, or without the letters before its ending that make it too long for a file
-/// with a few characters added.
+/// The name as it is, or without those letters before its ending that make it too long for a file
+/// name with a few characters added.
 std::string cutToLength(const std::string& name) {
     constexpr std::size_t kRoomToAdd = 8;
     constexpr std::size_t kLongestEnding = 5;
@@ -222,8 +222,8 @@ std::string cutToLength(const std::string& name) {
     return name.substr(0, taken) + ending;
 }
 
-/// Whether a file of this name, whatever its ending, is a device on Windows. Raised digits count
-/// as digits there.
+/// Whether a file of this name, whatever its ending, is a device on Windows. Superscript digits
+/// count as digits there.
 bool isDevice(std::string_view stem) {
     constexpr std::array<std::u16string_view, 6> kDevices{u"CON", u"PRN",    u"AUX",
                                                           u"NUL", u"CONIN$", u"CONOUT$"};

@@ -1,6 +1,6 @@
-// The files of the program. Every statement on them goes through here and through the rule for a
-// data folder that several people share: a file that another user holds (errors 70 and 75) is
-// waited for, one second at a time, and the statement is tried again.
+// The program's files. Every operation on them goes through here and through the rule for a data
+// folder that several people share: a file that another user holds (errors 70 and 75) is waited
+// for, one second at a time, and the operation is tried again.
 #pragma once
 
 #include "core/platform/fault.h"
@@ -36,16 +36,16 @@ class FileSystem {
     /// Creates an empty file where there is none.
     void touch(const std::filesystem::path& path) const;
 
-    /// Writes behind the end of a file, which is created when missing.
+    /// Writes at the end of a file, which is created when missing.
     void append(const std::filesystem::path& path, std::string_view content) const;
 
-    /// Puts `content` in place of the file's: written to a temporary file beside it, flushed to
-    /// disk and renamed, so that at any moment the old or the new content is there whole. The
-    /// rights of the old file stay.
+    /// Puts `content` in place of the file's: it is written to a temporary file beside it, flushed
+    /// to disk and renamed, so that at any moment either the old or the new content is there
+    /// complete. The access rights of the old file are kept.
     void replace(const std::filesystem::path& path, std::string_view content) const;
 
-    /// Copies a file under a temporary name and renames it when whole. It keeps its time stamp, and
-    /// the rights of the file that it replaces.
+    /// Copies a file under a temporary name and renames it when complete. The copy keeps the time
+    /// stamp of the original, and the access rights of the file that it replaces.
     void copy(const std::filesystem::path& from, const std::filesystem::path& to) const;
 
     bool exists(const std::filesystem::path& path) const;
@@ -53,16 +53,16 @@ class FileSystem {
     os::FileStatus status(const std::filesystem::path& path) const;
     void remove(const std::filesystem::path& path) const;
     void rename(const std::filesystem::path& from, const std::filesystem::path& to) const;
-    /// Creates a folder and those above it where they are missing.
+    /// Creates a folder and any missing folders above it.
     void createFolders(const std::filesystem::path& path) const;
     /// `reached` is called for every entry of the folder; it may throw to end the listing.
     std::vector<std::filesystem::path> fileNames(
         const std::filesystem::path& folder, const std::function<void()>& reached = [] {}) const;
     std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) const;
-    /// None where the file system does not tell.
+    /// Nothing when the file system does not tell.
     std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) const;
 
-    /// Runs one file statement under the waiting rule.
+    /// Runs one file operation under the waiting rule.
     template <class Statement>
     auto run(Statement statement) const {
         for (;;) {
@@ -84,20 +84,20 @@ class FileSystem {
     FileWait wait_;
 };
 
-/// The longest file that is read whole: 64 MB, several times what the largest office has.
+/// The longest file that is read in one piece: 64 MB, several times what the largest office has.
 inline constexpr std::uint64_t kLongestFile = 64 << 20;
 
-/// An open file whose bytes are read and written by their position.
+/// An open file whose bytes are read and written by position.
 class RandomFile {
   public:
     RandomFile(const FileSystem& files, const std::filesystem::path& path, os::Open how);
 
     std::uint64_t length() const;
-    /// The bytes at `offset`, fewer at the end of the file.
+    /// The bytes at `offset`; fewer at the end of the file.
     std::string read(std::uint64_t offset, std::size_t count) const;
     /// One write call.
     void write(std::uint64_t offset, std::string_view bytes);
-    /// Hands what was written to the disk; a full disk or a lost share may show only here.
+    /// Hands what was written to the disk; a full disk or a lost share may only show up here.
     void flush();
 
   private:
@@ -105,15 +105,15 @@ class RandomFile {
     os::File file_;
 };
 
-/// The folder with a separator at its end.
+/// The folder with a trailing separator.
 std::filesystem::path withSeparator(std::filesystem::path folder);
 
 /// Whether `name` followed by `ending` may be used as one component of a path, on any system: not
 /// empty, no separators, no "..", no drive colon, no device, nothing that a file system refuses.
 bool isPlainFileName(std::string_view name, std::string_view ending = "");
 
-/// A name with what may not be part of a file name replaced by "_", cut where it is too long for
-/// one with an ending behind it.
+/// The name with everything that may not be part of a file name replaced by "_", and cut if it is
+/// too long for a file name with an ending after it.
 std::string madePlainFileName(std::string name);
 
 }  // namespace bramblet

@@ -1,5 +1,5 @@
-// Fixed-length records: a plain struct and one table of its fields, in file order, from which both
-// reading and writing follow.
+// Fixed-length records: a plain struct and one table of its fields, in file order, which drives
+// both reading and writing.
 //
 //     struct Part { std::string Name; double Tag; };
 //     inline constexpr std::array kPartLayout{
@@ -21,7 +21,8 @@
 
 namespace bramblet {
 
-/// One field: its place in the record in bytes, and how it passes to and from the struct's member.
+/// One field: its place in the record in bytes, and how it is copied to and from the struct's
+/// member.
 template <class Record>
 struct RecordField {
     std::size_t offset;
@@ -40,7 +41,7 @@ struct MemberOf<Member> {
     using ValueType = Value;
 };
 
-/// The bytes of a number in the other order where the machine is not little-endian.
+/// Reverses the bytes of a number if the machine is not little-endian.
 template <std::size_t Size>
 void toLittleEndian(char* bytes) {
     if constexpr (std::endian::native == std::endian::big) {
@@ -51,8 +52,8 @@ void toLittleEndian(char* bytes) {
 
 }  // namespace detail
 
-/// A text field of single bytes, left-aligned; written padded with blanks or cut to its width, and
-/// read whole, so that zero bytes and whatever else stands there is carried along.
+/// A text field of single bytes, left-aligned. Written padded with blanks or cut to its width; read
+/// whole, so that zero bytes and anything else in it are carried along.
 template <auto Member>
 constexpr auto textField(std::size_t offset, std::size_t width) {
     using Record = typename detail::MemberOf<Member>::RecordType;
@@ -68,7 +69,7 @@ constexpr auto textField(std::size_t offset, std::size_t width) {
         }};
 }
 
-/// A number stored as it is in memory, little-endian: 16-bit integer, double, Currency.
+/// A number stored as it is in memory, little-endian: 16-bit integer, double or Currency.
 template <auto Member>
 constexpr auto numberField(std::size_t offset) {
     using Record = typename detail::MemberOf<Member>::RecordType;
@@ -89,7 +90,7 @@ constexpr auto numberField(std::size_t offset) {
         }};
 }
 
-/// The record's length in bytes; 0 when the fields do not follow one another without a gap.
+/// The record's length in bytes; 0 when the fields do not follow one another without gaps.
 template <class Record, std::size_t Count>
 constexpr std::size_t recordSize(const std::array<RecordField<Record>, Count>& layout) {
     std::size_t end = 0;
@@ -100,7 +101,7 @@ constexpr std::size_t recordSize(const std::array<RecordField<Record>, Count>& l
     return end;
 }
 
-/// Reads a record; bytes that are missing at the end count as zero bytes.
+/// Reads a record; bytes missing at the end count as zero bytes.
 template <class Record, std::size_t Count>
 Record decodeRecord(const std::array<RecordField<Record>, Count>& layout, std::string_view bytes) {
     std::string whole;

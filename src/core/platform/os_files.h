@@ -1,5 +1,5 @@
-// The file statements of the operating system, one call each: the only door to it. A failed
-// statement throws FileError with the number that its cause stands for.
+// The file operations of the operating system, one call each: the only way to reach them. A failed
+// operation throws FileError with the number that stands for its cause.
 #pragma once
 
 #include <cstdint>
@@ -12,8 +12,8 @@
 
 namespace bramblet::os {
 
-/// What a path is asked to be opened as. None of these is for appending: mounts of network shares
-/// refuse that.
+/// What a path is to be opened for. None of these is for appending: mounts of network shares refuse
+/// that.
 enum class Open {
     ReadWrite,  ///< for reading and writing; created empty when missing
     Read,       ///< for reading; FileNotFound when missing
@@ -35,7 +35,7 @@ class File {
     /// Reads up to `count` bytes at `offset`; fewer only at the end of the file.
     std::string read(std::uint64_t offset, std::size_t count) const;
     void write(std::uint64_t offset, std::string_view bytes);
-    /// Hands what was written to the disk, where the file system knows of that.
+    /// Hands what was written to the disk, where the file system supports that.
     void flush();
 
   private:
@@ -50,27 +50,27 @@ struct FileStatus {
 };
 
 bool exists(const std::filesystem::path& path);
-/// Whether two paths name one file; false when either is missing.
+/// Whether two paths name the same file; false when either is missing.
 bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b);
 FileStatus status(const std::filesystem::path& path);
-/// Does nothing where the file system refuses to be told times.
+/// Does nothing when the file system refuses to set times.
 void setModified(const std::filesystem::path& path, std::int64_t modified);
 void remove(const std::filesystem::path& path);
-/// Renames, and hands the folder to the disk. A file of the new name is replaced and its access
-/// rights stay, so far as the file system lets us.
+/// Renames, and flushes the folder to the disk. A file with the new name is replaced; its access
+/// rights are kept as far as the file system allows.
 void rename(const std::filesystem::path& from, const std::filesystem::path& to);
 void createFolder(const std::filesystem::path& path);
-/// Names (no path) of the plain files of a folder, in no certain order and just as they are on the
-/// disk. What is there but cannot be looked at counts as a file, so that nobody takes it for
+/// Names (no path) of the plain files in a folder, in no particular order and exactly as they are
+/// on the disk. What is there but cannot be examined counts as a file, so that nobody takes it for
 /// missing. `reached` is called for every entry; it may throw.
 std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder,
                                              const std::function<void()>& reached);
-/// The same of its subfolders.
+/// The same for its subfolders.
 std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder);
-/// Bytes that may still be written to the disk of `folder`; none where the file system does not
+/// Bytes that may still be written to the disk of `folder`; nothing when the file system does not
 /// tell.
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder);
-/// A number that tells this process from others that may write beside it.
+/// A number that distinguishes this process from others that may be writing beside it.
 std::uint64_t processNumber();
 
 }  // namespace bramblet::os

@@ -68,7 +68,7 @@ int flagsOf(Open how) {
     return O_RDONLY;
 }
 
-/// Runs a system call again for as long as a signal interrupts it.
+/// Repeats a system call as long as a signal interrupts it.
 template <class Call>
 auto uninterrupted(Call call) {
     for (;;) {
@@ -81,7 +81,7 @@ std::int64_t nanoseconds(const timespec& time) {
     return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
 }
 
-/// The refusals of a file system that does not have what is asked of it, or keeps it to itself.
+/// The errors of a file system that does not support what is asked of it, or does not allow it.
 bool isRefusal(int error) {
     return error == EPERM || error == EACCES || error == EINVAL || error == EOPNOTSUPP ||
            error == ENOSYS;
@@ -126,7 +126,7 @@ void flushFolder(const std::filesystem::path& folder) {
     ::close(handle);
 }
 
-/// Gives a file the group and the mode of another one, so far as that exists and we may.
+/// Gives a file the group and mode of another one, as far as that exists and we are allowed to.
 void takeOverRights(const std::filesystem::path& from, const std::filesystem::path& to) {
     constexpr mode_t kRights = 07777;
     constexpr auto kOwnerAsItIs = static_cast<uid_t>(-1);
@@ -139,10 +139,10 @@ void takeOverRights(const std::filesystem::path& from, const std::filesystem::pa
 }  // namespace
 
 File::File(const std::filesystem::path& path, Open how) : path_(path), handle_(-1) {
-    // Without O_NONBLOCK the opening of a named pipe waits for somebody at its other end.
+    // Without O_NONBLOCK, opening a named pipe would wait for somebody at its other end.
     const int flags = flagsOf(how) | O_CLOEXEC | O_NONBLOCK;
     handle_ = uninterrupted([&] { return ::open(path.c_str(), flags, 0666); });
-    if (handle_ == -1 && errno == ENXIO) fail(path, EINVAL);  // a pipe without that somebody
+    if (handle_ == -1 && errno == ENXIO) fail(path, EINVAL);  // a pipe with nobody at its other end
     if (handle_ == -1) fail(path);
     struct stat information {};
     if (::fstat(static_cast<int>(handle_), &information) != 0 || S_ISREG(information.st_mode)) {
@@ -254,7 +254,7 @@ std::vector<std::filesystem::path> folderNames(const std::filesystem::path& fold
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
     struct statvfs information {};
     if (::statvfs(folder.c_str(), &information) != 0) fail(folder);
-    if (information.f_blocks == 0) return std::nullopt;  // of a size that it does not tell
+    if (information.f_blocks == 0) return std::nullopt;  // its size is not known
     return static_cast<std::uint64_t>(information.f_bavail) * information.f_frsize;
 }
 

@@ -9,7 +9,7 @@
 namespace bramblet::os {
 namespace {
 
-// A FILETIME counts 100 nanoseconds from 1601; this many of them lie before 1970.
+// A FILETIME counts units of 100 nanoseconds from 1601; this many of them lie before 1970.
 constexpr std::int64_t kUnixEpoch = 116'444'736'000'000'000;
 
 // ERROR_DISK_QUOTA_EXCEEDED, which the compiler's headers do not have yet.
@@ -23,7 +23,7 @@ struct HandleCloser {
 };
 using Handle = std::unique_ptr<void, HandleCloser>;
 
-/// The full path in the form that has no limit of 260 characters.
+/// The full path in the form that is not limited to 260 characters.
 std::wstring nativePath(const std::filesystem::path& path) {
     const std::wstring wide = std::filesystem::path(path).make_preferred().native();
     std::wstring full(::GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
@@ -87,7 +87,7 @@ FaultNumber faultOf(DWORD error, const std::wstring& native) {
     throw FileError(faultOf(error, nativePath(path)), path);
 }
 
-/// The refusals of a file system that does not have what is asked of it, or keeps it to itself.
+/// The errors of a file system that does not support what is asked of it, or does not allow it.
 bool isRefusal(DWORD error) {
     return error == ERROR_ACCESS_DENIED || error == ERROR_INVALID_PARAMETER ||
            error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ||
@@ -112,7 +112,7 @@ OpenMode modeOf(Open how) {
     return {GENERIC_READ, OPEN_EXISTING};
 }
 
-/// Nobody is kept out: several workstations work on one data folder.
+/// Nobody is locked out: several workstations share one data folder.
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 Handle openAttributes(const std::filesystem::path& path, DWORD access) {
@@ -131,7 +131,7 @@ OVERLAPPED at(std::uint64_t offset) {
     return place;
 }
 
-/// What one read or write call takes.
+/// The most that one read or write call takes.
 DWORD portion(std::size_t count) {
     constexpr std::size_t kMost = 1 << 30;
     return static_cast<DWORD>(std::min(count, kMost));
@@ -174,12 +174,12 @@ std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, 
         if (isOne == folders) names.emplace_back(name);
         reached();
     } while (::FindNextFileW(search.get(), &entry));
-    // A share that is lost half way must not pass for a shorter folder.
+    // A share that is lost halfway must not pass for a shorter folder.
     if (::GetLastError() != ERROR_NO_MORE_FILES) fail(folder);
     return names;
 }
 
-/// Where the file really lies, whichever drive letter or share led to it.
+/// Where the file really is, whichever drive letter or share led to it.
 std::wstring finalPath(HANDLE handle) {
     std::wstring path(::GetFinalPathNameByHandleW(handle, nullptr, 0, 0), L'\0');
     path.resize(
@@ -264,7 +264,7 @@ bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) 
     if (!::GetFileInformationByHandle(first.get(), &one) ||
         !::GetFileInformationByHandle(second.get(), &other))
         return false;
-    // Some servers number no files: each has the index 0.
+    // Some servers do not number files: each has the index 0.
     const bool numbered = one.nFileIndexHigh != 0 || one.nFileIndexLow != 0;
     if (!numbered) return finalPath(first.get()) == finalPath(second.get());
     return one.dwVolumeSerialNumber == other.dwVolumeSerialNumber &&
@@ -292,8 +292,8 @@ void remove(const std::filesystem::path& path) {
 }
 
 void rename(const std::filesystem::path& from, const std::filesystem::path& to) {
-    // One request to the disk or the server, which puts the file in place whole; it returns when
-    // the new name is on the disk. A file has the rights of its folder, whoever makes it.
+    // A single request to the disk or the server, which puts the file in place whole; it returns
+    // when the new name is on the disk. A file has the rights of its folder, whoever creates it.
     constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     if (!::MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), kHow)) fail(to);
 }
@@ -318,9 +318,9 @@ std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
     ULARGE_INTEGER available{};
     ULARGE_INTEGER size{};
     std::wstring native = nativePath(folder);
-    if (!native.ends_with(L'\\')) native.push_back(L'\\');  // a share is asked for with it only
+    if (!native.ends_with(L'\\')) native.push_back(L'\\');  // a share requires it
     if (!::GetDiskFreeSpaceExW(native.c_str(), &available, &size, nullptr)) fail(folder);
-    if (size.QuadPart == 0) return std::nullopt;  // it does not tell
+    if (size.QuadPart == 0) return std::nullopt;  // its size is not known
     return available.QuadPart;
 }
 

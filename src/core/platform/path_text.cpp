@@ -56,7 +56,7 @@ void appendUtf16(std::u16string& out, char32_t point) {
     }
 }
 
-/// The characters of UTF-16; half a pair becomes the replacement character.
+/// The characters of UTF-16; half a surrogate pair becomes the replacement character.
 std::u32string pointsOf(std::u16string_view text) {
     std::u32string points;
     points.reserve(text.size());
@@ -83,7 +83,7 @@ struct Sequence {
     char32_t point;
 };
 
-/// The UTF-8 sequence at the start of `text`; none when it is malformed or overlong.
+/// The UTF-8 sequence at the start of `text`; nothing when it is malformed or overlong.
 std::optional<Sequence> firstSequence(std::string_view text) {
     const auto lead = static_cast<unsigned char>(text.front());
     if (lead < 0x80) return Sequence{1, lead};
@@ -100,8 +100,8 @@ std::optional<Sequence> firstSequence(std::string_view text) {
     return Sequence{length, point};
 }
 
-/// UTF-16 of bytes. A UTF-8 sequence that `isOne` agrees to is its character, every other byte is
-/// one of the code page.
+/// UTF-16 of bytes. A UTF-8 sequence that `isOne` accepts becomes its character; every other byte
+/// is one of the code page.
 template <class Condition>
 std::u16string decoded(std::string_view bytes, Condition isOne) {
     std::u16string out;

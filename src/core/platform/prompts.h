@@ -1,5 +1,5 @@
-// The one door through which the core speaks to the user: message boxes, input boxes, choices of
-// files and folders, and the line in the status bar. The windows answer with real dialogs.
+// The only way for the core to speak to the user: message boxes, input boxes, choices of files and
+// folders, and the line in the status bar. The windows answer with real dialogs.
 #pragma once
 
 #include <filesystem>
@@ -15,10 +15,10 @@ enum class Icon { None, Information, Question, Exclamation, Stop };
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryClose, RetryIgnoreClose };
 enum class Answer { Ok, Cancel, Yes, No, Retry, Ignore, Close };
 
-/// How much a failure costs the user. Of several, the status bar tells the worst first.
+/// How much a failure costs the user. The status bar shows the worst of several first.
 enum class Loss { List, Work, Order };
 
-/// A modal message box. `preset` is the button that Enter presses: the first one unless told.
+/// A modal message box. `preset` is the button that Enter presses: the first one unless given.
 struct Message {
     std::string text;
     std::string title;
@@ -45,40 +45,41 @@ class Prompts {
 
     virtual Answer ask(const Message& message) = 0;
 
-    /// An input box; none when it was cancelled.
+    /// An input box; nothing when it was cancelled.
     virtual std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                              const std::string& preset) = 0;
 
-    /// Path of an existing file to read; none when cancelled.
+    /// Path of an existing file to read; nothing when cancelled.
     virtual std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice& choice) = 0;
 
-    /// Path of a file to write, which may exist (no question is asked here); none when cancelled.
+    /// Path of a file to write, which may exist (no question is asked here); nothing when
+    /// cancelled.
     virtual std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) = 0;
 
-    /// A folder, with the separator at its end; none when cancelled.
+    /// A folder, with a trailing separator; nothing when cancelled.
     virtual std::optional<std::filesystem::path> chooseFolder(
         const std::string& title, const std::filesystem::path& start) = 0;
 
-    /// The name of a font; none when cancelled.
+    /// The name of a font; nothing when cancelled.
     virtual std::optional<std::string> chooseFont(const std::string& current) = 0;
 
-    /// How far a long operation has come: `done` of `total` steps; it is over at `total`. Shown
-    /// only when the operation lasts longer than a moment.
+    /// How far a long operation has got: `done` of `total` steps; it is over at `total`. Shown only
+    /// when the operation lasts more than a moment.
     virtual void progress(const std::string& what, int done, int total) = 0;
 
-    /// Says in the status bar what did not happen and why. Within a command (below) everything
-    /// said is kept and shown together when it ends, each thing once.
+    /// Says in the status bar what did not happen and why. Within a command (below) everything said
+    /// is collected and shown together when the command ends, each message once.
     void say(const std::string& failure, Loss loss = Loss::Work);
 
-    /// Says in the status bar what has been done; behind the failures of the same command.
+    /// Says in the status bar what has been done; comes after the failures of the same command.
     void sayDone(const std::string& line);
 
-    /// The failures that the command has said so far, worst first, for a message box: the status
-    /// bar does not show them any more.
+    /// The failures that the command has reported so far, worst first, for a message box: the
+    /// status bar will not show them any more.
     std::string takeFailures();
 
-    /// Empties the status bar: what the command before had to say is no longer news. For commands
-    /// that only open a window, in which others follow.
+    /// Empties the status bar: what the previous command said is no longer news. For commands that
+    /// only open a window in which others follow.
     void clearLine() {
         onCommand();
         showStatus({}, Tone::Done);
@@ -87,8 +88,8 @@ class Prompts {
     /// Called when a command begins.
     std::function<void()> onCommand = [] {};
 
-    /// One command of the user, from its first line on: it clears what the one before it said, and
-    /// what it says itself is collected. Commands run within one another count as one.
+    /// One command of the user, from its first line on: it clears what the previous one said and
+    /// collects what it says itself. Nested commands count as one.
     class Command {
       public:
         explicit Command(Prompts& prompts) : prompts_(prompts) {
@@ -117,7 +118,7 @@ class Prompts {
     std::string done_;
 };
 
-/// Tells how far a long operation has come, and that it is over however it ends.
+/// Reports how far a long operation has got, and that it is over, however it ends.
 class LongOperation {
   public:
     LongOperation(Prompts& prompts, std::string what, int total)
@@ -126,7 +127,7 @@ class LongOperation {
     LongOperation(const LongOperation&) = delete;
     LongOperation& operator=(const LongOperation&) = delete;
 
-    /// To be called for every step; tells of some of them only.
+    /// To be called for every step; reports only some of them.
     void reached(int done) {
         constexpr int kStep = 256;
         if (done % kStep == 0 && done < total_) prompts_.progress(what_, done, total_);

@@ -1,5 +1,5 @@
-// A file of fixed-length records, open for the length of one operation. Records are numbered
-// from 1.
+// A file of fixed-length records, open for the length of one operation. Records are numbered from
+// 1.
 #pragma once
 
 #include "core/platform/file_system.h"
@@ -12,7 +12,7 @@
 
 namespace bramblet {
 
-/// How a file's length that is no multiple of the record's becomes a count of records.
+/// How a file length that is not a multiple of the record size becomes a count of records.
 enum class RecordCount { Whole, Rounded };
 
 /// The most records that a file may hold where counts are 16-bit: 32,767.
@@ -26,8 +26,8 @@ class RecordFile {
     static_assert(kSize > 0, "the fields of a record follow one another without gaps");
 
     /// Opens the file, creating it empty when it is missing. `most` is the largest count that the
-    /// operation can work with; a larger one throws Fault(Overflow), and so does a file of more
-    /// than kLongestFile bytes.
+    /// operation can handle; a larger one throws Fault(Overflow), and so does a file of more than
+    /// kLongestFile bytes.
     RecordFile(const FileSystem& files, const std::filesystem::path& path,
                RecordCount rule = RecordCount::Whole,
                int most = std::numeric_limits<int>::max() - 1)
@@ -42,7 +42,7 @@ class RecordFile {
 
     int count() const { return count_; }
 
-    /// Record `number`; throws BadRecordNumber below 1 and PastEndOfFile behind the last.
+    /// Record `number`; throws BadRecordNumber below 1 and PastEndOfFile after the last.
     Record read(int number) const {
         checkNumber(number);
         const std::string bytes = file_.read(offsetOf(number), kSize);
@@ -50,7 +50,7 @@ class RecordFile {
         return decodeRecord(Layout, bytes);
     }
 
-    /// Every record, first to last, in one read of the file.
+    /// All records, first to last, in one read of the file.
     std::vector<Record> readAll() const {
         const std::string bytes = file_.read(0, static_cast<std::size_t>(count_) * kSize);
         std::vector<Record> records;
@@ -61,8 +61,8 @@ class RecordFile {
         return records;
     }
 
-    /// Writes record `number`, which may be the one behind the last, in one call. Throws
-    /// BadRecordNumber for one farther away: a damaged number must not stretch the file over the
+    /// Writes record `number`, which may be the one after the last, in one call. Throws
+    /// BadRecordNumber for one farther on: a damaged number must not stretch the file over the
     /// whole disk.
     void write(int number, const Record& record) {
         checkNumber(number);
@@ -74,7 +74,7 @@ class RecordFile {
 
     void append(const Record& record) { write(count_ + 1, record); }
 
-    /// To be called when an operation has written all that it has to.
+    /// To be called when an operation has written everything.
     void flush() { file_.flush(); }
 
   private:

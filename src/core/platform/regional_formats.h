@@ -1,5 +1,5 @@
 // How the user's region writes numbers, amounts and dates. A plain value: the windows fill it from
-// the system, the core formats and parses with it, tests write it out.
+// the system, the core formats and parses with it, tests spell it out.
 #pragma once
 
 #include <array>
@@ -12,16 +12,16 @@ namespace bramblet {
 struct RegionalFormats {
     std::string decimalSeparator = ".";
     std::string groupSeparator = ",";
-    /// Digits in each group from the decimal separator leftwards; the last size repeats ({3, 2}
+    /// Digits in each group, leftwards from the decimal separator; the last size repeats ({3, 2}
     /// for 1,23,45,678). Never empty.
     std::vector<int> grouping{3};
 
-    /// What stands before and after a currency amount, and before and after a negative one.
+    /// What comes before and after a currency amount, and before and after a negative one.
     std::string currencyPrefix = "$";
     std::string currencySuffix;
     std::string currencyNegativePrefix = "($";
     std::string currencyNegativeSuffix = ")";
-    /// The currency's sign alone, as people type it before or after an amount.
+    /// The currency sign alone, as people type it before or after an amount.
     std::string currencySign = "$";
     int currencyDecimals = 2;
 

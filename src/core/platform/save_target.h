@@ -1,5 +1,5 @@
 // Where the user wants something saved, outside the data folder: an existing file is replaced only
-// after a question, and a place that cannot be written is told of, not waited for.
+// after a question, and a place that cannot be written is reported, not waited for.
 #pragma once
 
 #include "core/platform/file_system.h"
@@ -9,8 +9,8 @@
 
 namespace bramblet {
 
-/// Whether to go on: there is no such file, or an empty one, or the user lets it be replaced.
-/// Throws FileError.
+/// Whether to go on: there is no such file, it is empty, or the user agrees to replace it. Throws
+/// FileError.
 inline bool mayReplace(const FileSystem& files, const std::filesystem::path& path,
                        Prompts& prompts) {
     if (!files.exists(path)) return true;

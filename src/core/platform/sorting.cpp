@@ -8,7 +8,7 @@
 namespace bramblet {
 namespace {
 
-/// The letters from U+00C0 to U+017F without their accents; "." where a letter stands for two.
+/// The letters from U+00C0 to U+017F without their accents; "." where one letter stands for two.
 constexpr char16_t kFirstAccented = 0xC0;
 constexpr std::string_view kBaseLetters =
     "AAAAAA.CEEEEIIIIDNOOOOO\xD7OUUUUY.."
@@ -22,7 +22,7 @@ struct Spelling {
     std::u16string_view base;
 };
 /// Ligatures, and the accented letters of the other alphabets that code pages have. The accents
-/// that Vietnamese writes behind a letter are passed over.
+/// that Vietnamese writes after a letter are skipped.
 constexpr Spelling kSpellings[]{
     {0x00C6, u"AE"},     {0x00E6, u"AE"},     {0x00DE, u"TH"},     {0x00FE, u"TH"},
     {0x00DF, u"SS"},     {0x0152, u"OE"},     {0x0153, u"OE"},     {0x0192, u"F"},

@@ -1,4 +1,4 @@
-// Sorting the rows of a list by one of its columns, each row's key made once.
+// Sorting the rows of a list by one of its columns, with each row's key made only once.
 #pragma once
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 
 namespace bramblet {
 
-/// Reorders `rows` by `keyOf(row)`; rows of equal keys keep their order.
+/// Reorders `rows` by `keyOf(row)`; rows with equal keys keep their order.
 template <class Row, class KeyOf>
 void sortRows(std::vector<Row>& rows, bool descending, KeyOf keyOf) {
     using Key = decltype(keyOf(rows.front()));
@@ -32,14 +32,14 @@ void sortRows(std::vector<Row>& rows, bool descending, KeyOf keyOf) {
     rows = std::move(sorted);
 }
 
-/// The number at the start of a text, 0 when there is none.
+/// The number at the start of a text; 0 when there is none.
 double leadingNumber(std::string_view text);
 
-/// What a text is sorted by: its letters without case and accents, so that "Ábel" stands with "abc"
-/// and not behind "z"; texts that differ in accents only are told apart by them.
+/// What a text is sorted by: its letters without case or accents, so that "Ábel" comes next to
+/// "abc" and not after "z"; texts that differ only in accents are then ordered by those.
 std::u16string sortKey(std::string_view text);
 
-/// The same for letters that are upper case already.
+/// The same for letters that are already upper case.
 std::u16string sortKey(std::u16string_view letters);
 
 }  // namespace bramblet

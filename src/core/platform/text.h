@@ -1,5 +1,5 @@
-// Texts of the core: single-byte strings in the system's ANSI code page, so that one char is one
-// byte is one column of a record. Conversion to and from Unicode happens at the windows' edge only.
+// Text in the core: single-byte strings in the system's ANSI code page, so that one char is one
+// byte is one column of a record. Conversion to and from Unicode happens only at the windows' edge.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,7 @@ namespace bramblet {
 /// The text without the blanks at both ends. Only blanks: tabs and line breaks stay.
 std::string trimmed(std::string_view text);
 
-/// The value of a record's text field: without blanks and zero bytes at both ends, so that a field
+/// The value of a record's text field, without blanks or zero bytes at either end, so that a field
 /// that was never assigned (all zero bytes) reads as empty.
 std::string trimmedField(std::string_view field);
 
@@ -24,8 +24,8 @@ std::string upper(std::string_view text);
 /// The text at exactly `width` bytes: cut when longer, padded with blanks when shorter.
 std::string fitted(std::string_view text, std::size_t width);
 
-/// What stands under a list: "12 orders listed", or that these are old or none because the file
-/// could not be `read`.
+/// The text under a list: "12 orders listed", or that the entries are old or there are none because
+/// the file could not be `read`.
 std::string listedText(std::size_t count, const std::string& things, bool read);
 
 /// UTF-16 of a code page text.
@@ -34,7 +34,7 @@ std::u16string toUnicode(std::string_view text);
 /// Code page text of UTF-16; a character that the code page lacks becomes "?".
 std::string fromUnicode(std::u16string_view text);
 
-/// The byte of a character; none when the code page lacks it.
+/// The byte of a character; nothing when the code page lacks it.
 std::optional<char> byteOf(char16_t unit);
 
 }  // namespace bramblet

@@ -18,7 +18,7 @@ void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
             checkedAt_ = once.status(probe).modified;
             once.remove(probe);
         } catch (const FileError& error) {
-            // Another desk that is starting at this moment has removed it already.
+            // Another desk that is starting at this moment has already removed it.
             if (error.number() != FaultNumber::FileNotFound) throw;
         }
         ok_ = true;

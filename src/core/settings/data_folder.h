@@ -16,29 +16,29 @@ class DataFolder {
     /// `directory` is the folder that the settings name; fixed for the run.
     explicit DataFolder(const std::filesystem::path& directory);
 
-    /// Proves the folder writable by creating and deleting a file in it; shows the no-access
-    /// message when that fails. The folder itself is never created.
+    /// Tests that the folder is writable by creating and deleting a file in it; shows the no-access
+    /// message if that fails. The folder itself is never created.
     void CheckDataPath(const FileSystem& files, Prompts& prompts);
 
     /// Whether the check succeeded.
     bool DataPathOK() const { return ok_; }
 
-    /// When it was checked, by the clock of the machine that the folder lies on, in nanoseconds
-    /// since 1970.
+    /// When it was checked, by the clock of the machine that holds the folder, in nanoseconds since
+    /// 1970.
     std::int64_t checkedAt() const { return checkedAt_; }
 
-    /// For the start of every command on data: true when the folder can be used, else the
+    /// Called at the start of every command on data: true if the folder can be used, otherwise the
     /// no-access message is shown.
     bool available(Prompts& prompts) const;
 
-    /// The folder with the separator at its end.
+    /// The folder with a trailing separator.
     const std::filesystem::path& DataPath() const { return path_; }
 
-    /// Path of a file in it; the name is one in the code page.
+    /// Path of a file in the folder; `name` is in the code page.
     std::filesystem::path file(const std::string& name) const;
 
     /// Path of an order's document. Throws FileError (52) for a number that would name a file
-    /// anywhere else, or that no file system takes.
+    /// anywhere else, or that no file system accepts.
     std::filesystem::path documentPath(const std::string& orderNumber) const;
 
   private:

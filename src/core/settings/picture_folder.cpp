@@ -14,7 +14,7 @@ bool isHidden(const std::filesystem::path& name) {
     return name.native().front() == '.';
 }
 
-/// The folder above one that ends in the separator; itself where there is none.
+/// The folder above one that ends in a separator; the folder itself if there is none above.
 std::filesystem::path parentOf(const std::filesystem::path& folder) {
     return withSeparator(folder.parent_path().parent_path());
 }

@@ -1,4 +1,4 @@
-// The folder that the graphic selector shows: its folders and its pictures.
+// The folder that the graphic selector shows: its subfolders and its pictures.
 #pragma once
 
 #include "core/platform/file_system.h"
@@ -9,7 +9,7 @@
 
 namespace bramblet {
 
-/// Whether the name is that of a picture as the selector offers them.
+/// Whether the name is that of a picture of the kinds the selector offers.
 bool isPicture(const std::filesystem::path& name);
 
 class PictureFolder {
@@ -20,10 +20,10 @@ class PictureFolder {
     /// Shows one of `folders`.
     void enter(const std::filesystem::path& name);
 
-    /// The folder shown, with the separator at its end.
+    /// The folder shown, with a trailing separator.
     const std::filesystem::path& path() const { return path_; }
-    /// Names without case sorted; ".." first where there is a folder above. Hidden ones are left
-    /// out.
+    /// Names, sorted regardless of case; ".." comes first if there is a folder above. Hidden ones
+    /// are left out.
     const std::vector<std::filesystem::path>& folders() const { return folders_; }
     const std::vector<std::filesystem::path>& pictures() const { return pictures_; }
     /// Why the folder cannot be shown; empty when it can.

@@ -16,7 +16,7 @@ std::optional<std::string> storableFolder(const std::filesystem::path& folder) {
 }
 
 Settings defaultSettings(const std::filesystem::path& homeFolder) {
-    // A record of zero bytes: what is not assigned below stays so in the file.
+    // A record of zero bytes: what is not assigned below stays zero in the file.
     Settings settings = decodeRecord(kSettingsLayout, "");
     settings.SigLineSpace = 23;
     settings.DescriptionLineLength = 65;

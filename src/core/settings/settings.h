@@ -1,5 +1,5 @@
-// All configuration of the program: one record, held in memory for the whole run and stored as the
-// single record of the settings file.
+// The whole configuration of the program: one record, held in memory throughout the run and stored
+// as the single record of the settings file.
 #pragma once
 
 #include "core/platform/fixed_record.h"
@@ -11,7 +11,7 @@
 
 namespace bramblet {
 
-/// 1,719 bytes on disk. Texts are held at the width of their field as read, or as assigned; read
+/// 1,719 bytes on disk. Texts have the width of their field as read, or the width assigned; read
 /// them through `trimmedField`. A field that was never assigned is all zero bytes.
 struct Settings {
     std::int16_t SigLineSpace = 0;           ///< rows above the signature line of the document
@@ -20,7 +20,7 @@ struct Settings {
     std::string VendorItemsCheck;  ///< "0" or "1", the state of the check box; "Y" when created
     std::string RequisitionMode;   ///< flag: requisition was selected at the last exit
     std::string Spare1, Spare2;
-    std::string UseReqNumber;     ///< flag: the number stands on a request for quote
+    std::string UseReqNumber;     ///< flag: a request for quote shows the number
     std::string RequestForQuote;  ///< flag: requisitions read "REQUEST FOR QUOTE"
     std::string Reserved4, Reserved5, Reserved6;
     std::string WindowTop, WindowLeft, WindowHeight, WindowWidth;  ///< twips, as decimal text
@@ -38,7 +38,7 @@ struct Settings {
     std::string Spare3;
 };
 
-/// The width of the two folders.
+/// The width of the two folder fields.
 inline constexpr std::size_t kFolderWidth = 300;
 
 /// The record in file order.
@@ -80,13 +80,13 @@ inline constexpr std::array kSettingsLayout{
 };
 static_assert(recordSize(kSettingsLayout) == 1719);
 
-/// What a new settings file holds.
+/// The content of a new settings file.
 Settings defaultSettings(const std::filesystem::path& homeFolder);
 
-/// The default data folder below the home folder, with the separator at its end.
+/// The default data folder, in the home folder, with a trailing separator.
 std::filesystem::path defaultDataDirectory(const std::filesystem::path& homeFolder);
 
-/// A folder as it is stored (path_text.h); none when it cannot be: its name is too long or no text.
+/// A folder as it is stored (path_text.h); nothing if its name is too long or is not text.
 std::optional<std::string> storableFolder(const std::filesystem::path& folder);
 
 /// Flags are compared exactly with "Y"; anything else is off.

@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kFontNameWidth = 200;
 constexpr std::size_t kTopGraphicWidth = 200;
 
-/// The text boxes, in the order in which they are stored, with the width of their fields.
+/// The text boxes, in the order in which they are stored, with the widths of their fields.
 struct TextBox {
     std::string SettingsBoxes::*box;
     std::string Settings::*field;
@@ -48,7 +48,7 @@ constexpr std::array kFlags{
     FlagBox{&SettingsBoxes::UseReqNumberCheck, &Settings::UseReqNumber},
 };
 
-/// A whole number with blanks around it; halves of a fraction go to the even neighbour.
+/// A whole number, perhaps with blanks around it; fractions are rounded, halves to even.
 std::optional<double> wholeNumber(const std::string& text) {
     const std::string digits = trimmed(text);
     double value = 0;
@@ -107,8 +107,8 @@ void SettingsEditor::SelectGraphic_Click(const std::filesystem::path& picture) {
     settings_.TopGraphic = trimmed(name).substr(0, kTopGraphicWidth);
 }
 
-/// Its own name; or, where the code page or a document cannot hold that, a plain one that no other
-/// file of the data folder has.
+/// The picture's own name, or, if the code page or a document cannot hold it, a plain one that no
+/// other file in the data folder has.
 std::string SettingsEditor::nameInDataFolder(const std::filesystem::path& picture) const {
     const std::string name = madePlainFileName(fromUnicode(unicodeOf(picture.filename())));
     if (pathOfName(name) == picture.filename()) return name;
@@ -187,7 +187,7 @@ void SettingsEditor::setFont(const std::string& name) {
     settings_.FontName = trimmed(name).substr(0, kFontNameWidth);
 }
 
-/// A name that is cut off would be another folder's.
+/// A name that was cut off would be another folder's.
 void SettingsEditor::checkFolder() const {
     if (boxes.DataDirectoryEd.size() <= kFolderWidth) return;
     throw BoxFault(FaultNumber::Overflow, "Data Directory",

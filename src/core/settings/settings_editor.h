@@ -1,4 +1,5 @@
-// The settings dialog without its window: the boxes, the buttons that act at once, and Save.
+// The settings dialog without its window: the boxes, the buttons that take effect at once, and
+// Save.
 #pragma once
 
 #include "core/platform/prompts.h"
@@ -11,7 +12,7 @@
 
 namespace bramblet {
 
-/// What stands in the boxes, under the names of the controls.
+/// The contents of the boxes, under the names of the controls.
 struct SettingsBoxes {
     std::string FontNameEd, TopGraphicEd;
     std::string IDText1, IDText2, IDText3, IDText4, IDText5;
@@ -29,8 +30,8 @@ class SettingsEditor {
     SettingsEditor(const FileSystem& files, const DataFolder& folder, Settings& settings,
                    Prompts& prompts);
 
-    /// Writes the document that the viewer shows anew, and shows it; set only while the dialog was
-    /// opened from there.
+    /// Rewrites the document in the viewer and shows it; set only while the dialog was opened from
+    /// there.
     std::function<void()> rewriteShown;
     bool ReWriteAllowed() const { return static_cast<bool>(rewriteShown); }
 
@@ -39,8 +40,8 @@ class SettingsEditor {
     /// Fills the boxes; to be called when the dialog opens.
     void load();
 
-    // The buttons that act on the settings at once. None of the steps has a limit but that of the
-    // 16-bit numbers.
+    // The buttons that take effect at once. None of the steps has a limit except that of 16-bit
+    // numbers.
     void WidthLess_Click() { stepWidth(-5); }
     void WidthMore_Click() { stepWidth(5); }
     void WidthDefault_Click() { setWidth("640"); }
@@ -53,18 +54,18 @@ class SettingsEditor {
     void DefaultFont_Click() { setFont("Arial"); }
     void SelectFont_Click();
     void Option_Click(bool graphic);
-    /// A picture was chosen in the graphic selector, or none when the path is empty: copies it into
-    /// the data folder, under a plain name where its own cannot stand in the settings.
+    /// A picture was chosen in the graphic selector, or none if the path is empty: copies it into
+    /// the data folder, under a plain name if the settings cannot hold its own.
     void SelectGraphic_Click(const std::filesystem::path& picture);
     void SelectDataDirectory_Click();
     void ReWrite_Click();
 
-    /// "Save": false when a box holds no number or too long a folder, after a message that names
-    /// it; nothing has been stored then.
+    /// "Save": false when a box holds no number or a folder name that is too long, after a message
+    /// naming the box; nothing has been stored then.
     bool Command1_Click();
 
   private:
-    /// A box for a 16-bit number and what it edits.
+    /// A box for a 16-bit number and the setting it edits.
     struct NumberBox {
         std::string SettingsBoxes::*box;
         std::int16_t Settings::*field;

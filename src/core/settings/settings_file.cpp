@@ -17,14 +17,14 @@ bool isPadding(char c) {
     return c == ' ' || c == '\0';
 }
 
-/// Whether a record that is cut within the data directory has lost only padding of it. One blank
-/// does not tell: paths have blanks too.
+/// Whether a record that is cut off within the data directory has lost only padding of it. One
+/// blank does not prove it: paths contain blanks too.
 bool directoryHasEnded(const std::string& bytes) {
     return bytes.size() >= kDirectory.offset + 2 && isPadding(bytes[bytes.size() - 1]) &&
            isPadding(bytes[bytes.size() - 2]);
 }
 
-/// The settings with those fields that are there in the bytes of a record that may be cut.
+/// The settings, with those fields that are present in the bytes of a possibly truncated record.
 Settings withFieldsOf(std::string bytes, Settings settings) {
     if (bytes.size() < kDirectoryEnd && directoryHasEnded(bytes)) bytes.resize(kDirectoryEnd, ' ');
     for (const auto& field : kSettingsLayout) {
@@ -39,7 +39,7 @@ bool isMissing(const FileError& error) {
            error.number() == FaultNumber::PathNotFound;
 }
 
-/// Asks whether to try again; leaves the program otherwise.
+/// Asks whether to try again; otherwise leaves the program.
 void askToTryAgain(const FileError& error, Prompts& prompts) {
     const Message message{
         "Bramblet cannot use its settings:\r\n\r\n" + shown(error.path()) + "\r\n" +
@@ -82,7 +82,7 @@ std::optional<Settings> SettingsFile::read(Prompts& prompts) const {
     return decodeRecord(kSettingsLayout, *bytes);
 }
 
-/// The content of a file of the home folder; none when it is missing. Not to be had is not missing.
+/// The content of a file in the home folder; nothing when it is missing. Unreadable is not missing.
 std::optional<std::string> SettingsFile::contentOf(const char* name) const {
     try {
         return files_.read(home_ / name);
@@ -95,7 +95,7 @@ std::optional<std::string> SettingsFile::contentOf(const char* name) const {
 std::optional<Settings> SettingsFile::firstSettings(bool empty, Prompts& prompts) const {
     const auto forerunner = contentOf(kForerunner);
     if (forerunner && !forerunner->empty()) return takenOver(*forerunner);
-    // The very first start leaves the empty forerunner behind, so there have been settings.
+    // The very first start leaves an empty forerunner behind, so there have been settings before.
     const std::string trouble =
         empty ? "is empty" : "is missing, although Bramblet has been started here before";
     if (forerunner && !goesOn(trouble, newFolderOutlook(), "", prompts)) return std::nullopt;
@@ -107,7 +107,7 @@ std::optional<Settings> SettingsFile::firstSettings(bool empty, Prompts& prompts
     return settings;
 }
 
-/// A record that is shorter than today's lacks fields at its end, which were never assigned.
+/// A record shorter than today's lacks fields at its end, which were never assigned.
 Settings SettingsFile::takenOver(const std::string& forerunner) const {
     Settings settings = withFieldsOf(forerunner, decodeRecord(kSettingsLayout, ""));
     settings.BackupFolder = storableFolder(defaultDataDirectory(home_)).value_or("");
@@ -129,15 +129,15 @@ std::optional<Settings> SettingsFile::rescued(const std::string& bytes, Prompts&
     const std::string copy = nameForCopy();
     const std::string keeping = ", and the short file is kept as " + copy;
     if (!goesOn(trouble, outlook, keeping, prompts)) return std::nullopt;
-    // At no moment is there neither the old file nor the new one.
+    // At no moment are both the old file and the new one absent.
     files_.copy(home_ / kFile, home_ / copy);
     files_.replace(home_ / kFile, encodeRecord(kSettingsLayout, settings));
     if (folder.empty()) files_.createFolders(defaultDataDirectory(home_));
     return settings;
 }
 
-/// Asks whether to go on in spite of the trouble with the file; false for reading it again. Leaves
-/// the program when the user would rather do that.
+/// Asks whether to go on despite the trouble with the file; false means reading it again. Leaves
+/// the program if the user chooses to.
 bool SettingsFile::goesOn(const std::string& trouble, const std::string& outlook,
                           const std::string& keeping, Prompts& prompts) const {
     const Message message{

@@ -1,4 +1,4 @@
-// The settings file "po15.cfg" in the home folder, and the taking over of its forerunner's record.
+// The settings file "po15.cfg" in the home folder, and how its forerunner's record is taken over.
 #pragma once
 
 #include "core/platform/file_system.h"
@@ -20,16 +20,16 @@ class StartGivenUp : public std::runtime_error {
 
 class SettingsFile {
   public:
-    /// A file in use is waited for by the rule of
-    /// `files` when it is read, not when it is written.
+    /// When reading, a file in use is waited for by the rule of `files`; when writing, it is not.
     SettingsFile(FileSystem files, std::filesystem::path homeFolder);
 
     /// Reads the settings; a missing or empty file is first filled with the record of "po14.cfg",
-    /// or with the defaults, whose data folder is then created. `DataDirectory` comes trimmed.
+    /// or with the defaults, whose data folder is then created. `DataDirectory` is returned
+    /// trimmed.
     ///
     /// The settings name the folder of the orders, so the defaults never take their place unasked:
-    /// a file that cannot be read can be tried again; of one that is too short what is there is
-    /// used, and a copy kept. Throws StartGivenUp when the user would rather leave.
+    /// when a file cannot be read, the user can try again; when it is too short, what is there is
+    /// used and a copy is kept. Throws StartGivenUp when the user chooses to leave.
     Settings LoadConfig(Prompts& prompts) const;
 
     /// Writes the record. Throws FileError.
@@ -38,7 +38,7 @@ class SettingsFile {
     const std::filesystem::path& homeFolder() const { return home_; }
 
   private:
-    // Each of these is none when the user wants the files read again.
+    // Each of these returns nothing when the user wants the files read again.
     std::optional<Settings> read(Prompts& prompts) const;
     std::optional<Settings> firstSettings(bool empty, Prompts& prompts) const;
     std::optional<Settings> rescued(const std::string& bytes, Prompts& prompts) const;

@@ -16,13 +16,13 @@ constexpr std::size_t kSize = File::kSize;
 
 const FileChoice::Filter kFilter{"Stock Item Data", "*.sid"};
 
-/// By what an item is known again: description and vendor, without regard to case.
+/// What identifies an item: description and vendor, ignoring case.
 std::string keyOf(const StockItemRecord& record) {
     return upper(trimmedField(record.Description)) + '\0' + upper(trimmedField(record.Vendor));
 }
 
-/// The records of an export file; none when the file is not one: every record has the status of
-/// an exported item, and the length is a whole number of records.
+/// The records of an export file; nothing when the file is not one. In an export file every record
+/// has the status of an exported item, and the length is a whole number of records.
 std::optional<std::vector<StockItemRecord>> exportedRecords(const std::string& bytes) {
     if (bytes.size() % kSize != 0) return std::nullopt;
     std::vector<StockItemRecord> records;
@@ -48,7 +48,7 @@ class Count {
     int value_ = 0;
 };
 
-/// An item whose number, which says where it is to be replaced, is none of the catalogue.
+/// An item whose number, which says where it is to be replaced, does not exist in the catalogue.
 class NumberOutOfRange : public Fault {
   public:
     explicit NumberOutOfRange(const StockItemRecord& item)
@@ -63,8 +63,8 @@ class NumberOutOfRange : public Fault {
     std::string words_;
 };
 
-/// The catalogue during an import. The first live item of a key is found at once, with the result
-/// that a search from the first record to the last would have.
+/// The catalogue during an import. The first live item with a key is found at once, with the same
+/// result as a search from the first record to the last.
 class Merge {
   public:
     Merge(const FileSystem& files, const std::filesystem::path& path) : file_(files, path) {
@@ -73,12 +73,12 @@ class Merge {
             enter(number);
     }
 
-    /// Replaces the item that the record is known as, or adds it. `record` is consumed.
+    /// Replaces the item that the record matches, or adds it. `record` is consumed.
     void take(StockItemRecord& record) {
         const auto found = numbers_.find(keyOf(record));
         if (found != numbers_.end() && !found->second.empty()) {
             const StockItemRecord& old = at(*found->second.begin());
-            // The number given by the tag; the two agree in every file that the program wrote.
+            // The number comes from the tag; the two agree in every file that the program wrote.
             const int number = recordNumberOf(old.Tag);
             if (number < 1 || number > count()) throw NumberOutOfRange(old);
             record.Tag = old.Tag;
@@ -119,7 +119,7 @@ class Merge {
 
     File file_;
     std::vector<StockItemRecord> records_;
-    /// The numbers of the live records of each key, lowest first.
+    /// The numbers of the live records with each key, lowest first.
     std::unordered_map<std::string, std::set<int>> numbers_;
     Count added_;
     Count replaced_;

@@ -15,8 +15,8 @@ class StockExchange {
     /// Writes the items now listed, in the list's order, to a file that the user chooses.
     void mu_ExportStockItems_Click();
 
-    /// Merges a file that the user chooses into the catalogue: an item of the same description
-    /// and vendor (without regard to case) is replaced, any other one added.
+    /// Merges a file that the user chooses into the catalogue: an item with the same description
+    /// and vendor (ignoring case) is replaced, any other is added.
     void mu_ImportStockItems_Click();
 
   private:

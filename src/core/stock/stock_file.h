@@ -1,4 +1,4 @@
-// The catalogue's file "po_stock.dat": the goods that are ordered again and again, in fixed-length
+// The catalogue's file "po_stock.dat": goods that are ordered again and again, in fixed-length
 // records that never move.
 #pragma once
 
@@ -14,7 +14,7 @@
 
 namespace bramblet {
 
-/// 383 bytes on disk; of an export file too.
+/// 383 bytes on disk, in an export file too.
 struct StockItemRecord {
     std::string Status;  ///< "1" live, kDeletedItem, or kExportedItem in an export file
     std::string Category;
@@ -42,7 +42,7 @@ inline constexpr const char* kLiveItem = "1";
 inline constexpr const char* kDeletedItem = "D";
 inline constexpr const char* kExportedItem = "i";
 
-/// An item's number taken as the number of its record; 0, which no record has, when it is none.
+/// An item's number read as its record's number; 0, which no record has, when it cannot be one.
 int recordNumberOf(double tag);
 
 /// The boxes of the item editor.
@@ -51,7 +51,7 @@ struct StockItemBoxes {
         StockUnitCostEd;
 };
 
-/// Each operation opens the file, works and closes it. All throw Fault.
+/// Each operation opens the file, does its work and closes it. All throw Fault.
 class StockFile {
   public:
     StockFile(FileSystem files, std::filesystem::path path, const RegionalFormats& formats);
@@ -63,17 +63,17 @@ class StockFile {
     /// The number for a new item: the highest in the file, deleted items included, plus one.
     double GetNextTag();
 
-    /// Appends an item. What the boxes do not tell (quantity on hand, spare fields) is that of the
-    /// last record in the file.
+    /// Appends an item. What the boxes do not give (quantity on hand, spare fields) is taken from
+    /// the last record in the file.
     void SaveNewStockItem(const StockItemBoxes& boxes);
 
-    /// Rewrites the first record of a number, deleted or not; it is live afterwards. Returns the
-    /// record as it was, none when there is none. The unit cost has to be a number as it stands: it
-    /// is not cleaned here.
+    /// Rewrites the first record with a number, deleted or not; it is live afterwards. Returns the
+    /// record as it was, or nothing when there is none. The unit cost must be a number as it
+    /// stands: it is not cleaned here.
     std::optional<StockItemRecord> SaveChangedStockItem(double tag, const StockItemBoxes& boxes);
 
-    /// The next two take the item's number for the record's number, and return the record as it
-    /// was: another item stands there where two desks have given the same number.
+    /// The next two take the item's number as the record's number, and return the record as it was:
+    /// where two desks have given the same number, it is another item's.
     StockItemRecord markDeleted(int recordNumber);
     StockItemRecord setOnHand(int recordNumber, Currency quantity);
 
@@ -86,7 +86,7 @@ class StockFile {
     std::filesystem::path path_;
     const RegionalFormats& formats_;
     /// The one record buffer of all stock work: fields that an operation does not set keep the
-    /// values of the record read last.
+    /// values of the record last read.
     StockItemRecord buffer_ = decodeRecord(kStockItemLayout, "");
 };
 

@@ -50,7 +50,8 @@ void StockList::VendorItemsCheck_Click(bool checked) {
 }
 
 void StockList::PopStockList() {
-    // What is shown changes in one go: reading may have to wait, and the windows go on meanwhile.
+    // What is shown changes in one go: reading may have to wait, and the windows stay live
+    // meanwhile.
     const std::vector<StockItemRecord> listed = records();
     columns_ = {StockColumn::Category, StockColumn::Vendor, StockColumn::Unit,
                 StockColumn::Description, StockColumn::UnitCost};
@@ -60,7 +61,7 @@ void StockList::PopStockList() {
     onListChange();
 }
 
-/// The records of the catalogue in file order; those listed now when it cannot be read.
+/// The records of the catalogue in file order; those now listed when it cannot be read.
 std::vector<StockItemRecord> StockList::records() {
     if (!folder_.DataPathOK()) return {};
     try {
@@ -83,7 +84,7 @@ std::string StockList::widest(StockColumn column) const {
     const bool onHand = column == StockColumn::OnHand;
     if (!onHand && column != StockColumn::UnitCost) return {};
     const auto field = onHand ? &StockItemRecord::OnHand : &StockItemRecord::UnitCost;
-    const std::int64_t lastShown = onHand ? 10000 : 100;  // of the decimals that are always shown
+    const std::int64_t lastShown = onHand ? 10000 : 100;  // of the decimals always shown
     std::int64_t most = 0;
     bool moreDecimals = false;
     for (const auto& record : rows_) {

@@ -16,7 +16,7 @@
 namespace bramblet {
 
 /// The columns of the list. "On Hand" is shown only when the setting `UseQuantities` is on, so the
-/// file number is the sixth column or the seventh.
+/// file number is the sixth or the seventh column.
 enum class StockColumn { Category, Vendor, Unit, Description, UnitCost, OnHand, FileNumber };
 
 class StockList {
@@ -26,15 +26,15 @@ class StockList {
 
     /// Called after the rows or their order have changed.
     std::function<void()> onListChange = [] {};
-    /// Called after another item has come into the editor.
+    /// Called after another item has been loaded into the editor.
     std::function<void()> onPick = [] {};
 
     /// Lists the items of the current vendor only, when one is chosen.
     bool VendorItemsCheck = false;
     void VendorItemsCheck_Click(bool checked);
 
-    /// Reads the catalogue anew, in file order, and collects the entries of the editor's lists. If
-    /// it cannot be read, what was listed before stays.
+    /// Rereads the catalogue, in file order, and collects the entries of the editor's lists. If it
+    /// cannot be read, the previous list stays.
     void PopStockList();
 
     /// The columns shown now.
@@ -49,17 +49,17 @@ class StockList {
     /// "40 stock items listed", or that they could not be read.
     std::string countText() const;
 
-    /// A click on a heading: sorts by that column, ascending at first and then in turn. Amounts and
-    /// file numbers sort as numbers, everything else as text without regard to case.
+    /// A click on a heading: sorts by that column, first ascending, then alternating. Amounts and
+    /// file numbers sort as numbers, everything else as text regardless of case.
     void sortByHeading(StockColumn column);
-    /// The column by which the list is sorted; none when it is in file order.
+    /// The column that the list is sorted by; nothing when it is in file order.
     std::optional<StockColumn> sortColumn() const { return sortColumn_; }
     bool sortedDescending() const { return descending_; }
 
-    /// A click on a row: its item goes into the editor.
+    /// A click on a row: loads its item into the editor.
     void StockGrid_Click(int row);
 
-    /// The editor's boxes, the entries of its lists, and the number of the item picked last.
+    /// The editor's boxes, the entries of its lists, and the number of the item last picked.
     StockItemBoxes boxes;
     struct Entries {
         std::vector<std::string> categories, vendors, units;
@@ -70,7 +70,7 @@ class StockList {
     void SaveNewStockItem_Click();
     void SaveChangedStockItem_Click();
     void DeleteStockItem_Click();
-    /// Asks for the quantity on hand of the picked item, `row` being the list's current one.
+    /// Asks for the quantity on hand of the picked item; `row` is the list's current one.
     void ItemsPopOnHand_Click(int row);
 
     /// The catalogue's file, for exchange with other installations.
@@ -83,10 +83,10 @@ class StockList {
     std::string textIn(const StockItemRecord& record, StockColumn column) const;
     int pickedRecord() const;
     std::string pickedInWords() const;
-    /// Says which item `record`, which was at the number of the picked item, is, and what has been
-    /// `done` to it, when it is another one than the item picked.
+    /// If `record`, found at the number of the picked item, is not that item, says which item it is
+    /// and what has been `done` to it.
     void tellIfNotPicked(const StockItemRecord& record, const std::string& done);
-    /// Runs one change of the file under the data-folder check, then lists anew.
+    /// Runs one change to the file after checking the data folder, then rebuilds the list.
     template <class Change>
     void change(const std::string& failure, Change change);
 
@@ -98,10 +98,10 @@ class StockList {
     StockFile file_;
     std::vector<StockColumn> columns_;
     std::vector<StockItemRecord> rows_;
-    bool read_ = false;  ///< whether the rows are those of the last reading
+    bool read_ = false;  ///< whether the rows come from the last reading
     Entries entries_;
     std::string fileOrderTag_ = "0";
-    StockItemRecord picked_;  ///< as the list held it when it was picked, or as saved since
+    StockItemRecord picked_;  ///< as the list held it when it was picked, or as saved since then
     std::optional<StockColumn> sortColumn_;
     bool descending_ = false;
 };
