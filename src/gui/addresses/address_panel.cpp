@@ -3,6 +3,7 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/history_box.h"
 #include "gui/platform/icons.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QHBoxLayout>
@@ -29,25 +30,12 @@ struct Look {
 
 Look lookOf(AddressSide side) {
     if (side == AddressSide::Vendor) {
-        return {"ToCombo",
-                "ToField",
-                "VendAddyCounter",
-                "ChangedVendor",
-                "DeleteVendor",
-                AddressPanel::tr("&To:"),
-                AddressPanel::tr("vendor"),
-                &Order::ToCombo,
-                &Order::ToField};
+        return {"ToCombo", "ToField",   "VendAddyCounter", "ChangedVendor", "DeleteVendor",
+                u"&To:"_s, u"vendor"_s, &Order::ToCombo,   &Order::ToField};
     }
-    return {"ShipToCombo",
-            "ShipToField",
-            "ToAddyCounter",
-            "ChangedDest",
-            "DeleteDest",
-            AddressPanel::tr("Shi&p To:"),
-            AddressPanel::tr("ship-to address"),
-            &Order::ShipToCombo,
-            &Order::ShipToField};
+    return {"ShipToCombo",        "ShipToField",       "ToAddyCounter",
+            "ChangedDest",        "DeleteDest",        u"Shi&p To:"_s,
+            u"ship-to address"_s, &Order::ShipToCombo, &Order::ShipToField};
 }
 
 }  // namespace
@@ -61,25 +49,24 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
     name_ = new HistoryBox(look.nameBox, look.label);
     name_->lineEdit()->setMaxLength(kNameLimit);
     name_->setMaxVisibleItems(16);
-    name_->setToolTip(
-        tr("Pick the %1 from the list, or type the name of a new one.").arg(look.one));
+    name_->setToolTip(u"Pick the %1 from the list, or type the name of a new one."_s.arg(look.one));
     address_ = new QPlainTextEdit;
     address_->setObjectName(QLatin1String(look.addressBox));
-    address_->setAccessibleName(tr("Address of the %1").arg(look.one));
-    address_->setToolTip(tr("The address as it is printed on the order."));
+    address_->setAccessibleName(u"Address of the %1"_s.arg(look.one));
+    address_->setToolTip(u"The address as it is printed on the order."_s);
     address_->setTabChangesFocus(true);
     address_->setLineWrapMode(QPlainTextEdit::NoWrap);
     address_->setFixedHeight(fontMetrics().lineSpacing() * 6 + 14);
     counter_ = new QLabel;
     counter_->setObjectName(QLatin1String(look.counter));
-    counter_->setToolTip(tr("Number of the %1 shown").arg(look.one));
+    counter_->setToolTip(u"Number of the %1 shown"_s.arg(look.one));
     counter_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     counter_->setForegroundRole(QPalette::PlaceholderText);
     counter_->setMinimumWidth(fontMetrics().averageCharWidth() * 4);
     save_ = toolButton(look.save, Drawing::Store, {},
-                       tr("Save the %1 shown in the address book").arg(look.one));
+                       u"Save the %1 shown in the address book"_s.arg(look.one));
     remove_ = toolButton(look.remove, Drawing::Delete, {},
-                         tr("Delete the %1 shown from the address book").arg(look.one));
+                         u"Delete the %1 shown from the address book"_s.arg(look.one));
 
     auto* top = new QHBoxLayout;
     top->setSpacing(4);

@@ -1,6 +1,7 @@
 #include "gui/addresses/contact_dialog.h"
 
 #include "gui/platform/boxes.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QHBoxLayout>
@@ -13,33 +14,33 @@ namespace bramblet {
 
 ContactDialog::ContactDialog(ContactImport& import, QWidget* parent)
     : QDialog(parent), import_(import) {
-    setObjectName(QStringLiteral("AddyForm"));
-    setWindowTitle(tr("Bramblet - Kettleby Import"));
+    setObjectName(u"AddyForm"_s);
+    setWindowTitle(u"Bramblet - Kettleby Import"_s);
 
     auto* explanation = new QLabel(
-        tr("In Kettleby, export the contacts that you want to a data file. Select that file here, "
-           "then import it as vendors or as ship-to destinations.\n\n"
-           "The import does not look for duplicates: importing a file twice adds every address "
-           "twice. Records without an \"organization\" field are skipped."));
+        u"In Kettleby, export the contacts that you want to a data file. Select that file here, "
+        "then import it as vendors or as ship-to destinations.\n\n"
+        "The import does not look for duplicates: importing a file twice adds every address "
+        "twice. Records without an \"organization\" field are skipped."_s);
     explanation->setWordWrap(true);
     file_ = new QLineEdit;
-    file_->setObjectName(QStringLiteral("FileNameEd"));
+    file_->setObjectName(u"FileNameEd"_s);
     file_->setReadOnly(true);
-    file_->setAccessibleName(tr("The file to import"));
-    file_->setToolTip(tr("The file to import"));
-    file_->setPlaceholderText(tr("No file selected"));
+    file_->setAccessibleName(u"The file to import"_s);
+    file_->setToolTip(u"The file to import"_s);
+    file_->setPlaceholderText(u"No file selected"_s);
     auto* select =
-        button("Command1", tr("&Select Kettleby Data File"),
-               tr("Choose the file that Kettleby has exported."), &ContactImport::Command1_Click);
-    vendors_ = button("ImportKettlebyVendors", tr("Import as &Vendors"),
-                      tr("Add every contact to the list of vendors."),
+        button("Command1", u"&Select Kettleby Data File"_s,
+               u"Choose the file that Kettleby has exported."_s, &ContactImport::Command1_Click);
+    vendors_ = button("ImportKettlebyVendors", u"Import as &Vendors"_s,
+                      u"Add every contact to the list of vendors."_s,
                       &ContactImport::ImportKettlebyVendors_Click);
-    shipTos_ = button("ImportAsShipTos", tr("Import as Ship &To:'s"),
-                      tr("Add every contact to the list of ship-to destinations."),
+    shipTos_ = button("ImportAsShipTos", u"Import as Ship &To:'s"_s,
+                      u"Add every contact to the list of ship-to destinations."_s,
                       &ContactImport::ImportAsShipTos_Click);
-    auto* close = new QPushButton(tr("Close"));
-    close->setObjectName(QStringLiteral("Close"));
-    close->setToolTip(tr("Close this window."));
+    auto* close = new QPushButton(u"Close"_s);
+    close->setObjectName(u"Close"_s);
+    close->setToolTip(u"Close this window."_s);
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
 

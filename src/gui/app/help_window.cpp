@@ -1,5 +1,6 @@
 #include "gui/app/help_window.h"
 
+#include "gui/platform/literals.h"
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
 
@@ -27,20 +28,18 @@ constexpr int kContentRole = Qt::UserRole + 1;
 
 /// The pages in the order in which they are listed.
 const QStringList kPages{
-    QStringLiteral("first-steps"), QStringLiteral("orders"),   QStringLiteral("lines"),
-    QStringLiteral("addresses"),   QStringLiteral("lists"),    QStringLiteral("catalogue"),
-    QStringLiteral("printing"),    QStringLiteral("settings"), QStringLiteral("data"),
-    QStringLiteral("keys"),
+    u"first-steps"_s, u"orders"_s,   u"lines"_s,    u"addresses"_s, u"lists"_s,
+    u"catalogue"_s,   u"printing"_s, u"settings"_s, u"data"_s,      u"keys"_s,
 };
 
 QString contentOf(const QString& page) {
-    QFile file(QStringLiteral(":/help/%1.html").arg(page));
+    QFile file(u":/help/%1.html"_s.arg(page));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
 QString titleOf(const QString& content) {
-    const auto start = content.indexOf(QStringLiteral("<h1>")) + 4;
-    return content.mid(start, content.indexOf(QStringLiteral("</h1>")) - start);
+    const auto start = content.indexOf(u"<h1>"_s) + 4;
+    return content.mid(start, content.indexOf(u"</h1>"_s) - start);
 }
 
 /// The page's words without its tags.
@@ -57,18 +56,17 @@ bool isDark(const QPalette& palette) {
 /// Headings, tables and notes in the windows' colours.
 QString styleFor(const QPalette& palette) {
     const bool dark = isDark(palette);
-    return QStringLiteral(
-               "h1 { font-size: 21px; margin-bottom: 10px; }"
-               "h2 { font-size: 16px; margin-top: 20px; margin-bottom: 6px; }"
-               "p, li { line-height: 128%; } p { margin-top: 6px; margin-bottom: 8px; }"
-               "li { margin-bottom: 4px; }"
-               "a { color: %1; text-decoration: none; }"
-               "th { background-color: %2; text-align: left; } td, th { padding: 5px 12px 5px 8px; "
-               "}"
-               ".picture { line-height: 100%; margin-top: 10px; margin-bottom: 12px; }"
-               ".note { background-color: %3; }")
-        .arg(palette.color(QPalette::Link).name(), QLatin1String(dark ? "#363a41" : "#eceaf2"),
-             QLatin1String(dark ? "#3a3528" : "#fdf6df"));
+    return u"h1 { font-size: 21px; margin-bottom: 10px; }"
+           "h2 { font-size: 16px; margin-top: 20px; margin-bottom: 6px; }"
+           "p, li { line-height: 128%; } p { margin-top: 6px; margin-bottom: 8px; }"
+           "li { margin-bottom: 4px; }"
+           "a { color: %1; text-decoration: none; }"
+           "th { background-color: %2; text-align: left; } td, th { padding: 5px 12px 5px 8px; "
+           "}"
+           ".picture { line-height: 100%; margin-top: 10px; margin-bottom: 12px; }"
+           ".note { background-color: %3; }"_s.arg(palette.color(QPalette::Link).name(),
+                                                   QLatin1String(dark ? "#363a41" : "#eceaf2"),
+                                                   QLatin1String(dark ? "#3a3528" : "#fdf6df"));
 }
 
 }  // namespace
@@ -94,7 +92,7 @@ class HelpWindow::Page : public QTextBrowser {
     QVariant loadResource(int type, const QUrl& name) override {
         QImage picture;
         if (type != QTextDocument::ImageResource) return {};
-        if (!picture.load(QStringLiteral(":/help/") + name.toString())) return {};
+        if (!picture.load(u":/help/"_s + name.toString())) return {};
         const double room = textWidth() - 2 * kMargin;
         const double width = std::min(picture.width() / kPictureScale, room);
         const double dots = devicePixelRatioF();
@@ -124,12 +122,12 @@ class HelpWindow::Page : public QTextBrowser {
 };
 
 HelpWindow::HelpWindow(QWidget* parent) : QMainWindow(parent) {
-    setObjectName(QStringLiteral("HelpForm"));
+    setObjectName(u"HelpForm"_s);
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(tr("Bramblet Help"));
+    setWindowTitle(u"Bramblet Help"_s);
     text_ = new Page;
-    text_->setObjectName(QStringLiteral("HelpText"));
-    text_->setAccessibleName(tr("Help text"));
+    text_->setObjectName(u"HelpText"_s);
+    text_->setAccessibleName(u"Help text"_s);
     auto* splitter = new QSplitter;
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(makeSide());
@@ -153,17 +151,17 @@ HelpWindow::HelpWindow(QWidget* parent) : QMainWindow(parent) {
 /// The search and the list of pages.
 QWidget* HelpWindow::makeSide() {
     search_ = new QLineEdit;
-    search_->setObjectName(QStringLiteral("HelpSearch"));
-    search_->setPlaceholderText(tr("Search"));
+    search_->setObjectName(u"HelpSearch"_s);
+    search_->setPlaceholderText(u"Search"_s);
     search_->setToolTip(
-        tr("Shows the pages that hold all these words; Enter goes to the next place."));
+        u"Shows the pages that hold all these words; Enter goes to the next place."_s);
     search_->setClearButtonEnabled(true);
-    nothing_ = new QLabel(tr("No page holds these words."));
+    nothing_ = new QLabel(u"No page holds these words."_s);
     nothing_->setWordWrap(true);
     nothing_->hide();
     pages_ = new QListWidget;
-    pages_->setObjectName(QStringLiteral("HelpPages"));
-    pages_->setAccessibleName(tr("Pages"));
+    pages_->setObjectName(u"HelpPages"_s);
+    pages_->setAccessibleName(u"Pages"_s);
     pages_->setSpacing(2);
 
     auto* side = new QWidget;

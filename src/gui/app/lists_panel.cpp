@@ -4,6 +4,7 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/grid_view.h"
 #include "gui/platform/icons.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/stock/stock_panel.h"
 
@@ -31,27 +32,26 @@ ListsPanel::ListsPanel(Program& program, QWidget* parent) : QWidget(parent), pro
 
 QLayout* ListsPanel::makeBar() {
     label_ = new QLabel;
-    label_->setObjectName(QStringLiteral("BottomLabel"));
+    label_->setObjectName(u"BottomLabel"_s);
     count_ = new QLabel;
     count_->setForegroundRole(QPalette::PlaceholderText);
     filters_ = {
-        filterBox("ListCheckPO", tr("Purchase Orders"),
-                  tr("Check to include Purchase Orders in list"), &SavedOrders::ListCheckPO),
-        filterBox("ListCheckRE", tr("Requisitions"), tr("Check to include Requisitions in list"),
+        filterBox("ListCheckPO", u"Purchase Orders"_s,
+                  u"Check to include Purchase Orders in list"_s, &SavedOrders::ListCheckPO),
+        filterBox("ListCheckRE", u"Requisitions"_s, u"Check to include Requisitions in list"_s,
                   &SavedOrders::ListCheckRE),
-        filterBox("ListCheckRecd", tr("Received (Both)"),
-                  tr("Check to include items marked Received"), &SavedOrders::ListCheckRecd),
+        filterBox("ListCheckRecd", u"Received (Both)"_s,
+                  u"Check to include items marked Received"_s, &SavedOrders::ListCheckRecd),
     };
-    vendorItems_ = new QCheckBox(tr("Show Only Stock Items For The Current Vendor"));
-    vendorItems_->setObjectName(QStringLiteral("VendorItemsCheck"));
-    vendorItems_->setToolTip(tr("If checked, show only stock items for current vendor."));
+    vendorItems_ = new QCheckBox(u"Show Only Stock Items For The Current Vendor"_s);
+    vendorItems_->setObjectName(u"VendorItemsCheck"_s);
+    vendorItems_->setToolTip(u"If checked, show only stock items for current vendor."_s);
     connect(vendorItems_, &QCheckBox::clicked, this,
             [this](bool checked) { program_.stock.VendorItemsCheck_Click(checked); });
-    viewExisting_ = viewButton("ViewExisting", tr("Saved Orders"),
-                               tr("Switch to existing purchase orders view."));
+    viewExisting_ = viewButton("ViewExisting", u"Saved Orders"_s,
+                               u"Switch to existing purchase orders view."_s);
     connect(viewExisting_, &QToolButton::clicked, this, &ListsPanel::ViewExisting_Click);
-    hideOrders_ =
-        viewButton("HideOrders", tr("Stock Items List"), tr("Switch to stock items view."));
+    hideOrders_ = viewButton("HideOrders", u"Stock Items List"_s, u"Switch to stock items view."_s);
     connect(hideOrders_, &QToolButton::clicked, this, &ListsPanel::HideOrders_Click);
 
     auto* bar = new QHBoxLayout;
@@ -120,7 +120,7 @@ GridView* ListsPanel::grid() const {
 void ListsPanel::showView() {
     const bool orders = showsOrders();
     const QString count = toQt(program_.savedOrders.countText());
-    label_->setText(orders ? tr("Saved Orders") : toQt(program_.stock.countText()));
+    label_->setText(orders ? u"Saved Orders"_s : toQt(program_.stock.countText()));
     label_->setToolTip(orders ? count : QString());
     count_->setText(orders ? count : QString());
     for (QCheckBox* filter : filters_)

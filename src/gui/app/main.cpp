@@ -3,6 +3,7 @@
 #include "gui/app/main_window.h"
 #include "gui/app/start_notice.h"
 #include "gui/platform/dialog_prompts.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/system_desktop.h"
 #include "gui/platform/system_formats.h"
@@ -15,6 +16,8 @@
 #include <QStandardPaths>
 
 #include <cstdlib>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,8 +32,8 @@ class Application : public QApplication {
             return QApplication::notify(receiver, event);
         } catch (const std::exception& error) {
             QMessageBox::critical(
-                activeWindow(), QStringLiteral("Bramblet"),
-                tr("This could not be done: %1").arg(QString::fromLocal8Bit(error.what())));
+                activeWindow(), u"Bramblet"_s,
+                u"This could not be done: %1"_s.arg(QString::fromLocal8Bit(error.what())));
             return false;
         }
     }
@@ -41,12 +44,12 @@ class Application : public QApplication {
 int main(int argc, char** argv) {
     using namespace bramblet;
     Application application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Bramblet"));
+    QApplication::setApplicationName(u"Bramblet"_s);
     applyTheme(application, systemTheme());
 #ifndef _WIN32
     // Windows takes the icon from the executable; elsewhere it is installed alongside the program.
-    QApplication::setDesktopFileName(QStringLiteral("bramblet"));
-    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("bramblet")));
+    QApplication::setDesktopFileName(u"bramblet"_s);
+    QApplication::setWindowIcon(QIcon::fromTheme(u"bramblet"_s));
 #endif
 
     Waiting waiting;

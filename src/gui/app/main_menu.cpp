@@ -4,6 +4,7 @@
 #include "gui/orders/lines_panel.h"
 #include "gui/orders/saved_orders_panel.h"
 #include "gui/platform/grid_view.h"
+#include "gui/platform/literals.h"
 #include "gui/stock/stock_panel.h"
 
 #include <QMainWindow>
@@ -28,51 +29,51 @@ void MainMenu::refresh() {
 
 void MainMenu::addFileMenu() {
     OrderEditor& editor = program_.editor;
-    QMenu* menu = addMenu(tr("&File"));
-    add(menu, "mu_NewPO", tr("&New Order"), QKeySequence::New, [&] { editor.NewPO_Click(); });
-    saveChanges_ = add(menu, "mu_SaveChanges", tr("&Save Changes"), QKeySequence::Save,
+    QMenu* menu = addMenu(u"&File"_s);
+    add(menu, "mu_NewPO", u"&New Order"_s, QKeySequence::New, [&] { editor.NewPO_Click(); });
+    saveChanges_ = add(menu, "mu_SaveChanges", u"&Save Changes"_s, QKeySequence::Save,
                        [&] { editor.SaveChanges_Click(); });
-    saveCopy_ = add(menu, "mu_Save_PO", tr("Save as &Copy"), QKeySequence(tr("Ctrl+Shift+S")),
+    saveCopy_ = add(menu, "mu_Save_PO", u"Save as &Copy"_s, QKeySequence(u"Ctrl+Shift+S"_s),
                     [&] { editor.Save_PO_Click(); });
-    add(menu, "make10", tr("&make 10 copies"), {}, [&] { editor.make10_Click(); });
-    add(menu, "mu_Clear", tr("C&lear"), {}, [&] { editor.Clear_Click(); });
+    add(menu, "make10", u"&make 10 copies"_s, {}, [&] { editor.make10_Click(); });
+    add(menu, "mu_Clear", u"C&lear"_s, {}, [&] { editor.Clear_Click(); });
     menu->addSeparator();
-    add(menu, "mu_MakeOrder", tr("&View, Print or Mail ..."), QKeySequence::Print,
+    add(menu, "mu_MakeOrder", u"&View, Print or Mail ..."_s, QKeySequence::Print,
         [this] { program_.viewer.MakeOrder_Click(); });
-    add(menu, "mu_TotalUp", tr("&Total Up"), QKeySequence(Qt::Key_F9),
+    add(menu, "mu_TotalUp", u"&Total Up"_s, QKeySequence(Qt::Key_F9),
         [&] { editor.TotalUp_Click(); });
-    add(menu, "mu_UnlockNumber", tr("&Unlock the Number ..."), {},
+    add(menu, "mu_UnlockNumber", u"&Unlock the Number ..."_s, {},
         [&] { editor.Label11_DblClick(); });
     menu->addSeparator();
-    add(menu, "mu_Configuration", tr("Con&figuration ..."), {}, [this] { openConfiguration(); });
+    add(menu, "mu_Configuration", u"Con&figuration ..."_s, {}, [this] { openConfiguration(); });
     menu->addSeparator();
-    add(menu, "mu_exit", tr("E&xit"), QKeySequence(tr("Ctrl+Q")), [this] { window_.close(); });
+    add(menu, "mu_exit", u"E&xit"_s, QKeySequence(u"Ctrl+Q"_s), [this] { window_.close(); });
 }
 
 void MainMenu::addItemsMenu() {
-    QMenu* menu = addMenu(tr("&Items"));
-    add(menu, "mu_OneTime", tr("&Add one-time item"), QKeySequence(tr("Ctrl+I")),
+    QMenu* menu = addMenu(u"&Items"_s);
+    add(menu, "mu_OneTime", u"&Add one-time item"_s, QKeySequence(u"Ctrl+I"_s),
         [this] { lines_.addOneTimeItem(); });
-    add(menu, "mu_EditItem", tr("&Edit this item"), QKeySequence(Qt::Key_F2),
+    add(menu, "mu_EditItem", u"&Edit this item"_s, QKeySequence(Qt::Key_F2),
         [this] { lines_.editCurrentLine(); });
-    add(menu, "mu_AddToOrder", tr("Add the &stock item picked"), QKeySequence(Qt::Key_F8),
+    add(menu, "mu_AddToOrder", u"Add the &stock item picked"_s, QKeySequence(Qt::Key_F8),
         [this] { lists_.stock()->addCurrentItem(); });
 }
 
 void MainMenu::addListsMenu() {
-    QMenu* menu = addMenu(tr("&Lists"));
-    add(menu, "mu_GoToLines", tr("Go to the &Lines"), QKeySequence(Qt::Key_F6),
+    QMenu* menu = addMenu(u"&Lists"_s);
+    add(menu, "mu_GoToLines", u"Go to the &Lines"_s, QKeySequence(Qt::Key_F6),
         [this] { lines_.grid()->setFocus(); });
-    add(menu, "mu_GoToList", tr("&Go to the List"), QKeySequence(Qt::Key_F7),
+    add(menu, "mu_GoToList", u"&Go to the List"_s, QKeySequence(Qt::Key_F7),
         [this] { lists_.grid()->setFocus(); });
     menu->addSeparator();
-    add(menu, "mu_ViewExisting", tr("Saved &Orders"), QKeySequence(tr("Ctrl+1")),
+    add(menu, "mu_ViewExisting", u"Saved &Orders"_s, QKeySequence(u"Ctrl+1"_s),
         [this] { lists_.ViewExisting_Click(); });
-    add(menu, "mu_HideOrders", tr("Stock &Items List"), QKeySequence(tr("Ctrl+2")),
+    add(menu, "mu_HideOrders", u"Stock &Items List"_s, QKeySequence(u"Ctrl+2"_s),
         [this] { lists_.HideOrders_Click(); });
     menu->addSeparator();
-    addSortMenu(menu->addMenu(tr("&Sort by")));
-    QAction* remove = add(menu, "mu_DeleteOrder", tr("&Delete Order"), {},
+    addSortMenu(menu->addMenu(u"&Sort by"_s));
+    QAction* remove = add(menu, "mu_DeleteOrder", u"&Delete Order"_s, {},
                           [this] { lists_.orders()->deleteCurrentOrder(); });
     connect(menu, &QMenu::aboutToShow, this, [this, remove] {
         remove->setEnabled(lists_.showsOrders() && lists_.grid()->currentRow() >= 0);
@@ -94,32 +95,32 @@ void MainMenu::addSortMenu(QMenu* menu) {
 
 void MainMenu::addDataMenu() {
     StockExchange& exchange = program_.stockExchange;
-    QMenu* menu = addMenu(tr("&Data"));
-    add(menu, "mu_DataExport", tr("Export Orders to a &Spreadsheet ..."), {},
+    QMenu* menu = addMenu(u"&Data"_s);
+    add(menu, "mu_DataExport", u"Export Orders to a &Spreadsheet ..."_s, {},
         [this] { program_.csvExport.mu_DataExport_Click(); });
     menu->addSeparator();
-    add(menu, "mu_ExportStockItems", tr("&Export Stock Items ..."), {},
+    add(menu, "mu_ExportStockItems", u"&Export Stock Items ..."_s, {},
         [&] { exchange.mu_ExportStockItems_Click(); });
-    add(menu, "mu_ImportStockItems", tr("&Import Stock Items ..."), {},
+    add(menu, "mu_ImportStockItems", u"&Import Stock Items ..."_s, {},
         [&] { exchange.mu_ImportStockItems_Click(); });
     menu->addSeparator();
-    add(menu, "mu_DataBackup", tr("&Back Up Data ..."), {},
+    add(menu, "mu_DataBackup", u"&Back Up Data ..."_s, {},
         [this] { program_.backup.mu_DataBackup_Click(); });
-    add(menu, "mu_DataRestore", tr("&Restore Data ..."), {},
+    add(menu, "mu_DataRestore", u"&Restore Data ..."_s, {},
         [this] { program_.backup.mu_DataRestore_Click(); });
     menu->addSeparator();
-    add(menu, "mu_ImportKettleby", tr("Import address from &Kettleby"), {},
+    add(menu, "mu_ImportKettleby", u"Import address from &Kettleby"_s, {},
         [this] { program_.contactImport.mu_ImportKettleby_Click(); });
 }
 
 void MainMenu::addHelpMenu() {
-    QMenu* menu = addMenu(tr("&Help"));
-    add(menu, "mu_HelpContents", tr("&Contents"), QKeySequence::HelpContents,
+    QMenu* menu = addMenu(u"&Help"_s);
+    add(menu, "mu_HelpContents", u"&Contents"_s, QKeySequence::HelpContents,
         [this] { program_.browser.mu_HelpContents_Click(); });
-    add(menu, "mu_WebSite", tr("Bramblet on the &Web"), {},
+    add(menu, "mu_WebSite", u"Bramblet on the &Web"_s, {},
         [this] { program_.browser.mu_WebSite_Click(); });
     menu->addSeparator();
-    add(menu, "mu_About", tr("&About Bramblet"), {}, [this] { program_.mu_About(); });
+    add(menu, "mu_About", u"&About Bramblet"_s, {}, [this] { program_.mu_About(); });
 }
 
 QMenu* MainMenu::addMenu(const QString& caption) {

@@ -13,6 +13,7 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/dialog_prompts.h"
 #include "gui/platform/icons.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/settings/config_dialog.h"
 #include "gui/stock/stock_panel.h"
@@ -28,7 +29,7 @@ namespace bramblet {
 
 MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waiting)
     : program_(program), prompts_(prompts), waiting_(waiting) {
-    setObjectName(QStringLiteral("MainWindow"));
+    setObjectName(u"MainWindow"_s);
     order_ = new OrderPanel(program.editor, program.addresses, program.histories, program.open,
                             program.formats().firstDayOfWeek);
     lines_ = new LinesPanel(program.lines, program.open, program.stock, program.formats(), prompts);
@@ -107,22 +108,22 @@ QWidget* MainWindow::makeCommandBar() {
                          const QString& tip, void (OrderEditor::*command)()) {
         return addButton(name, drawing, caption, tip, [&editor, command] { (editor.*command)(); });
     };
-    add("NewPO", Drawing::New, tr("Ne&w"), tr("Clear all fields for new PO, new PO number"),
+    add("NewPO", Drawing::New, u"Ne&w"_s, u"Clear all fields for new PO, new PO number"_s,
         &OrderEditor::NewPO_Click);
-    saveButton_ = add("SaveChanges", Drawing::Save, tr("&Save Changes"),
-                      tr("Save order as currently shown."), &OrderEditor::SaveChanges_Click);
-    copyButton_ = add("Save_PO", Drawing::Copy, tr("Save as &Copy"),
-                      tr("Create a copy of current PO."), &OrderEditor::Save_PO_Click);
-    add("Clear", Drawing::Clear, tr("Clea&r"), tr("Clear all fields except PO number"),
+    saveButton_ = add("SaveChanges", Drawing::Save, u"&Save Changes"_s,
+                      u"Save order as currently shown."_s, &OrderEditor::SaveChanges_Click);
+    copyButton_ = add("Save_PO", Drawing::Copy, u"Save as &Copy"_s,
+                      u"Create a copy of current PO."_s, &OrderEditor::Save_PO_Click);
+    add("Clear", Drawing::Clear, u"Clea&r"_s, u"Clear all fields except PO number"_s,
         &OrderEditor::Clear_Click);
     layout->addSpacing(12);
-    add("TotalUp", Drawing::TotalUp, tr("Total &Up"), tr("Total up order."),
+    add("TotalUp", Drawing::TotalUp, u"Total &Up"_s, u"Total up order."_s,
         &OrderEditor::TotalUp_Click);
-    addButton("MakeOrder", Drawing::View, tr("View Order"),
-              tr("Show the order as it is printed, to print or mail it."),
+    addButton("MakeOrder", Drawing::View, u"View Order"_s,
+              u"Show the order as it is printed, to print or mail it."_s,
               [this] { program_.viewer.MakeOrder_Click(); });
     layout->addStretch(1);
-    addButton("HelpButton", Drawing::Help, tr("Help"), tr("How to use Bramblet."),
+    addButton("HelpButton", Drawing::Help, u"Help"_s, u"How to use Bramblet."_s,
               [this] { program_.browser.mu_HelpContents_Click(); });
     return bar;
 }
@@ -138,14 +139,14 @@ QWidget* MainWindow::makeLinesBand() {
 }
 
 void MainWindow::makeStatusBar() {
-    auto* dataLabel = new QLabel(tr("Data Folder"));
-    dataLabel->setObjectName(QStringLiteral("Label16"));
-    dataLabel->setToolTip(tr("Data Path = %1").arg(pathToQt(program_.folder.DataPath())));
+    auto* dataLabel = new QLabel(u"Data Folder"_s);
+    dataLabel->setObjectName(u"Label16"_s);
+    dataLabel->setToolTip(u"Data Path = %1"_s.arg(pathToQt(program_.folder.DataPath())));
     dataLabel->setForegroundRole(QPalette::PlaceholderText);
     stopWaiting_ = new QToolButton;
-    stopWaiting_->setObjectName(QStringLiteral("StopWaiting"));
-    stopWaiting_->setText(tr("Stop waiting"));
-    stopWaiting_->setToolTip(tr("Give up; the file is left as it is."));
+    stopWaiting_->setObjectName(u"StopWaiting"_s);
+    stopWaiting_->setText(u"Stop waiting"_s);
+    stopWaiting_->setToolTip(u"Give up; the file is left as it is."_s);
     stopWaiting_->setFocusPolicy(Qt::NoFocus);
     stopWaiting_->hide();
     statusBar()->addPermanentWidget(stopWaiting_);

@@ -1,5 +1,6 @@
 #include "gui/app/start_notice.h"
 
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QHBoxLayout>
@@ -13,13 +14,13 @@ StartNotice::StartNotice(Waiting& waiting)
     : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       waiting_(waiting),
       line_(new QLabel) {
-    setObjectName(QStringLiteral("StartNotice"));
-    setWindowTitle(QStringLiteral("Bramblet"));
+    setObjectName(u"StartNotice"_s);
+    setWindowTitle(u"Bramblet"_s);
     line_->setTextFormat(Qt::PlainText);
     auto* stop = new QToolButton;
-    stop->setObjectName(QStringLiteral("StopWaiting"));
-    stop->setText(tr("Stop waiting"));
-    stop->setToolTip(tr("Give up; the file is left as it is."));
+    stop->setObjectName(u"StopWaiting"_s);
+    stop->setText(u"Stop waiting"_s);
+    stop->setToolTip(u"Give up; the file is left as it is."_s);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(16, 14, 16, 14);
     layout->setSpacing(16);

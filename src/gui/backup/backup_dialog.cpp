@@ -1,6 +1,7 @@
 #include "gui/backup/backup_dialog.h"
 
 #include "gui/platform/boxes.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QCoreApplication>
@@ -41,31 +42,30 @@ QString sizeText(std::uint64_t bytes) {
 BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
     : QDialog(parent), backup_(backup) {
     const bool restoring = kind == Backup::Kind::Restore;
-    setObjectName(restoring ? QStringLiteral("TandrilfrmRestore")
-                            : QStringLiteral("TandrilfrmBackup"));
-    setWindowTitle(restoring ? tr("Restore Data") : tr("Back Up Data"));
+    setObjectName(restoring ? u"TandrilfrmRestore"_s : u"TandrilfrmBackup"_s);
+    setWindowTitle(restoring ? u"Restore Data"_s : u"Back Up Data"_s);
     backup_.open(kind);
 
     names_ = new QStringListModel(this);
     list_ = new QListView;
-    list_->setObjectName(QStringLiteral("BackMeUp"));
-    list_->setAccessibleName(tr("Files to be copied"));
-    list_->setToolTip(tr("The data files, the orders and the pictures of the folder."));
+    list_->setObjectName(u"BackMeUp"_s);
+    list_->setAccessibleName(u"Files to be copied"_s);
+    list_->setToolTip(u"The data files, the orders and the pictures of the folder."_s);
     list_->setModel(names_);
     list_->setUniformItemSizes(true);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     files_ = new QStackedWidget;
     files_->addWidget(list_);
-    files_->addWidget(runningNote(tr("Stop ends this before the next file.")));
+    files_->addWidget(runningNote(u"Stop ends this before the next file."_s));
     progressText_ = new QLabel;
-    progressText_->setObjectName(QStringLiteral("BackUpProgress"));
+    progressText_->setObjectName(u"BackUpProgress"_s);
     progressText_->setWordWrap(true);
     counts_ = new QLabel;
-    counts_->setObjectName(QStringLiteral("BackUpCounts"));
+    counts_->setObjectName(u"BackUpCounts"_s);
     counts_->setAlignment(Qt::AlignRight);
     bar_ = new QProgressBar;
-    bar_->setObjectName(QStringLiteral("BackUpBar"));
-    bar_->setAccessibleName(tr("Progress"));
+    bar_->setObjectName(u"BackUpBar"_s);
+    bar_->setAccessibleName(u"Progress"_s);
     bar_->setRange(0, kBarSteps);
     bar_->setTextVisible(false);  // the counts stand above it
     bar_->setFixedHeight(kBarHeight);
@@ -105,54 +105,53 @@ void BackupDialog::reject() {
 QLayout* BackupDialog::makeFolders() {
     const bool restoring = backup_.kind() == Backup::Kind::Restore;
     source_ = new QLabel;
-    source_->setObjectName(QStringLiteral("Backuplist"));
+    source_->setObjectName(u"Backuplist"_s);
     source_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     source_->setMinimumWidth(1);  // a long path is cut off rather than widening the window
-    source_->setToolTip(tr("The folder that is copied from."));
+    source_->setToolTip(u"The folder that is copied from."_s);
     target_ = new QLineEdit;
-    target_->setObjectName(QStringLiteral("BackUpTarget"));
-    target_->setAccessibleName(tr("Target folder"));
-    target_->setToolTip(tr("The folder that is copied to; it may be typed."));
+    target_->setObjectName(u"BackUpTarget"_s);
+    target_->setAccessibleName(u"Target folder"_s);
+    target_->setToolTip(u"The folder that is copied to; it may be typed."_s);
     connect(target_, &QLineEdit::textEdited, this,
             [this](const QString& text) { backup_.BackUpTarget = pathFromQt(text); });
     idleControls_.push_back(target_);
 
     auto* grid = new QGridLayout;
     grid->setColumnStretch(1, 1);
-    grid->addWidget(new QLabel(tr("From")), 0, 0);
+    grid->addWidget(new QLabel(u"From"_s), 0, 0);
     grid->addWidget(source_, 0, 1);
-    grid->addWidget(boxLabel(tr("&To"), target_), 1, 0);
+    grid->addWidget(boxLabel(u"&To"_s, target_), 1, 0);
     grid->addWidget(target_, 1, 1);
     if (restoring) {
         auto* select =
-            button("SelectSource", tr("Select S&ource ..."), tr("Choose the folder to copy from."),
+            button("SelectSource", u"Select S&ource ..."_s, u"Choose the folder to copy from."_s,
                    [this] { backup_.SelectSource_Click(); });
         grid->addWidget(select, 0, 2);
     }
-    auto* select =
-        button("SelectTarget", tr("&Select Target ..."),
-               tr("Choose the folder to copy to; it is remembered as the backup folder."),
-               [this] { backup_.SelectTarget_Click(); });
+    auto* select = button("SelectTarget", u"&Select Target ..."_s,
+                          u"Choose the folder to copy to; it is remembered as the backup folder."_s,
+                          [this] { backup_.SelectTarget_Click(); });
     grid->addWidget(select, 1, 2);
     return grid;
 }
 
 QLayout* BackupDialog::makeButtons() {
     const bool restoring = backup_.kind() == Backup::Kind::Restore;
-    run_ = button("RunBackup", restoring ? tr("&Restore") : tr("&Back Up"),
-                  restoring ? tr("Copy the files over those of the target folder.")
-                            : tr("Copy the files to the target folder."),
+    run_ = button("RunBackup", restoring ? u"&Restore"_s : u"&Back Up"_s,
+                  restoring ? u"Copy the files over those of the target folder."_s
+                            : u"Copy the files to the target folder."_s,
                   [this] { backup_.RunBackup_Click(); });
     auto* row = new QHBoxLayout;
     row->addWidget(run_);
     if (!restoring) {
-        row->addWidget(button("Verify", tr("&Verify"),
-                              tr("Compare every file with its copy in the target folder."),
+        row->addWidget(button("Verify", u"&Verify"_s,
+                              u"Compare every file with its copy in the target folder."_s,
                               [this] { backup_.Verify_Click(); }));
     }
     row->addStretch(1);
     stop_ = new QPushButton;
-    stop_->setObjectName(QStringLiteral("StopBackup"));
+    stop_->setObjectName(u"StopBackup"_s);
     stop_->setAutoDefault(false);
     connect(stop_, &QPushButton::clicked, this, &BackupDialog::reject);
     row->addWidget(stop_);
@@ -188,8 +187,7 @@ void BackupDialog::refresh() {
     progressText_->setText(messageToQt(backup_.BackUpProgress));
     const bool begun = progress.fileCount > 0;
     counts_->setVisible(begun);
-    counts_->setText(tr("%1 of %2 files, %3 of %4")
-                         .arg(progress.files)
+    counts_->setText(u"%1 of %2 files, %3 of %4"_s.arg(progress.files)
                          .arg(progress.fileCount)
                          .arg(sizeText(progress.bytes), sizeText(progress.byteCount)));
     bar_->setVisible(begun);
@@ -199,9 +197,9 @@ void BackupDialog::refresh() {
     bar_->setValue(static_cast<int>(share * kBarSteps));
     for (QWidget* control : idleControls_)
         control->setEnabled(!running);
-    stop_->setText(running ? tr("Stop") : tr("Close"));
-    stop_->setToolTip(running ? tr("Stop before the next file and close this window.")
-                              : tr("Close this window."));
+    stop_->setText(running ? u"Stop"_s : u"Close"_s);
+    stop_->setToolTip(running ? u"Stop before the next file and close this window."_s
+                              : u"Close this window."_s);
     lastShown_.restart();
 }
 

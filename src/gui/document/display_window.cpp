@@ -3,6 +3,7 @@
 #include "core/platform/file_system.h"
 #include "gui/platform/boxes.h"
 #include "gui/platform/icons.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
 
@@ -68,12 +69,12 @@ class DisplayWindow::Desk : public QTextBrowser {
 
 DisplayWindow::DisplayWindow(OrderViewer& viewer, QWidget* parent)
     : QMainWindow(parent), viewer_(viewer), zoom_(kUsualZoom) {
-    setObjectName(QStringLiteral("TandrilDisplayForm"));
+    setObjectName(u"TandrilDisplayForm"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);
     browser_ = new Desk;
-    browser_->setObjectName(QStringLiteral("WebBrowser1"));
-    browser_->setAccessibleName(tr("The order as it is printed"));
+    browser_->setObjectName(u"WebBrowser1"_s);
+    browser_->setAccessibleName(u"The order as it is printed"_s);
     browser_->installEventFilter(this);
     browser_->viewport()->installEventFilter(this);
     sheet_ = new OrderSheet(pictures(), browser_);
@@ -112,26 +113,26 @@ QWidget* DisplayWindow::makeBar() {
         connect(button, &QToolButton::clicked, this, command);
         layout->addWidget(button);
     };
-    add("Print", Drawing::Print, tr("&Print ..."), tr("Print this order."), &DisplayWindow::print);
-    add("Preview", Drawing::Preview, tr("Previe&w ..."), tr("See the pages before printing."),
+    add("Print", Drawing::Print, u"&Print ..."_s, u"Print this order."_s, &DisplayWindow::print);
+    add("Preview", Drawing::Preview, u"Previe&w ..."_s, u"See the pages before printing."_s,
         &DisplayWindow::preview);
-    add("SavePdf", Drawing::Save, tr("Save as P&DF ..."), tr("Save this order as a PDF file."),
+    add("SavePdf", Drawing::Save, u"Save as P&DF ..."_s, u"Save this order as a PDF file."_s,
         &DisplayWindow::savePdf);
-    auto* mail = toolButton("IE_Button", Drawing::Mail, tr("&E-mail"),
-                            tr("Send this order with your mail program."));
+    auto* mail = toolButton("IE_Button", Drawing::Mail, u"&E-mail"_s,
+                            u"Send this order with your mail program."_s);
     connect(mail, &QToolButton::clicked, this, [this] { viewer_.IE_Button_Click(); });
     layout->addWidget(mail);
-    add("Configuration", Drawing::Settings, tr("&Configuration ..."), tr("Change how orders look."),
+    add("Configuration", Drawing::Settings, u"&Configuration ..."_s, u"Change how orders look."_s,
         &DisplayWindow::configure);
     layout->addStretch(1);
-    auto* leave = toolButton("Leave", Drawing::Close, tr("C&lose"), tr("Close this window."));
+    auto* leave = toolButton("Leave", Drawing::Close, u"C&lose"_s, u"Close this window."_s);
     connect(leave, &QToolButton::clicked, this, &QWidget::close);
     layout->addWidget(leave);
     return bar;
 }
 
 void DisplayWindow::makeMenus() {
-    QMenu* menu = menuBar()->addMenu(tr("&File"));
+    QMenu* menu = menuBar()->addMenu(u"&File"_s);
     const auto add = [&](QMenu* to, const char* name, const QString& caption, const auto& command,
                          const QKeySequence& keys) {
         QAction* entry = to->addAction(caption, this, command);
@@ -139,29 +140,29 @@ void DisplayWindow::makeMenus() {
         entry->setShortcut(keys);
     };
     add(
-        menu, "mu_Print", tr("&Print ..."), [this] { print(); }, QKeySequence::Print);
-    add(menu, "mu_Preview", tr("Print Previe&w ..."), [this] { preview(); }, {});
+        menu, "mu_Print", u"&Print ..."_s, [this] { print(); }, QKeySequence::Print);
+    add(menu, "mu_Preview", u"Print Previe&w ..."_s, [this] { preview(); }, {});
     add(
-        menu, "mu_SavePdf", tr("&Save as PDF ..."), [this] { savePdf(); }, QKeySequence::Save);
-    add(menu, "mu_Mail", tr("&E-mail"), [this] { viewer_.IE_Button_Click(); }, {});
-    add(menu, "mu_conf", tr("&Configuration ..."), [this] { configure(); }, {});
+        menu, "mu_SavePdf", u"&Save as PDF ..."_s, [this] { savePdf(); }, QKeySequence::Save);
+    add(menu, "mu_Mail", u"&E-mail"_s, [this] { viewer_.IE_Button_Click(); }, {});
+    add(menu, "mu_conf", u"&Configuration ..."_s, [this] { configure(); }, {});
     menu->addSeparator();
     add(
-        menu, "mu_exit", tr("C&lose"), [this] { close(); }, QKeySequence(Qt::Key_Escape));
-    QMenu* view = menuBar()->addMenu(tr("&View"));
+        menu, "mu_exit", u"C&lose"_s, [this] { close(); }, QKeySequence(Qt::Key_Escape));
+    QMenu* view = menuBar()->addMenu(u"&View"_s);
     add(
-        view, "mu_ZoomIn", tr("Zoom &In"), [this] { setZoom(zoom_ * kZoomStep); },
+        view, "mu_ZoomIn", u"Zoom &In"_s, [this] { setZoom(zoom_ * kZoomStep); },
         QKeySequence::ZoomIn);
     add(
-        view, "mu_ZoomOut", tr("Zoom &Out"), [this] { setZoom(zoom_ / kZoomStep); },
+        view, "mu_ZoomOut", u"Zoom &Out"_s, [this] { setZoom(zoom_ / kZoomStep); },
         QKeySequence::ZoomOut);
     add(
-        view, "mu_ZoomUsual", tr("&Usual Size"), [this] { setZoom(kUsualZoom); },
-        QKeySequence(tr("Ctrl+0")));
+        view, "mu_ZoomUsual", u"&Usual Size"_s, [this] { setZoom(kUsualZoom); },
+        QKeySequence(u"Ctrl+0"_s));
 }
 
 void DisplayWindow::navigate() {
-    setWindowTitle(tr("Order %1").arg(toQt(viewer_.orderNumber())));
+    setWindowTitle(u"Order %1"_s.arg(toQt(viewer_.orderNumber())));
     document_ = viewer_.document();
     setZoom(zoom_);
 }

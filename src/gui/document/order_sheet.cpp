@@ -1,6 +1,7 @@
 #include "gui/document/order_sheet.h"
 
 #include "core/platform/file_system.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -81,11 +82,12 @@ QString OrderSheet::html(Medium medium) {
 /// Shown in place of a missing top graphic: what to do about it.
 QString OrderSheet::hint() const {
     const QString name = toQt(page_.topGraphic->name).trimmed().toHtmlEscaped();
-    const QString what = name.isEmpty() ? tr("No top graphic is chosen.")
-                                        : tr("The top graphic %1 cannot be shown.").arg(name);
-    return QStringLiteral("<i style=\"color:#767676\">%1<br>%2</i>")
-        .arg(what, tr("Choose another one, or company lines, in Configuration.<br>"
-                      "This note is not printed."));
+    const QString what = name.isEmpty() ? u"No top graphic is chosen."_s
+                                        : u"The top graphic %1 cannot be shown."_s.arg(name);
+    return u"<i style=\"color:#767676\">%1<br>%2</i>"_s.arg(
+        what,
+        u"Choose another one, or company lines, in Configuration.<br>"
+        "This note is not printed."_s);
 }
 
 bool OrderSheet::print(const std::string& document, const PictureSource& pictures,

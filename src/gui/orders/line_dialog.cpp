@@ -3,6 +3,7 @@
 #include "core/platform/fault.h"
 #include "gui/platform/boxes.h"
 #include "gui/platform/history_box.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QComboBox>
@@ -37,27 +38,27 @@ EditLineDialog::EditLineDialog(const LineEntry& entry, const std::string& captio
                                const std::vector<std::string>& units,
                                const RegionalFormats& formats, Prompts& prompts, QWidget* parent)
     : QDialog(parent), formats_(formats), prompts_(prompts) {
-    setObjectName(QStringLiteral("EditLineItem"));
+    setObjectName(u"EditLineItem"_s);
     setWindowTitle(toQt(caption));
 
     description_ = new QPlainTextEdit(linesToQt(entry.description));
-    description_->setObjectName(QStringLiteral("Text1"));
+    description_->setObjectName(u"Text1"_s);
     description_->setTabChangesFocus(true);
-    description_->setToolTip(tr("What is ordered; it is printed on one line or more as it needs."));
+    description_->setToolTip(u"What is ordered; it is printed on one line or more as it needs."_s);
     description_->installEventFilter(this);
     description_->setMinimumWidth(fontMetrics().averageCharWidth() * 62);
     description_->setFixedHeight(fontMetrics().lineSpacing() * 4 + 14);
     description_->selectAll();
-    quantity_ = amountBox("QEd", entry.quantity, tr("How many are ordered; 0 removes the line."));
-    unitCost_ = amountBox("UCEd", entry.unitCost, tr("What one unit costs."));
-    unit_ = new HistoryBox("DescriptionUnitCombo", tr("Unit"));
-    unit_->setToolTip(tr("The unit of measure, for example ea or box."));
+    quantity_ = amountBox("QEd", entry.quantity, u"How many are ordered; 0 removes the line."_s);
+    unitCost_ = amountBox("UCEd", entry.unitCost, u"What one unit costs."_s);
+    unit_ = new HistoryBox("DescriptionUnitCombo", u"Unit"_s);
+    unit_->setToolTip(u"The unit of measure, for example ea or box."_s);
     unit_->setEntries(units);
     unit_->showText(entry.unit);
 
-    auto* save = button("Save", tr("&Save"), tr("Store the line."));
-    auto* remove = button("Del", tr("De&lete"), tr("Remove the line from the order."));
-    auto* cancel = button("Cancel", tr("Cancel"), tr("Close without storing what was typed here."));
+    auto* save = button("Save", u"&Save"_s, u"Store the line."_s);
+    auto* remove = button("Del", u"De&lete"_s, u"Remove the line from the order."_s);
+    auto* cancel = button("Cancel", u"Cancel"_s, u"Close without storing what was typed here."_s);
     save->setDefault(true);
     connect(save, &QPushButton::clicked, this, &EditLineDialog::save);
     connect(remove, &QPushButton::clicked, this, [this] {
@@ -70,13 +71,13 @@ EditLineDialog::EditLineDialog(const LineEntry& entry, const std::string& captio
 
     auto* amounts = new QHBoxLayout;
     amounts->setSpacing(6);
-    amounts->addWidget(boxLabel(tr("&Quantity"), quantity_));
+    amounts->addWidget(boxLabel(u"&Quantity"_s, quantity_));
     amounts->addWidget(quantity_, 2);
     amounts->addSpacing(10);
-    amounts->addWidget(boxLabel(tr("&Unit"), unit_));
+    amounts->addWidget(boxLabel(u"&Unit"_s, unit_));
     amounts->addWidget(unit_, 3);
     amounts->addSpacing(10);
-    amounts->addWidget(boxLabel(tr("Unit &Cost"), unitCost_));
+    amounts->addWidget(boxLabel(u"Unit &Cost"_s, unitCost_));
     amounts->addWidget(unitCost_, 3);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(remove);
@@ -85,7 +86,7 @@ EditLineDialog::EditLineDialog(const LineEntry& entry, const std::string& captio
     buttons->addWidget(cancel);
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(8);
-    layout->addWidget(boxLabel(tr("&Description"), description_));
+    layout->addWidget(boxLabel(u"&Description"_s, description_));
     layout->addWidget(description_);
     layout->addLayout(amounts);
     layout->addStretch(1);

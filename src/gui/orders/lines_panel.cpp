@@ -3,6 +3,7 @@
 #include "gui/orders/line_dialog.h"
 #include "gui/platform/grid_model.h"
 #include "gui/platform/grid_view.h"
+#include "gui/platform/literals.h"
 
 #include <QMenu>
 #include <QVBoxLayout>
@@ -27,29 +28,29 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const StockList&
             return shown_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
         },
         nullptr, [this](int column) { return widestAmount(static_cast<std::size_t>(column)); }};
-    model_ = new GridModel({{tr("Quant"), true},
+    model_ = new GridModel({{u"Quant"_s, true},
                             {},
                             {},
-                            {tr("Unit")},
-                            {tr("Description")},
-                            {tr("Unit Cost"), true},
-                            {tr("Total"), true},
-                            {tr("File Number")}},
+                            {u"Unit"_s},
+                            {u"Description"_s},
+                            {u"Unit Cost"_s, true},
+                            {u"Total"_s, true},
+                            {u"File Number"_s}},
                            source, this);
     grid_ = new GridView;
-    grid_->setObjectName(QStringLiteral("OrderGrid"));
-    grid_->setAccessibleName(tr("Lines of the order"));
-    grid_->setToolTip(tr("Items being ordered (right click for options)."));
+    grid_->setObjectName(u"OrderGrid"_s);
+    grid_->setAccessibleName(u"Lines of the order"_s);
+    grid_->setToolTip(u"Items being ordered (right click for options)."_s);
     grid_->setModel(model_);
     grid_->setColumns(kColumns);
     grid_->setMinimumHeight(fontMetrics().height() * 6);
 
     menu_ = new QMenu(this);
-    menu_->setObjectName(QStringLiteral("OrderPop"));
-    auto* oneTime = menu_->addAction(tr("&Add one-time item"), this, &LinesPanel::addOneTimeItem);
-    oneTime->setObjectName(QStringLiteral("OrderPop_OneTime"));
-    auto* edit = menu_->addAction(tr("&Edit this item"), this, &LinesPanel::editCurrentLine);
-    edit->setObjectName(QStringLiteral("OrderPop_DescriptionOverride"));
+    menu_->setObjectName(u"OrderPop"_s);
+    auto* oneTime = menu_->addAction(u"&Add one-time item"_s, this, &LinesPanel::addOneTimeItem);
+    oneTime->setObjectName(u"OrderPop_OneTime"_s);
+    auto* edit = menu_->addAction(u"&Edit this item"_s, this, &LinesPanel::editCurrentLine);
+    edit->setObjectName(u"OrderPop_DescriptionOverride"_s);
 
     connect(grid_, &GridView::menuRequested, this, [this, edit](const QPoint& place) {
         edit->setEnabled(grid_->currentRow() >= 0);

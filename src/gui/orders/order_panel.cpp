@@ -4,6 +4,7 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/calendar_popup.h"
 #include "gui/platform/icons.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QCheckBox>
@@ -43,7 +44,7 @@ OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistori
       open_(open),
       boxes_(editor, open),
       historyBoxes_(histories, open) {
-    setObjectName(QStringLiteral("band"));
+    setObjectName(u"band"_s);
     calendar_ = new CalendarPopup(firstDayOfWeek, this);
     vendor_ = new AddressPanel(AddressSide::Vendor, addresses, open);
     shipTo_ = new AddressPanel(AddressSide::Destination, addresses, open);
@@ -57,10 +58,10 @@ OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistori
     middle->addWidget(shipTo_, 5);
     middle->addLayout(makeTerms(), 4);
 
-    comments_ = historyBoxes_.make(&Order::CommentsEd, tr("Comments"));
-    comments_->setToolTip(tr("Printed below the lines of the order."));
+    comments_ = historyBoxes_.make(&Order::CommentsEd, u"Comments"_s);
+    comments_->setToolTip(u"Printed below the lines of the order."_s);
     auto* comments = new QHBoxLayout;
-    comments->addWidget(boxLabel(tr("Comme&nts"), comments_));
+    comments->addWidget(boxLabel(u"Comme&nts"_s, comments_));
     comments->addWidget(comments_, 1);
 
     auto* layout = new QVBoxLayout(this);
@@ -87,40 +88,40 @@ void OrderPanel::refresh() {
 
 QLayout* OrderPanel::makeStrip() {
     number_ = new QLineEdit;
-    number_->setObjectName(QStringLiteral("PONoEd"));
-    number_->setAccessibleName(tr("Order number"));
-    number_->setToolTip(tr("Number of the order shown; (PEND) until it is saved."));
+    number_->setObjectName(u"PONoEd"_s);
+    number_->setAccessibleName(u"Order number"_s);
+    number_->setToolTip(u"Number of the order shown; (PEND) until it is saved."_s);
     QFont bold = number_->font();
     bold.setBold(true);
     bold.setPointSizeF(bold.pointSizeF() * 1.25);
     number_->setFont(bold);
-    number_->setFixedWidth(QFontMetrics(bold).horizontalAdvance(QStringLiteral("(PEND)00")) + 10);
+    number_->setFixedWidth(QFontMetrics(bold).horizontalAdvance(u"(PEND)00"_s) + 10);
     boxes_.bind(number_, &Order::PONoEd);
-    numberLabel_ = new QLabel(tr("Number"));
-    numberLabel_->setObjectName(QStringLiteral("Label11"));
-    numberLabel_->setToolTip(tr("Double-click to unlock the number."));
+    numberLabel_ = new QLabel(u"Number"_s);
+    numberLabel_->setObjectName(u"Label11"_s);
+    numberLabel_->setToolTip(u"Double-click to unlock the number."_s);
     numberLabel_->installEventFilter(this);
 
-    purchaseOrder_ = new QRadioButton(tr("&Bramblet"));
-    purchaseOrder_->setObjectName(QStringLiteral("OptionPO"));
-    purchaseOrder_->setToolTip(tr("Create a Bramblet"));
-    requisition_ = new QRadioButton(tr("Re&quistion"));
-    requisition_->setObjectName(QStringLiteral("OptionRe"));
-    requisition_->setToolTip(tr("Create a Requisition"));
-    received_ = new QCheckBox(tr("Mar&k Received"));
-    received_->setObjectName(QStringLiteral("MarkReceivedCheck"));
-    received_->setToolTip(tr("Check to mark order as Received"));
+    purchaseOrder_ = new QRadioButton(u"&Bramblet"_s);
+    purchaseOrder_->setObjectName(u"OptionPO"_s);
+    purchaseOrder_->setToolTip(u"Create a Bramblet"_s);
+    requisition_ = new QRadioButton(u"Re&quistion"_s);
+    requisition_->setObjectName(u"OptionRe"_s);
+    requisition_->setToolTip(u"Create a Requisition"_s);
+    received_ = new QCheckBox(u"Mar&k Received"_s);
+    received_->setObjectName(u"MarkReceivedCheck"_s);
+    received_->setToolTip(u"Check to mark order as Received"_s);
     connect(purchaseOrder_, &QRadioButton::clicked, this, [this] { editor_.OptionPO_Click(); });
     connect(requisition_, &QRadioButton::clicked, this, [this] { editor_.OptionRe_Click(); });
     connect(received_, &QCheckBox::clicked, this,
             [this](bool checked) { editor_.MarkReceivedCheck_Click(checked); });
 
-    orderDate_ = dateBox("OrderDateEd", &Order::OrderDateEd, tr("The date of the order."));
+    orderDate_ = dateBox("OrderDateEd", &Order::OrderDateEd, u"The date of the order."_s);
     shipDate_ = dateBox("ShipDateEd", &Order::ShipDateEd,
-                        tr("When the goods are to be on site; may be empty."));
-    orderDatePicker_ = datePicker("OrderDatePicker", tr("Select order date from calendar."),
+                        u"When the goods are to be on site; may be empty."_s);
+    orderDatePicker_ = datePicker("OrderDatePicker", u"Select order date from calendar."_s,
                                   orderDate_, &Order::OrderDateEd);
-    shipDatePicker_ = datePicker("ShipDatePicker", tr("Select on-site date from calendar."),
+    shipDatePicker_ = datePicker("ShipDatePicker", u"Select on-site date from calendar."_s,
                                  shipDate_, &Order::ShipDateEd);
 
     auto* strip = new QHBoxLayout;
@@ -134,11 +135,11 @@ QLayout* OrderPanel::makeStrip() {
     strip->addSpacing(14);
     strip->addWidget(received_);
     strip->addStretch(1);
-    strip->addWidget(boxLabel(tr("Order D&ate"), orderDate_));
+    strip->addWidget(boxLabel(u"Order D&ate"_s, orderDate_));
     strip->addWidget(orderDate_);
     strip->addWidget(orderDatePicker_);
     strip->addSpacing(8);
-    strip->addWidget(boxLabel(tr("On Sit&e"), shipDate_));
+    strip->addWidget(boxLabel(u"On Sit&e"_s, shipDate_));
     strip->addWidget(shipDate_);
     strip->addWidget(shipDatePicker_);
     return strip;
@@ -148,7 +149,7 @@ QLineEdit* OrderPanel::dateBox(const char* name, OrderField field, const QString
     auto* box = new QLineEdit;
     box->setObjectName(QLatin1String(name));
     box->setToolTip(tip);
-    box->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00/00000")) + 14);
+    box->setFixedWidth(fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 14);
     boxes_.bind(box, field);
     dates_.push_back({box, field, tip});
     connect(box, &QLineEdit::editingFinished, this, &OrderPanel::markDates);
@@ -161,7 +162,7 @@ void OrderPanel::markDates() {
     for (const DateBox& date : dates_) {
         const bool typing = date.box->hasFocus() && !open_.dateRefused;
         const bool refused = !typing && !editor_.isDate(date.field);
-        const QString why = refused ? tr("\"%1\" is not a date.").arg(date.box->text()) : QString();
+        const QString why = refused ? u"\"%1\" is not a date."_s.arg(date.box->text()) : QString();
         if (date.box->accessibleDescription() == why) continue;
         markRefused(date.box, refused);
         date.box->setToolTip(refused ? why : date.tip);
@@ -186,11 +187,12 @@ QLayout* OrderPanel::makeTerms() {
     for (std::size_t i = 0; i < kTerms.size(); ++i) {
         const TermsBox& terms = kTerms[i];
         const OrderField field = terms.field;
-        auto* box = historyBoxes_.make(field, tr(terms.label).remove(QLatin1Char('&')));
-        box->setToolTip(tr(terms.tip));
+        auto* box =
+            historyBoxes_.make(field, QString::fromLatin1(terms.label).remove(QLatin1Char('&')));
+        box->setToolTip(QString::fromLatin1(terms.tip));
         if (field == &Order::JobNumberEd) box->lineEdit()->setMaxLength(kJobNumberLimit);
         terms_.push_back(box);
-        grid->addWidget(boxLabel(tr(terms.label), box), static_cast<int>(i), 0);
+        grid->addWidget(boxLabel(QString::fromLatin1(terms.label), box), static_cast<int>(i), 0);
         grid->addWidget(box, static_cast<int>(i), 1);
     }
     grid->setColumnStretch(1, 1);

@@ -2,6 +2,7 @@
 
 #include "gui/platform/grid_model.h"
 #include "gui/platform/grid_view.h"
+#include "gui/platform/literals.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -36,34 +37,34 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
                                                                : QColor();
                             },
                             [&orders](int column) { return orders.widest(column); }};
-    model_ = new GridModel({{tr("Number")},
-                            {tr("Job")},
-                            {tr("Date")},
-                            {tr("Vendor")},
-                            {tr("Ship To")},
-                            {tr("Ship Date")},
-                            {tr("Order Total"), true},
-                            {tr("Shipping"), true},
-                            {tr("Sales Tax"), true},
-                            {tr("Net"), true},
-                            {tr("Discount"), true},
-                            {tr("Sub Total"), true},
-                            {tr("Status"), false, true}},
+    model_ = new GridModel({{u"Number"_s},
+                            {u"Job"_s},
+                            {u"Date"_s},
+                            {u"Vendor"_s},
+                            {u"Ship To"_s},
+                            {u"Ship Date"_s},
+                            {u"Order Total"_s, true},
+                            {u"Shipping"_s, true},
+                            {u"Sales Tax"_s, true},
+                            {u"Net"_s, true},
+                            {u"Discount"_s, true},
+                            {u"Sub Total"_s, true},
+                            {u"Status"_s, false, true}},
                            source, this);
     grid_ = new GridView;
-    grid_->setObjectName(QStringLiteral("POGrid"));
-    grid_->setAccessibleName(tr("Saved orders"));
-    grid_->setToolTip(tr("Saved orders (click to open, right click for options)."));
+    grid_->setObjectName(u"POGrid"_s);
+    grid_->setAccessibleName(u"Saved orders"_s);
+    grid_->setToolTip(u"Saved orders (click to open, right click for options)."_s);
     grid_->setModel(model_);
     grid_->setColumns(kColumns);
     grid_->setMinimumHeight(fontMetrics().height() * 5);
     grid_->horizontalHeader()->setSortIndicatorShown(true);
 
     menu_ = new QMenu(this);
-    menu_->setObjectName(QStringLiteral("POPop"));
+    menu_->setObjectName(u"POPop"_s);
     auto* remove =
-        menu_->addAction(tr("&Delete Order"), this, &SavedOrdersPanel::deleteCurrentOrder);
-    remove->setObjectName(QStringLiteral("POPop_delete"));
+        menu_->addAction(u"&Delete Order"_s, this, &SavedOrdersPanel::deleteCurrentOrder);
+    remove->setObjectName(u"POPop_delete"_s);
 
     connect(grid_, &GridView::rowClicked, this, &SavedOrdersPanel::openRow);
     connect(grid_, &GridView::rowEntered, this, &SavedOrdersPanel::openRow);

@@ -1,6 +1,7 @@
 #include "gui/orders/totals_panel.h"
 
 #include "gui/platform/boxes.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QGridLayout>
@@ -77,24 +78,26 @@ void TotalsPanel::refresh() {
 /// The tip with its example written as in the region. Before a decimal comma people write a zero.
 QString TotalsPanel::inRegion(QString tip) const {
     if (formats_.decimalSeparator == ".") return tip;
-    static const QRegularExpression decimalPoint(QStringLiteral("\\.(?=\\d)"));
+    static const QRegularExpression decimalPoint(u"\\.(?=\\d)"_s);
     tip.replace(QLatin1String(" ."), QLatin1String(" 0."));
     return tip.replace(decimalPoint, toQt(formats_.decimalSeparator));
 }
 
 void TotalsPanel::addRow(QGridLayout* grid, int line, const Row& row) {
-    auto* label = new QLabel(tr(row.label));
+    auto* label = new QLabel(QString::fromLatin1(row.label));
     label->setObjectName(QLatin1String(row.labelName));
     grid->addWidget(label, line, 0);
     if (row.factor != nullptr) {
-        auto* factor = addBox(row.factor, inRegion(tr(row.factorTip)), row.factorField, true);
-        factor->setAccessibleName(tr("Multiplier of %1").arg(tr(row.label)));
-        factor->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("0.0000")) + 14);
+        auto* factor =
+            addBox(row.factor, inRegion(QString::fromLatin1(row.factorTip)), row.factorField, true);
+        factor->setAccessibleName(u"Multiplier of %1"_s.arg(QString::fromLatin1(row.label)));
+        factor->setFixedWidth(fontMetrics().horizontalAdvance(u"0.0000"_s) + 14);
         grid->addWidget(factor, line, 1);
     }
-    auto* amount = addBox(row.amount, tr(row.amountTip), row.amountField, row.typed);
-    amount->setAccessibleName(tr(row.label));
-    amount->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000,000,000.00")) + 14);
+    auto* amount =
+        addBox(row.amount, QString::fromLatin1(row.amountTip), row.amountField, row.typed);
+    amount->setAccessibleName(QString::fromLatin1(row.label));
+    amount->setMinimumWidth(fontMetrics().horizontalAdvance(u"000,000,000.00"_s) + 14);
     label->setBuddy(amount);
     if (row.amountField == &Order::OrderTotalEd) {
         QFont bold = amount->font();

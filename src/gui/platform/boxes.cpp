@@ -1,6 +1,7 @@
 #include "gui/platform/boxes.h"
 
 #include "gui/platform/icons.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/theme.h"
 
@@ -12,7 +13,7 @@ namespace bramblet {
 QLabel* boxLabel(const QString& caption, QWidget* buddy) {
     auto* label = new QLabel(caption);
     label->setBuddy(buddy);
-    label->setObjectName(buddy->objectName() + QStringLiteral("Label"));
+    label->setObjectName(buddy->objectName() + u"Label"_s);
     return label;
 }
 

@@ -1,6 +1,7 @@
 #include "gui/platform/calendar_popup.h"
 
 #include "gui/platform/icons.h"
+#include "gui/platform/literals.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
@@ -15,7 +16,7 @@ namespace bramblet {
 CalendarPopup::CalendarPopup(int firstDayOfWeek, QWidget* parent) : QFrame(parent, Qt::Popup) {
     setFrameShape(QFrame::StyledPanel);
     calendar_ = new QCalendarWidget;
-    calendar_->setObjectName(QStringLiteral("MonthView1"));
+    calendar_->setObjectName(u"MonthView1"_s);
     calendar_->setFirstDayOfWeek(static_cast<Qt::DayOfWeek>(firstDayOfWeek));
     calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar_->setMinimumDate(QDate(100, 1, 1));
@@ -32,7 +33,7 @@ CalendarPopup::CalendarPopup(int firstDayOfWeek, QWidget* parent) : QFrame(paren
     };
     setArrow("qt_calendar_prevmonth", Drawing::Previous);
     setArrow("qt_calendar_nextmonth", Drawing::Next);
-    if (auto* bar = calendar_->findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"))) {
+    if (auto* bar = calendar_->findChild<QWidget*>(u"qt_calendar_navigationbar"_s)) {
         bar->setBackgroundRole(QPalette::Window);
         QPalette calm = QApplication::palette();
         calm.setColor(QPalette::HighlightedText, calm.color(QPalette::Text));
@@ -40,12 +41,11 @@ CalendarPopup::CalendarPopup(int firstDayOfWeek, QWidget* parent) : QFrame(paren
             button->setPalette(calm);
     }
     // The arrow goes beside the month's name; below its last letter it looks like a comma.
-    if (auto* month =
-            calendar_->findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"))) {
+    if (auto* month = calendar_->findChild<QToolButton*>(u"qt_calendar_monthbutton"_s)) {
         month->setStyleSheet(
-            QStringLiteral("QToolButton { padding-right: 14px; }"
-                           "QToolButton::menu-indicator { subcontrol-origin: padding;"
-                           " subcontrol-position: center right; right: -1px; }"));
+            u"QToolButton { padding-right: 14px; }"
+            "QToolButton::menu-indicator { subcontrol-origin: padding;"
+            " subcontrol-position: center right; right: -1px; }"_s);
     }
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);

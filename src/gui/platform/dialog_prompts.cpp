@@ -2,6 +2,7 @@
 
 #include "core/platform/file_system.h"
 #include "core/platform/path_text.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QApplication>
@@ -74,9 +75,8 @@ QStringList filtersOf(const FileChoice& choice) {
     for (const auto& filter : choice.filters) {
         // Some names already include their pattern, and not every file has a dot.
         const QString name = toQt(filter.name).section(QLatin1Char('('), 0, 0).trimmed();
-        const QString pattern =
-            filter.pattern == "*.*" ? QStringLiteral("*") : toQt(filter.pattern);
-        filters.append(QStringLiteral("%1 (%2)").arg(name, pattern));
+        const QString pattern = filter.pattern == "*.*" ? u"*"_s : toQt(filter.pattern);
+        filters.append(u"%1 (%2)"_s.arg(name, pattern));
     }
     return filters;
 }
@@ -138,8 +138,8 @@ std::optional<std::filesystem::path> DialogPrompts::chooseFolder(
 
 std::optional<std::string> DialogPrompts::chooseFont(const std::string& current) {
     bool accepted = false;
-    const QFont font = QFontDialog::getFont(&accepted, QFont(toQt(current)), parent(),
-                                            QObject::tr("Select a font"));
+    const QFont font =
+        QFontDialog::getFont(&accepted, QFont(toQt(current)), parent(), u"Select a font"_s);
     if (!accepted) return std::nullopt;
     return fromQt(font.family());
 }
@@ -154,7 +154,7 @@ void DialogPrompts::progress(const std::string& what, int done, int total) {
             std::make_unique<QProgressDialog>(messageToQt(what), QString(), 0, total, parent());
         progress_->setWindowModality(Qt::WindowModal);
         progress_->setMinimumDuration(700);
-        progress_->setWindowTitle(QStringLiteral("Bramblet"));
+        progress_->setWindowTitle(u"Bramblet"_s);
         // Work under way cannot be left half done.
         progress_->setWindowFlag(Qt::WindowCloseButtonHint, false);
     }

@@ -1,6 +1,7 @@
 #include "gui/platform/history_box.h"
 
 #include "gui/platform/boxes.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QApplication>
@@ -165,14 +166,14 @@ void HistoryBox::contextMenuEvent(QContextMenuEvent* event) {
 /// The usual menu of a box, except that "Delete" forgets the entry shown.
 void HistoryBox::openMenu(const QPoint& place) {
     QMenu* const menu = lineEdit()->createStandardContextMenu();
-    menu->setObjectName(QStringLiteral("EditPop"));
+    menu->setObjectName(u"EditPop"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction* entry : menu->actions()) {
-        if (entry->text() != QLineEdit::tr("Delete")) continue;
-        entry->setObjectName(QStringLiteral("EditPop_Delete"));
+        if (entry->text() != u"Delete"_s) continue;
+        entry->setObjectName(u"EditPop_Delete"_s);
         if (!mayForget_(currentText())) continue;
         disconnect(entry, nullptr, lineEdit(), nullptr);
-        entry->setShortcut(QKeySequence(tr("Shift+Del")));
+        entry->setShortcut(QKeySequence(u"Shift+Del"_s));
         entry->setEnabled(!currentText().isEmpty());
         connect(entry, &QAction::triggered, this, [this] { forget_(currentText()); });
     }

@@ -1,3 +1,4 @@
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/system_desktop.h"
 
@@ -81,7 +82,7 @@ bool opens(const QString& target) {
 
 std::filesystem::path SystemDesktop::programFor(const std::filesystem::path& path) {
     const auto query = [](const char* what, const QString& about) {
-        return Tool("xdg-mime", {QStringLiteral("query"), QLatin1String(what), about}).answer();
+        return Tool("xdg-mime", {u"query"_s, QLatin1String(what), about}).answer();
     };
     const QString type = query("filetype", pathToQt(path));
     return type.isEmpty() ? std::filesystem::path() : pathFromQt(query("default", type));
@@ -96,10 +97,10 @@ bool SystemDesktop::open(const std::filesystem::path& path) {
 }
 
 MailResult SystemDesktop::compose(const Mail& mail) {
-    QStringList arguments{QStringLiteral("--utf8"), QStringLiteral("--subject"), toQt(mail.subject),
-                          QStringLiteral("--body"), toQt(mail.text)};
+    QStringList arguments{u"--utf8"_s, u"--subject"_s, toQt(mail.subject), u"--body"_s,
+                          toQt(mail.text)};
     for (const auto& attachment : mail.attachments) {
-        arguments << QStringLiteral("--attach") << pathToQt(attachment);
+        arguments << u"--attach"_s << pathToQt(attachment);
     }
     Tool mailer("xdg-email", arguments);
     mailer.open();

@@ -1,6 +1,7 @@
 #include "gui/platform/system_formats.h"
 
 #include "core/platform/text.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QRegularExpression>
@@ -102,14 +103,14 @@ std::vector<int> grouping(const QLocale& locale) {
 std::string shortDate(const QLocale& locale) {
     QString pattern = locale.dateFormat(QLocale::ShortFormat);
     pattern = withoutMarks(pattern.remove(QLatin1Char('\'')));
-    static const QRegularExpression year(QStringLiteral("y+"));
-    pattern.replace(year, QStringLiteral("yyyy"));
-    static const QRegularExpression monthName(QStringLiteral("MMM+"));
-    pattern.replace(monthName, QStringLiteral("MM"));
-    static const QRegularExpression dayName(QStringLiteral("ddd+[,. ]*"));
+    static const QRegularExpression year(u"y+"_s);
+    pattern.replace(year, u"yyyy"_s);
+    static const QRegularExpression monthName(u"MMM+"_s);
+    pattern.replace(monthName, u"MM"_s);
+    static const QRegularExpression dayName(u"ddd+[,. ]*"_s);
     pattern.remove(dayName);
     // An era, or anything but digits and separators, could not be read back.
-    static const QRegularExpression plain(QStringLiteral("^[dMy/.\\- ]+$"));
+    static const QRegularExpression plain(u"^[dMy/.\\- ]+$"_s);
     return plain.match(pattern).hasMatch() ? fromQt(pattern) : "yyyy-MM-dd";
 }
 

@@ -1,6 +1,7 @@
 #include "gui/platform/theme.h"
 
 #include "gui/platform/icons.h"
+#include "gui/platform/literals.h"
 
 #include <QApplication>
 #include <QColor>
@@ -66,7 +67,7 @@ constexpr int kButtonAir = 14;  // beside a button's caption
 /// Fusion with more room in grids, lists and buttons, and signs of our own.
 class RoomyStyle : public QProxyStyle {
   public:
-    RoomyStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+    RoomyStyle() : QProxyStyle(u"Fusion"_s) {}
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override {
@@ -131,9 +132,9 @@ void applyTheme(QApplication& application, Theme theme) {
     QApplication::setStyle(new RoomyStyle);
     QApplication::setPalette(paletteOf(theme == Theme::Dark ? kDark : kLight));
     application.setStyleSheet(
-        QStringLiteral("QToolTip { padding: 3px; border: 1px solid palette(mid); }"
-                       "QFrame#band { border: 1px solid palette(mid); border-radius: 5px;"
-                       "              background: palette(alternate-base); }"));
+        u"QToolTip { padding: 3px; border: 1px solid palette(mid); }"
+        "QFrame#band { border: 1px solid palette(mid); border-radius: 5px;"
+        "              background: palette(alternate-base); }"_s);
 }
 
 QColor borderColour() {

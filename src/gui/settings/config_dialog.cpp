@@ -2,6 +2,7 @@
 
 #include "core/platform/path_text.h"
 #include "gui/platform/boxes.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/settings/picture_dialog.h"
 
@@ -18,8 +19,8 @@ namespace bramblet {
 ConfigDialog::ConfigDialog(SettingsEditor& editor, const FileSystem& files,
                            const std::filesystem::path& pictureFolder, QWidget* parent)
     : QDialog(parent), editor_(editor), files_(files), pictureFolder_(pictureFolder) {
-    setObjectName(QStringLiteral("TandrilConfigForm"));
-    setWindowTitle(tr("Configuration"));
+    setObjectName(u"TandrilConfigForm"_s);
+    setWindowTitle(u"Configuration"_s);
     editor_.load();
 
     auto* left = new QVBoxLayout;
@@ -40,22 +41,22 @@ ConfigDialog::ConfigDialog(SettingsEditor& editor, const FileSystem& files,
 }
 
 QGroupBox* ConfigDialog::makeCompany() {
-    auto* group = new QGroupBox(tr("Your company on the form"));
+    auto* group = new QGroupBox(u"Your company on the form"_s);
     auto* layout = new QVBoxLayout(group);
-    useGraphic_ = new QRadioButton(tr("Use the top &graphic for company identification"));
-    useGraphic_->setObjectName(QStringLiteral("Option1"));
-    useTexts_ = new QRadioButton(tr("Use &text below for company identification"));
-    useTexts_->setObjectName(QStringLiteral("Option2"));
+    useGraphic_ = new QRadioButton(u"Use the top &graphic for company identification"_s);
+    useGraphic_->setObjectName(u"Option1"_s);
+    useTexts_ = new QRadioButton(u"Use &text below for company identification"_s);
+    useTexts_->setObjectName(u"Option2"_s);
     connect(useGraphic_, &QRadioButton::clicked, this, [this] { editor_.Option_Click(true); });
     connect(useTexts_, &QRadioButton::clicked, this, [this] { editor_.Option_Click(false); });
 
     auto* graphic = textBox("TopGraphicEd", 200, &SettingsBoxes::TopGraphicEd);
-    graphic->setToolTip(tr("Top Graphic"));
-    auto* select = button("SelectGraphic", tr("Se&lect ..."), tr("Select a graphic file"), nullptr);
+    graphic->setToolTip(u"Top Graphic"_s);
+    auto* select = button("SelectGraphic", u"Se&lect ..."_s, u"Select a graphic file"_s, nullptr);
     connect(select, &QPushButton::clicked, this, &ConfigDialog::chooseGraphic);
     auto* row = new QHBoxLayout;
     row->setContentsMargins(22, 0, 0, 6);
-    row->addWidget(boxLabel(tr("Top Graphic"), graphic));
+    row->addWidget(boxLabel(u"Top Graphic"_s, graphic));
     row->addWidget(graphic, 1);
     row->addWidget(select);
 
@@ -66,9 +67,9 @@ QGroupBox* ConfigDialog::makeCompany() {
                                           &SettingsBoxes::IDText5};
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const QString number = QString::number(i + 1);
-        auto* line = textBox(qPrintable(QStringLiteral("IDText") + number), 60, fields[i]);
+        auto* line = textBox(qPrintable(u"IDText"_s + number), 60, fields[i]);
         line->setMinimumWidth(fontMetrics().averageCharWidth() * 34);
-        const QString label = i == 0 ? tr("Line 1 (bold)") : tr("Line %1").arg(number);
+        const QString label = i == 0 ? u"Line 1 (bold)"_s : u"Line %1"_s.arg(number);
         line->setToolTip(label);
         lines->addRow(label, line);
     }
@@ -80,44 +81,43 @@ QGroupBox* ConfigDialog::makeCompany() {
 }
 
 QGroupBox* ConfigDialog::makeForm() {
-    auto* group = new QGroupBox(tr("The form"));
+    auto* group = new QGroupBox(u"The form"_s);
     auto* form = new QFormLayout(group);
     auto* font = textBox("FontNameEd", 200, &SettingsBoxes::FontNameEd);
-    font->setToolTip(tr("Font"));
+    font->setToolTip(u"Font"_s);
     font->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
     auto* fontRow = new QHBoxLayout;
     fontRow->addWidget(font, 1);
-    fontRow->addWidget(button("SelectFont", tr("&Font ..."), tr("Select a font"),
+    fontRow->addWidget(button("SelectFont", u"&Font ..."_s, u"Select a font"_s,
                               &SettingsEditor::SelectFont_Click));
-    fontRow->addWidget(button("DefaultFont", tr("Default"), tr("Default font"),
-                              &SettingsEditor::DefaultFont_Click));
-    form->addRow(boxLabel(tr("Font"), font), fontRow);
+    fontRow->addWidget(
+        button("DefaultFont", u"Default"_s, u"Default font"_s, &SettingsEditor::DefaultFont_Click));
+    form->addRow(boxLabel(u"Font"_s, font), fontRow);
     using S = SettingsEditor;
-    const QString less = tr("-");
-    const QString more = tr("+");
-    const QString usual = tr("Default");
-    addStepper(form, tr("Over-all &width of form"), textBox("WidthEd", 0, &SettingsBoxes::WidthEd),
-               {button("WidthLess", less, tr("Narrower by 5"), &S::WidthLess_Click),
-                button("WidthMore", more, tr("Wider by 5"), &S::WidthMore_Click),
-                button("WidthDefault", usual, tr("Default width"), &S::WidthDefault_Click)});
+    const QString less = u"-"_s;
+    const QString more = u"+"_s;
+    const QString usual = u"Default"_s;
+    addStepper(form, u"Over-all &width of form"_s, textBox("WidthEd", 0, &SettingsBoxes::WidthEd),
+               {button("WidthLess", less, u"Narrower by 5"_s, &S::WidthLess_Click),
+                button("WidthMore", more, u"Wider by 5"_s, &S::WidthMore_Click),
+                button("WidthDefault", usual, u"Default width"_s, &S::WidthDefault_Click)});
     addStepper(
-        form, tr("&Bottom of form spacing"),
+        form, u"&Bottom of form spacing"_s,
         textBox("SigLineSpaceEd", 0, &SettingsBoxes::SigLineSpaceEd),
-        {button("SigLess", less, tr("One row less"), &S::SigLess_Click),
-         button("SigMore", more, tr("One row more"), &S::SigMore_Click),
-         button("SigLineSpaceDefault", usual, tr("Default space"), &S::SigLineSpaceDefault_Click)});
-    addStepper(form, tr("&Characters in description lines"),
+        {button("SigLess", less, u"One row less"_s, &S::SigLess_Click),
+         button("SigMore", more, u"One row more"_s, &S::SigMore_Click),
+         button("SigLineSpaceDefault", usual, u"Default space"_s, &S::SigLineSpaceDefault_Click)});
+    addStepper(form, u"&Characters in description lines"_s,
                textBox("DescriptionLineEd", 0, &SettingsBoxes::DescriptionLineEd),
-               {button("DesLess", less, tr("Five characters less"), &S::DesLess_Click),
-                button("DesMore", more, tr("Five characters more"), &S::DesMore_Click),
-                button("DescriptionSpaceDefault", usual, tr("Default # of characters"),
+               {button("DesLess", less, u"Five characters less"_s, &S::DesLess_Click),
+                button("DesMore", more, u"Five characters more"_s, &S::DesMore_Click),
+                button("DescriptionSpaceDefault", usual, u"Default # of characters"_s,
                        &S::DescriptionSpaceDefault_Click)});
-    auto* quote = checkBox("RequestForQuoteCheck", tr("Requisitions read \"REQUEST FOR &QUOTE\""),
+    auto* quote = checkBox("RequestForQuoteCheck", u"Requisitions read \"REQUEST FOR &QUOTE\""_s,
                            &SettingsBoxes::RequestForQuoteCheck);
     connect(quote, &QCheckBox::toggled, this, [this] { refresh(); });
-    useReqNumber_ =
-        checkBox("UseReqNumberCheck", tr("Use &No."), &SettingsBoxes::UseReqNumberCheck);
-    useReqNumber_->setToolTip(tr("Put the number on a request for quote."));
+    useReqNumber_ = checkBox("UseReqNumberCheck", u"Use &No."_s, &SettingsBoxes::UseReqNumberCheck);
+    useReqNumber_->setToolTip(u"Put the number on a request for quote."_s);
     auto* quoteRow = new QHBoxLayout;
     quoteRow->addWidget(quote);
     quoteRow->addSpacing(10);
@@ -128,49 +128,47 @@ QGroupBox* ConfigDialog::makeForm() {
 }
 
 QGroupBox* ConfigDialog::makeOrders() {
-    auto* group = new QGroupBox(tr("Orders and data"));
+    auto* group = new QGroupBox(u"Orders and data"_s);
     auto* form = new QFormLayout(group);
     auto* prefix = textBox("PrefixEd", 10, &SettingsBoxes::PrefixEd);
-    prefix->setToolTip(tr("Bramblet Number Prefix"));
+    prefix->setToolTip(u"Bramblet Number Prefix"_s);
     auto* prefixRow = new QHBoxLayout;
     prefixRow->addWidget(prefix);
-    prefixRow->addWidget(new QLabel(tr("(10 chr. max)")));
+    prefixRow->addWidget(new QLabel(u"(10 chr. max)"_s));
     prefixRow->addStretch(1);
-    form->addRow(boxLabel(tr("Bramblet Number &Prefix"), prefix), prefixRow);
+    form->addRow(boxLabel(u"Bramblet Number &Prefix"_s, prefix), prefixRow);
     auto* folder = textBox("DataDirectoryEd", 300, &SettingsBoxes::DataDirectoryEd);
-    folder->setToolTip(tr("Data Directory"));
+    folder->setToolTip(u"Data Directory"_s);
     auto* folderRow = new QHBoxLayout;
     folderRow->addWidget(folder, 1);
-    folderRow->addWidget(button("SelectDataDirectory", tr("Select ..."),
-                                tr("Select a data directory"),
+    folderRow->addWidget(button("SelectDataDirectory", u"Select ..."_s,
+                                u"Select a data directory"_s,
                                 &SettingsEditor::SelectDataDirectory_Click));
-    form->addRow(boxLabel(tr("&Data Directory"), folder), folderRow);
-    form->addRow(checkBox("UseQuantitiesCheck",
-                          tr("Use \"On &Hand\" column in stock items listing"),
+    form->addRow(boxLabel(u"&Data Directory"_s, folder), folderRow);
+    form->addRow(checkBox("UseQuantitiesCheck", u"Use \"On &Hand\" column in stock items listing"_s,
                           &SettingsBoxes::UseQuantitiesCheck));
     form->addRow(checkBox("TaxFreightCheck",
-                          tr("Ta&x shipping charges (change requires re-start of program)"),
+                          u"Ta&x shipping charges (change requires re-start of program)"_s,
                           &SettingsBoxes::TaxFreightCheck));
     return group;
 }
 
 QLayout* ConfigDialog::makeButtons() {
-    auto* rewrite =
-        button("ReWrite", tr("&Rewrite"), tr("Rewrite and display with current settings"),
-               &SettingsEditor::ReWrite_Click);
+    auto* rewrite = button("ReWrite", u"&Rewrite"_s, u"Rewrite and display with current settings"_s,
+                           &SettingsEditor::ReWrite_Click);
     rewrite->setEnabled(editor_.ReWriteAllowed());
     if (!editor_.ReWriteAllowed()) {
         rewrite->setToolTip(
-            tr("Rewrite and display with current settings (when an order is viewed)"));
+            u"Rewrite and display with current settings (when an order is viewed)"_s);
     }
-    auto* save = button("Command1", tr("&Save"), tr("Save and exit"), nullptr);
+    auto* save = button("Command1", u"&Save"_s, u"Save and exit"_s, nullptr);
     save->setDefault(true);
     connect(save, &QPushButton::clicked, this, [this] {
         if (editor_.Command1_Click()) accept();
     });
     auto* close =
-        button("Close", tr("Close"),
-               tr("Close without saving what was typed; what the buttons changed stays."), nullptr);
+        button("Close", u"Close"_s,
+               u"Close without saving what was typed; what the buttons changed stays."_s, nullptr);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addWidget(rewrite);

@@ -1,6 +1,7 @@
 #include "gui/settings/picture_dialog.h"
 
 #include "gui/platform/boxes.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QComboBox>
@@ -35,30 +36,30 @@ void fill(QListWidget* list, const std::vector<std::filesystem::path>& names) {
 PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::path& folder,
                              QWidget* parent)
     : QDialog(parent), folder_(files) {
-    setObjectName(QStringLiteral("SelectPicForm"));
-    setWindowTitle(tr("Graphic Selector"));
+    setObjectName(u"SelectPicForm"_s);
+    setWindowTitle(u"Graphic Selector"_s);
     drives_ = new QComboBox;
-    drives_->setObjectName(QStringLiteral("Drive1"));
-    drives_->setAccessibleName(tr("Drive"));
+    drives_->setObjectName(u"Drive1"_s);
+    drives_->setAccessibleName(u"Drive"_s);
     for (const QFileInfo& drive : QDir::drives()) {
         drives_->addItem(QDir::toNativeSeparators(drive.absoluteFilePath()));
     }
     drives_->addItem(pathToQt(withSeparator(pathFromQt(QDir::homePath()))));
-    folders_ = list("Dir1", tr("Folders"));
-    pictures_ = list("File1", tr("Pictures"));
+    folders_ = list("Dir1", u"Folders"_s);
+    pictures_ = list("File1", u"Pictures"_s);
     preview_ = new QLabel;
     preview_->setAlignment(Qt::AlignCenter);
     preview_->setMinimumSize(240, 180);
     preview_->setFrameShape(QFrame::StyledPanel);
     caption_ = new QLabel;
     caption_->setAlignment(Qt::AlignCenter);
-    take_ = new QPushButton(tr("&Select"));
-    take_->setObjectName(QStringLiteral("Command1"));
-    take_->setToolTip(tr("Use this picture."));
+    take_ = new QPushButton(u"&Select"_s);
+    take_->setObjectName(u"Command1"_s);
+    take_->setToolTip(u"Use this picture."_s);
     take_->setDefault(true);
-    auto* cancel = new QPushButton(tr("Cancel"));
-    cancel->setObjectName(QStringLiteral("Command2"));
-    cancel->setToolTip(tr("Close without choosing a picture."));
+    auto* cancel = new QPushButton(u"Cancel"_s);
+    cancel->setObjectName(u"Command2"_s);
+    cancel->setToolTip(u"Close without choosing a picture."_s);
 
     connect(drives_, &QComboBox::activated, this,
             [this] { goTo(pathFromQt(drives_->currentText())); });
@@ -72,8 +73,8 @@ PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::pat
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
     place_ = new QLineEdit;
-    place_->setObjectName(QStringLiteral("Place"));
-    place_->setAccessibleName(tr("Folder shown"));
+    place_->setObjectName(u"Place"_s);
+    place_->setAccessibleName(u"Folder shown"_s);
     place_->setReadOnly(true);
     place_->setFocusPolicy(Qt::ClickFocus);
     QPalette plain = place_->palette();
@@ -84,8 +85,8 @@ PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::pat
     lists->setHorizontalSpacing(10);
     lists->addWidget(drives_, 0, 0);
     lists->addWidget(place_, 0, 1, 1, 2);
-    lists->addWidget(boxLabel(tr("&Folders"), folders_), 1, 0);
-    lists->addWidget(boxLabel(tr("&Pictures"), pictures_), 1, 1);
+    lists->addWidget(boxLabel(u"&Folders"_s, folders_), 1, 0);
+    lists->addWidget(boxLabel(u"&Pictures"_s, pictures_), 1, 1);
     lists->addWidget(folders_, 2, 0);
     lists->addWidget(pictures_, 2, 1);
     lists->addWidget(preview_, 2, 2);
@@ -138,7 +139,7 @@ void PictureDialog::loadPicture() {
             const std::string bytes = folder_.read(currentPicture());
             image_ = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
                                       static_cast<int>(bytes.size()));
-            pictureCaption_ = image_.isNull() ? tr("This picture cannot be shown.") : item->text();
+            pictureCaption_ = image_.isNull() ? u"This picture cannot be shown."_s : item->text();
         } catch (const FileError& error) {
             pictureCaption_ = toQt(error.inWords());
         }
@@ -154,7 +155,7 @@ void PictureDialog::showPicture() {
     const QImage shown =
         reduced ? image_.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation) : image_;
     preview_->setPixmap(QPixmap::fromImage(shown));
-    caption_->setText(reduced ? pictureCaption_ + tr(" (shown smaller here)") : pictureCaption_);
+    caption_->setText(reduced ? pictureCaption_ + u" (shown smaller here)"_s : pictureCaption_);
 }
 
 void PictureDialog::resizeEvent(QResizeEvent* event) {

@@ -5,6 +5,7 @@
 #include "gui/platform/grid_view.h"
 #include "gui/platform/history_box.h"
 #include "gui/platform/icons.h"
+#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QGridLayout>
@@ -22,19 +23,19 @@ struct ColumnLook {
 ColumnLook lookOf(StockColumn column) {
     switch (column) {
         case StockColumn::Category:
-            return {{StockPanel::tr("Category")}, {12, true}};
+            return {{u"Category"_s}, {12, true}};
         case StockColumn::Vendor:
-            return {{StockPanel::tr("Vendor")}, {16, true}};
+            return {{u"Vendor"_s}, {16, true}};
         case StockColumn::Unit:
-            return {{StockPanel::tr("Unit")}, {8, false}};
+            return {{u"Unit"_s}, {8, false}};
         case StockColumn::Description:
-            return {{StockPanel::tr("Description")}, {30, true}};
+            return {{u"Description"_s}, {30, true}};
         case StockColumn::UnitCost:
-            return {{StockPanel::tr("Unit Cost"), true}, {12, false}};
+            return {{u"Unit Cost"_s, true}, {12, false}};
         case StockColumn::OnHand:
-            return {{StockPanel::tr("On Hand"), true}, {10, false}};
+            return {{u"On Hand"_s, true}, {10, false}};
         case StockColumn::FileNumber:
-            return {{StockPanel::tr("File Number"), true}, {}};  // out of sight
+            return {{u"File Number"_s, true}, {}};  // out of sight
     }
     return {};
 }
@@ -63,20 +64,19 @@ void StockPanel::makeGrid() {
         }};
     model_ = new GridModel({}, source, this);
     grid_ = new GridView;
-    grid_->setObjectName(QStringLiteral("StockGrid"));
-    grid_->setAccessibleName(tr("Stock items"));
-    grid_->setToolTip(tr("Stock items to pick from (double-click, add to order)."));
+    grid_->setObjectName(u"StockGrid"_s);
+    grid_->setAccessibleName(u"Stock items"_s);
+    grid_->setToolTip(u"Stock items to pick from (double-click, add to order)."_s);
     grid_->setModel(model_);
     grid_->setMinimumHeight(fontMetrics().height() * 5);
 
     menu_ = new QMenu(this);
-    menu_->setObjectName(QStringLiteral("itemspop"));
-    auto* remove =
-        menu_->addAction(tr("&Delete"), this, [this] { stock_.DeleteStockItem_Click(); });
-    remove->setObjectName(QStringLiteral("ItemsPopDelete"));
-    onHand_ = menu_->addAction(tr("&On Hand"), this,
+    menu_->setObjectName(u"itemspop"_s);
+    auto* remove = menu_->addAction(u"&Delete"_s, this, [this] { stock_.DeleteStockItem_Click(); });
+    remove->setObjectName(u"ItemsPopDelete"_s);
+    onHand_ = menu_->addAction(u"&On Hand"_s, this,
                                [this] { stock_.ItemsPopOnHand_Click(grid_->currentRow()); });
-    onHand_->setObjectName(QStringLiteral("ItemsPopOnHand"));
+    onHand_->setObjectName(u"ItemsPopOnHand"_s);
 
     connect(grid_, &GridView::rowClicked, this, [this](int row) { stock_.StockGrid_Click(row); });
     connect(grid_, &GridView::rowReached, this, [this](int row) { stock_.StockGrid_Click(row); });
@@ -91,24 +91,23 @@ void StockPanel::makeGrid() {
 }
 
 QWidget* StockPanel::makeEditor() {
-    category_ = comboBox("StockCatCombo", tr("The kind of goods; new ones may be typed."), 30,
+    category_ = comboBox("StockCatCombo", u"The kind of goods; new ones may be typed."_s, 30,
                          &StockItemBoxes::StockCatCombo);
-    vendor_ = comboBox("StockVendorCombo", tr("The vendor, by the name in the vendor list."), 60,
+    vendor_ = comboBox("StockVendorCombo", u"The vendor, by the name in the vendor list."_s, 60,
                        &StockItemBoxes::StockVendorCombo);
-    unit_ = comboBox("StockUnitCombo", tr("The unit of measure, for example ea or box."), 20,
+    unit_ = comboBox("StockUnitCombo", u"The unit of measure, for example ea or box."_s, 20,
                      &StockItemBoxes::StockUnitCombo);
     unit_->setMinimumContentsLength(4);
-    description_ = lineEdit("StockDescriptionEd", tr("What the item is called on orders."),
+    description_ = lineEdit("StockDescriptionEd", u"What the item is called on orders."_s,
                             &StockItemBoxes::StockDescriptionEd);
     description_->setMaxLength(120);
     unitCost_ =
-        lineEdit("StockUnitCostEd", tr("What one unit costs."), &StockItemBoxes::StockUnitCostEd);
+        lineEdit("StockUnitCostEd", u"What one unit costs."_s, &StockItemBoxes::StockUnitCostEd);
     unitCost_->setAlignment(Qt::AlignRight);
-    unitCost_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000,000.0000")) +
-                               14);
+    unitCost_->setMinimumWidth(fontMetrics().horizontalAdvance(u"000,000.0000"_s) + 14);
     fileNumber_ = new QLabel;
-    fileNumber_->setObjectName(QStringLiteral("FileOrderTag"));
-    fileNumber_->setToolTip(tr("File number of the item picked last"));
+    fileNumber_->setObjectName(u"FileOrderTag"_s);
+    fileNumber_->setToolTip(u"File number of the item picked last"_s);
     fileNumber_->setForegroundRole(QPalette::PlaceholderText);
 
     auto* editor = new QWidget;
@@ -120,13 +119,13 @@ QWidget* StockPanel::makeEditor() {
         grid->addWidget(boxLabel(caption, box), row, 0);
         grid->addWidget(box, row, 1, 1, span);
     };
-    addRow(0, tr("Category"), category_, 2);
+    addRow(0, u"Category"_s, category_, 2);
     grid->addWidget(fileNumber_, 0, 3, Qt::AlignRight);
-    addRow(1, tr("Vendor"), vendor_, 3);
-    addRow(2, tr("Unit"), unit_, 1);
-    grid->addWidget(boxLabel(tr("Cost"), unitCost_), 2, 2);
+    addRow(1, u"Vendor"_s, vendor_, 3);
+    addRow(2, u"Unit"_s, unit_, 1);
+    grid->addWidget(boxLabel(u"Cost"_s, unitCost_), 2, 2);
     grid->addWidget(unitCost_, 2, 3);
-    addRow(3, tr("Description"), description_, 3);
+    addRow(3, u"Description"_s, description_, 3);
     grid->addWidget(makeButtons(), 4, 0, 1, 4);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(5, 1);
@@ -170,21 +169,21 @@ QWidget* StockPanel::makeButtons() {
         return button;
     };
     addToOrder_ =
-        add("AddToOrder", Drawing::Up, tr("Add to Order"),
-            tr("Add the item picked in the list to the order."), [this] { addCurrentItem(); });
+        add("AddToOrder", Drawing::Up, u"Add to Order"_s,
+            u"Add the item picked in the list to the order."_s, [this] { addCurrentItem(); });
     layout->addStretch(1);
     // After a save, typing the next item starts at its category.
-    add("SaveNewStockItem", Drawing::New, tr("New"),
-        tr("Save what stands in the boxes as a new item."), [this] {
+    add("SaveNewStockItem", Drawing::New, u"New"_s,
+        u"Save what stands in the boxes as a new item."_s, [this] {
             stock_.SaveNewStockItem_Click();
             category_->setFocus();
         });
-    add("SaveChangedStockItem", Drawing::Store, tr("Save"),
-        tr("Save what stands in the boxes as the item picked in the list."), [this] {
+    add("SaveChangedStockItem", Drawing::Store, u"Save"_s,
+        u"Save what stands in the boxes as the item picked in the list."_s, [this] {
             stock_.SaveChangedStockItem_Click();
             category_->setFocus();
         });
-    add("DeleteStockItem", Drawing::Delete, {}, tr("Delete the item picked in the list"),
+    add("DeleteStockItem", Drawing::Delete, {}, u"Delete the item picked in the list"_s,
         [this] { stock_.DeleteStockItem_Click(); });
     return bar;
 }
