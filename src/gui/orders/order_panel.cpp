@@ -86,7 +86,7 @@ void OrderPanel::refresh() {
     shipTo_->refresh();
 }
 
-QLayout* OrderPanel::makeStrip() {
+void OrderPanel::makeNumber() {
     number_ = new QLineEdit;
     number_->setObjectName(u"PONoEd"_s);
     number_->setAccessibleName(u"Order number"_s);
@@ -101,7 +101,9 @@ QLayout* OrderPanel::makeStrip() {
     numberLabel_->setObjectName(u"Label11"_s);
     numberLabel_->setToolTip(u"Double-click to unlock the number."_s);
     numberLabel_->installEventFilter(this);
+}
 
+void OrderPanel::makeKind() {
     purchaseOrder_ = new QRadioButton(u"&Bramblet"_s);
     purchaseOrder_->setObjectName(u"OptionPO"_s);
     purchaseOrder_->setToolTip(u"Create a Bramblet"_s);
@@ -115,7 +117,9 @@ QLayout* OrderPanel::makeStrip() {
     connect(requisition_, &QRadioButton::clicked, this, [this] { editor_.OptionRe_Click(); });
     connect(received_, &QCheckBox::clicked, this,
             [this](bool checked) { editor_.MarkReceivedCheck_Click(checked); });
+}
 
+void OrderPanel::makeDates() {
     orderDate_ = dateBox("OrderDateEd", &Order::OrderDateEd, u"The date of the order."_s);
     shipDate_ = dateBox("ShipDateEd", &Order::ShipDateEd,
                         u"When the goods are to be on site; may be empty."_s);
@@ -123,7 +127,12 @@ QLayout* OrderPanel::makeStrip() {
                                   orderDate_, &Order::OrderDateEd);
     shipDatePicker_ = datePicker("ShipDatePicker", u"Select on-site date from calendar."_s,
                                  shipDate_, &Order::ShipDateEd);
+}
 
+QLayout* OrderPanel::makeStrip() {
+    makeNumber();
+    makeKind();
+    makeDates();
     auto* strip = new QHBoxLayout;
     strip->setSpacing(6);
     strip->addWidget(numberLabel_);

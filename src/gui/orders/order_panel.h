@@ -31,6 +31,9 @@ class OrderPanel : public QFrame {
     QLineEdit* dateBox(const char* name, OrderField field, const QString& tip);
     void markDates();
     QToolButton* datePicker(const char* name, const QString& tip, QLineEdit* box, OrderField field);
+    void makeNumber();
+    void makeKind();
+    void makeDates();
     QLayout* makeStrip();
     QLayout* makeTerms();
     void setTabs();
