@@ -1,28 +1,21 @@
+#include "core/addresses/address_file.h"
 #include "support/office.h"
 
-#include <cstring>
-#include <gtest/gtest.h>
-
-namespace bramblet {
+namespace bramblet::test {
 namespace {
 
-using namespace test;
+const std::string kLines = "1 Mill Road\r\nUnit 2\r\nLeeds W. Yorks LS1 1AA";
 
 /// A contact as the other program writes it: 1,047 bytes, unused fields full of dots.
 std::string contact(const std::string& organization, const std::string& phone = "",
                     const std::string& fax = "") {
     std::string record(1047, '.');
-    const auto put = [&](std::size_t offset, std::size_t width, const std::string& text) {
-        record.replace(offset, width, fitted(text, width));
-    };
-    put(81, 40, organization);
-    put(121, 20, phone);
-    put(151, 20, fax);
-    put(316, 40, "1 Mill Road");
-    put(356, 40, "Unit 2");
-    put(396, 20, "Leeds");
-    put(416, 20, "W. Yorks");
-    put(436, 10, "LS1 1AA");
+    record.replace(81, 40, fitted(organization, 40));
+    record.replace(121, 20, fitted(phone, 20));
+    record.replace(151, 20, fitted(fax, 20));
+    record.replace(316, 130,
+                   fitted("1 Mill Road", 40) + fitted("Unit 2", 40) + fitted("Leeds", 20) +
+                       fitted("W. Yorks", 20) + fitted("LS1 1AA", 10));
     return record;
 }
 
@@ -30,84 +23,69 @@ class ContactImportTest : public Office {
   protected:
     void SetUp() override {
         start();
-        program().addresses.Combo_Change(AddressSide::Vendor, "Acme");
-        program().addresses.Field_Change(AddressSide::Vendor, "A Road");
-        program().addresses.Changed_Click(AddressSide::Vendor);
+        saveAddress(Vendor, "Acme", "A Road");
     }
     ContactImport& dialog() { return program().contactImport; }
+    void choosePath(const std::optional<std::filesystem::path>& path, bool good = true) {
+        prompts.expectChoice("", path);
+        if (!good) {
+            prompts.expect(
+                notice("This file does not contain Kettleby records, or they are corrupt", "Error",
+                       Icon::Stop));
+        }
+        dialog().Command1_Click();
+    }
     void choose(const std::string& content, bool good = true) {
         writeFile(documents / "contacts.dat", content);
         choosePath(documents / "contacts.dat", good);
     }
-    void choosePath(const std::optional<std::filesystem::path>& path, bool good = true) {
-        prompts.expectChoice("", path);
-        if (!good) prompts.expect(corrupt);
-        dialog().Command1_Click();
+    void import(AddressSide side) {
+        prompts.expect(notice("Finished!", "Import Complete"));
+        side == Vendor ? dialog().ImportKettlebyVendors_Click() : dialog().ImportAsShipTos_Click();
     }
-    void expectFinished() {
-        prompts.expect({"Finished!", "Import Complete", Buttons::Ok, Icon::Information});
+    std::size_t records() const { return stored("po_addy.dat").size() / 570; }
+    AddressRecord record(std::size_t number) const {
+        return decodeRecord(kAddressLayout, stored("po_addy.dat").substr(570 * (number - 1), 570));
     }
-    std::string book() const { return contentOf(data("po_addy.dat")); }
-    /// A field of a record of the address book, numbered from 0.
-    std::string field(std::size_t record, std::size_t offset, std::size_t width) const {
-        return trimmedField(book().substr(record * 570 + offset, width));
-    }
-    std::string address(std::size_t record) const { return field(record, 70, 500); }
-    double tag(std::size_t record) const {
-        double value = 0;
-        std::memcpy(&value, book().data() + record * 570 + 2, sizeof value);
-        return value;
-    }
-    const Message corrupt{"This file does not contain Kettleby records, or they are corrupt",
-                          "Error", Buttons::Ok, Icon::Stop};
+    std::string address(std::size_t number) const { return trimmedField(record(number).Address); }
 };
 
 TEST_F(ContactImportTest, ContactsBecomeAddressesOfTheKind) {
     choose(contact(" Zo\xEB & Co ", "0113 1", "0113 2") + contact("", "0113 3") +
            contact("No Fax", "0113 4") + contact("No Phone", "", "0113 5"));
-    EXPECT_TRUE(dialog().importEnabled());
-    expectFinished();
-    dialog().ImportKettlebyVendors_Click();
-    ASSERT_EQ(book().size(), 4 * 570u);
-    EXPECT_EQ(book().substr(570, 2), "1V");
-    EXPECT_EQ(field(1, 10, 60), "Zo\xEB & Co");
-    const std::string lines = "1 Mill Road\r\nUnit 2\r\nLeeds W. Yorks LS1 1AA";
-    EXPECT_EQ(address(1), lines + "\r\n\r\nPhone 0113 1 Fax 0113 2");
-    EXPECT_EQ(address(2), lines + "\r\n\r\nPhone 0113 4 Fax");
-    EXPECT_EQ(address(3), lines);
+    import(Vendor);
+    ASSERT_EQ(records(), 4u);
+    EXPECT_EQ(record(2).Active + record(2).Kind, "1V");
+    EXPECT_EQ(trimmedField(record(2).Name), "Zo\xEB & Co");
+    EXPECT_EQ(address(2), kLines + "\r\n\r\nPhone 0113 1 Fax 0113 2");
+    EXPECT_EQ(address(3), kLines + "\r\n\r\nPhone 0113 4 Fax");
+    EXPECT_EQ(address(4), kLines);
     EXPECT_EQ(prompts.lastLine, "Addresses added: 3, skipped without an organization: 1");
-    EXPECT_EQ(program().addresses.shown(AddressSide::Vendor).names.size(), 4u);
-
-    expectFinished();
-    dialog().ImportAsShipTos_Click();
-    EXPECT_EQ(book().size(), 7 * 570u);
-    EXPECT_EQ(book().substr(4 * 570, 2), "1T");
-    EXPECT_EQ(program().addresses.shown(AddressSide::Destination).names.size(), 3u);
-    expectFinished();
-    dialog().ImportAsShipTos_Click();
-    EXPECT_EQ(book().size(), 10 * 570u) << "no look for duplicates";
+    EXPECT_EQ(names(Vendor).size(), 4u);
+    import(Destination);
+    EXPECT_EQ(records(), 7u);
+    EXPECT_EQ(record(5).Kind, "T");
+    EXPECT_EQ(names(Destination).size(), 3u);
+    import(Destination);
+    EXPECT_EQ(records(), 10u) << "no look for duplicates";
 }
 
 TEST_F(ContactImportTest, TheNumberIsThatOfTheRecordReadLast) {
-    program().addresses.Combo_Change(AddressSide::Vendor, "Bolts");
-    program().addresses.Changed_Click(AddressSide::Vendor);
-    order().ToCombo = "Acme";
-    program().addresses.Combo_Click(AddressSide::Vendor);  // reads record 1 last
+    saveAddress(Vendor, "Bolts", "");
+    pickAddress(Vendor, "Acme");  // reads record 1 last
     choose(contact("One") + contact("Two"));
-    expectFinished();
-    dialog().ImportKettlebyVendors_Click();
-    EXPECT_EQ(tag(1), 2);
-    EXPECT_EQ(tag(2), 1);
-    EXPECT_EQ(tag(3), 1);
+    import(Vendor);
+    EXPECT_EQ(record(2).Tag, 2);
+    EXPECT_EQ(record(3).Tag, 1);
+    EXPECT_EQ(record(4).Tag, 1);
 }
 
 TEST_F(ContactImportTest, WhatIsShownStays) {
-    program().addresses.Field_Change(AddressSide::Vendor, "typed by hand");
-    order().ShipToCombo = "Depot";
-    order().ShipToField = "as in an old order";
+    typeAddress(Vendor, "typed by hand");
+    given(&Order::ShipToCombo, "Depot");
+    given(&Order::ShipToField, "as in an old order");
     choose(contact("Depot"));
-    expectFinished();
-    dialog().ImportAsShipTos_Click();
+    import(Destination);
     EXPECT_EQ(order().ToField, "typed by hand");
     EXPECT_EQ(order().ShipToField, "as in an old order");
 }
@@ -121,38 +99,31 @@ TEST_F(ContactImportTest, OnlyTheLengthOfAFileTellsWhetherItIsGood) {
     EXPECT_EQ(prompts.lastChoice.filters.at(1).name, "Kettleby Files(*.dat)");
     choose(std::string(524, 'x'));
     EXPECT_TRUE(dialog().importEnabled());
-
     // A last contact cut short behind its name still comes in.
     choose(contact("Whole") + contact("Cut").substr(0, 600));
-    expectFinished();
-    dialog().ImportKettlebyVendors_Click();
-    EXPECT_EQ(field(2, 10, 60), "Cut");
+    import(Vendor);
+    EXPECT_EQ(trimmedField(record(3).Name), "Cut");
     choosePath(documents / "gone.dat", false);
     EXPECT_EQ(dialog().chosenFile(), documents / "contacts.dat") << "the good one stays chosen";
 }
 
 TEST_F(ContactImportTest, EmptyLinesOfAnAddressStayAndAFileOfNamelessContactsAddsNothing) {
-    std::string bare = contact("Bare");
-    bare.replace(316, 130, std::string(130, ' '));
-    choose(bare);
-    expectFinished();
-    dialog().ImportKettlebyVendors_Click();
-    EXPECT_EQ(book().substr(570 + 70, 8), "\r\n\r\n    ");
+    choose(contact("Bare").replace(316, 130, std::string(130, ' ')));
+    import(Vendor);
+    EXPECT_EQ(record(2).Address.substr(0, 8), "\r\n\r\n    ");
     choose(contact("") + contact(" "));
-    expectFinished();
-    dialog().ImportKettlebyVendors_Click();
-    EXPECT_EQ(book().size(), 2 * 570u);
+    import(Vendor);
+    EXPECT_EQ(records(), 2u);
 }
 
 TEST_F(ContactImportTest, TooManyContactsAreAnOverflow) {
     choose(std::string(32768 * 1047, ' '));
     prompts.expect(
-        {"The import ended early: Overflow (error 6).\r\n\r\nAddresses added before "
-         "that: 0.",
-         "Import Failed", Buttons::Ok, Icon::Stop});
+        notice("The import ended early: Overflow (error 6).\r\n\r\nAddresses added before that: 0.",
+               "Import Failed", Icon::Stop));
     dialog().ImportKettlebyVendors_Click();
-    EXPECT_EQ(book().size(), 570u);
+    EXPECT_EQ(records(), 1u);
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

@@ -3,24 +3,20 @@
 #include "support/office.h"
 #include "support/regions.h"
 
-#include <gtest/gtest.h>
-
-namespace bramblet {
+namespace bramblet::test {
 namespace {
 
-using namespace test;
-
-constexpr const char* kHeadings =
+const std::string kHeadings =
     "\"Number\",\"Job\",\"Order Date\",\"Vendor\",\"Ship To\",\"Ship Date\",\"Total\","
     "\"Shipping\",\"Tax\",\"Net\",\"Discount\",\"List\"\r\n";
 
-OrderIndexRecord sampleRecord() {
+TEST(OrdersAsCsv, EachOrderIsOneLineInTheFormatsOfTheRegion) {
     OrderIndexRecord record;
     record.Status = "A";
     record.Number = "000123";
     record.Job = "J-7         ";
-    record.OrderDate = 46085;
-    record.ShipDate = 46101.5;
+    record.OrderDate = kToday;
+    record.ShipDate = kToday + 16.5;
     record.Vendor = fitted("Acme, \"Supply\"", 60);
     record.ShipTo = fitted("Depot", 60);
     record.OrderTotal = toCurrency(1298.125);
@@ -29,29 +25,21 @@ OrderIndexRecord sampleRecord() {
     record.NetTotal = toCurrency(112.5);
     record.Discount = toCurrency(-12.5);
     record.SubTotal = toCurrency(125);
-    return record;
-}
-
-TEST(OrdersAsCsv, EachOrderIsOneLineInTheFormatsOfTheRegion) {
-    EXPECT_EQ(
-        ordersAsCsv({sampleRecord()}, enUS()),
-        kHeadings + std::string("\"000123\",\"J-7\",\"3/4/2026\",\"Acme, \"Supply\"\",\"Depot\","
-                                "\"3/20/2026\",\"$1,298.13\",\"$10.00\",\"$7.31\",\"$112.50\","
-                                "\"($12.50)\",\"$125.00\"\r\n"));
-    EXPECT_NE(ordersAsCsv({sampleRecord()}, deDE()).find("\"1.298,13\xA0\x80\""),
-              std::string::npos);
-}
-
-TEST(OrdersAsCsv, BlankDatesAndFieldsNeverSetAreEmptyAndDeletedOrdersAreLeftOut) {
+    EXPECT_EQ(ordersAsCsv({record}, enUS()),
+              kHeadings +
+                  "\"000123\",\"J-7\",\"3/4/2026\",\"Acme, \"Supply\"\",\"Depot\","
+                  "\"3/20/2026\",\"$1,298.13\",\"$10.00\",\"$7.31\",\"$112.50\","
+                  "\"($12.50)\",\"$125.00\"\r\n");
+    EXPECT_TRUE(contains(ordersAsCsv({record}, deDE()), "\"1.298,13\xA0\x80\""));
+    record.Status = "D";
+    EXPECT_EQ(ordersAsCsv({record}, enUS()), kHeadings) << "a deleted order is left out";
     OrderIndexRecord blank;
     blank.Status = "a";
     blank.Job = std::string(12, '\0');
-    OrderIndexRecord deleted = sampleRecord();
-    deleted.Status = "D";
-    EXPECT_EQ(ordersAsCsv({deleted, blank, deleted}, enUS()),
-              kHeadings + std::string("\"\",\"\",\"\",\"\",\"\",\"\",\"$0.00\",\"$0.00\",\"$0.00\","
-                                      "\"$0.00\",\"$0.00\",\"$0.00\"\r\n"));
-    EXPECT_EQ(ordersAsCsv({deleted}, enUS()), kHeadings);
+    EXPECT_EQ(ordersAsCsv({record, blank, record}, enUS()),
+              kHeadings +
+                  "\"\",\"\",\"\",\"\",\"\",\"\",\"$0.00\",\"$0.00\",\"$0.00\","
+                  "\"$0.00\",\"$0.00\",\"$0.00\"\r\n");
 }
 
 class CsvExportFlow : public Office {
@@ -60,68 +48,56 @@ class CsvExportFlow : public Office {
         start();
         newOrder();
     }
-    void exportTo(const std::optional<std::filesystem::path>& path) {
+    void exportTo(const std::optional<std::filesystem::path>& path,
+                  std::optional<Answer> replace = {}, std::optional<Answer> open = {}) {
         prompts.expectChoice("Orders.csv", path);
+        if (replace) prompts.expect(replaceQuestion(), *replace);
+        if (open) {
+            prompts.expect({"Data has been exported to " + shown(target) +
+                                "\r\n\r\nWe can try to open it in your default spreadsheet program "
+                                "now - proceed?",
+                            "Export Complete", Buttons::YesNo, Icon::Information, Answer::No},
+                           *open);
+        }
+        program().csvExport.mu_DataExport_Click();
     }
-    Message finished() const {
-        return {"Data has been exported to " + shown(target) +
-                    "\r\n\r\nWe can try to open it in your default spreadsheet program now - "
-                    "proceed?",
-                "Export Complete", Buttons::YesNo, Icon::Information, Answer::No};
-    }
-    void run() { program().csvExport.mu_DataExport_Click(); }
 
     const std::filesystem::path target = documents / "Orders.csv";
-    const Message replace{"File already exists - do you want to replace it?", "Confirm",
-                          Buttons::YesNo, Icon::Exclamation};
 };
 
 TEST_F(CsvExportFlow, TheFileIsWrittenAndOpenedOnlyWhenWanted) {
     exportTo(std::nullopt);
-    run();
     EXPECT_EQ(prompts.lastChoice.filters.at(0).name, "Comma Separated Values");
     EXPECT_EQ(prompts.lastChoice.filters.at(0).pattern, "*.CSV");
-    EXPECT_FALSE(FileSystem().exists(target));
+    EXPECT_FALSE(os::exists(target));
 
-    exportTo(target);
-    prompts.expect(finished(), Answer::No);
-    run();
-    EXPECT_EQ(contentOf(target).find(kHeadings), 0u);
-    EXPECT_NE(contentOf(target).find("\"000001\""), std::string::npos);
+    exportTo(target, {}, Answer::No);
+    EXPECT_TRUE(contentOf(target).starts_with(kHeadings));
+    EXPECT_TRUE(contains(contentOf(target), "\"000001\""));
     EXPECT_TRUE(desktop.asked.empty());
 
     writeFile(target, "old");
-    exportTo(target);
-    prompts.expect(replace, Answer::No);
-    run();
+    exportTo(target, Answer::No);
     EXPECT_EQ(contentOf(target), "old");
-
-    exportTo(target);
-    prompts.expect(replace, Answer::Yes);
-    prompts.expect(finished(), Answer::Yes);
-    run();
-    EXPECT_EQ(contentOf(target).find(kHeadings), 0u);
+    exportTo(target, Answer::Yes, Answer::Yes);
+    EXPECT_TRUE(contentOf(target).starts_with(kHeadings));
     EXPECT_EQ(desktop.asked, std::vector{"open " + shown(target)});
 
     writeFile(target, "");  // nothing to lose: no question
-    exportTo(target);
-    prompts.expect(finished(), Answer::Yes);
     desktop.opens = false;
-    run();
-    EXPECT_NE(prompts.lastLine.find("No program"), std::string::npos);
+    exportTo(target, {}, Answer::Yes);
+    EXPECT_TRUE(contains(prompts.lastLine, "No program"));
 }
 
 TEST_F(CsvExportFlow, AnUnwritableTargetSaysSo) {
-    exportTo(documents / "nowhere/Orders.csv");
-    run();
-    EXPECT_NE(prompts.lastLine.find("not exported"), std::string::npos);
-    prompts.lastLine.clear();
-    std::filesystem::create_directory(target);
-    exportTo(target);
-    run();
-    EXPECT_NE(prompts.lastLine.find("not exported"), std::string::npos);
+    obstruct(target);
+    for (const auto& path : {documents / "nowhere/Orders.csv", target}) {
+        prompts.lastLine.clear();
+        exportTo(path);
+        EXPECT_TRUE(contains(prompts.lastLine, "not exported"));
+    }
     EXPECT_EQ(waits, 0);
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace bramblet {
+namespace bramblet::test {
 namespace {
 
 std::string shownAs(const std::string& document, double zoom = 1) {
@@ -192,4 +192,4 @@ TEST(DisplayHtml, LargeDocumentsOfOddMarkupAreReadInTime) {
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

@@ -7,10 +7,8 @@
 
 #include <gtest/gtest.h>
 
-namespace bramblet {
+namespace bramblet::test {
 namespace {
-
-using namespace test;
 
 /// An order as the screen shows it after a total-up.
 Order sampleOrder() {
@@ -242,4 +240,4 @@ TEST(Reader, ItemLinesAddLinesWithTheCellsTheyHave) {
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

@@ -8,10 +8,8 @@
 #include <sys/stat.h>
 #endif
 
-namespace bramblet {
+namespace bramblet::test {
 namespace {
-
-using namespace test;
 
 FaultNumber faultOf(const std::function<void()>& statement) {
     try {
@@ -23,43 +21,27 @@ FaultNumber faultOf(const std::function<void()>& statement) {
     return FaultNumber::DeviceError;
 }
 
-TEST(Files, FaultsHaveTheNumbersOfTheirCauses) {
+class Files : public ::testing::Test {
+  protected:
     const TemporaryFolder folder;
     const FileSystem files;
-    EXPECT_EQ(faultOf([&] { files.read(folder / "none"); }), FaultNumber::FileNotFound);
+    const std::filesystem::path path = folder / "po_data.dat";
+};
+
+TEST_F(Files, FaultsHaveTheNumbersOfTheirCauses) {
+    EXPECT_EQ(faultOf([&] { files.read(path); }), FaultNumber::FileNotFound);
     EXPECT_EQ(faultOf([&] { files.touch(folder / "none/file"); }), FaultNumber::PathNotFound);
     EXPECT_EQ(faultOf([&] { files.openRandom(folder.path()); }), FaultNumber::PathFileAccess);
     EXPECT_EQ(faultOf([&] { files.touch(folder / std::string(300, 'x')); }),
               FaultNumber::BadFileName);
-    files.touch(folder / "file");
-    EXPECT_EQ(faultOf([&] { files.touch(folder / "file/below"); }), FaultNumber::PathNotFound);
+    files.touch(path);
+    EXPECT_EQ(faultOf([&] { files.touch(path / "below"); }), FaultNumber::PathNotFound);
 }
 
-#ifndef _WIN32
-TEST(Files, ANamedPipeIsRefusedInsteadOfWaitedOn) {
-    const TemporaryFolder folder;
-    const std::string pipe = folder / "000001.htm";
-    ASSERT_EQ(::mkfifo(pipe.c_str(), 0666), 0);
-    const FileSystem files;
-    const std::vector<std::function<void()>> statements{
-        [&] { files.read(pipe); },
-        [&] { files.openRandom(pipe); },
-        [&] { files.touch(pipe); },
-        [&] { files.append(pipe, "x"); },
-        [&] { files.copy(pipe, folder / "copy"); },
-    };
-    for (const auto& statement : statements)
-        EXPECT_EQ(faultOf(statement), FaultNumber::BadFileName);
-    EXPECT_FALSE(files.exists(folder / "copy"));
-}
-#endif
-
-TEST(Files, AFileLongerThanAnyInEarnestIsNotReadIntoMemory) {
-    const TemporaryFolder folder;
-    const FileSystem files;
-    files.openRandom(folder / "long").write(kLongestFile, "x");  // of holes
+TEST_F(Files, AFileLongerThanAnyInEarnestIsNotReadIntoMemory) {
+    files.openRandom(path).write(kLongestFile, "x");  // of holes
     try {
-        files.read(folder / "long");
+        files.read(path);
         ADD_FAILURE() << "no fault";
     } catch (const Fault& fault) {
         EXPECT_EQ(fault.number(), FaultNumber::Overflow);
@@ -67,107 +49,96 @@ TEST(Files, AFileLongerThanAnyInEarnestIsNotReadIntoMemory) {
     }
 }
 
-TEST(Files, ABusyFileIsWaitedForAndTheStatementTriedAgain) {
-    const TemporaryFolder folder;
+TEST_F(Files, ABusyFileIsWaitedForUntilItIsFreeOrTheWaitGivesUp) {
     int waits = 0;
-    int tries = 0;
-    const FileSystem files([&](const FileError& error) {
-        ++waits;
+    const FileSystem waiting([&](const FileError& error) {
         EXPECT_EQ(error.path(), "po_data.dat");
+        if (++waits > 2) throw error;
     });
-    const int result = files.run([&] {
+    const auto failing = [](FaultNumber number) {
+        return [number] { throw FileError(number, "po_data.dat"); };
+    };
+    int tries = 0;
+    const int result = waiting.run([&] {
         ++tries;
-        if (tries == 1) throw FileError(FaultNumber::PermissionDenied, "po_data.dat");
-        if (tries == 2) throw FileError(FaultNumber::PathFileAccess, "po_data.dat");
+        if (tries == 1) failing(FaultNumber::PermissionDenied)();
+        if (tries == 2) failing(FaultNumber::PathFileAccess)();
         return 7;
     });
     EXPECT_EQ(result, 7);
     EXPECT_EQ(waits, 2);
+    EXPECT_THROW(waiting.run(failing(FaultNumber::DiskFull)), FileError);
+    EXPECT_THROW(waiting.withoutRetry().run(failing(FaultNumber::PermissionDenied)), FileError);
+    EXPECT_EQ(waits, 2) << "thrown at once";
+    EXPECT_EQ(faultOf([&] { waiting.run(failing(FaultNumber::PermissionDenied)); }),
+              FaultNumber::PermissionDenied);
+    EXPECT_EQ(waits, 3);
 }
 
-TEST(Files, OtherFaultsAndThoseWithoutRetryAreThrownAtOnce) {
-    int waits = 0;
-    const FileSystem files([&](const FileError&) { ++waits; });
-    const auto full = [] { throw FileError(FaultNumber::DiskFull, "x"); };
-    const auto busy = [] { throw FileError(FaultNumber::PermissionDenied, "x"); };
-    EXPECT_THROW(files.run(full), FileError);
-    EXPECT_THROW(files.withoutRetry().run(busy), FileError);
-    EXPECT_EQ(waits, 0);
-}
-
-TEST(Files, GivingUpTheWaitEndsTheOperationWithItsFault) {
-    const FileSystem files([](const FileError& error) { throw error; });
-    EXPECT_EQ(
-        faultOf([&] { files.run([] { throw FileError(FaultNumber::PermissionDenied, "x"); }); }),
-        FaultNumber::PermissionDenied);
-}
-
-TEST(Files, ReplacingLeavesTheOldContentWhenItFails) {
-    const TemporaryFolder folder;
-    const FileSystem files;
-    files.replace(folder / "000001.htm", "first");
-    files.replace(folder / "000001.htm", "second");
-    EXPECT_EQ(contentOf(folder / "000001.htm"), "second");
+TEST_F(Files, ReplacingLeavesTheOldContentWhenItFails) {
+    files.replace(path, "first");
+    files.replace(path, "second");
+    EXPECT_EQ(contentOf(path), "second");
     files.createFolders(folder / "folder");
     EXPECT_THROW(files.replace(folder / "folder", "x"), FileError);
     // Neither run leaves a temporary file behind.
-    EXPECT_EQ(files.fileNames(folder.path()), std::vector<std::filesystem::path>{"000001.htm"});
+    EXPECT_EQ(files.fileNames(folder.path()), std::vector{path.filename()});
 }
 
-TEST(Files, ACopyIsWholeAndKeepsItsTime) {
-    const TemporaryFolder folder;
-    const FileSystem files;
-    std::string content(3 << 20, 'x');
-    content[content.size() - 1] = 'y';
+TEST_F(Files, ACopyIsWholeAndKeepsItsTime) {
+    const std::string content = std::string(3 << 20, 'x') + "y";
     writeFile(folder / "from", content);
     os::setModified(folder / "from", 1'000'000'000'000'000'000);
-    writeFile(folder / "to", "old");
-    files.copy(folder / "from", folder / "to");
-    EXPECT_EQ(contentOf(folder / "to"), content);
-    EXPECT_EQ(files.status(folder / "to").modified, 1'000'000'000'000'000'000);
+    writeFile(path, "old");
+    files.copy(folder / "from", path);
+    EXPECT_EQ(contentOf(path), content);
+    EXPECT_EQ(files.status(path).modified, 1'000'000'000'000'000'000);
 }
 
 #ifndef _WIN32
-TEST(Files, NothingIsOpenedForAppendingWhichSharesRefuse) {
-    const TemporaryFolder folder;
-    const FileSystem files;
-    const auto path = folder / "by_field.dat";
+TEST_F(Files, ANamedPipeIsRefusedInsteadOfWaitedOn) {
+    ASSERT_EQ(::mkfifo(path.c_str(), 0666), 0);
+    const std::vector<std::function<void()>> statements{
+        [&] { files.read(path); },
+        [&] { files.openRandom(path); },
+        [&] { files.touch(path); },
+        [&] { files.append(path, "x"); },
+        [&] { files.copy(path, folder / "copy"); },
+    };
+    for (const auto& statement : statements)
+        EXPECT_EQ(faultOf(statement), FaultNumber::BadFileName);
+    EXPECT_FALSE(files.exists(folder / "copy"));
+}
+
+TEST_F(Files, NothingIsOpenedForAppendingWhichSharesRefuse) {
     ASSERT_EQ(::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0666), -1);
     files.touch(path);
     files.append(path, "Ann\r\n");
     files.append(path, "Bob\r\n");
     EXPECT_EQ(contentOf(path), "Ann\r\nBob\r\n");
-    for (const auto how : {os::Open::ReadWrite, os::Open::Write, os::Open::WriteNew}) {
+    for (const auto how : {os::Open::ReadWrite, os::Open::Write, os::Open::WriteNew})
         os::File(folder / ("file" + std::to_string(static_cast<int>(how))), how).write(0, "x");
-    }
 }
-#endif
 
-#ifndef _WIN32
-TEST(Files, WhatTakesAFilesPlaceHasItsRights) {
-    const TemporaryFolder folder;
-    const FileSystem files;
+TEST_F(Files, WhatTakesAFilesPlaceHasItsRights) {
     constexpr auto kShared = static_cast<std::filesystem::perms>(0664);
-    const auto path = folder / "po_data.dat";
     const auto copied = folder / "copied";
-    const auto rightsOf = [](const std::filesystem::path& file) {
-        return std::filesystem::status(file).permissions();
-    };
     writeFile(path, "old");
     writeFile(copied, "from the backup");
     std::filesystem::permissions(path, kShared);
     std::filesystem::permissions(copied, static_cast<std::filesystem::perms>(0600));
-    files.replace(path, "new");
-    EXPECT_EQ(rightsOf(path), kShared);
-    files.copy(copied, path);
-    EXPECT_EQ(rightsOf(path), kShared);
-    files.rename(copied, path);
-    EXPECT_EQ(rightsOf(path), kShared);
+    const std::vector<std::function<void()>> statements{[&] { files.replace(path, "new"); },
+                                                        [&] { files.copy(copied, path); },
+                                                        [&] { files.rename(copied, path); }};
+    for (const auto& statement : statements) {
+        statement();
+        EXPECT_EQ(std::filesystem::status(path).permissions(), kShared);
+    }
     EXPECT_EQ(contentOf(path), "from the backup");
 }
 #endif
 
-TEST(Files, OnlyPlainNamesMayBePartOfAPath) {
+TEST(FileNames, OnlyPlainNamesMayBePartOfAPath) {
     for (const char* name : {"000123", "PO 12", "A.1", "caf\xE9", "COMET", "console", "LPT2_.04",
                              "COM", "COM12", "COM\xBA"}) {
         EXPECT_TRUE(isPlainFileName(name)) << name;
@@ -185,7 +156,7 @@ TEST(Files, OnlyPlainNamesMayBePartOfAPath) {
     EXPECT_FALSE(isPlainFileName(std::string(100, '\x80'), ".htm")) << "300 bytes of UTF-8";
 }
 
-TEST(Files, ANameMadePlainIsOne) {
+TEST(FileNames, ANameMadePlainIsOne) {
     const std::vector<std::pair<std::string, std::string>> names{
         {"V/\"1\"", "V__1_"}, {"LPT2.04", "LPT2_.04"},
         {"nul", "nul_"},      {"com\xB2", "com\xB2_"},
@@ -203,4 +174,4 @@ TEST(Files, ANameMadePlainIsOne) {
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

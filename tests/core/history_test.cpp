@@ -1,11 +1,8 @@
 #include "support/office.h"
 
-#include <gtest/gtest.h>
-
-namespace bramblet {
+namespace bramblet::test {
 namespace {
 
-using namespace test;
 using Values = std::vector<std::string>;
 
 class History : public ::testing::Test {
@@ -26,12 +23,10 @@ class History : public ::testing::Test {
 
 TEST_F(History, ValuesAreAddedOnceInTheOrderInWhichTheyCame) {
     EXPECT_EQ(remember(""), Values{});
-    EXPECT_TRUE(FileSystem().exists(folder_ / "by_field.dat"));
-    remember("  Zo\xEB ");
-    remember("Ann");
-    remember("ann");
-    remember("   ");
-    EXPECT_EQ(remember("Ann  "), (Values{"Zo\xEB", "Ann", "ann"}));
+    EXPECT_TRUE(os::exists(folder_ / "by_field.dat"));
+    for (const char* value : {"  Zo\xEB ", "Ann", "ann", "   ", "Ann  "})
+        remember(value);
+    EXPECT_EQ(*history_.entries(), (Values{"Zo\xEB", "Ann", "ann"}));
     EXPECT_EQ(file(), "Zo\xEB\r\nAnn\r\nann\r\n");
 }
 
@@ -70,32 +65,31 @@ class HistoryFlows : public Office {
     void SetUp() override { start(); }
     FieldHistories& histories() { return program().histories; }
     Values listed(OrderField field) { return *histories().entries(field); }
-    void removeShown(OrderField field) {
-        histories().GotFocus(field);
+    template <class Box>
+    void removeShown(Box box) {
+        histories().GotFocus(box);
         histories().RemoveHistoryEntry();
     }
 };
 
 TEST_F(HistoryFlows, EachOfTheSixHasItsFile) {
-    const std::vector<std::pair<OrderField, std::string>> files{
-        {&Order::ByEd, "by_field.dat"},        {&Order::ShipViaEd, "via_field.dat"},
-        {&Order::FOBEd, "fob_field.dat"},      {&Order::TermsEd, "ter_field.dat"},
-        {&Order::CommentsEd, "com_field.dat"}, {&Order::JobNumberEd, "jno_field.dat"},
-    };
     newOrder();
-    for (const auto& [field, file] : files)
-        histories().Change(field, " of " + file.substr(0, 3));
-    program().editor.SaveChanges_Click();
-    for (const auto& [field, file] : files) {
-        EXPECT_EQ(contentOf(data(file)), "of " + file.substr(0, 3) + "\r\n");
-        EXPECT_EQ(listed(field), Values{"of " + file.substr(0, 3)});
-        EXPECT_EQ(order().*field, "of " + file.substr(0, 3)) << "the text stays, trimmed";
+    for (const auto& [box, field, file] : kHistories)
+        histories().Change(field, std::string(" of ") + box);
+    save();
+    for (const auto& [box, field, file] : kHistories) {
+        const std::string value = std::string("of ") + box;
+        EXPECT_EQ(stored(file), value + "\r\n");
+        EXPECT_EQ(listed(field), Values{value});
+        EXPECT_EQ(order().*field, value) << "the text stays, trimmed";
     }
-    EXPECT_NE(contentOf(data("000001.htm")).find("<!-- JOB of jno JOB -->"), std::string::npos)
+    EXPECT_EQ(stored("jno_field.dat") + stored("fob_field.dat") + stored("com_field.dat"),
+              "of JobNumberEd\r\nof FOBEd\r\nof CommentsEd\r\n");
+    EXPECT_TRUE(contains(stored("000001.htm"), "<!-- JOB of JobNumberEd JOB -->"))
         << "and is so in the document";
     start();
-    for (const auto& [field, file] : files) {
-        EXPECT_EQ(listed(field), Values{"of " + file.substr(0, 3)}) << "loaded at the start";
+    for (const auto& [box, field, file] : kHistories) {
+        EXPECT_EQ(listed(field), Values{std::string("of ") + box}) << "loaded at the start";
         EXPECT_EQ(order().*field, "");
     }
 }
@@ -107,41 +101,28 @@ TEST_F(HistoryFlows, WhichCommandsRemember) {
     EXPECT_EQ(order().ByEd, "");
 
     histories().Change(&Order::ByEd, "not by a copy");
-    prompts.expect(yesNoCancel("Save changes to Bramblet Number 000001 ?", "Save PO?"), Answer::No);
-    prompts.expect(yesNo("Create new purchase order based on details currently displayed?"),
-                   Answer::Yes);
+    prompts.expectSaying("Save changes to Bramblet Number 000001 ?", Answer::No);
+    prompts.expectSaying("Create new purchase order", Answer::Yes);
     program().editor.Save_PO_Click();
-    EXPECT_EQ(contentOf(data("by_field.dat")), "by a new order\r\n");
+    EXPECT_EQ(stored("by_field.dat"), "by a new order\r\n");
 
     histories().Change(&Order::ByEd, "by ten copies");
     program().editor.make10_Click();
     EXPECT_EQ(listed(&Order::ByEd), (Values{"by a new order", "by ten copies"}));
 }
 
-TEST_F(HistoryFlows, ADroppedListAndAnEditMarkANumberedOrderOnly) {
-    histories().DropDown();
-    histories().Change(&Order::TermsEd, "Net 30");
-    EXPECT_FALSE(program().open.OrderDirty);
-    newOrder();
-    histories().DropDown();
-    EXPECT_TRUE(program().open.OrderDirty && program().open.SaveChangesEnabled);
-    program().open.markSaved();
-    histories().Click(&Order::TermsEd, "Net 10");
-    EXPECT_TRUE(program().open.OrderDirty);
-    EXPECT_EQ(histories().CurrentHistoryText, "Net 10");
-}
-
 TEST_F(HistoryFlows, ARemovedValueIsGoneFromBoxListAndFile) {
     writeFile(data("ter_field.dat"), "Net 10\r\nNet 30\r\nNet 10 \r\n");
     newOrder();
-    histories().Change(&Order::TermsEd, "Net 10");
     histories().Change(&Order::ByEd, "Ann");
-    program().open.markSaved();
+    histories().Click(&Order::TermsEd, "Net 10");
+    EXPECT_EQ(histories().CurrentHistoryText, "Net 10");
+    givenUnchanged();
     removeShown(&Order::TermsEd);
     EXPECT_EQ(order().TermsEd, "");
-    EXPECT_TRUE(program().open.OrderDirty);
+    EXPECT_TRUE(dirty());
     EXPECT_EQ(listed(&Order::TermsEd), Values{"Net 30"});
-    EXPECT_EQ(contentOf(data("ter_field.dat")), "Net 30\r\n");
+    EXPECT_EQ(stored("ter_field.dat"), "Net 30\r\n");
     EXPECT_EQ(listed(&Order::ByEd), Values{"Ann"}) << "all six are brought up to date";
 
     // An entry that was pointed at while another text, perhaps half typed, stands in the box.
@@ -154,46 +135,38 @@ TEST_F(HistoryFlows, ARemovedValueIsGoneFromBoxListAndFile) {
 }
 
 TEST_F(HistoryFlows, InAnAddressBoxTheAddressBookDeletes) {
-    program().addresses.Combo_Change(AddressSide::Vendor, "Acme");
-    program().addresses.Changed_Click(AddressSide::Vendor);
-    program().addresses.Combo_Change(AddressSide::Destination, "Depot");
-    program().addresses.Changed_Click(AddressSide::Destination);
-    const std::string history = contentOf(data("by_field.dat"));
-    histories().GotFocus(AddressSide::Destination);
-    histories().RemoveHistoryEntry();
-    EXPECT_EQ(program().addresses.shown(AddressSide::Destination).names, Values{});
-    EXPECT_EQ(program().addresses.shown(AddressSide::Vendor).names, Values{"Acme"});
+    saveAddress(Vendor, "Acme", "");
+    saveAddress(Destination, "Depot", "");
+    const std::string history = stored("by_field.dat");
+    removeShown(Destination);
+    EXPECT_EQ(names(Destination), Values{});
+    EXPECT_EQ(names(Vendor), Values{"Acme"});
     EXPECT_EQ(order().ShipToCombo, "");
-    histories().GotFocus(AddressSide::Vendor);
-    histories().RemoveHistoryEntry();
-    EXPECT_EQ(program().addresses.shown(AddressSide::Vendor).names, Values{});
-    EXPECT_EQ(contentOf(data("by_field.dat")), history);
+    removeShown(Vendor);
+    EXPECT_EQ(names(Vendor), Values{});
+    EXPECT_EQ(stored("by_field.dat"), history);
 }
 
 TEST_F(HistoryFlows, AHistoryThatCannotBeReadIsToldAndTheOrderSavedAllTheSame) {
     newOrder();
-    std::filesystem::remove(data("via_field.dat"));
-    std::filesystem::create_directory(data("via_field.dat"));
-    program().editor.edit(&Order::ByEd, "Ann");
-    program().editor.edit(&Order::FOBEd, "Leeds");
-    program().editor.SaveChanges_Click();
+    obstruct(data("via_field.dat"));
+    type(&Order::ByEd, "Ann");
+    type(&Order::FOBEd, "Leeds");
+    save();
     EXPECT_EQ(listed(&Order::ByEd), Values{"Ann"});
     EXPECT_EQ(listed(&Order::FOBEd), Values{}) << "the first fault ends it";
-    EXPECT_EQ(prompts.lastLine,
-              "The lists of earlier entries were not brought up to date: via_field.dat: Path/File "
-              "access error (error 75). Order 000001 is saved");
-    EXPECT_FALSE(program().open.OrderDirty);
-    EXPECT_EQ(waits, 0) << "no list of suggestions holds up an order";
+    const std::string failure =
+        "The lists of earlier entries were not brought up to date: via_field.dat: Path/File access "
+        "error (error 75). ";
+    EXPECT_EQ(prompts.lastLine, failure + "Order 000001 is saved");
+    EXPECT_FALSE(dirty());
     program().editor.make10_Click();
-    EXPECT_EQ(prompts.lastLine,
-              "The lists of earlier entries were not brought up to date: via_field.dat: Path/File "
-              "access error (error 75). Order 000011 is saved")
-        << "said once";
+    EXPECT_EQ(prompts.lastLine, failure + "Order 000011 is saved") << "said once";
     newOrder();
     program().refillLists();
     EXPECT_EQ(listed(&Order::ByEd), Values{"Ann"});
-    EXPECT_EQ(waits, 0);
+    EXPECT_EQ(waits, 0) << "no list of suggestions holds up an order";
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

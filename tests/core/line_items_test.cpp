@@ -3,17 +3,13 @@
 #include "core/platform/fault.h"
 #include "support/office.h"
 
-#include <gtest/gtest.h>
-
-namespace bramblet {
+namespace bramblet::test {
 namespace {
-
-using namespace test;
 
 class LineItemsTest : public Office {
   protected:
     void SetUp() override { start(); }
-    const OrderLine& line(std::size_t row) { return order().lines[row]; }
+    const OrderLine& line(std::size_t row) { return order().lines.at(row); }
     void edit(int row, std::optional<LineEntry> answer) {
         lineAnswer = std::move(answer);
         program().lines.OrderPop_DescriptionOverride_Click(row);
@@ -27,33 +23,31 @@ TEST_F(LineItemsTest, AOneTimeItemIsTotalledAndMarkedSpecial) {
               "1ea0");
     EXPECT_EQ(line(0), (OrderLine{"3", "", "", "box", "Nails", "1,200.00", "3,600.00", "special"}));
     EXPECT_EQ(order().OrderTotalEd, "3,600.00");
-    EXPECT_TRUE(program().open.SaveChangesEnabled);
-    EXPECT_FALSE(program().open.OrderDirty);
-}
-
-TEST_F(LineItemsTest, ACancelledOneTimeItemIsStillAdded) {
+    EXPECT_TRUE(saveEnabled() && !dirty());
     lineAnswer.reset();
     program().lines.OrderPop_OneTime_Click();
-    EXPECT_EQ(line(0), (OrderLine{"1", "", "", "ea", "", "0", "0.00", "special"}));
+    EXPECT_EQ(line(1), (OrderLine{"1", "", "", "ea", "", "0", "0.00", "special"}))
+        << "a cancelled one is still added";
 }
 
-TEST_F(LineItemsTest, EditingWritesBackAndMakesTheLineSpecial) {
-    order().lines = {{"2", "", "", "ea", "Hammer", "10", "20.00", "17"}};
+TEST_F(LineItemsTest, EditingMakesTheLineSpecialEvenWhenCancelled) {
+    newOrder();
+    given(OrderLine{"2", "", "", "ea", "Hammer", "10", "20.00", "17"});
+    edit(0, std::nullopt);
+    EXPECT_EQ(line(0), (OrderLine{"2", "", "", "ea", "Hammer", "10", "20.00", "special"}));
+    EXPECT_TRUE(dirty());
     edit(0, LineEntry{"4", "doz", "Big hammer", "12.50"});
     EXPECT_EQ(lastCaption, "Edit Line Item");
     EXPECT_EQ(lastEntry.description, "Hammer");
     EXPECT_EQ(line(0), (OrderLine{"4", "", "", "doz", "Big hammer", "12.50", "50.00", "special"}));
 }
 
-TEST_F(LineItemsTest, CancellingAnEditStillMarksTheOrderAndTheLine) {
-    newOrder();
-    order().lines = {{"2", "", "", "ea", "Hammer", "10", "20.00", "17"}};
-    edit(0, std::nullopt);
-    EXPECT_EQ(line(0), (OrderLine{"2", "", "", "ea", "Hammer", "10", "20.00", "special"}));
-    EXPECT_TRUE(program().open.OrderDirty);
-}
-
 TEST_F(LineItemsTest, QuantityZeroRemovesTheLineAlsoTheOnlyOne) {
+    edit(-1, LineEntry{});
+    edit(0, LineEntry{});
+    program().lines.removeLine(0);
+    EXPECT_EQ(lastCaption, "") << "without a line nothing happens";
+    EXPECT_FALSE(saveEnabled());
     addLine({"1", "ea", "first", "1"});
     addLine({"1", "ea", "second", "2"});
     edit(0, LineEntry{"0", "ea", "first", "1"});
@@ -65,14 +59,6 @@ TEST_F(LineItemsTest, QuantityZeroRemovesTheLineAlsoTheOnlyOne) {
     addLine({"1", "ea", "third", "3"});
     program().lines.removeLine(0);
     EXPECT_TRUE(order().lines.empty());
-}
-
-TEST_F(LineItemsTest, WithoutALineNothingHappens) {
-    edit(-1, LineEntry{});
-    edit(0, LineEntry{});
-    program().lines.removeLine(0);
-    EXPECT_EQ(lastCaption, "");
-    EXPECT_FALSE(program().open.SaveChangesEnabled);
 }
 
 TEST_F(LineItemsTest, APickedItemsCellsStayCellsAndItsLineIsShown) {
@@ -87,23 +73,22 @@ TEST_F(LineItemsTest, APickedItemsCellsStayCellsAndItsLineIsShown) {
     EXPECT_EQ(shown, (std::vector<int>{0, 1, 1}));
     const OrderLine raised{"2", "", "", "sq ft", "Sheet  2 mm cut", "4.00", "8.00", "1"};
     EXPECT_EQ(line(1), raised);
-    program().editor.SaveChanges_Click();
-    program().editor.POGrid_Click("000001");
+    save();
+    openOrder("000001");
     ASSERT_EQ(order().lines.size(), 2u);
     EXPECT_EQ(line(1), raised);
 }
 
 TEST(LineEntryTest, WhatTheDialogStores) {
-    const LineEntry stored = storedEntry({" 2 pcs ", " box ", " a\nb\tc\xE9~ ", "$1,200.00"});
+    const LineEntry stored = storedEntry({" 2 pcs ", " sq\tft ", " a\nb\tc\xE9~ ", "$1,200.00"});
     EXPECT_EQ(stored.quantity, "2");
-    EXPECT_EQ(stored.unit, "box");
+    EXPECT_EQ(stored.unit, "sq ft");
     EXPECT_EQ(stored.description, "a b c ~");
     EXPECT_EQ(stored.unitCost, "1,200.00");
     EXPECT_EQ(storedEntry({"", "", "", "free"}).unitCost, "0");
-    EXPECT_EQ(storedEntry({"1", "sq\tft", "", "1"}).unit, "sq ft");
     EXPECT_THROW(checkedEntry({"1", "", "", "1.2.3"}, {}), BoxFault);
     EXPECT_THROW(checkedEntry({"1.2.3", "", "", "1"}, {}), BoxFault);
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

@@ -1,12 +1,8 @@
 #include "core/settings/picture_folder.h"
 #include "support/office.h"
 
-#include <gtest/gtest.h>
-
-namespace bramblet {
+namespace bramblet::test {
 namespace {
-
-using namespace test;
 
 class SettingsEditing : public Office {
   protected:
@@ -29,49 +25,41 @@ TEST_F(SettingsEditing, TheBoxesShowWhatIsSetTrimmed) {
     editor().load();
     EXPECT_EQ(boxes().FontNameEd, "Verdana");
     EXPECT_EQ(settings().FontName, "Verdana") << "stored back trimmed";
-    EXPECT_EQ(boxes().WidthEd, "640");
-    EXPECT_EQ(boxes().SigLineSpaceEd, "-3");
-    EXPECT_FALSE(boxes().Option1);
-    EXPECT_FALSE(boxes().UseReqNumberCheck);
+    EXPECT_EQ(boxes().WidthEd + boxes().SigLineSpaceEd, "640-3");
+    EXPECT_FALSE(boxes().Option1 || boxes().UseReqNumberCheck);
     EXPECT_TRUE(boxes().TaxFreightCheck);
 }
 
 TEST_F(SettingsEditing, TheStepsActAtOnceAndHaveNoLimits) {
-    settings().FormWidth = "640";
-    editor().load();
-    for (int i = 0; i < 130; ++i)
-        editor().WidthLess_Click();
-    EXPECT_EQ(boxes().WidthEd, "-10");
-    EXPECT_EQ(settings().FormWidth, "-10");
-    boxes().WidthEd = "995";
-    editor().WidthMore_Click();
-    EXPECT_EQ(boxes().WidthEd, "1000");
-    EXPECT_EQ(settings().FormWidth, "100") << "the field holds three characters";
-    editor().WidthDefault_Click();
-    EXPECT_EQ(boxes().WidthEd + settings().FormWidth, "640640");
-
-    boxes().SigLineSpaceEd = "0";
-    editor().SigLess_Click();
-    EXPECT_EQ(boxes().SigLineSpaceEd, "-1");
-    EXPECT_EQ(settings().SigLineSpace, -1);
-    editor().SigMore_Click();
-    EXPECT_EQ(settings().SigLineSpace, 0);
-    editor().SigLineSpaceDefault_Click();
-    EXPECT_EQ(settings().SigLineSpace, 23);
-
-    boxes().DescriptionLineEd = "3";
-    editor().DesLess_Click();
-    EXPECT_EQ(settings().DescriptionLineLength, -2);
-    editor().DesMore_Click();
-    EXPECT_EQ(boxes().DescriptionLineEd, "3");
-    editor().DescriptionSpaceDefault_Click();
-    EXPECT_EQ(settings().DescriptionLineLength, 65);
-
+    using Editor = SettingsEditor;
+    using Boxes = SettingsBoxes;
+    const struct {
+        std::string Boxes::*box;
+        const char* from;
+        void (Editor::*step)();
+        std::string to, kept;
+    } steps[] = {
+        {&Boxes::WidthEd, "-5", &Editor::WidthLess_Click, "-10", "-10"},
+        {&Boxes::WidthEd, "995", &Editor::WidthMore_Click, "1000", "100"},  // of three characters
+        {&Boxes::WidthEd, "", &Editor::WidthDefault_Click, "640", "640"},
+        {&Boxes::SigLineSpaceEd, "0", &Editor::SigLess_Click, "-1", "-1"},
+        {&Boxes::SigLineSpaceEd, "-1", &Editor::SigMore_Click, "0", "0"},
+        {&Boxes::SigLineSpaceEd, "", &Editor::SigLineSpaceDefault_Click, "23", "23"},
+        {&Boxes::DescriptionLineEd, "3", &Editor::DesLess_Click, "-2", "-2"},
+        {&Boxes::DescriptionLineEd, "-2", &Editor::DesMore_Click, "3", "3"},
+        {&Boxes::DescriptionLineEd, "", &Editor::DescriptionSpaceDefault_Click, "65", "65"},
+        {&Boxes::FontNameEd, "x", &Editor::DefaultFont_Click, "Arial", "Arial"},
+    };
+    settings().FontName = "x";
+    for (const auto& [box, from, step, to, kept] : steps) {
+        boxes().*box = from;
+        (editor().*step)();
+        EXPECT_EQ(boxes().*box, to);
+        editor().load();
+        EXPECT_EQ(boxes().*box, kept);
+    }
     editor().Option_Click(false);
     EXPECT_EQ(settings().UseTopGraphic, "N");
-    settings().FontName = "x";
-    editor().DefaultFont_Click();
-    EXPECT_EQ(boxes().FontNameEd + settings().FontName, "ArialArial");
 }
 
 TEST_F(SettingsEditing, WhatIsTypedCountsFromSaveOn) {
@@ -95,24 +83,22 @@ TEST_F(SettingsEditing, WhatIsTypedCountsFromSaveOn) {
 }
 
 TEST_F(SettingsEditing, ABoxWithoutANumberIsNamedAndNothingIsHalfSaved) {
-    struct Case {
+    const struct {
         std::string SettingsBoxes::*box;
-        const char* text;
-        const char* message;
-    };
-    const std::vector<Case> cases{
+        const char *text, *message;
+    } cases[] = {
         {&SettingsBoxes::SigLineSpaceEd, "few", "Bottom of form spacing"},
         {&SettingsBoxes::SigLineSpaceEd, "", "Bottom of form spacing"},
         {&SettingsBoxes::DescriptionLineEd, "6x", "\"6x\""},
         {&SettingsBoxes::DescriptionLineEd, "40000", "too large"},
     };
-    for (const auto& one : cases) {
+    for (const auto& [box, text, message] : cases) {
         editor().load();
         boxes().IDText2 = "not to be stored";
-        boxes().*one.box = one.text;
-        prompts.expectSaying(one.message);
-        EXPECT_FALSE(editor().Command1_Click()) << one.text;
-        EXPECT_EQ(trimmedField(settings().IDText2).find("not to"), std::string::npos);
+        boxes().*box = text;
+        prompts.expectSaying(message);
+        EXPECT_FALSE(editor().Command1_Click()) << text;
+        EXPECT_FALSE(contains(settings().IDText2, "not to"));
     }
 }
 
@@ -121,60 +107,52 @@ TEST_F(SettingsEditing, AChosenPictureIsCopiedIntoTheDataFolder) {
     writeFile(picture, "new");
     writeFile(data("logo.gif"), "old");
     editor().SelectGraphic_Click(picture);
-    EXPECT_EQ(contentOf(data("logo.gif")), "new");
-    EXPECT_EQ(boxes().TopGraphicEd + settings().TopGraphic, "logo.giflogo.gif");
-
-    editor().SelectGraphic_Click({});  // cancelled
-    editor().SelectGraphic_Click(data("logo.gif"));
-    EXPECT_EQ(contentOf(data("logo.gif")), "new") << "chosen where it is";
-
+    editor().SelectGraphic_Click({});                // cancelled
+    editor().SelectGraphic_Click(data("logo.gif"));  // chosen where it is
     prompts.expectSaying("could not be copied into the data folder");
     editor().SelectGraphic_Click(documents / "gone.gif");
-    EXPECT_EQ(settings().TopGraphic, "logo.gif");
-}
-
-TEST_F(SettingsEditing, APictureIsCopiedUnderAPlainNameWhereItsOwnCannotBeStored) {
-    std::vector<std::filesystem::path> pictures{documents / u8"\u0142ogo.gif",
-                                                documents / u8"\u017Aogo.gif"};
+    EXPECT_EQ(stored("logo.gif"), "new");
+    EXPECT_EQ(boxes().TopGraphicEd + settings().TopGraphic, "logo.giflogo.gif");
+    // Under a plain name where its own cannot be stored.
+    std::vector<std::pair<std::filesystem::path, std::string>> pictures{
+        {u8"\u0142ogo.gif", "_ogo.gif"}, {u8"\u017Aogo.gif", "_ogo-2.gif"}};
 #ifndef _WIN32
-    pictures.push_back(documents / "caf\xE9.gif");  // not UTF-8
+    pictures.emplace_back("caf\xE9.gif", "caf\xE9.gif");  // not UTF-8
 #endif
-    const std::vector<std::string> names{"_ogo.gif", "_ogo-2.gif", "caf\xE9.gif"};
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-        writeFile(pictures[i], names[i]);
-        editor().SelectGraphic_Click(pictures[i]);
-        EXPECT_EQ(settings().TopGraphic, names[i]);
-        EXPECT_EQ(program().viewer.picture(settings().TopGraphic), names[i]);
+    for (const auto& [path, name] : pictures) {
+        writeFile(documents / path, name);
+        editor().SelectGraphic_Click(documents / path);
+        EXPECT_EQ(settings().TopGraphic, name);
+        EXPECT_EQ(program().viewer.picture(settings().TopGraphic), name);
     }
 }
 
 TEST_F(SettingsEditing, AnotherDataFolderCountsFromTheNextStartOn) {
     const auto before = program().folder.DataPath();
-    prompts.expectChoice(boxes().DataDirectoryEd, documents / "other/");
-    prompts.expect(
-        {"Note - changes to the data path will not take effect until after \"Bramblet\" "
-         "is re-started!",
-         "Attention", Buttons::Ok, Icon::Information});
-    editor().SelectDataDirectory_Click();
+    const auto choose = [&](const std::optional<std::filesystem::path>& folder,
+                            const std::string& told = "") {
+        prompts.expectChoice(boxes().DataDirectoryEd, folder);
+        if (!told.empty()) prompts.expectSaying(told);
+        editor().SelectDataDirectory_Click();
+        EXPECT_EQ(boxes().DataDirectoryEd, documents / "other/");
+    };
+    choose(documents / "other/",
+           "Note - changes to the data path will not take effect until after \"Bramblet\" is "
+           "re-started!");
     EXPECT_TRUE(editor().Command1_Click());
-    EXPECT_EQ(settings().DataDirectory, documents / "other/");
     EXPECT_EQ(program().folder.DataPath(), before);
-    prompts.expectChoice(boxes().DataDirectoryEd, std::nullopt);
-    editor().SelectDataDirectory_Click();
-    EXPECT_EQ(boxes().DataDirectoryEd, documents / "other/");
-
+    choose(std::nullopt);
     // A folder that the settings cannot name is not taken for another one.
-    prompts.expectChoice(boxes().DataDirectoryEd, documents / std::string(300, 'x'));
-    prompts.expectSaying("is too long for the settings or no text");
-    editor().SelectDataDirectory_Click();
-    EXPECT_EQ(boxes().DataDirectoryEd, documents / "other/");
+    choose(documents / std::string(300, 'x'), "is too long for the settings or no text");
     boxes().DataDirectoryEd += std::string(300, 'x');
     prompts.expectSaying("Data Directory is too long a name");
     EXPECT_FALSE(editor().Command1_Click());
     EXPECT_EQ(settings().DataDirectory, documents / "other/");
+}
 
-    prompts.expectChoice("Arial", "Georgia ");
+TEST_F(SettingsEditing, AChosenFontCountsAtOnce) {
     boxes().FontNameEd = "Arial";
+    prompts.expectChoice("Arial", "Georgia ");
     editor().SelectFont_Click();
     EXPECT_EQ(boxes().FontNameEd + settings().FontName, "Georgia Georgia");
 }
@@ -190,18 +168,14 @@ TEST_F(PagesInTheBrowser, AreOpenedWithTheProgramThatOpensPages) {
     EXPECT_EQ(desktop.asked,
               (std::vector<std::string>{"program for " + shown(page()),
                                         "open " + std::string(kHomePage) + " with browser"}));
-    EXPECT_FALSE(FileSystem().exists(page()));
-}
-
-TEST_F(PagesInTheBrowser, FailuresHaveTheirMessages) {
+    EXPECT_FALSE(os::exists(page()));
     desktop.opens = false;
-    prompts.expect({"Web Page not Opened", "URL Failed", Buttons::Ok, Icon::Exclamation});
+    prompts.expect(notice("Web Page not Opened", "URL Failed", Icon::Exclamation));
     program().browser.RunBrowser("x.htm");
     desktop.browser.clear();
-    prompts.expect(
-        {"Could not find your Browser", "Browser Not Found", Buttons::Ok, Icon::Exclamation});
+    prompts.expect(notice("Could not find your Browser", "Browser Not Found", Icon::Exclamation));
     program().browser.RunBrowser("x.htm");
-    EXPECT_FALSE(FileSystem().exists(page()));
+    EXPECT_FALSE(os::exists(page()));
 }
 
 TEST_F(PagesInTheBrowser, HelpIsOurOwnUnlessTheOldFileAndItsViewerAreThere) {
@@ -232,4 +206,4 @@ TEST(PictureFolder, PicturesAreSortedByTheirLettersAndHiddenOnesLeftOut) {
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

@@ -1,120 +1,110 @@
 #include "support/office.h"
 
-#include <gtest/gtest.h>
-
-namespace bramblet {
+namespace bramblet::test {
 namespace {
-
-using namespace test;
 
 class StartUp : public Office {
   protected:
     Settings storedSettings() const {
         return decodeRecord(kSettingsLayout, contentOf(home() / "po15.cfg"));
     }
-    void store(const Settings& settings) const {
+    void storeDataDirectory(const std::string& directory) const {
+        Settings settings = defaultSettings(home());
+        settings.DataDirectory = directory;
         FileSystem().createFolders(home());
         writeFile(home() / "po15.cfg", encodeRecord(kSettingsLayout, settings));
     }
-    static WindowPlace place() { return {9000, 12000, 150, -15}; }
 };
 
 TEST_F(StartUp, ShowsAnEmptyPendingOrderDatedToday) {
     start();
     EXPECT_EQ(order().PONoEd, "(PEND)");
     EXPECT_EQ(order().OrderDateEd, "3/4/2026");
-    EXPECT_EQ(order().DiscountFactorEd, "");
-    EXPECT_EQ(order().OrderTotalEd, "0.00");
-    EXPECT_FALSE(program().open.SaveChangesEnabled || program().open.Save_POEnabled);
+    EXPECT_EQ(order().DiscountFactorEd + order().OrderTotalEd, "0.00");
+    EXPECT_FALSE(saveEnabled() || program().open.Save_POEnabled);
     EXPECT_TRUE(program().folder.DataPathOK());
-    EXPECT_FALSE(FileSystem().exists(data("testfile.tmp")));
-}
-
-TEST_F(StartUp, TheHomeFolderGetsOneSeparator) {
-    const auto expected = withSeparator("/home/me/Documents/Quenmoor");
-    EXPECT_EQ(Program::homeFolderIn("/home/me/Documents"), expected);
-    EXPECT_EQ(Program::homeFolderIn(withSeparator("/home/me/Documents")), expected);
+    EXPECT_FALSE(os::exists(data("testfile.tmp")));
+    for (const std::filesystem::path folder : {"/home/me", "/home/me/"})
+        EXPECT_EQ(Program::homeFolderIn(folder), withSeparator("/home/me/Quenmoor"));
 }
 
 TEST_F(StartUp, AMissingDataFolderIsToldOnceAndByEveryDataCommand) {
-    Settings settings = defaultSettings(home());
-    settings.DataDirectory = withSeparator(documents / "nowhere").string();
-    store(settings);
-    const Message noAccess{
-        "Unable to access the data directory " + settings.DataDirectory +
+    const std::string nowhere = withSeparator(documents / "nowhere").string();
+    storeDataDirectory(nowhere);
+    const Message noAccess = notice(
+        "Unable to access the data directory " + nowhere +
             "\r\n\r\nThis could be caused by a number of factors, including an incorrect data path "
             "entry in your configuration file, the network being down, you not being connected to "
             "the network, or you lacking correct network permissions.\r\n\r\nThis problem must be "
             "corrected before you can continue. \r\n\r\nError 76 Path not found",
-        "No Server Access!", Buttons::Ok, Icon::Information};
+        "No Server Access!");
     prompts.expect(noAccess);
     start();
     EXPECT_TRUE(prompts.done());
-    EXPECT_FALSE(FileSystem().exists(documents / "nowhere"));
-
+    Program& p = program();
     const std::vector<std::function<void()>> commands{
-        [&] { program().editor.SaveChanges_Click(); },
-        [&] { program().editor.NewPO_Click(); },
-        [&] { program().editor.Save_PO_Click(); },
-        [&] { program().editor.Clear_Click(); },
-        [&] { program().editor.make10_Click(); },
-        [&] { program().editor.POGrid_Click("000001"); },
-        [&] { program().editor.POPop_delete_Click("000001"); },
-        [&] { program().savedOrders.ListCheck_Click(&SavedOrders::ListCheckPO, false); },
-        [&] { program().addresses.Changed_Click(AddressSide::Vendor); },
-        [&] { program().addresses.Delete_Click(AddressSide::Destination); },
-        [&] { program().savedOrders.ViewExisting_Click(); },
-        [&] { program().histories.RemoveHistoryEntry(); },
-        [&] { program().stock.VendorItemsCheck_Click(true); },
-        [&] { program().stock.SaveNewStockItem_Click(); },
-        [&] { program().stock.SaveChangedStockItem_Click(); },
-        [&] { program().stock.DeleteStockItem_Click(); },
-        [&] { program().stock.ItemsPopOnHand_Click(0); },
-        [&] { program().stockExchange.mu_ExportStockItems_Click(); },
-        [&] { program().stockExchange.mu_ImportStockItems_Click(); },
-        [&] { program().csvExport.mu_DataExport_Click(); },
-        [&] { program().viewer.MakeOrder_Click(); },
-        [&] { program().contactImport.mu_ImportKettleby_Click(); },
-        [&] { program().contactImport.ImportAsShipTos_Click(); },
-        [&] { program().backup.mu_DataBackup_Click(); },
-        [&] { program().backup.mu_DataRestore_Click(); },
+        [&] { p.editor.SaveChanges_Click(); },
+        [&] { p.editor.NewPO_Click(); },
+        [&] { p.editor.Save_PO_Click(); },
+        [&] { p.editor.Clear_Click(); },
+        [&] { p.editor.make10_Click(); },
+        [&] { p.editor.POGrid_Click("000001"); },
+        [&] { p.editor.POPop_delete_Click("000001"); },
+        [&] { p.savedOrders.ListCheck_Click(&SavedOrders::ListCheckPO, false); },
+        [&] { p.addresses.Changed_Click(Vendor); },
+        [&] { p.addresses.Delete_Click(Destination); },
+        [&] { p.savedOrders.ViewExisting_Click(); },
+        [&] { p.histories.RemoveHistoryEntry(); },
+        [&] { p.stock.VendorItemsCheck_Click(true); },
+        [&] { p.stock.SaveNewStockItem_Click(); },
+        [&] { p.stock.SaveChangedStockItem_Click(); },
+        [&] { p.stock.DeleteStockItem_Click(); },
+        [&] { p.stock.ItemsPopOnHand_Click(0); },
+        [&] { p.stockExchange.mu_ExportStockItems_Click(); },
+        [&] { p.stockExchange.mu_ImportStockItems_Click(); },
+        [&] { p.csvExport.mu_DataExport_Click(); },
+        [&] { p.viewer.MakeOrder_Click(); },
+        [&] { p.contactImport.mu_ImportKettleby_Click(); },
+        [&] { p.contactImport.ImportAsShipTos_Click(); },
+        [&] { p.backup.mu_DataBackup_Click(); },
+        [&] { p.backup.mu_DataRestore_Click(); },
     };
     for (std::size_t i = 0; i < commands.size(); ++i) {
         prompts.say("Something was not saved");
         prompts.expect(noAccess);
         commands[i]();
         EXPECT_EQ(prompts.lastLine, "") << i << ": what was said before is no longer news";
+        EXPECT_TRUE(prompts.done()) << i;
     }
-    EXPECT_EQ(program().savedOrders.countText(), "The list could not be read");
-    EXPECT_EQ(program().stock.countText(), "The list could not be read");
-    EXPECT_TRUE(prompts.done());
-    EXPECT_FALSE(FileSystem().exists(documents / "nowhere"));
+    EXPECT_EQ(p.savedOrders.countText(), "The list could not be read");
+    EXPECT_EQ(p.stock.countText(), "The list could not be read");
+    EXPECT_FALSE(os::exists(nowhere));
 }
 
 TEST_F(StartUp, ADataFolderWithoutItsSeparatorStillNamesTheFolder) {
-    Settings settings = defaultSettings(home());
-    settings.DataDirectory = (documents / "orders").string();
     FileSystem().createFolders(documents / "orders");
-    store(settings);
+    storeDataDirectory((documents / "orders").string());
     start();
     EXPECT_EQ(program().folder.file("po_data.dat"), documents / "orders/po_data.dat");
+    storeDataDirectory("");
+    prompts.expectSaying("Unable to access the data directory");
+    start();
+    EXPECT_FALSE(program().folder.DataPathOK());
 }
 
 TEST_F(StartUp, TheCopyThatAnInterruptedDeleteLeftIsRemovedOrTakenForTheBook) {
     start();
-    program().addresses.Combo_Change(AddressSide::Vendor, "Acme");
-    program().addresses.Changed_Click(AddressSide::Vendor);
-    const auto leave = [&] {
-        writeFile(data("po_addy.tmp"), contentOf(data("po_addy.dat")));
+    saveAddress(Vendor, "Acme", "");
+    const std::string book = stored("po_addy.dat");
+    for (const bool lost : {false, true}) {
+        writeFile(data("po_addy.tmp"), book);
         os::setModified(data("po_addy.tmp"), 1'000'000'000'000'000'000);
-    };
-    leave();
-    start();
-    EXPECT_FALSE(FileSystem().exists(data("po_addy.tmp")));
-    leave();
-    std::filesystem::remove(data("po_addy.dat"));
-    start();
-    EXPECT_EQ(program().addresses.shown(AddressSide::Vendor).names.size(), 1u);
+        if (lost) os::remove(data("po_addy.dat"));
+        start();
+        EXPECT_FALSE(os::exists(data("po_addy.tmp")));
+        EXPECT_EQ(stored("po_addy.dat"), book);
+    }
+    EXPECT_EQ(names(Vendor).size(), 1u);
     EXPECT_EQ(prompts.lastLine,
               "The address book was missing and has been taken from po_addy.tmp.");
 }
@@ -122,7 +112,7 @@ TEST_F(StartUp, TheCopyThatAnInterruptedDeleteLeftIsRemovedOrTakenForTheBook) {
 TEST_F(StartUp, LeavingKeepsPlaceAndKind) {
     start();
     program().editor.OptionRe_Click();
-    EXPECT_EQ(program().leave(place()), Program::Leave::Now);
+    EXPECT_EQ(program().leave({9000, 12000, 150, -15}), Program::Leave::Now);
     EXPECT_EQ(storedSettings().WindowWidth + storedSettings().WindowHeight +
                   storedSettings().WindowTop + storedSettings().WindowLeft,
               "120009000 150  -15  ");
@@ -130,22 +120,8 @@ TEST_F(StartUp, LeavingKeepsPlaceAndKind) {
     EXPECT_EQ(order().kind, OrderKind::Requisition);
     EXPECT_EQ(program().windowPlace().left, -15);
     EXPECT_EQ(program().windowPlace().width, 12000);
-}
-
-TEST_F(StartUp, APlaceOfSixCharactersIsCutToFive) {
-    start();
-    program().leave({123456, 12000, 0, -28800});
-    EXPECT_EQ(storedSettings().WindowHeight, "12345");
-    EXPECT_EQ(storedSettings().WindowLeft, "-2880");
-}
-
-TEST_F(StartUp, WithoutADataDirectoryThereIsNoAccess) {
-    Settings settings = defaultSettings(home());
-    settings.DataDirectory = "";
-    store(settings);
-    prompts.expectSaying("Unable to access the data directory");
-    start();
-    EXPECT_FALSE(program().folder.DataPathOK());
+    program().leave({123456, 12000, 0, -28800});  // six characters are cut to five
+    EXPECT_EQ(storedSettings().WindowHeight + storedSettings().WindowLeft, "12345-2880");
 }
 
 class Leaving : public StartUp {
@@ -153,58 +129,50 @@ class Leaving : public StartUp {
     void SetUp() override {
         start();
         newOrder();
-        program().editor.edit(&Order::JobNumberEd, "J-1");
+        type(&Order::JobNumberEd, "J-1");
         program().settings.NumberPrefix = "X-";
     }
     Program::Leave leaveAnswering(Answer answer) {
         prompts.expect(yesNoCancel("Save changes to Bramblet Number 000001 ?", "Save PO?"), answer);
-        return program().leave(place());
+        return program().leave({});
     }
-    std::string storedJob() const { return contentOf(data("po_data.dat")).substr(7, 3); }
+    std::string storedJob() const { return trimmed(stored("po_data.dat").substr(7, 12)); }
 };
 
-TEST_F(Leaving, YesSavesTheOrderAndTheSettings) {
-    EXPECT_EQ(leaveAnswering(Answer::Yes), Program::Leave::Now);
-    EXPECT_EQ(storedJob(), "J-1");
-    EXPECT_EQ(storedSettings().NumberPrefix, "X-        ");
+TEST_F(Leaving, CancelSavesNothingNoTheSettingsYesTheOrderToo) {
+    const struct {
+        Answer answer;
+        const char *job, *prefix;
+    } cases[] = {{Answer::Cancel, "", ""}, {Answer::No, "", "X-"}, {Answer::Yes, "J-1", "X-"}};
+    for (const auto& [answer, job, prefix] : cases) {
+        EXPECT_EQ(leaveAnswering(answer), Program::Leave::Now);
+        EXPECT_EQ(storedJob(), job);
+        EXPECT_EQ(trimmedField(storedSettings().NumberPrefix), prefix);
+    }
     EXPECT_EQ(storedSettings().OrdersSavedCount, 2);
 }
 
-TEST_F(Leaving, NoDropsTheEditsAndSavesTheSettings) {
-    EXPECT_EQ(leaveAnswering(Answer::No), Program::Leave::Now);
-    EXPECT_EQ(storedJob(), "   ");
-    EXPECT_EQ(storedSettings().NumberPrefix, "X-        ");
-}
-
-TEST_F(Leaving, CancelLeavesWithoutSavingAnything) {
-    EXPECT_EQ(leaveAnswering(Answer::Cancel), Program::Leave::Now);
-    EXPECT_EQ(storedJob(), "   ");
-    EXPECT_EQ(trimmedField(storedSettings().NumberPrefix), "");
-}
-
 TEST_F(Leaving, AnOrderThatCannotBeSavedKeepsTheProgramOpen) {
-    program().editor.edit(&Order::OrderDateEd, "someday");
-    prompts.expect(yesNoCancel("Save changes to Bramblet Number 000001 ?", "Save PO?"),
-                   Answer::Yes);
+    type(&Order::OrderDateEd, "someday");
+    prompts.expectSaying("Save changes", Answer::Yes);
     prompts.expect(
-        {"Order 000001 was not entered in the list of orders: \"someday\" in the box "
-         "Order Date is not a date.\r\n\r\nBramblet stays open, so that nothing is lost.",
-         "Bramblet", Buttons::Ok, Icon::Exclamation});
-    EXPECT_EQ(program().leave(place()), Program::Leave::Stay);
+        notice("Order 000001 was not entered in the list of orders: \"someday\" in the "
+               "box Order Date is not a date.\r\n\r\nBramblet stays open, so that "
+               "nothing is lost.",
+               "Bramblet", Icon::Exclamation));
+    EXPECT_EQ(program().leave({}), Program::Leave::Stay);
     EXPECT_EQ(prompts.lastLine, "");
 }
 
 TEST_F(Leaving, SettingsThatCannotBeSavedAreTriedAgainAtWill) {
-    const std::filesystem::path file = home() / "po15.cfg";
-    const std::string before = contentOf(file);
-    std::filesystem::remove(file);
-    std::filesystem::create_directory(file);
+    obstruct(home() / "po15.cfg");
     prompts.expectSaying("Save changes", Answer::No);
-    prompts.expectSaying("The settings were not saved in " + file.string(), Answer::Retry);
+    prompts.expectSaying("The settings were not saved in " + (home() / "po15.cfg").string(),
+                         Answer::Retry);
     prompts.expectSaying("Path/File access error (error 75)", Answer::Close);
-    EXPECT_EQ(program().leave(place()), Program::Leave::Now);
+    EXPECT_EQ(program().leave({}), Program::Leave::Now);
     EXPECT_EQ(waits, 0);
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

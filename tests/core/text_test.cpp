@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace bramblet {
+namespace bramblet::test {
 namespace {
 
 using namespace std::string_literals;
@@ -20,22 +20,17 @@ TEST(Text, TrimmingRemovesBlanksOnlyAndZeroBytesOfFields) {
 
 TEST(Text, UpperCaseKnowsTheLettersOfTheCodePage) {
     EXPECT_EQ(upper("caf\xE9 \x9C\x9A\x9E\xFF"), "CAF\xC9 \x8C\x8A\x8E\x9F");
-    EXPECT_EQ(upper("\xF7\xDF\xD7\xB5"),
-              "\xF7\xDF\xD7\xB5");  // signs and letters without a capital
+    const std::string withoutCapitals = "\xF7\xDF\xD7\xB5";
+    EXPECT_EQ(upper(withoutCapitals), withoutCapitals);
 }
 
-TEST(Text, EveryByteSurvivesTheWayThroughUnicode) {
+TEST(Text, UnicodeKeepsEveryByteAndWhatTheCodePageLacksBecomesAQuestionMark) {
     std::string all;
     for (int byte = 0; byte < 256; ++byte)
         all.push_back(static_cast<char>(byte));
     EXPECT_EQ(fromUnicode(toUnicode(all)), all);
     EXPECT_EQ(toUnicode("\x80\x93"), u"\u20AC\u201C");
-}
-
-TEST(Text, WhatTheCodePageLacksBecomesAQuestionMark) {
-    EXPECT_EQ(fromUnicode(u"\u0141\u00F3d\u017A"),
-              "?\xF3"
-              "d?");
+    EXPECT_EQ(fromUnicode(u"\u0141\u00F3d\u017A"), "?\363d?");
     EXPECT_EQ(fromUnicode(u"a\U0001F600b"), "a?b");
 }
 
@@ -78,4 +73,4 @@ TEST(Paths, AreReadableInMessages) {
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

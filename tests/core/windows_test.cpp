@@ -8,10 +8,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-namespace bramblet {
+namespace bramblet::test {
 namespace {
-
-using namespace test;
 
 /// Somebody else's hold on a file.
 class Holder {
@@ -185,4 +183,4 @@ TEST(WindowsCodePages, OurOwn1252IsTheSystems) {
 }
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::test

@@ -1,11 +1,10 @@
-// Functions of the system library whose place these take.
+// These functions take the place of the system library's own.
 
 #include "support/odd_share.h"
 
 #include <array>
 #include <cerrno>
 #include <cstdarg>
-#include <cstdio>
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -17,7 +16,7 @@
 
 namespace {
 
-using bramblet::test::OddShare;
+using bramblet::test::oddities;
 
 /// The system library's own function.
 template <class Function>
@@ -30,19 +29,16 @@ int refused(int error) {
     return -1;
 }
 
-bool isLost(const char* path) {
-    const OddShare* const share = OddShare::current;
-    return share != nullptr && !share->lostName.empty() &&
-           std::string_view(path).ends_with("/" + share->lostName);
+bool isLost(std::string_view path) {
+    return *oddities.lostPath != '\0' && path.ends_with(oddities.lostPath);
 }
 
-bool isOpen(const char* path) {
+bool isOpen(std::string_view path) {
     constexpr int kFiles = 256;
     for (int file = 0; file < kFiles; ++file) {
         std::array<char, 4096> opened{};
         const std::string link = "/proc/self/fd/" + std::to_string(file);
-        if (::readlink(link.c_str(), opened.data(), opened.size() - 1) > 0 &&
-            std::string_view(path) == opened.data())
+        if (::readlink(link.c_str(), opened.data(), opened.size() - 1) > 0 && path == opened.data())
             return true;
     }
     return false;
@@ -62,44 +58,38 @@ int open(const char* path, int flags, ...) {
 }
 
 int fsync(int file) {
-    if (OddShare::current != nullptr && OddShare::current->flushError != 0)
-        return refused(OddShare::current->flushError);
-    return own(&fsync, "fsync")(file);
+    return oddities.flushError != 0 ? refused(oddities.flushError) : own(&fsync, "fsync")(file);
 }
 
 int rename(const char* from, const char* to) noexcept {
-    if (isOpen(from)) return refused(EBUSY);
-    return ::renameat(AT_FDCWD, from, AT_FDCWD, to);
+    return isOpen(from) ? refused(EBUSY) : ::renameat(AT_FDCWD, from, AT_FDCWD, to);
 }
 
 int utimensat(int folder, const char* path, const timespec* times, int flags) noexcept {
-    if (OddShare::current != nullptr && OddShare::current->timesError != 0)
-        return refused(OddShare::current->timesError);
+    if (oddities.timesError != 0) return refused(oddities.timesError);
     return own(&utimensat, "utimensat")(folder, path, times, flags);
 }
 
 int stat(const char* path, struct stat* information) noexcept {
-    if (isLost(path)) return refused(EIO);
-    return ::fstatat(AT_FDCWD, path, information, 0);
+    return isLost(path) ? refused(EIO) : ::fstatat(AT_FDCWD, path, information, 0);
 }
 
 int statvfs(const char* path, struct statvfs* information) noexcept {
     const int result = own(&statvfs, "statvfs")(path, information);
-    if (OddShare::current != nullptr && !OddShare::current->tellsSizes)
+    if (!oddities.tellsSizes)
         information->f_blocks = information->f_bfree = information->f_bavail = 0;
     return result;
 }
 
 dirent* readdir(DIR* folder) {
     dirent* const entry = own(&readdir, "readdir")(folder);
-    const OddShare* const share = OddShare::current;
-    if (entry == nullptr || share == nullptr) return entry;
+    if (entry == nullptr) return entry;
     const std::string_view name = entry->d_name;
-    if (share->listingError != 0 && name != "." && name != "..") {
-        errno = share->listingError;
+    if (oddities.listingError != 0 && name != "." && name != "..") {
+        errno = oddities.listingError;
         return nullptr;
     }
-    if (!share->tellsKinds) entry->d_type = DT_UNKNOWN;
+    if (!oddities.tellsKinds) entry->d_type = DT_UNKNOWN;
     return entry;
 }
 }

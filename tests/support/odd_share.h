@@ -2,25 +2,17 @@
 // and to rename an open one is always refused, and a test may ask for more oddities.
 #pragma once
 
-#include <string>
-
 namespace bramblet::test {
 
-/// What the share does not have or do while this lives; errors are numbers of <cerrno>.
-struct OddShare {
+/// What the share lacks or fails at; errors are numbers of <cerrno>.
+struct Oddities {
     int flushError = 0;
     int timesError = 0;
-    int listingError = 0;    ///< in the midst of a folder
-    std::string lostName;    ///< a file at which nobody can look: an I/O error
-    bool tellsSizes = true;  ///< of the disk and what is free of it
-    bool tellsKinds = true;  ///< whether an entry of a folder is a file
-
-    OddShare() { current = this; }
-    ~OddShare() { current = nullptr; }
-    OddShare(const OddShare&) = delete;
-    OddShare& operator=(const OddShare&) = delete;
-
-    static inline OddShare* current = nullptr;
+    int listingError = 0;       ///< halfway through a folder
+    const char* lostPath = "";  ///< the end of a path that cannot be looked at: an I/O error
+    bool tellsSizes = true;     ///< of the disk and what is free of it
+    bool tellsKinds = true;     ///< whether an entry of a folder is a file
 };
+inline Oddities oddities;
 
 }  // namespace bramblet::test

@@ -12,6 +12,8 @@
 
 namespace bramblet::test {
 
+using enum AddressSide;
+
 /// 4 March 2026, a Wednesday.
 inline constexpr DayCount kToday = 46085;
 
@@ -25,6 +27,18 @@ inline Message yesNo(const std::string& text, const std::string& title = "Confir
 }
 inline Message yesNoCancel(const std::string& text, const std::string& title) {
     return {text, title, Buttons::YesNoCancel, Icon::Question};
+}
+inline Message notice(const std::string& text, const std::string& title,
+                      Icon icon = Icon::Information) {
+    return {text, title, Buttons::Ok, icon};
+}
+inline Message replaceQuestion() {
+    return {"File already exists - do you want to replace it?", "Confirm", Buttons::YesNo,
+            Icon::Exclamation};
+}
+
+inline bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
 }
 
 class Office : public ::testing::Test {
@@ -47,22 +61,58 @@ class Office : public ::testing::Test {
         program_->start();
         return *program_;
     }
-    Program& program() { return *program_; }
-    Order& order() { return program_->open.order; }
+    Program& program() const { return *program_; }
 
-    std::filesystem::path home() const { return Program::homeFolderIn(documents.path()); }
-    std::filesystem::path data(const std::string& name) const {
-        return home() / "po_data" / pathOfName(name);
-    }
+    // The order shown.
+    const Order& order() const { return program_->open.order; }
+    bool dirty() const { return program_->open.OrderDirty; }
+    bool saveEnabled() const { return program_->open.SaveChangesEnabled; }
+    std::string caption() const { return program_->open.caption; }
+    /// What the user does when typing into a box.
+    void type(OrderField field, const std::string& text) { program_->editor.edit(field, text); }
+    /// Puts the order into a state without marking it as changed.
+    void given(const Order& order) { program_->open.order = order; }
+    void given(OrderField field, const std::string& text) { program_->open.order.*field = text; }
+    void given(const OrderLine& line) { program_->open.order.lines = {line}; }
+    void givenUnchanged() { program_->open.markSaved(); }
 
     void newOrder() {
         prompts.expect(yesNo("Create blank new order ?"), Answer::Yes);
         program_->editor.NewPO_Click();
     }
+    void save() { program_->editor.SaveChanges_Click(); }
+    void openOrder(const std::string& number) { program_->editor.POGrid_Click(number); }
     void addLine(const LineEntry& entry) {
         lineAnswer = entry;
         program_->lines.OrderPop_OneTime_Click();
     }
+
+    // The address book.
+    const std::vector<std::string>& names(AddressSide side) const {
+        return program_->addresses.shown(side).names;
+    }
+    void typeName(AddressSide side, const std::string& name) {
+        program_->addresses.Combo_Change(side, name);
+    }
+    void typeAddress(AddressSide side, const std::string& address) {
+        program_->addresses.Field_Change(side, address);
+    }
+    void saveAddress(AddressSide side, const std::string& name, const std::string& address) {
+        typeName(side, name);
+        typeAddress(side, address);
+        program_->addresses.Changed_Click(side);
+    }
+    void pickAddress(AddressSide side, const std::string& name) {
+        typeName(side, name);
+        program_->addresses.Combo_Click(side);
+    }
+
+    // The files.
+    std::filesystem::path home() const { return Program::homeFolderIn(documents.path()); }
+    std::filesystem::path data(const std::string& name) const {
+        return home() / "po_data" / pathOfName(name);
+    }
+    std::string stored(const std::string& name) const { return contentOf(data(name)); }
 
     TemporaryFolder documents;
     ScriptedPrompts prompts;

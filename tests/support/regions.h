@@ -9,26 +9,26 @@ inline RegionalFormats enUS() {
     return {};
 }
 
-inline RegionalFormats enGB() {
+/// A region that writes a minus sign before everything else.
+inline RegionalFormats regionOf(const std::string& currencySign, const std::string& prefix,
+                                const std::string& suffix, const std::string& shortDate) {
     RegionalFormats formats;
-    formats.currencySign = formats.currencyPrefix = "\xA3";
-    formats.currencyNegativePrefix = "-\xA3";
-    formats.currencyNegativeSuffix = "";
-    formats.shortDate = "dd/MM/yyyy";
-    formats.firstDayOfWeek = 1;
+    formats.currencySign = currencySign;
+    formats.currencyPrefix = prefix;
+    formats.currencyNegativePrefix = "-" + prefix;
+    formats.currencySuffix = formats.currencyNegativeSuffix = suffix;
+    formats.shortDate = shortDate;
     return formats;
 }
 
+inline RegionalFormats enGB() {
+    return regionOf("\xA3", "\xA3", "", "dd/MM/yyyy");
+}
+
 inline RegionalFormats deDE() {
-    RegionalFormats formats;
+    RegionalFormats formats = regionOf("\x80", "", "\xA0\x80", "dd.MM.yyyy");
     formats.decimalSeparator = ",";
     formats.groupSeparator = ".";
-    formats.currencySign = "\x80";
-    formats.currencyPrefix = "";
-    formats.currencySuffix = "\xA0\x80";
-    formats.currencyNegativePrefix = "-";
-    formats.currencyNegativeSuffix = "\xA0\x80";
-    formats.shortDate = "dd.MM.yyyy";
     formats.monthNames = {"Januar", "Februar", "M\xE4rz",   "April",   "Mai",      "Juni",
                           "Juli",   "August",  "September", "Oktober", "November", "Dezember"};
     formats.firstDayOfWeek = 1;
@@ -39,39 +39,21 @@ inline RegionalFormats frFR() {
     RegionalFormats formats = deDE();
     formats.groupSeparator = "\xA0";
     formats.shortDate = "dd/MM/yyyy";
-    formats.monthNames = {"janvier",
-                          "f\xE9vrier",
-                          "mars",
-                          "avril",
-                          "mai",
-                          "juin",
-                          "juillet",
-                          "ao\xFBt",
-                          "septembre",
-                          "octobre",
-                          "novembre",
-                          "d\xE9"
-                          "cembre"};
+    formats.monthNames = {"janvier",   "f\xE9vrier", "mars",     "avril",
+                          "mai",       "juin",       "juillet",  "ao\xFBt",
+                          "septembre", "octobre",    "novembre", "d\351cembre"};
     return formats;
 }
 
 inline RegionalFormats enIN() {
-    RegionalFormats formats;
+    RegionalFormats formats = regionOf("INR", "INR", "", "dd/MM/yyyy");
     formats.grouping = {3, 2};
-    formats.currencySign = formats.currencyPrefix = "INR";
-    formats.currencyNegativePrefix = "-INR";
-    formats.currencyNegativeSuffix = "";
-    formats.shortDate = "dd/MM/yyyy";
     return formats;
 }
 
 inline RegionalFormats jaJP() {
-    RegionalFormats formats;
-    formats.currencySign = formats.currencyPrefix = "\xA5";
-    formats.currencyNegativePrefix = "-\xA5";
-    formats.currencyNegativeSuffix = "";
+    RegionalFormats formats = regionOf("\xA5", "\xA5", "", "yyyy/MM/dd");
     formats.currencyDecimals = 0;
-    formats.shortDate = "yyyy/MM/dd";
     return formats;
 }
 

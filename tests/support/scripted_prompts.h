@@ -12,24 +12,24 @@ namespace bramblet::test {
 
 class ScriptedPrompts : public Prompts {
   public:
-    ~ScriptedPrompts() override { EXPECT_TRUE(script_.empty()) << script_.size() << " not asked"; }
+    ~ScriptedPrompts() override { EXPECT_TRUE(done()) << script_.size() << " not asked"; }
 
     /// The next message box must be this one, to the letter.
     void expect(const Message& message, Answer answer = Answer::Ok) {
-        script_.push_back(Box{message, answer});
+        script_.push_back({inFull(message), {}, answer});
     }
     /// The next message box must say this somewhere.
     void expectSaying(const std::string& part, Answer answer = Answer::Ok) {
-        script_.push_back(Saying{part, answer});
+        script_.push_back({part, {}, answer, true});
     }
     void expectInput(const std::string& prompt, const std::string& title, const std::string& preset,
                      std::optional<std::string> answer) {
-        script_.push_back(Input{prompt, title, preset, std::move(answer)});
+        script_.push_back({inFull({prompt, title + ": " + preset}), {}, std::move(answer)});
     }
     /// The next choice of a file or folder must suggest this name; it is answered with a path.
     void expectChoice(const std::filesystem::path& suggested,
                       std::optional<std::filesystem::path> answer) {
-        script_.push_back(Choice{suggested, std::move(answer)});
+        script_.push_back({"", suggested, std::move(answer)});
     }
     bool done() const { return script_.empty(); }
 
@@ -37,50 +37,25 @@ class ScriptedPrompts : public Prompts {
     FileChoice lastChoice;  ///< of a file or a folder
 
     Answer ask(const Message& message) override {
-        if (const auto* saying = next<Saying>()) {
-            EXPECT_NE(message.text.find(saying->part), std::string::npos) << message.text;
-            return taken(*saying).answer;
-        }
-        const auto* box = next<Box>();
-        if (box == nullptr) {
-            ADD_FAILURE() << "unexpected message: " << message.title << ": " << message.text;
-            return Answer::Cancel;
-        }
-        EXPECT_EQ(message.text, box->message.text);
-        EXPECT_EQ(message.title, box->message.title);
-        EXPECT_EQ(message.buttons, box->message.buttons);
-        EXPECT_EQ(message.icon, box->message.icon);
-        EXPECT_EQ(message.preset, box->message.preset);
-        return taken(*box).answer;
+        return reply<Answer>(inFull(message), {}).value_or(Answer::Cancel);
     }
-
     std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                      const std::string& preset) override {
-        const auto* input = next<Input>();
-        if (input == nullptr) {
-            ADD_FAILURE() << "unexpected input box: " << prompt;
-            return std::nullopt;
-        }
-        EXPECT_EQ(prompt, input->prompt);
-        EXPECT_EQ(title, input->title);
-        EXPECT_EQ(preset, input->preset);
-        return taken(*input).answer;
+        using Text = std::optional<std::string>;
+        return reply<Text>(inFull({prompt, title + ": " + preset}), {}).value_or(std::nullopt);
     }
-
     std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice& choice) override {
         lastChoice = choice;
         return choose(choice.name);
     }
     std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) override {
-        lastChoice = choice;
-        return choose(choice.name);
+        return chooseFileToOpen(choice);
     }
     std::optional<std::filesystem::path> chooseFolder(const std::string& title,
                                                       const std::filesystem::path& start) override {
         lastChoice = {title, start, "", {}};
         return choose(start);
     }
-
     std::optional<std::string> chooseFont(const std::string& current) override {
         const auto name = choose(current);
         return name ? std::optional(name->string()) : std::nullopt;
@@ -89,44 +64,41 @@ class ScriptedPrompts : public Prompts {
     void showStatus(const std::string& line, Tone) override { lastLine = line; }
 
   private:
-    struct Box {
-        Message message;
-        Answer answer;
-    };
-    struct Saying {
-        std::string part;
-        Answer answer;
-    };
-    struct Input {
-        std::string prompt, title, preset;
-        std::optional<std::string> answer;
-    };
-    struct Choice {
-        std::filesystem::path suggested;
-        std::optional<std::filesystem::path> answer;
+    using Path = std::optional<std::filesystem::path>;
+    struct Step {
+        std::string text;                 ///< of the question, or a part of it
+        std::filesystem::path suggested;  ///< by a choice
+        std::variant<Answer, std::optional<std::string>, Path> reply;
+        bool part = false;
     };
 
-    template <class Kind>
-    const Kind* next() const {
-        return script_.empty() ? nullptr : std::get_if<Kind>(&script_.front());
+    static std::string inFull(const Message& message) {
+        return message.title + "\n" + message.text + "\nbuttons " +
+               std::to_string(static_cast<int>(message.buttons)) + ", icon " +
+               std::to_string(static_cast<int>(message.icon)) + ", preset " +
+               (message.preset ? std::to_string(static_cast<int>(*message.preset)) : "none");
     }
-    template <class Kind>
-    Kind taken(const Kind& front) {
-        Kind copy = front;
-        script_.pop_front();
-        return copy;
-    }
-    std::optional<std::filesystem::path> choose(const std::filesystem::path& suggested) {
-        const auto* choice = next<Choice>();
-        if (choice == nullptr) {
-            ADD_FAILURE() << "unexpected choice of a file: " << suggested;
+    /// The script's reply, if it goes on with a question of this kind.
+    template <class Reply>
+    std::optional<Reply> reply(const std::string& text, const std::filesystem::path& suggested) {
+        if (done() || !std::holds_alternative<Reply>(script_.front().reply)) {
+            ADD_FAILURE() << "unexpected question: " << text << suggested;
             return std::nullopt;
         }
-        EXPECT_EQ(suggested, choice->suggested);
-        return taken(*choice).answer;
+        const Step step = script_.front();
+        script_.pop_front();
+        EXPECT_EQ(suggested, step.suggested);
+        if (step.part)
+            EXPECT_NE(text.find(step.text), std::string::npos) << text << "\nlacks " << step.text;
+        else
+            EXPECT_EQ(text, step.text);
+        return std::get<Reply>(step.reply);
+    }
+    Path choose(const std::filesystem::path& suggested) {
+        return reply<Path>("", suggested).value_or(std::nullopt);
     }
 
-    std::deque<std::variant<Box, Saying, Input, Choice>> script_;
+    std::deque<Step> script_;
 };
 
 }  // namespace bramblet::test

@@ -42,4 +42,10 @@ inline void writeFile(const std::filesystem::path& path, const std::string& cont
     std::ofstream(path, std::ios::binary) << content;
 }
 
+/// Puts a folder in a file's place: every operation on the file fails with error 75.
+inline void obstruct(const std::filesystem::path& path) {
+    std::filesystem::remove(path);
+    std::filesystem::create_directory(path);
+}
+
 }  // namespace bramblet::test
