@@ -11,20 +11,19 @@ const std::string kHeadings =
     "\"Shipping\",\"Tax\",\"Net\",\"Discount\",\"List\"\r\n";
 
 TEST(OrdersAsCsv, EachOrderIsOneLineInTheFormatsOfTheRegion) {
-    OrderIndexRecord record;
-    record.Status = "A";
-    record.Number = "000123";
-    record.Job = "J-7         ";
-    record.OrderDate = kToday;
-    record.ShipDate = kToday + 16.5;
-    record.Vendor = fitted("Acme, \"Supply\"", 60);
-    record.ShipTo = fitted("Depot", 60);
-    record.OrderTotal = toCurrency(1298.125);
-    record.Shipping = toCurrency(10);
-    record.SalesTax = toCurrency(7.31);
-    record.NetTotal = toCurrency(112.5);
-    record.Discount = toCurrency(-12.5);
-    record.SubTotal = toCurrency(125);
+    OrderIndexRecord record{"A",
+                            "000123",
+                            "J-7         ",
+                            kToday,
+                            fitted("Acme, \"Supply\"", 60),
+                            fitted("Depot", 60),
+                            kToday + 16.5,
+                            toCurrency(1298.125),
+                            toCurrency(10),
+                            toCurrency(7.31),
+                            toCurrency(112.5),
+                            toCurrency(-12.5),
+                            toCurrency(125)};
     EXPECT_EQ(ordersAsCsv({record}, enUS()),
               kHeadings +
                   "\"000123\",\"J-7\",\"3/4/2026\",\"Acme, \"Supply\"\",\"Depot\","

@@ -3,8 +3,10 @@
 #include "core/document/totals.h"
 #include "core/platform/fault.h"
 #include "support/regions.h"
+#include "support/sample_orders.h"
 #include "support/temporary_folder.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace bramblet::test {
@@ -12,42 +14,39 @@ namespace {
 
 /// An order as the screen shows it after a total-up.
 Order sampleOrder() {
-    Order order;
-    order.PONoEd = "000123";
-    order.JobNumberEd = " J-77 ";
-    order.OrderDateEd = "3/4/2026";
-    order.ShipDateEd = "3/20/2026";
-    order.ToCombo = "Acme Supply";
-    order.ToField = "12 Mill Road\r\n\r\nLeeds <orders@acme.example>\r\nattn: Jo";
-    order.ShipToCombo = "Main Depot";
-    order.ShipToField = "1 Dock Street";
-    order.ByEd = "Ann";
-    order.ShipViaEd = "Truck";
-    order.FOBEd = "Leeds";
-    order.TermsEd = "Net 30";
-    order.CommentsEd = "Deliver before noon";
+    Order order = orderWith({
+        {&Order::PONoEd, "000123"},
+        {&Order::JobNumberEd, " J-77 "},
+        {&Order::OrderDateEd, "3/4/2026"},
+        {&Order::ShipDateEd, "3/20/2026"},
+        {&Order::ToCombo, "Acme Supply"},
+        {&Order::ToField, "12 Mill Road\r\n\r\nLeeds <orders@acme.example>\r\nattn: Jo"},
+        {&Order::ShipToCombo, "Main Depot"},
+        {&Order::ShipToField, "1 Dock Street"},
+        {&Order::ByEd, "Ann"},
+        {&Order::ShipViaEd, "Truck"},
+        {&Order::FOBEd, "Leeds"},
+        {&Order::TermsEd, "Net 30"},
+        {&Order::CommentsEd, "Deliver before noon"},
+        {&Order::DiscountFactorEd, ".1"},
+        {&Order::TaxFactorEd, ".065"},
+        {&Order::ShippingEd, "10"},
+    });
     order.lines = {{"2", "", "", "box", "Nails, 40 mm", "12.50", "25.00", "17"},
                    {"1", "", "", "ea", "Caf\xE9 table", "100", "100.00", "special"}};
-    order.DiscountFactorEd = ".1";
-    order.TaxFactorEd = ".065";
-    order.ShippingEd = "10";
     TotalUp(order, false, enUS());
     return order;
 }
 
 Settings sampleSettings() {
-    Settings settings;
+    Settings settings = defaultSettings({});
     settings.SigLineSpace = 10;
-    settings.DescriptionLineLength = 65;
     settings.FontName = "Arial      ";
-    settings.FormWidth = "640";
-    settings.UseTopGraphic = "Y";
     settings.TopGraphic = "po_top.gif   ";
-    settings.RequestForQuote = "Y";
-    settings.UseReqNumber = "N";
     settings.NumberPrefix = "BR-  ";
     settings.IDText1 = "Smith & Sons";
     settings.IDText3 = "2 High Street";
+    settings.IDText2 = settings.IDText4 = settings.IDText5 = "";
     return settings;
 }
 
@@ -56,17 +55,13 @@ class DocumentTest : public ::testing::Test {
     std::string document() const {
         return orderDocument(order_, {settings_, taxFreight_, formats_});
     }
-    /// Whether the line stands in the document by itself.
-    bool hasLine(const std::string& line) const {
-        return document().find("\r\n" + line + "\r\n") != std::string::npos;
+    void expectLines(const std::vector<std::string>& lines) const {
+        for (const std::string& line : lines)
+            EXPECT_EQ(count(document(), "\r\n" + line + "\r\n"), 1u) << line;
     }
-    std::size_t count(const std::string& part) const {
-        const std::string text = document();
-        std::size_t found = 0;
-        for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
-            ++found;
-        }
-        return found;
+    void expectNone(const std::vector<std::string>& parts) const {
+        for (const std::string& part : parts)
+            EXPECT_EQ(count(document(), part), 0u) << part;
     }
 
     Order order_ = sampleOrder();
@@ -81,68 +76,50 @@ TEST_F(DocumentTest, APurchaseOrderToTheCharacter) {
 
 TEST_F(DocumentTest, HeadingsOfRequisitions) {
     order_.kind = OrderKind::Requisition;
-    EXPECT_TRUE(hasLine("<!-- STA R STA -->"));
-    EXPECT_TRUE(hasLine("<font size=\"5\"><b>REQUEST FOR QUOTE</b></font><br>"));
-    EXPECT_EQ(count("No: "), 0u);
-    EXPECT_EQ(count("Please reference"), 0u);
-    EXPECT_TRUE(hasLine("<font size=\"-1\">Date: 3/4/2026"));
-
+    expectLines({"<!-- STA R STA -->", "<font size=\"5\"><b>REQUEST FOR QUOTE</b></font><br>",
+                 "<font size=\"-1\">Date: 3/4/2026"});
+    expectNone({"No: ", "Please reference"});
     settings_.UseReqNumber = "Y";
-    EXPECT_TRUE(hasLine("<b>No: BR-000123</b><br>"));
-    EXPECT_TRUE(hasLine(
-        "<font size=\"-2\">Please reference this number on all correspondence!</font><br>"));
-
+    expectLines(
+        {"<b>No: BR-000123</b><br>",
+         "<font size=\"-2\">Please reference this number on all correspondence!</font><br>"});
     settings_.RequestForQuote = "N";
     order_.JobNumberEd = "";
     order_.MarkReceivedCheck = true;
-    EXPECT_TRUE(hasLine("<!-- STA r STA -->"));
-    EXPECT_TRUE(hasLine("<font size=\"6\"><b>REQUISITION</b></font><br>"));
-    EXPECT_TRUE(hasLine(
-        "<font size=\"-2\">Please reference order number on all correspondence!</font><br>\r\n"
-        "<br>\r\n"
-        "<font size=\"-1\">Date: 3/4/2026"));
+    expectLines(
+        {"<!-- STA r STA -->", "<font size=\"6\"><b>REQUISITION</b></font><br>",
+         "<font size=\"-2\">Please reference order number on all correspondence!</font><br>\r\n"
+         "<br>\r\n<font size=\"-1\">Date: 3/4/2026"});
 }
 
 TEST_F(DocumentTest, CompanyLinesInPlaceOfTheGraphic) {
     settings_.UseTopGraphic = "N";
-    EXPECT_EQ(count("<img"), 0u);
-    EXPECT_TRUE(hasLine("<b>Smith & Sons</b><br>\r\n2 High Street<br>\r\n</td>"));
+    expectLines({"<b>Smith & Sons</b><br>\r\n2 High Street<br>\r\n</td>"});
     settings_.IDText1 = std::string(60, '\0');
-    EXPECT_EQ(count("<b></b>"), 0u);
+    expectNone({"<img", "<b></b>"});
 }
 
-TEST_F(DocumentTest, TotalsRowsThatAreNothingAreLeftOut) {
-    order_.DiscountFactorEd = order_.TaxFactorEd = "0";
+TEST_F(DocumentTest, RowsThatAreNothingAreLeftOut) {
+    order_.DiscountFactorEd = "0";  // the amounts were typed by hand: no percentage
+    order_.TaxFactorEd = "";
+    expectLines({"<td><font size=\"-1\">Disc.</td>", "<td><font size=\"-1\">Tax</td>"});
+    order_.lines.clear();
+    expectNone({"<!-- ITM"});
+    expectLines({"<!-- COM Deliver before noon COM -->\r\n<!-- END -->"});
     order_.DiscountEd = order_.SalesTaxEd = order_.ShippingEd = "0.00";
     order_.CommentsEd = "";
-    EXPECT_EQ(count("Disc."), 0u);
-    EXPECT_EQ(count("Tax"), 0u);
-    EXPECT_EQ(count("Shipping"), 0u);
-    EXPECT_EQ(count("<center>"), 0u);
-    EXPECT_EQ(count("Sub Total") + count("Total (Net)") + count("Order Total"), 3u);
-}
-
-TEST_F(DocumentTest, AmountsTypedByHandHaveNoPercentage) {
-    order_.DiscountFactorEd = "0";
-    order_.TaxFactorEd = "";
-    EXPECT_TRUE(hasLine("<td><font size=\"-1\">Disc.</td>"));
-    EXPECT_TRUE(hasLine("<td><font size=\"-1\">Tax</td>"));
+    expectNone({"Disc.", "Tax", "Shipping", "<center>"});
+    for (const char* total : {"Sub Total", "Total (Net)", "Order Total"})
+        EXPECT_EQ(count(document(), total), 1u) << total;
 }
 
 TEST_F(DocumentTest, TaxedShippingStandsBeforeTheTax) {
     taxFreight_ = true;
-    const std::string text = document();
-    EXPECT_LT(text.find(">Shipping<"), text.find(">Tax ("));
-}
-
-TEST_F(DocumentTest, AnOrderWithoutLinesGoesFromCommentsToTheEndMarker) {
-    order_.lines.clear();
-    EXPECT_EQ(count("<!-- ITM"), 0u);
-    EXPECT_TRUE(hasLine("<!-- COM Deliver before noon COM -->\r\n<!-- END -->"));
+    EXPECT_LT(document().find(">Shipping<"), document().find(">Tax ("));
 }
 
 TEST_F(DocumentTest, FillerRowsShrinkWithWhatTheFormHolds) {
-    const auto fillers = [&] { return count("bordercolor"); };
+    const auto fillers = [&] { return count(document(), "bordercolor"); };
     EXPECT_EQ(fillers(), 3u);  // 10 less heading, 2 lines, 2 discount, tax, shipping
     order_.lines[0][kDescription] = std::string(130, 'x');  // two lines more
     EXPECT_EQ(fillers(), 1u);
@@ -159,9 +136,8 @@ TEST_F(DocumentTest, AmountsInTheRegionsCurrencyForm) {
     formats_ = deDE();
     order_.DiscountFactorEd = order_.TaxFactorEd = ",065";
     order_.OrderTotalEd = "1.129,81";
-    EXPECT_TRUE(hasLine("<td align=\"right\"><font size=\"-1\">1.129,81\xA0\x80</td>"));
-    EXPECT_TRUE(hasLine("<td><font size=\"-1\">Disc. (6,5%)</td>"));
-    EXPECT_TRUE(hasLine("<!-- TOT 1.129,81 TOT -->"));
+    expectLines({"<td align=\"right\"><font size=\"-1\">1.129,81\xA0\x80</td>",
+                 "<td><font size=\"-1\">Disc. (6,5%)</td>", "<!-- TOT 1.129,81 TOT -->"});
 }
 
 TEST(NoteBlock, LinesOfAnAddress) {
@@ -193,14 +169,12 @@ TEST(Reader, WhatWasWrittenComesBack) {
     EXPECT_EQ(read, written);
 }
 
-struct MarkerCase {
-    const char* document;
-    OrderField field;
-    const char* value;
-};
-
 TEST(Reader, MarkersAreWholeLinesAndTheLastOneWins) {
-    const std::vector<MarkerCase> cases{
+    const struct {
+        const char* document;
+        OrderField field;
+        const char* value;
+    } cases[] = {
         {"<!-- JOB one JOB -->\r\n<!-- JOB two JOB -->\r\n", &Order::JobNumberEd, "two"},
         {"<!-- JOB  JOB -->\r\n", &Order::JobNumberEd, ""},
         {"<!-- JOB JOB -->\r\n", &Order::JobNumberEd, "kept"},  // too short to be one
@@ -211,32 +185,27 @@ TEST(Reader, MarkersAreWholeLinesAndTheLastOneWins) {
         {"<!-- TAX 9.00 TAX -->\n", &Order::SalesTaxEd, "9.00"},      // a line feed alone
         {"<!-- BY? Ann BY? -->", &Order::ByEd, "Ann"},                // no line end at all
     };
-    for (const auto& given : cases) {
-        Order order;
-        order.JobNumberEd = "kept";
-        readMarkers(given.document, order);
-        EXPECT_EQ(order.*given.field, given.value) << given.document;
+    for (const auto& [document, field, value] : cases) {
+        Order order = orderWith({{&Order::JobNumberEd, "kept"}});
+        readMarkers(document, order);
+        EXPECT_EQ(order.*field, value) << document;
     }
 }
 
 TEST(Reader, StatusLettersChooseKindAndReceivedMark) {
-    const auto status = [](const std::string& letter) {
+    for (const std::string letter : {"A", "a", "R", "r", "D"}) {
         Order order;
         order.kind = OrderKind::Requisition;
         readMarkers("<!-- STA " + letter + " STA -->\r\n", order);
-        return statusOf(order);
-    };
-    for (const char* letter : {"A", "a", "R", "r"})
-        EXPECT_EQ(status(letter), letter);
-    EXPECT_EQ(status("D"), "R");  // nothing chosen
+        EXPECT_EQ(statusOf(order), letter == "D" ? "R" : letter) << "D chooses nothing";
+    }
 }
 
 TEST(Reader, ItemLinesAddLinesWithTheCellsTheyHave) {
     Order order;
     readMarkers("<!-- ITM 1\t\t\tea\r\n<!-- ITM 2\t\t\tea\td\t1\t2.00\t7\textra\r\n", order);
-    ASSERT_EQ(order.lines.size(), 2u);
-    EXPECT_EQ(order.lines[0], (OrderLine{"1", "", "", "ea", "", "", "", ""}));
-    EXPECT_EQ(order.lines[1], (OrderLine{"2", "", "", "ea", "d", "1", "2.00", "7"}));
+    EXPECT_EQ(order.lines, (std::vector<OrderLine>{{"1", "", "", "ea", "", "", "", ""},
+                                                   {"2", "", "", "ea", "d", "1", "2.00", "7"}}));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "support/office.h"
 #include "support/regions.h"
+#include "support/sample_orders.h"
 
 namespace bramblet::test {
 namespace {
@@ -15,9 +16,7 @@ class OrderIndexTest : public ::testing::Test {
     std::string bytes() const { return contentOf(folder_ / "po_data.dat"); }
     void write(const std::string& bytes) const { writeFile(folder_ / "po_data.dat", bytes); }
     static Order numbered(const std::string& number) {
-        Order order;
-        order.PONoEd = number;
-        return order;
+        return orderWith({{&Order::PONoEd, number}});
     }
 
     RegionalFormats formats_ = enUS();
@@ -25,19 +24,19 @@ class OrderIndexTest : public ::testing::Test {
 };
 
 TEST_F(OrderIndexTest, ARecordToTheByte) {
-    Order order = numbered(" 000123 ");
+    Order order = orderWith({{&Order::PONoEd, " 000123 "},
+                             {&Order::JobNumberEd, " J-77"},
+                             {&Order::OrderDateEd, "3/4/26"},
+                             {&Order::ToCombo, "Caf\xE9 Supply"},
+                             {&Order::OrderTotalEd, "$1,234.50"},
+                             {&Order::ShipToCombo, std::string(70, 'w')},
+                             {&Order::ShippingEd, ""},
+                             {&Order::SalesTaxEd, "0.01"},
+                             {&Order::NetTotalEd, "-2.00"},
+                             {&Order::DiscountEd, "none"},
+                             {&Order::SubTotalEd, "922,337,203,685.00"}});
     order.kind = OrderKind::Requisition;
     order.MarkReceivedCheck = true;
-    order.JobNumberEd = " J-77";
-    order.OrderDateEd = "3/4/26";
-    order.ToCombo = "Caf\xE9 Supply";
-    order.ShipToCombo = std::string(70, 'w');
-    order.OrderTotalEd = "$1,234.50";
-    order.ShippingEd = "";
-    order.SalesTaxEd = "0.01";
-    order.NetTotalEd = "-2.00";
-    order.DiscountEd = "none";
-    order.SubTotalEd = "922,337,203,685.00";
     index().RecordData(order);
     const std::string date("\0\0\0\0\xA0\x80\xE6\x40", 8);  // 46,085 days, as a double
     const std::string zero(8, '\0');
@@ -62,9 +61,7 @@ TEST_F(OrderIndexTest, NumbersGoOnFromTheHighestDeletedOnesIncluded) {
 TEST_F(OrderIndexTest, SavingAgainRewritesTheFirstRecordOfTheNumber) {
     const std::string twin = fitted("A000001", 203);
     write(fitted("A000002", 203) + twin + twin);
-    Order order = numbered("000001");
-    order.JobNumberEd = "first";
-    index().RecordData(order);
+    index().RecordData(orderWith({{&Order::PONoEd, "000001"}, {&Order::JobNumberEd, "first"}}));
     EXPECT_EQ(bytes().size(), 3 * 203u);
     EXPECT_EQ(bytes().substr(203 + 7, 5), "first");
     EXPECT_EQ(bytes().substr(2 * 203), twin);
@@ -89,10 +86,8 @@ TEST_F(OrderIndexTest, DeletingKeepsTheRecordsOtherBytes) {
 
 TEST_F(OrderIndexTest, PendingOrdersAndUnreadableDatesWriteNothing) {
     index().RecordData(numbered(" (PEND)"));
-    Order order = numbered("000001");
-    order.ShipDateEd = "33/3/26";
     try {
-        index().RecordData(order);
+        index().RecordData(orderWith({{&Order::PONoEd, "1"}, {&Order::ShipDateEd, "33/3/26"}}));
         ADD_FAILURE() << "no fault";
     } catch (const Fault& fault) {
         EXPECT_EQ(fault.inWords(), "\"33/3/26\" in the box On Site is not a date");
@@ -114,10 +109,9 @@ TEST_F(OrderIndexTest, CountsAreRoundedAndSixteenBit) {
 
 TEST_F(OrderIndexTest, AmountsOfOtherRegionsAreReadAsShown) {
     formats_ = deDE();
-    Order order = numbered("000001");
-    order.OrderTotalEd = "1.234,50";
-    order.OrderDateEd = "04.03.2026";
-    index().RecordData(order);
+    index().RecordData(orderWith({{&Order::PONoEd, "000001"},
+                                  {&Order::OrderTotalEd, "1.234,50"},
+                                  {&Order::OrderDateEd, "04.03.2026"}}));
     const OrderIndexRecord record = index().readAll().front();
     EXPECT_EQ(record.OrderTotal.tenThousandths, 12345000);
     EXPECT_EQ(record.OrderDate, kToday);

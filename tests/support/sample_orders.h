@@ -1,17 +1,25 @@
-// Documents of made-up orders.
+// Made-up orders and their documents.
 #pragma once
 
 #include "core/document/document_writer.h"
 #include "core/document/totals.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace bramblet::test {
 
+inline Order orderWith(const std::vector<std::pair<OrderField, std::string>>& texts) {
+    Order order;
+    for (const auto& [field, text] : texts)
+        order.*field = text;
+    return order;
+}
+
 /// An order of many lines, some with long descriptions.
 inline std::string longDocument(int lines) {
-    Order order;
-    order.PONoEd = "000200";
+    Order order = orderWith({{&Order::PONoEd, "000200"}});
     for (int i = 1; i <= lines; ++i) {
         const std::string number = std::to_string(i);
         const std::string more = i % 7 == 0 ? " with a description of many words that goes on" : "";
@@ -27,6 +35,14 @@ inline std::string longDocument(int lines) {
     settings.IDText1 = "Larkfield Joinery";
     TotalUp(order, false, {});
     return orderDocument(order, {settings, false, {}});
+}
+
+/// How often a part occurs in a text.
+inline std::size_t count(const std::string& text, const std::string& part) {
+    std::size_t found = 0;
+    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++found;
+    return found;
 }
 
 }  // namespace bramblet::test
