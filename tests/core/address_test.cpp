@@ -224,10 +224,8 @@ TEST_F(AddressBookTest, AnAddressWithoutANameStaysOverTheFirstSave) {
 
 TEST_F(AddressBookTest, SavingAVendorListsItsItemsAndIsWorthSaving) {
     StockList& stock = program().stock;
-    for (const char* vendor : {"Acme", "Bolt"}) {
-        stock.boxes = {"", vendor, "ea", std::string("of ") + vendor, "1"};
-        stock.SaveNewStockItem_Click();
-    }
+    saveItem("nail", "Acme");
+    saveItem("bolt", "Bolt");
     typeName(Vendor, "");
     stock.VendorItemsCheck_Click(true);
     EXPECT_EQ(stock.rowCount(), 2);

@@ -85,7 +85,7 @@ TEST_F(CsvExportFlow, TheFileIsWrittenAndOpenedOnlyWhenWanted) {
     writeFile(target, "");  // nothing to lose: no question
     desktop.opens = false;
     exportTo(target, {}, Answer::Yes);
-    EXPECT_TRUE(contains(prompts.lastLine, "No program"));
+    expectSaid("No program");
 }
 
 TEST_F(CsvExportFlow, AnUnwritableTargetSaysSo) {
@@ -93,7 +93,7 @@ TEST_F(CsvExportFlow, AnUnwritableTargetSaysSo) {
     for (const auto& path : {documents / "nowhere/Orders.csv", target}) {
         prompts.lastLine.clear();
         exportTo(path);
-        EXPECT_TRUE(contains(prompts.lastLine, "not exported"));
+        expectSaid("not exported");
     }
     EXPECT_EQ(waits, 0);
 }

@@ -26,9 +26,6 @@ class OrderFlows : public Office {
         EXPECT_EQ(dirty(), changed);
         EXPECT_EQ(saveEnabled(), changed);
     }
-    void expectSaid(const std::string& part) {
-        EXPECT_TRUE(contains(prompts.lastLine, part)) << prompts.lastLine;
-    }
     void saveNew(Answer answer = Answer::Yes) {
         prompts.expect(yesNo("Save new Bramblet Number?", "Save PO?"), answer);
         save();

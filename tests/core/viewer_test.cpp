@@ -79,7 +79,7 @@ TEST_F(Viewer, WhatCannotBeTotalledWrittenOrReadIsNotShown) {
     type(&Order::ShippingEd, "1");
     given(&Order::PONoEd, "../1");
     viewer().MakeOrder_Click();
-    EXPECT_TRUE(contains(prompts.lastLine, "../1")) << prompts.lastLine;
+    expectSaid("../1");
     EXPECT_EQ(shown, 0);
 }
 

@@ -68,6 +68,17 @@ class Office : public ::testing::Test {
     bool dirty() const { return program_->open.OrderDirty; }
     bool saveEnabled() const { return program_->open.SaveChangesEnabled; }
     std::string caption() const { return program_->open.caption; }
+    /// Its lines, for example "2 ea Hammer 10 20.00 special; 1 ...".
+    std::string lines() const {
+        std::string text;
+        for (const OrderLine& line : order().lines) {
+            text += (text.empty() ? "" : "; ") + line[kQuantity] + " " + line[kUnit] + " " +
+                    line[kDescription] + " " + line[kUnitCost] + " " + line[kLineTotal] + " " +
+                    line[kFileNumber];
+            EXPECT_EQ(line[kSpareColumn1] + line[kSpareColumn2], "");
+        }
+        return text;
+    }
     /// What the user does when typing into a box.
     void type(OrderField field, const std::string& text) { program_->editor.edit(field, text); }
     /// Puts the order into a state without marking it as changed.
@@ -87,6 +98,14 @@ class Office : public ::testing::Test {
         program_->lines.OrderPop_OneTime_Click();
     }
 
+    void saveItem(const std::string& description, const std::string& vendor = "V",
+                  const std::string& cost = "1", const std::string& category = "A") {
+        program_->stock.boxes = {category, vendor, "ea", description, cost};
+        program_->stock.SaveNewStockItem_Click();
+    }
+    /// A double click on a row of the catalogue.
+    void pickItem(int row) { program_->lines.StockGrid_DblClick(program_->stock, row); }
+
     // The address book.
     const std::vector<std::string>& names(AddressSide side) const {
         return program_->addresses.shown(side).names;
@@ -105,6 +124,10 @@ class Office : public ::testing::Test {
     void pickAddress(AddressSide side, const std::string& name) {
         typeName(side, name);
         program_->addresses.Combo_Click(side);
+    }
+
+    void expectSaid(const std::string& part) const {
+        EXPECT_TRUE(contains(prompts.lastLine, part)) << prompts.lastLine << " lacks " << part;
     }
 
     // The files.
