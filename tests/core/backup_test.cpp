@@ -9,11 +9,51 @@ namespace bramblet::test {
 namespace {
 
 using Names = std::vector<std::filesystem::path>;
-constexpr auto kBackup = Backup::Kind::Backup;
-constexpr auto kRestore = Backup::Kind::Restore;
 
 class BackupTest : public Office {
   protected:
+    void TearDown() override { oddities = {}; }
+    Backup& backup() { return program().backup; }
+    std::filesystem::path target() const { return withSeparator(documents / "safe"); }
+    void wipeData() {
+        for (const auto& name : FileSystem().fileNames(data("")))
+            os::remove(data("") / name);
+    }
+    bool runTo(const std::filesystem::path& where) {
+        backup().open(Backup::Kind::Backup);
+        backup().BackUpTarget = where;
+        return backup().RunBackup_Click();
+    }
+    void backUp() {
+        prompts.expect(notice("Backup completed!", "Finished"));
+        EXPECT_TRUE(runTo(target()));
+    }
+    void expectFailure(const std::string& message, const std::filesystem::path& where) {
+        prompts.expectSaying(message);
+        EXPECT_FALSE(runTo(where)) << where << message;
+        EXPECT_FALSE(backup().running());
+    }
+    bool restore(const std::filesystem::path& from, Answer caution, const std::string& told) {
+        program().settings.BackupFolder = from.string();
+        backup().open(Backup::Kind::Restore);
+        prompts.expect({"CAUTION - this is the data restoration function, not backup! This should "
+                        "only be used to recover backup data after a disk failure, or after a bad "
+                        "import operation. This will over-write whatever you already have in your "
+                        "default data folder COMPLETELY!\r\n\r\nProceed?",
+                        "Confirm", Buttons::YesNo, Icon::Stop, Answer::No},
+                       caution);
+        if (!told.empty()) prompts.expectSaying(told);
+        return backup().RunBackup_Click();
+    }
+    void verify(const std::string& result, Icon icon = Icon::Information) {
+        prompts.expect(notice(result, "Verify", icon));
+        backup().Verify_Click();
+    }
+    Names inTarget() const {
+        Names names = FileSystem().fileNames(target());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
     void SetUp() override {
         start();
         std::filesystem::create_directory(target());
@@ -27,61 +67,13 @@ class BackupTest : public Office {
         std::filesystem::create_symlink("nowhere", data("dangling.dat"));  // no such file
 #endif
     }
-    void TearDown() override {
-        oddities = {};
-    }
-
-    Backup& backup() {
-        return program().backup;
-    }
-    std::filesystem::path target() const {
-        return withSeparator(documents / "safe");
-    }
-    void wipeData() {
-        for (const auto& name : FileSystem().fileNames(data("")))
-            os::remove(data("") / name);
-    }
-    void open(Backup::Kind kind, const std::filesystem::path& where) {
-        backup().open(kind);
-        backup().BackUpTarget = where;
-    }
-    void expectCaution(Answer answer) {
-        prompts.expect({"CAUTION - this is the data restoration function, not backup! This should "
-                        "only be used to recover backup data after a disk failure, or after a bad "
-                        "import operation. This will over-write whatever you already have in your "
-                        "default data folder COMPLETELY!\r\n\r\nProceed?",
-                        "Confirm", Buttons::YesNo, Icon::Stop, Answer::No},
-                       answer);
-    }
-    /// A run that is expected to copy everything.
-    void run(Backup::Kind kind, const std::filesystem::path& where) {
-        open(kind, where);
-        if (kind == kRestore) expectCaution(Answer::Yes);
-        prompts.expect(
-            notice(kind == kBackup ? "Backup completed!" : "Restoration completed!", "Finished"));
-        EXPECT_TRUE(backup().RunBackup_Click());
-    }
-    void expectFailure(const std::string& message = "", const std::filesystem::path& where = {}) {
-        open(kBackup, where.empty() ? target() : where);
-        if (!message.empty()) prompts.expectSaying(message);
-        EXPECT_FALSE(backup().RunBackup_Click()) << where << message;
-        EXPECT_FALSE(backup().running());
-    }
-    void verify(const std::string& result, Icon icon = Icon::Information) {
-        prompts.expect(notice(result, "Verify", icon));
-        backup().Verify_Click();
-    }
-    Names inTarget() const {
-        Names names = FileSystem().fileNames(target());
-        std::sort(names.begin(), names.end());
-        return names;
-    }
 };
 
 TEST_F(BackupTest, TheFilesOfThePatternAreCopiedWithTheirTimes) {
     writeFile(target() / "a.dat", "an older copy");
     os::setModified(data("a.dat"), 1'000'000'000'000'000'000);
-    run(kBackup, "  " + (documents / "safe").string() + " ");
+    prompts.expect(notice("Backup completed!", "Finished"));
+    EXPECT_TRUE(runTo("  " + (documents / "safe").string() + " "));
     EXPECT_EQ(inTarget(), (Names{"B.HTM", "a.dat", "c.Gif", "d.jpg", "e.bmp"}));
     EXPECT_EQ(contentOf(target() / "a.dat"), "content of a.dat");
     EXPECT_EQ(os::status(target() / "a.dat").modified, 1'000'000'000'000'000'000);
@@ -94,26 +86,27 @@ TEST_F(BackupTest, TheTopGraphicGoesAlongWhateverKindOfPictureItIs) {
     writeFile(data("Letterhead.png"), "PNG");
     writeFile(data("other.png"), "PNG");
     program().settings.TopGraphic = "letterhead.PNG  ";
-    run(kBackup, target());
+    backUp();
     verify("6 files agree, 0 differ, 0 missing.");
     os::remove(data("Letterhead.png"));
-    program().settings.BackupFolder = target().string();
-    run(kRestore, program().folder.DataPath());
-    EXPECT_EQ(contentOf(data("Letterhead.png")), "PNG");
+    EXPECT_FALSE(restore(target(), Answer::No, ""));
+    EXPECT_FALSE(os::exists(data("Letterhead.png"))) << "not without consent";
+    EXPECT_TRUE(restore(target(), Answer::Yes, "Restoration completed!"));
+    EXPECT_EQ(stored("Letterhead.png"), "PNG");
     EXPECT_FALSE(os::exists(target() / "other.png"));
 }
 
 TEST_F(BackupTest, TheFoldersThatTheWindowsStartWith) {
     const std::filesystem::path dataPath = program().folder.DataPath();
     program().settings.BackupFolder = "   ";
-    backup().open(kBackup);
+    backup().open(Backup::Kind::Backup);
     EXPECT_EQ(backup().BackUpTarget, dataPath);
     EXPECT_EQ(backup().Backuplist, dataPath);
     prompts.expectChoice(dataPath, target());
     backup().SelectTarget_Click();
     EXPECT_EQ(prompts.lastChoice.title, "Select a folder...");
     EXPECT_EQ(program().settings.BackupFolder, target());
-    backup().open(kRestore);
+    backup().open(Backup::Kind::Restore);
     EXPECT_EQ(backup().Backuplist, target());
     EXPECT_EQ(backup().BackUpTarget, dataPath);
     writeFile(documents / "x.dat", "");
@@ -127,7 +120,7 @@ TEST_F(BackupTest, TheFoldersThatTheWindowsStartWith) {
 }
 
 TEST_F(BackupTest, ATargetHasToBeNamedInFullAndIsNeverTheSource) {
-    for (const char* typed : {" ", "   ", "safe"})
+    for (const char* typed : {"", "   ", "safe"})
         expectFailure("Please select a target folder", typed);
     const std::filesystem::path source = program().folder.DataPath();
     Names folders{source, " " + upper(source.string()) + " "};
@@ -136,28 +129,16 @@ TEST_F(BackupTest, ATargetHasToBeNamedInFullAndIsNeverTheSource) {
     folders.push_back(documents / "link");
 #endif
     for (const auto& folder : folders)
-        expectFailure("Target and source are the same! Please select a different", folder);
-}
-
-TEST_F(BackupTest, ADeclinedRestoreCopiesNothing) {
-    program().settings.BackupFolder = target().string();
-    writeFile(target() / "a.dat", "from the backup");
-    backup().open(kRestore);
-    expectCaution(Answer::No);
-    EXPECT_FALSE(backup().RunBackup_Click());
-    EXPECT_EQ(stored("a.dat"), "content of a.dat");
+        expectFailure("Target and source are the same! Please select a different target folder.",
+                      folder);
 }
 
 TEST_F(BackupTest, AFolderThatIsGoneOrEmptyIsNoSuccess) {
-    program().settings.BackupFolder = (documents / "unplugged").string();
-    backup().open(kRestore);
+    EXPECT_FALSE(restore(documents / "unplugged", Answer::Yes, "Error number: 76"));
     backup().list();
     EXPECT_TRUE(contains(backup().BackUpProgress, "cannot be read"));
-    expectCaution(Answer::Yes);
-    prompts.expectSaying("Error number: 76");
-    EXPECT_FALSE(backup().RunBackup_Click());
     wipeData();
-    expectFailure("There are no data files in");
+    expectFailure("There are no data files in", target());
     prompts.expectSaying("There are no data files in");
     backup().Verify_Click();
 }
@@ -169,7 +150,7 @@ TEST_F(BackupTest, DuringARunNothingElseIsBegun) {
         backup().Verify_Click();
         backup().StopBackup_Click();
     };
-    expectFailure();
+    EXPECT_FALSE(runTo(target()));
     EXPECT_EQ(inTarget(), Names{});
 }
 
@@ -183,7 +164,8 @@ TEST_F(BackupTest, ARunAndItsPreparationsStopBeforeTheNextFile) {
         backup().onChange = [&, where = doing] {
             if (backup().BackUpProgress == where) backup().StopBackup_Click();
         };
-        expectFailure();
+        EXPECT_FALSE(runTo(target()));
+        EXPECT_FALSE(backup().running());
         EXPECT_EQ(backup().BackUpProgress, progress);
         EXPECT_EQ(prompts.lastLine, line);
     }
@@ -195,7 +177,7 @@ TEST_F(BackupTest, ATargetThatRefusesTimesFlushingOrItsSizeIsBackedUpTo) {
     for (const int error : {EPERM, EOPNOTSUPP, ENOSYS}) {
         oddities.flushError = oddities.timesError = error;
         oddities.tellsSizes = oddities.tellsKinds = false;
-        run(kBackup, target());
+        backUp();
         EXPECT_EQ(inTarget().size(), 5u);
         for (const auto& name : inTarget())
             os::remove(target() / name);
@@ -204,16 +186,16 @@ TEST_F(BackupTest, ATargetThatRefusesTimesFlushingOrItsSizeIsBackedUpTo) {
 
 TEST_F(BackupTest, WhatCannotBeListedOrLookedAtIsNeverLeftOut) {
     oddities.listingError = EIO;
-    expectFailure("Error number: 57");
+    expectFailure("Error number: 57", target());
     oddities.listingError = 0;
     oddities.lostPath = "/c.Gif";
     for (const bool tellsKinds : {true, false}) {
         oddities.tellsKinds = tellsKinds;
-        expectFailure("Error number: 57");
+        expectFailure("Error number: 57", target());
         EXPECT_EQ(backup().BackUpProgress, "Aborted at c.Gif: Device I/O error (error 57)");
     }
     oddities.lostPath = "/notes.txt";
-    run(kBackup, target());
+    backUp();
     EXPECT_EQ(inTarget().size(), 5u) << "a file that is not wanted may be lost";
 }
 
@@ -222,7 +204,7 @@ TEST_F(BackupTest, NamesThatTheCodePageLacksOrThatAreNoTextAreCopiedAsTheyAre) {
     const Names names{"caf\xC3\xA9.htm", "caf\xE9.htm", "\xC5\x82.htm"};
     for (const auto& name : names)
         writeFile(data("") / name, "content");
-    run(kBackup, target());
+    backUp();
     EXPECT_EQ(inTarget(), names);
     verify("3 files agree, 0 differ, 0 missing.");
 }
@@ -231,7 +213,7 @@ TEST_F(BackupTest, WhatWillNotFitIsNotBegun) {
     writeFile(data("huge.dat"), "");  // all but a hole
     std::filesystem::resize_file(data("huge.dat"),
                                  FileSystem().freeSpace(target()).value() + (1 << 30));
-    expectFailure("Error name: Disk full\r\n\r\nError number: 61");
+    expectFailure("Error name: Disk full\r\n\r\nError number: 61", target());
     EXPECT_EQ(inTarget(), Names{});
 }
 #endif
@@ -246,7 +228,7 @@ TEST_F(BackupTest, AnErrorEndsTheRunAndLeavesNoHalfFile) {
         "that Quenmoor tech support will be able to help in a timely manner. Thanks, and sorry you "
         "are having trouble!",
         "Bramblet", Icon::Stop));
-    expectFailure();
+    EXPECT_FALSE(runTo(target()));
     EXPECT_EQ(inTarget(), (Names{"B.HTM", "a.dat"})) << "copied so far, and nothing else";
     EXPECT_EQ(backup().progress().files, 2u);
     EXPECT_EQ(backup().BackUpProgress, "Aborted at c.Gif: Path/File access error (error 75)");
@@ -254,7 +236,7 @@ TEST_F(BackupTest, AnErrorEndsTheRunAndLeavesNoHalfFile) {
 }
 
 TEST_F(BackupTest, VerifyTellsWhatAgreesDiffersAndIsMissing) {
-    run(kBackup, target());
+    backUp();
     verify("5 files agree, 0 differ, 0 missing.");
     writeFile(target() / "a.dat", "content of A.dat");  // as long as the source
     writeFile(target() / "B.HTM", "shorter");
@@ -278,14 +260,13 @@ TEST_F(BackupTest, AWipedDataFolderComesBackWhole) {
         type(&Order::ByEd, "Ann " + std::to_string(i % 3));
         save();
     }
-    run(kBackup, target());
+    backUp();
     const std::string index = stored("po_data.dat");
     const std::string document = stored("000007.htm");
     wipeData();
     start();
     EXPECT_EQ(program().savedOrders.rowCount(), 0);
-    program().settings.BackupFolder = target().string();
-    run(kRestore, program().folder.DataPath());
+    EXPECT_TRUE(restore(target(), Answer::Yes, "Restoration completed!"));
     EXPECT_EQ(stored("po_data.dat"), index);
     EXPECT_EQ(stored("000007.htm"), document);
     EXPECT_EQ(program().savedOrders.rowCount(), 40) << "the lists are filled anew";

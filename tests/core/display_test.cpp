@@ -31,15 +31,13 @@ TEST(DisplayHtml, TheFrameBecomesThePagesWidth) {
 }
 
 TEST(DisplayHtml, TheWidthOfAFormIsWithinReason) {
-    const std::vector<std::pair<std::string, int>> cases{
-        {"999", 999},
-        {"5", 100},
-        {"50%", 320},
-        {"", 640},
-        {"wide", 640},
-        {"9e9", 100},
-        {"99999999999999999999", 1000},
-    };
+    const std::vector<std::pair<std::string, int>> cases{{"999", 999},
+                                                         {"5", 100},
+                                                         {"50%", 320},
+                                                         {"", 640},
+                                                         {"wide", 640},
+                                                         {"9e9", 100},
+                                                         {"99999999999999999999", 1000}};
     for (const auto& [width, pixels] : cases) {
         EXPECT_EQ(displayPage("<table border=0 width=\"" + width + "\"><tr><td>", 1).width, pixels)
             << width;
@@ -117,8 +115,7 @@ TEST(DisplayHtml, FontSizesAreAbsoluteOrRelativeToTheBase) {
     const std::string huge = "99999999999999999999999";
     const std::vector<std::pair<std::string, std::string>> cases{
         {"+2", "18"}, {"-1", "10"},       {"99", "48"}, {"1e20", "10"},
-        {huge, "48"}, {"-" + huge, "10"}, {"x", "10"},
-    };
+        {huge, "48"}, {"-" + huge, "10"}, {"x", "10"}};
     for (const auto& [size, pixels] : cases) {
         EXPECT_EQ(shownAs("<basefont size=\"2\"><font size=\"" + size + "\">a"),
                   "<span style=\"font-size:" + pixels + "px;\">a</span>");

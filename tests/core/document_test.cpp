@@ -14,24 +14,23 @@ namespace {
 
 /// An order as the screen shows it after a total-up.
 Order sampleOrder() {
-    Order order = orderWith({
-        {&Order::PONoEd, "000123"},
-        {&Order::JobNumberEd, " J-77 "},
-        {&Order::OrderDateEd, "3/4/2026"},
-        {&Order::ShipDateEd, "3/20/2026"},
-        {&Order::ToCombo, "Acme Supply"},
-        {&Order::ToField, "12 Mill Road\r\n\r\nLeeds <orders@acme.example>\r\nattn: Jo"},
-        {&Order::ShipToCombo, "Main Depot"},
-        {&Order::ShipToField, "1 Dock Street"},
-        {&Order::ByEd, "Ann"},
-        {&Order::ShipViaEd, "Truck"},
-        {&Order::FOBEd, "Leeds"},
-        {&Order::TermsEd, "Net 30"},
-        {&Order::CommentsEd, "Deliver before noon"},
-        {&Order::DiscountFactorEd, ".1"},
-        {&Order::TaxFactorEd, ".065"},
-        {&Order::ShippingEd, "10"},
-    });
+    Order order =
+        orderWith({{&Order::PONoEd, "000123"},
+                   {&Order::JobNumberEd, " J-77 "},
+                   {&Order::OrderDateEd, "3/4/2026"},
+                   {&Order::ShipDateEd, "3/20/2026"},
+                   {&Order::ToCombo, "Acme Supply"},
+                   {&Order::ToField, "12 Mill Road\r\n\r\nLeeds <orders@acme.example>\r\nattn: Jo"},
+                   {&Order::ShipToCombo, "Main Depot"},
+                   {&Order::ShipToField, "1 Dock Street"},
+                   {&Order::ByEd, "Ann"},
+                   {&Order::ShipViaEd, "Truck"},
+                   {&Order::FOBEd, "Leeds"},
+                   {&Order::TermsEd, "Net 30"},
+                   {&Order::CommentsEd, "Deliver before noon"},
+                   {&Order::DiscountFactorEd, ".1"},
+                   {&Order::TaxFactorEd, ".065"},
+                   {&Order::ShippingEd, "10"}});
     order.lines = {{"2", "", "", "box", "Nails, 40 mm", "12.50", "25.00", "17"},
                    {"1", "", "", "ea", "Caf\xE9 table", "100", "100.00", "special"}};
     TotalUp(order, false, enUS());

@@ -136,18 +136,16 @@ TEST_F(Viewer, PicturesComeFromTheDataFolderAlone) {
 
 TEST_F(Viewer, APdfReplacesAnotherFileOnlyWhenTheUserSaysSo) {
     viewSavedOrder();
-    const std::filesystem::path path = documents / "1.pdf";
-    const auto savePdf = [&](const std::filesystem::path& where, const std::string& pdf,
-                             const std::optional<Answer>& replace = {}) {
-        prompts.expectChoice("000001.pdf", where);
-        if (replace) prompts.expect(replaceQuestion(), *replace);
-        viewer().SavePdf_Click([&] { return pdf; });
+    const auto savePdf = [&](const std::string& name, const std::optional<Message>& told = {}) {
+        prompts.expectChoice("000001.pdf", documents / name);
+        if (told) prompts.expect(*told, Answer::No);
+        viewer().SavePdf_Click([] { return "%PDF"; });
     };
-    savePdf(path, "%PDF one");
-    savePdf(path, "%PDF two", Answer::No);
-    EXPECT_EQ(contentOf(path), "%PDF one");
-    savePdf(path, "%PDF two", Answer::Yes);
-    EXPECT_EQ(contentOf(path), "%PDF two");
+    savePdf("1.pdf");
+    EXPECT_EQ(contentOf(documents / "1.pdf"), "%PDF");
+    writeFile(documents / "1.pdf", "another");
+    savePdf("1.pdf", replaceQuestion());
+    EXPECT_EQ(contentOf(documents / "1.pdf"), "another");
     std::filesystem::create_directory(documents / "folder.pdf");
     for (const std::string name : {"nowhere/1.pdf", "folder.pdf/"}) {
         prompts.expectChoice("000001.pdf", documents / name);
