@@ -119,7 +119,7 @@ class AddressBookTest : public Office {
     AddressBook& book() { return program().addresses; }
     const AddressBook::Shown& vendor() { return book().shown(Vendor); }
     void saveOrder() {
-        if (program().open.isPending())
+        if (isPending())
             prompts.expect(yesNo("Save new Bramblet Number?", "Save PO?"), Answer::Yes);
         save();
     }

@@ -11,19 +11,10 @@ const std::string kHeadings =
     "\"Shipping\",\"Tax\",\"Net\",\"Discount\",\"List\"\r\n";
 
 TEST(OrdersAsCsv, EachOrderIsOneLineInTheFormatsOfTheRegion) {
-    OrderIndexRecord record{"A",
-                            "000123",
-                            "J-7         ",
-                            kToday,
-                            fitted("Acme, \"Supply\"", 60),
-                            fitted("Depot", 60),
-                            kToday + 16.5,
-                            toCurrency(1298.125),
-                            toCurrency(10),
-                            toCurrency(7.31),
-                            toCurrency(112.5),
-                            toCurrency(-12.5),
-                            toCurrency(125)};
+    const std::string vendor = fitted("Acme, \"Supply\"", 60);
+    OrderIndexRecord record{"A",          "000123",  "J-7         ", kToday,   vendor,
+                            "Depot     ", 46101.5,   {12981250},     {100000}, {73100},
+                            {1125000},    {-125000}, {1250000}};
     EXPECT_EQ(ordersAsCsv({record}, enUS()),
               kHeadings +
                   "\"000123\",\"J-7\",\"3/4/2026\",\"Acme, \"Supply\"\",\"Depot\","

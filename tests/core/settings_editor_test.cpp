@@ -15,21 +15,6 @@ class SettingsEditing : public Office {
     Settings& settings() { return program().settings; }
 };
 
-TEST_F(SettingsEditing, TheBoxesShowWhatIsSetTrimmed) {
-    settings().FontName = fitted("Verdana", 200);
-    settings().FormWidth = "640";
-    settings().SigLineSpace = -3;
-    settings().UseTopGraphic = "N";
-    settings().UseReqNumber = "?";
-    settings().TaxFreight = "Y";
-    editor().load();
-    EXPECT_EQ(boxes().FontNameEd, "Verdana");
-    EXPECT_EQ(settings().FontName, "Verdana") << "stored back trimmed";
-    EXPECT_EQ(boxes().WidthEd + boxes().SigLineSpaceEd, "640-3");
-    EXPECT_FALSE(boxes().Option1 || boxes().UseReqNumberCheck);
-    EXPECT_TRUE(boxes().TaxFreightCheck);
-}
-
 TEST_F(SettingsEditing, TheStepsActAtOnceAndHaveNoLimits) {
     using Editor = SettingsEditor;
     using Boxes = SettingsBoxes;
@@ -62,13 +47,19 @@ TEST_F(SettingsEditing, TheStepsActAtOnceAndHaveNoLimits) {
     EXPECT_EQ(settings().UseTopGraphic, "N");
 }
 
-TEST_F(SettingsEditing, WhatIsTypedCountsFromSaveOn) {
+TEST_F(SettingsEditing, TheBoxesShowWhatIsSetAndWhatIsTypedCountsFromSaveOn) {
+    settings().FontName = fitted("Verdana", 200);
+    settings().UseTopGraphic = settings().TaxFreight = "Y";
+    settings().UseReqNumber = "?";
+    editor().load();
+    EXPECT_EQ(boxes().FontNameEd + settings().FontName, "VerdanaVerdana") << "stored back trimmed";
+    EXPECT_TRUE(boxes().Option1 && boxes().TaxFreightCheck && !boxes().UseReqNumberCheck);
     boxes().IDText1 = std::string(70, 'x');
     boxes().PrefixEd = " BR-123456789";
     boxes().WidthEd = "1000";
     boxes().SigLineSpaceEd = " 12 ";
     boxes().DescriptionLineEd = "70.5";
-    boxes().Option1 = false;
+    boxes().Option1 = boxes().TaxFreightCheck = false;
     boxes().UseQuantitiesCheck = boxes().RequestForQuoteCheck = true;
     EXPECT_NE(settings().NumberPrefix, " BR-123456");
     EXPECT_TRUE(editor().Command1_Click());

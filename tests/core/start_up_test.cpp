@@ -21,7 +21,7 @@ TEST_F(StartUp, ShowsAnEmptyPendingOrderDatedToday) {
     EXPECT_EQ(order().PONoEd, "(PEND)");
     EXPECT_EQ(order().OrderDateEd, "3/4/2026");
     EXPECT_EQ(order().DiscountFactorEd + order().OrderTotalEd, "0.00");
-    EXPECT_FALSE(saveEnabled() || program().open.Save_POEnabled);
+    EXPECT_FALSE(saveEnabled() || copyEnabled());
     EXPECT_TRUE(program().folder.DataPathOK());
     EXPECT_FALSE(os::exists(data("testfile.tmp")));
     for (const std::filesystem::path folder : {"/home/me", "/home/me/"})

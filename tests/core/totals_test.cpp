@@ -101,18 +101,16 @@ TEST(Totals, InARegionWithACommaForDecimals) {
 }
 
 TEST(Totals, AMultiplierAboveOneIsTold) {
-    const std::string huge = "1" + std::string(308, '0');
-    for (const auto& [discount, tax, hint] : std::vector<std::array<std::string, 3>>{
-             {"1", ".065", ""},
-             {"15", "", "The discount multiplier 15 stands for 1500%; 50% is written 0.5"},
-             {"1.5", "6.5",
-              "The discount multiplier 1.5 stands for 150%; the tax multiplier 6.5 stands for "
-              "650%; 50% is written 0.5"},
-             {"0", huge,
-              "The tax multiplier 10000000000000000000 stands for far too much; 50% is written "
-              "0.5"},
-         }) {
-        EXPECT_EQ(multiplierHint(orderOf("", discount + "||" + tax), enUS()), hint);
+    const std::array<std::string, 3> cases[] = {
+        {"1", ".065", ""},
+        {"15", "", "The discount multiplier 15 stands for 1500%"},
+        {"1.5", "6.5",
+         "The discount multiplier 1.5 stands for 150%; the tax multiplier 6.5 stands for 650%"},
+        {"0", "1" + std::string(308, '0'),
+         "The tax multiplier 10000000000000000000 stands for far too much"}};
+    for (const auto& [discount, tax, hint] : cases) {
+        EXPECT_EQ(multiplierHint(orderOf("", discount + "||" + tax), enUS()),
+                  hint.empty() ? "" : hint + "; 50% is written 0.5");
     }
 }
 

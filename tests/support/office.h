@@ -8,6 +8,7 @@
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 
+#include <functional>
 #include <memory>
 
 namespace bramblet::test {
@@ -67,7 +68,12 @@ class Office : public ::testing::Test {
     const Order& order() const { return program_->open.order; }
     bool dirty() const { return program_->open.OrderDirty; }
     bool saveEnabled() const { return program_->open.SaveChangesEnabled; }
+    bool copyEnabled() const { return program_->open.Save_POEnabled; }
+    bool isPending() const { return program_->open.isPending(); }
+    bool numberUnlocked() const { return program_->open.numberUnlocked; }
+    bool dateRefused() const { return program_->open.dateRefused; }
     std::string caption() const { return program_->open.caption; }
+    void onOrderChange(std::function<void()> watch) { program_->open.onChange = std::move(watch); }
     /// Its lines, for example "2 ea Hammer 10 20.00 special; 1 ...".
     std::string lines() const {
         std::string text;
@@ -83,8 +89,16 @@ class Office : public ::testing::Test {
     void type(OrderField field, const std::string& text) { program_->editor.edit(field, text); }
     /// Puts the order into a state without marking it as changed.
     void given(const Order& order) { program_->open.order = order; }
-    void given(OrderField field, const std::string& text) { program_->open.order.*field = text; }
-    void given(const OrderLine& line) { program_->open.order.lines = {line}; }
+    void given(OrderField field, const std::string& text) {
+        Order changed = order();
+        changed.*field = text;
+        given(changed);
+    }
+    void given(const OrderLine& line) {
+        Order changed = order();
+        changed.lines = {line};
+        given(changed);
+    }
     void givenUnchanged() { program_->open.markSaved(); }
 
     void newOrder() {
