@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -32,21 +33,19 @@ Driver::Driver(QWidget& window) : window_(window) {
 }
 
 QWidget* Driver::control(const QString& name) const {
-    QWidget* const modal = QApplication::activeModalWidget();
-    if (modal != nullptr) {
-        if (auto* found = modal->findChild<QWidget*>(name)) return found;
+    QWidgetList places = QApplication::topLevelWidgets();
+    places.prepend(&window_);
+    if (QWidget* const modal = QApplication::activeModalWidget()) places.prepend(modal);
+    for (QWidget* place : places) {
+        if (place->objectName() == name) return place;
+        if (auto* found = place->findChild<QWidget*>(name)) return found;
     }
-    if (auto* found = window_.findChild<QWidget*>(name)) return found;
-    for (QWidget* top : QApplication::topLevelWidgets()) {
-        if (top->objectName() == name) return top;
-        if (auto* found = top->findChild<QWidget*>(name)) return found;
-    }
-    giveUp(QStringLiteral("There is no ") + name);
+    giveUp("There is no " + name);
 }
 
 void Driver::click(const QString& button) {
     QWidget* const target = control(button);
-    if (!target->isEnabled()) complain(button + QStringLiteral(" is disabled"));
+    if (!target->isEnabled()) complain(button + " is disabled");
     leaveList(target);
     QTest::mouseClick(target, Qt::LeftButton);
     settle();
@@ -65,7 +64,7 @@ void Driver::type(const QString& box, const QString& text) {
     QTest::keySequence(target, QKeySequence::SelectAll);
     if (text.isEmpty()) QTest::keyClick(target, Qt::Key_Delete);
     for (const QChar c : text) {
-        if (c == QLatin1Char('\n')) {
+        if (c == '\n') {
             QTest::keyClick(target, Qt::Key_Return);
         } else {
             QTest::sendKeyEvent(QTest::Click, target, Qt::Key_unknown, QString(c), Qt::NoModifier);
@@ -77,7 +76,7 @@ void Driver::type(const QString& box, const QString& text) {
 void Driver::pick(const QString& comboBox, const QString& entry) {
     auto* const combo = find<QComboBox>(comboBox);
     const int index = combo->findText(entry, Qt::MatchExactly);
-    if (index < 0) giveUp(entry + QStringLiteral(" is not in ") + comboBox);
+    if (index < 0) giveUp(entry + " is not in " + comboBox);
     focus(combo);
     combo->showPopup();
     settle();
@@ -114,8 +113,8 @@ void Driver::press(const QString& name, Qt::Key key, Qt::KeyboardModifiers modif
 
 void Driver::trigger(const QString& action) {
     auto* const found = window_.findChild<QAction*>(action);
-    if (found == nullptr) giveUp(QStringLiteral("There is no command ") + action);
-    if (!found->isEnabled()) complain(action + QStringLiteral(" is disabled"));
+    if (found == nullptr) giveUp("There is no command " + action);
+    if (!found->isEnabled()) complain(action + " is disabled");
     found->trigger();
     settle();
 }
@@ -128,11 +127,17 @@ void Driver::clickCell(const QString& grid, int row, int column, Qt::MouseButton
 }
 
 void Driver::doubleClickCell(const QString& grid, int row, int column) {
+    clickCell(grid, row, column);
     auto* const view = find<QTableView>(grid);
-    leaveList(view);
-    const QPoint place = cellRect(view, row, column).center();
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, cellRect(view, row, column).center());
+    settle();
+}
+
+void Driver::openMenu(const QString& comboBox) {
+    QWidget* const edit = find<QComboBox>(comboBox)->lineEdit();
+    const QPoint place(4, edit->height() - 4);
+    QContextMenuEvent click(QContextMenuEvent::Mouse, place, edit->mapToGlobal(place));
+    QApplication::sendEvent(edit, &click);
     settle();
 }
 
@@ -164,21 +169,36 @@ void Driver::onNextDialog(std::function<void(QWidget& dialog)> use) {
     expected_.push_back(std::move(use));
 }
 
+void Driver::inDialog(const QString& opener, std::function<void(QWidget& dialog)> use) {
+    QWidget* const before = QApplication::activeModalWidget();
+    onNextDialog(std::move(use));
+    if (window_.findChild<QAction*>(opener) != nullptr) {
+        trigger(opener);
+    } else {
+        click(opener);
+    }
+    // Not every window keeps its opener waiting.
+    const auto closed = [&] {
+        return allAnswered() && QApplication::activeModalWidget() == before;
+    };
+    if (!QTest::qWaitFor(closed)) giveUp(opener + " did not open a window, or it did not close");
+}
+
 void Driver::answer(const QString& part, QMessageBox::StandardButton button) {
     onNextDialog([this, part, button](QWidget& dialog) {
         auto* const box = qobject_cast<QMessageBox*>(&dialog);
-        if (box == nullptr) giveUp(QStringLiteral("No message box came for: ") + part);
-        if (!box->text().contains(part)) complain(part + QStringLiteral(" / came: ") + box->text());
+        if (box == nullptr) giveUp("No message box came for: " + part);
+        if (!box->text().contains(part)) complain(part + " / came: " + box->text());
         QWidget* const pressed = box->button(button);
-        if (pressed == nullptr) giveUp(QStringLiteral("No such button: ") + box->text());
+        if (pressed == nullptr) giveUp("No such button: " + box->text());
         QTest::mouseClick(pressed, Qt::LeftButton);
     });
 }
 
 void Driver::chooseFile(const QString& path) {
     onNextDialog([this, path](QWidget& dialog) {
-        auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        if (name == nullptr) giveUp(QStringLiteral("No choice of a file came for ") + path);
+        auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
+        if (name == nullptr) giveUp("No choice of a file came for " + path);
         name->setText(path);
         QTest::keyClick(name, Qt::Key_Return);
     });
@@ -233,15 +253,15 @@ void Driver::lookForDialog() {
     }
     unexpectedFor_ += kWatchEvery;
     if (unexpectedFor_ == kPatience) {
-        complain(QStringLiteral("A dialog nobody answers: ") + modal->windowTitle());
+        complain("A dialog nobody answers: " + modal->windowTitle());
         modal->close();
     }
-    if (unexpectedFor_ > kLastPatience) giveUp(QStringLiteral("A dialog does not close"));
+    if (unexpectedFor_ > kLastPatience) giveUp("A dialog does not close");
 }
 
 QRect Driver::cellRect(QAbstractItemView* view, int row, int column) const {
     const QModelIndex index = view->model()->index(row, column);
-    if (!index.isValid()) giveUp(view->objectName() + QStringLiteral(" has no such cell"));
+    if (!index.isValid()) giveUp(view->objectName() + " has no such cell");
     view->scrollTo(index);
     settle();
     return view->visualRect(index);

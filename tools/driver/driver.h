@@ -27,7 +27,7 @@ class Driver {
     template <class Control>
     Control* find(const QString& name) const {
         auto* const found = qobject_cast<Control*>(control(name));
-        if (found == nullptr) giveUp(name + QStringLiteral(" is of another kind"));
+        if (found == nullptr) giveUp(name + " is of another kind");
         return found;
     }
 
@@ -42,6 +42,8 @@ class Driver {
     void clickCell(const QString& grid, int row, int column,
                    Qt::MouseButton button = Qt::LeftButton);
     void doubleClickCell(const QString& grid, int row, int column);
+    /// Opens the menu of a combo box's text, as a right click does.
+    void openMenu(const QString& comboBox);
     void clickHeading(const QString& grid, int column);
 
     /// What a box shows, or a grid's cell.
@@ -52,8 +54,10 @@ class Driver {
 
     /// The next modal window is handed to `use`, which must end it.
     void onNextDialog(std::function<void(QWidget& dialog)> use);
+    /// A command or a button opens a window; it is handed to `use`, which must end it.
+    void inDialog(const QString& opener, std::function<void(QWidget& dialog)> use);
     /// The next modal window is a message box that says `part`; it is answered.
-    void answer(const QString& part, QMessageBox::StandardButton button);
+    void answer(const QString& part, QMessageBox::StandardButton button = QMessageBox::Ok);
     /// The next modal window is a file dialog; this path is typed into it.
     void chooseFile(const QString& path);
     /// Whether every expected dialog has come.

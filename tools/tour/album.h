@@ -15,10 +15,8 @@ class Album {
     /// Keeps a picture under a name without extension. False if it could not be written.
     bool keep(const QString& name, const QPixmap& picture) const;
 
-    bool makesDocumentation() const { return !documentation_.isEmpty(); }
-    /// Pictures for the help are at most as wide as its text, at twice the scale.
-    bool keepForHelp(const QString& name, const QPixmap& picture) const;
-    bool keepForReadme(const QString& name, const QPixmap& picture) const;
+    /// Keeps a picture for the documentation, if that is being made, no wider than `width`.
+    bool keepFor(const QString& part, const QString& name, const QPixmap& picture, int width) const;
 
     const QString& folder() const { return folder_; }
 

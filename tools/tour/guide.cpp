@@ -2,7 +2,7 @@
 
 #include "gui/platform/theme.h"
 
-#include <QApplication>
+#include <QAbstractButton>
 #include <QPainter>
 
 #include <iostream>
@@ -15,6 +15,8 @@ constexpr int kInset = 10;   // of a number from the edge of what it points at
 constexpr int kBubble = 26;  // a number's disc
 constexpr int kShade = 40;   // darkening of what lies behind a dialog, of 255
 constexpr int kNoShade = 0;
+constexpr int kHelpWidth = 1360;  // of the help's text, at twice the scale
+constexpr int kReadmeWidth = 1600;
 
 /// Part of a picture, in the window's own pixels.
 QPixmap cut(const QPixmap& picture, const QRect& part) {
@@ -35,41 +37,50 @@ QPixmap framed(QPixmap picture) {
 }  // namespace
 
 Guide::Guide(MainWindow& window, const Album& album)
-    : window_(window), driver_(window), album_(album) {
-    driver_.complain = [this](const QString& complaint) {
+    : Driver(window), window_(window), album_(album) {
+    complain = [this](const QString& complaint) {
         std::cerr << qPrintable(complaint) << std::endl;
         complaints_ = true;
     };
 }
 
-void Guide::picture(const char* file) {
-    picture(file, window_);
+void Guide::picture(const QString& file, QWidget& window) {
+    expect(album_.keep(file, Driver::picture(window)), file);
 }
 
-void Guide::picture(const char* file, QWidget& window) {
-    expect(album_.keep(name(file), Driver::picture(window)), file);
+void Guide::pictureWith(const QString& file, QWidget& front) {
+    expect(album_.keep(file, windowWith(front, kShade)), file);
 }
 
-void Guide::pictureWith(const char* file, QWidget& front) {
-    expect(album_.keep(name(file), windowWith(front, kShade)), file);
+void Guide::pictureOfNext(const QString& file, QMessageBox::StandardButton button,
+                          const QString& helpFile) {
+    onNextDialog([=, this](QWidget& dialog) {
+        if (dialog.parentWidget() == &window_) {
+            pictureWith(file, dialog);
+        } else {
+            picture(file, dialog);
+        }
+        if (!helpFile.isEmpty()) help(helpFile, dialog);
+        qobject_cast<QMessageBox*>(&dialog)->button(button)->click();
+    });
 }
 
-void Guide::help(const char* file, QWidget& window) {
+void Guide::help(const QString& file, QWidget& window) {
     keepForHelp(file, Driver::picture(window));
 }
 
-void Guide::help(const char* file, const std::vector<const char*>& controls) {
+void Guide::help(const QString& file, const std::vector<const char*>& controls) {
     keepForHelp(file, cut(Driver::picture(window_), around(controls, kAir)));
 }
 
-void Guide::helpWith(const char* file, QWidget& front, const std::vector<const char*>& controls,
+void Guide::helpWith(const QString& file, QWidget& front, const std::vector<const char*>& controls,
                      int air) {
     const QRect above(front.mapToGlobal(QPoint()) - window_.mapToGlobal(QPoint()), front.size());
     const QRect part = around(controls, air) | above.adjusted(-air, -air, air, air);
     keepForHelp(file, cut(windowWith(front, kNoShade), part & window_.rect()));
 }
 
-void Guide::helpWithCallouts(const char* file, const std::vector<Callout>& callouts) {
+void Guide::helpWithCallouts(const QString& file, const std::vector<Callout>& callouts) {
     QPixmap whole = Driver::picture(window_);
     QPainter painter(&whole);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -79,8 +90,8 @@ void Guide::helpWithCallouts(const char* file, const std::vector<Callout>& callo
     painter.setFont(font);
     int number = 0;
     for (const Callout& callout : callouts) {
-        const QWidget* control = driver_.control(name(callout.control));
-        const QRect area(control->mapTo(&window_, QPoint()), control->size());
+        const QWidget* target = control(callout.control);
+        const QRect area(target->mapTo(&window_, QPoint()), target->size());
         QRect bubble(0, 0, kBubble, kBubble);
         bubble.moveCenter(area.center());
         const int inwards = callout.outside ? -kInset - kBubble : kInset;
@@ -96,8 +107,8 @@ void Guide::helpWithCallouts(const char* file, const std::vector<Callout>& callo
     keepForHelp(file, whole);
 }
 
-void Guide::readme(const char* file, QWidget& window) {
-    expect(album_.keepForReadme(name(file), framed(Driver::picture(window))), file);
+void Guide::readme(const QString& file, QWidget& window) {
+    expect(album_.keepFor("pictures", file, framed(Driver::picture(window)), kReadmeWidth), file);
 }
 
 QPixmap Guide::windowWith(QWidget& front, int shade) {
@@ -114,19 +125,19 @@ QPixmap Guide::windowWith(QWidget& front, int shade) {
 
 QRect Guide::around(const std::vector<const char*>& controls, int air) const {
     QRect part;
-    for (const char* control : controls) {
-        const QWidget* widget = driver_.control(name(control));
+    for (const char* each : controls) {
+        const QWidget* widget = control(each);
         part |= QRect(widget->mapTo(&window_, QPoint()), widget->size());
     }
     return part.adjusted(-air, -air, air, air) & window_.rect();
 }
 
-void Guide::keepForHelp(const char* file, const QPixmap& picture) {
-    expect(album_.keepForHelp(name(file), framed(picture)), file);
+void Guide::keepForHelp(const QString& file, const QPixmap& picture) {
+    expect(album_.keepFor("help", file, framed(picture), kHelpWidth), file);
 }
 
-void Guide::expect(bool kept, const char* file) {
-    if (!kept) driver_.complain(name("The picture was not saved: ") + name(file));
+void Guide::expect(bool kept, const QString& file) {
+    if (!kept) complain("The picture was not saved: " + file);
 }
 
 }  // namespace bramblet::tour

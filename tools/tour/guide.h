@@ -1,4 +1,4 @@
-// What every station of the tour has at hand: the main window, hands to work it, and the album.
+// What every station of the tour has at hand: hands for the main window, and the album.
 #pragma once
 
 #include "driver/driver.h"
@@ -11,10 +11,6 @@
 
 namespace bramblet::tour {
 
-inline QString name(const char* text) {
-    return QString::fromLatin1(text);
-}
-
 /// A place in a window at which a picture in the help points with a number.
 struct Callout {
     const char* control;
@@ -22,39 +18,40 @@ struct Callout {
     bool outside = false;  ///< to the right or left of the control instead
 };
 
-class Guide {
+class Guide : public Driver {
   public:
     Guide(MainWindow& window, const Album& album);
 
-    Driver& hands() { return driver_; }
     MainWindow& window() { return window_; }
-    const Album& album() const { return album_; }
     /// Whether everything has been as it should so far.
-    bool good() const { return !complaints_ && driver_.allAnswered(); }
+    bool good() const { return !complaints_ && allAnswered(); }
 
     /// Keeps a picture of the main window, or of another one.
-    void picture(const char* file);
-    void picture(const char* file, QWidget& window);
+    void picture(const QString& file) { picture(file, window_); }
+    void picture(const QString& file, QWidget& window);
     /// The main window with another one in front of it.
-    void pictureWith(const char* file, QWidget& front);
+    void pictureWith(const QString& file, QWidget& front);
+    /// Keeps a picture of the next message, for the help too where that has a name for it, and
+    /// presses one of its buttons.
+    void pictureOfNext(const QString& file, QMessageBox::StandardButton button,
+                       const QString& helpFile = {});
 
     /// A picture for the help: a whole window, or the part of it that holds some controls.
-    void help(const char* file, QWidget& window);
-    void help(const char* file, const std::vector<const char*>& controls);
+    void help(const QString& file, QWidget& window);
+    void help(const QString& file, const std::vector<const char*>& controls);
     /// The same with another window in front, such as a menu, and `air` pixels around it all.
-    void helpWith(const char* file, QWidget& front, const std::vector<const char*>& controls,
+    void helpWith(const QString& file, QWidget& front, const std::vector<const char*>& controls,
                   int air);
-    void helpWithCallouts(const char* file, const std::vector<Callout>& callouts);
-    void readme(const char* file, QWidget& window);
+    void helpWithCallouts(const QString& file, const std::vector<Callout>& callouts);
+    void readme(const QString& file, QWidget& window);
 
   private:
     QPixmap windowWith(QWidget& front, int shade);
     QRect around(const std::vector<const char*>& controls, int air) const;
-    void keepForHelp(const char* file, const QPixmap& picture);
-    void expect(bool kept, const char* file);
+    void keepForHelp(const QString& file, const QPixmap& picture);
+    void expect(bool kept, const QString& file);
 
     MainWindow& window_;
-    Driver driver_;
     const Album& album_;
     bool complaints_ = false;
 };

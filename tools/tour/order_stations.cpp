@@ -3,7 +3,6 @@
 #include "tour/sample_company.h"
 #include "tour/stations.h"
 
-#include <QAbstractButton>
 #include <QCalendarWidget>
 #include <QMenu>
 
@@ -13,55 +12,48 @@ namespace {
 /// The order that most pictures show, by its place in the sample company's list.
 constexpr std::size_t kShownOrder = 8;
 
-void press(QWidget& box, QMessageBox::StandardButton button) {
-    qobject_cast<QMessageBox*>(&box)->button(button)->click();
-}
-
-void typeSide(Driver& hands, const std::vector<SampleAddress>& addresses, const char* nameBox,
+void typeSide(Guide& guide, const std::vector<SampleAddress>& addresses, const char* nameBox,
               const char* addressBox, const char* save) {
     for (const auto& address : addresses) {
-        hands.type(name(nameBox), name(address.name));
-        hands.type(name(addressBox), name(address.address));
-        hands.click(name(save));
+        guide.type(nameBox, address.name);
+        guide.type(addressBox, address.address);
+        guide.click(save);
     }
 }
 
-void newOrder(Driver& hands, bool requisition, const char* vendor, const char* shipTo) {
-    hands.answer(name("Create blank new order ?"), QMessageBox::Yes);
-    hands.click(name("NewPO"));
-    hands.click(name(requisition ? "OptionRe" : "OptionPO"));
-    hands.pick(name("ToCombo"), name(vendor));
-    hands.pick(name("ShipToCombo"), name(shipTo));
+void newOrder(Guide& guide, bool requisition, const char* vendor, const char* shipTo) {
+    guide.answer("Create blank new order ?", QMessageBox::Yes);
+    guide.click("NewPO");
+    guide.click(requisition ? "OptionRe" : "OptionPO");
+    guide.pick("ToCombo", vendor);
+    guide.pick("ShipToCombo", shipTo);
 }
 
 void calendar(Guide& guide) {
-    Driver& hands = guide.hands();
-    hands.click(name("OrderDatePicker"));
-    QWidget* popup = hands.control(name("MonthView1"))->parentWidget();
+    guide.click("OrderDatePicker");
+    QWidget* popup = guide.control("MonthView1")->parentWidget();
     guide.pictureWith("03-calendar", *popup);
     guide.helpWith("calendar", *popup, {"OrderDateEd"}, 1);
     popup->hide();
 }
 
 void addLine(Guide& guide, const SampleLine& line, bool withPicture) {
-    Driver& hands = guide.hands();
-    hands.onNextDialog([&](QWidget& dialog) {
-        hands.type(name("Text1"), name(line.description));
-        hands.type(name("QEd"), name(line.quantity));
-        hands.type(name("DescriptionUnitCombo"), name(line.unit));
-        hands.type(name("UCEd"), name(line.unitCost));
+    guide.inDialog("OrderPop_OneTime", [&](QWidget& dialog) {
+        guide.type("Text1", line.description);
+        guide.type("QEd", line.quantity);
+        guide.type("DescriptionUnitCombo", line.unit);
+        guide.type("UCEd", line.unitCost);
         if (withPicture) {
             guide.pictureWith("04-line", dialog);
             guide.help("line", dialog);
         }
-        hands.click(name("Save"));
+        guide.click("Save");
     });
-    hands.trigger(name("OrderPop_OneTime"));
 }
 
 void lineMenu(Guide& guide) {
-    guide.hands().clickCell(name("OrderGrid"), 1, 4, Qt::RightButton);
-    auto* menu = guide.hands().find<QMenu>(name("OrderPop"));
+    guide.clickCell("OrderGrid", 1, 4, Qt::RightButton);
+    auto* menu = guide.find<QMenu>("OrderPop");
     guide.pictureWith("06-line-menu", *menu);
     guide.helpWith("line-menu", *menu, {"OrderGrid"}, 8);
     menu->close();
@@ -77,8 +69,7 @@ void picturesOfOrder(Guide& guide) {
 }
 
 void writeOrder(Guide& guide, const SampleOrder& order, bool withPictures) {
-    Driver& hands = guide.hands();
-    newOrder(hands, order.requisition, order.vendor, order.shipTo);
+    newOrder(guide, order.requisition, order.vendor, order.shipTo);
     const std::vector<std::pair<const char*, const char*>> boxes{
         {"OrderDateEd", order.orderDate},
         {"ShipDateEd", order.onSite},
@@ -93,55 +84,54 @@ void writeOrder(Guide& guide, const SampleOrder& order, bool withPictures) {
         {"ShippingEd", order.shipping},
     };
     for (const auto& [box, text] : boxes)
-        hands.type(name(box), name(text));
+        guide.type(box, text);
     if (withPictures) {
         calendar(guide);
         histories(guide);
     }
     for (std::size_t i = 0; i < order.lines.size(); ++i)
         addLine(guide, order.lines[i], withPictures && i == 0);
-    if (order.received) hands.click(name("MarkReceivedCheck"));
-    hands.click(name("TotalUp"));
+    if (order.received) guide.click("MarkReceivedCheck");
+    guide.click("TotalUp");
     if (withPictures) picturesOfOrder(guide);
-    hands.click(name("SaveChanges"));
+    guide.click("SaveChanges");
 }
 
-void typeItems(Driver& hands) {
+void typeItems(Guide& guide) {
     for (const auto& item : kItems) {
-        hands.type(name("StockCatCombo"), name(item.category));
-        hands.type(name("StockVendorCombo"), name(item.vendor));
-        hands.type(name("StockUnitCombo"), name(item.unit));
-        hands.type(name("StockDescriptionEd"), name(item.description));
-        hands.type(name("StockUnitCostEd"), name(item.unitCost));
-        hands.click(name("SaveNewStockItem"));
+        guide.type("StockCatCombo", item.category);
+        guide.type("StockVendorCombo", item.vendor);
+        guide.type("StockUnitCombo", item.unit);
+        guide.type("StockDescriptionEd", item.description);
+        guide.type("StockUnitCostEd", item.unitCost);
+        guide.click("SaveNewStockItem");
     }
 }
 
 void pickItems(Guide& guide) {
-    Driver& hands = guide.hands();
-    newOrder(hands, false, "Eastgate Hardware Supply", "Workshop");
-    hands.type(name("ByEd"), name("Tom Reed"));
-    hands.type(name("TermsEd"), name("Net 30"));
-    hands.click(name("VendorItemsCheck"));
+    newOrder(guide, false, "Eastgate Hardware Supply", "Workshop");
+    guide.type("ByEd", "Tom Reed");
+    guide.type("TermsEd", "Net 30");
+    guide.click("VendorItemsCheck");
     for (const int row : {0, 3, 4, 0, 7, 0})
-        hands.doubleClickCell(name("StockGrid"), row, 3);
+        guide.doubleClickCell("StockGrid", row, 3);
     guide.picture("11-picking-stock-items");
     guide.readme("picking", guide.window());
     guide.help("picking", {"StockGrid", "DeleteStockItem", "VendorItemsCheck", "ViewExisting"});
     guide.help("stock-editor", {"StockCatCombo", "AddToOrder", "DeleteStockItem", "FileOrderTag"});
-    hands.clickCell(name("StockGrid"), 2, 3, Qt::RightButton);
-    auto* menu = hands.find<QMenu>(name("itemspop"));
+    guide.clickCell("StockGrid", 2, 3, Qt::RightButton);
+    auto* menu = guide.find<QMenu>("itemspop");
     guide.pictureWith("12-stock-menu", *menu);
     menu->close();
-    hands.click(name("SaveChanges"));
-    hands.click(name("VendorItemsCheck"));
+    guide.click("SaveChanges");
+    guide.click("VendorItemsCheck");
 }
 
 }  // namespace
 
 void typeAddresses(Guide& guide) {
-    typeSide(guide.hands(), kVendors, "ToCombo", "ToField", "ChangedVendor");
-    typeSide(guide.hands(), kDestinations, "ShipToCombo", "ShipToField", "ChangedDest");
+    typeSide(guide, kVendors, "ToCombo", "ToField", "ChangedVendor");
+    typeSide(guide, kDestinations, "ShipToCombo", "ShipToField", "ChangedDest");
 }
 
 void writeOrders(Guide& guide) {
@@ -150,8 +140,7 @@ void writeOrders(Guide& guide) {
 }
 
 void openAndChange(Guide& guide) {
-    Driver& hands = guide.hands();
-    hands.clickCell(name("POGrid"), 3, 3);
+    guide.clickCell("POGrid", 3, 3);
     guide.picture("07-saved-orders");
     guide.readme("main-window", guide.window());
     guide.helpWithCallouts("window", {{"MakeOrder", Qt::AlignRight, true},
@@ -163,58 +152,48 @@ void openAndChange(Guide& guide) {
                                       {"SubTotalEd", Qt::AlignLeft},
                                       {"ListCheckPO", Qt::AlignLeft, true}});
     guide.help("saved-orders", {"POGrid", "BottomLabel", "HideOrders"});
-    hands.click(name("MarkReceivedCheck"));
-    hands.onNextDialog([&](QWidget& dialog) {
-        guide.pictureWith("08-save-question", dialog);
-        guide.help("save-question", dialog);
-        press(dialog, QMessageBox::Yes);
-    });
-    hands.clickCell(name("POGrid"), 2, 3);
-    hands.clickHeading(name("POGrid"), 3);
+    guide.click("MarkReceivedCheck");
+    guide.pictureOfNext("08-save-question", QMessageBox::Yes, "save-question");
+    guide.clickCell("POGrid", 2, 3);
+    guide.clickHeading("POGrid", 3);
     guide.picture("09-sorted-by-vendor");
 }
 
 void copyOrder(Guide& guide) {
-    guide.hands().answer(name("Create new purchase order based on details"), QMessageBox::Yes);
-    guide.hands().click(name("Save_PO"));
+    guide.answer("Create new purchase order based on details", QMessageBox::Yes);
+    guide.click("Save_PO");
     guide.picture("10-copy");
 }
 
 void catalogue(Guide& guide, const QString& file) {
-    Driver& hands = guide.hands();
-    hands.click(name("HideOrders"));
-    typeItems(hands);
+    guide.click("HideOrders");
+    typeItems(guide);
     pickItems(guide);
-    hands.clickHeading(name("StockGrid"), 0);
+    guide.clickHeading("StockGrid", 0);
     guide.picture("13-catalogue");
-    hands.chooseFile(file);
-    hands.onNextDialog([&](QWidget& dialog) {
-        guide.pictureWith("14-exported", dialog);
-        press(dialog, QMessageBox::Ok);
-    });
-    hands.trigger(name("mu_ExportStockItems"));
+    guide.chooseFile(file);
+    guide.pictureOfNext("14-exported", QMessageBox::Ok);
+    guide.trigger("mu_ExportStockItems");
 }
 
 void longRequest(Guide& guide) {
-    Driver& hands = guide.hands();
-    newOrder(hands, true, "Eastgate Hardware Supply", "Main Store");
-    hands.type(name("ByEd"), name("Mary Cole"));
-    hands.type(name("ShipDateEd"), name("4/1/2026"));
-    hands.type(name("CommentsEd"),
-               name("Yearly list: please quote delivered, and say what you do not stock"));
-    for (int row = 0; row < hands.rows(name("StockGrid")); ++row)
-        hands.doubleClickCell(name("StockGrid"), row, 3);
+    newOrder(guide, true, "Eastgate Hardware Supply", "Main Store");
+    guide.type("ByEd", "Mary Cole");
+    guide.type("ShipDateEd", "4/1/2026");
+    guide.type("CommentsEd", "Yearly list: please quote delivered, and say what you do not stock");
+    for (int row = 0; row < guide.rows("StockGrid"); ++row)
+        guide.doubleClickCell("StockGrid", row, 3);
     for (const std::size_t order : {2u, 3u, 6u, 7u, 10u, 11u}) {
         for (const SampleLine& line : kOrders[order].lines)
             addLine(guide, line, false);
     }
-    hands.click(name("SaveChanges"));
+    guide.click("SaveChanges");
     guide.picture("16-long-request");
-    hands.click(name("ViewExisting"));
+    guide.click("ViewExisting");
 }
 
 void sizes(Guide& guide) {
-    guide.hands().clickCell(name("POGrid"), 4, 3);
+    guide.clickCell("POGrid", 4, 3);
     guide.window().resize(1024, 700);
     guide.picture("30-at-1024x700");
     guide.window().resize(1920, 1040);
@@ -222,17 +201,13 @@ void sizes(Guide& guide) {
 }
 
 void takeOver(Guide& guide, const QString& file) {
-    Driver& hands = guide.hands();
-    hands.answer(name("It is strongly suggested"), QMessageBox::Ok);
-    hands.chooseFile(file);
-    hands.onNextDialog([&](QWidget& dialog) {
-        guide.pictureWith("15-imported", dialog);
-        press(dialog, QMessageBox::Ok);
-    });
-    hands.click(name("HideOrders"));
-    hands.trigger(name("mu_ImportStockItems"));
-    if (hands.rows(name("StockGrid")) != static_cast<int>(kItems.size()))
-        hands.complain(name("The catalogue was not taken over whole"));
+    guide.answer("It is strongly suggested");
+    guide.chooseFile(file);
+    guide.pictureOfNext("15-imported", QMessageBox::Ok);
+    guide.click("HideOrders");
+    guide.trigger("mu_ImportStockItems");
+    if (guide.rows("StockGrid") != static_cast<int>(kItems.size()))
+        guide.complain("The catalogue was not taken over whole");
 }
 
 }  // namespace bramblet::tour

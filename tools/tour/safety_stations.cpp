@@ -4,14 +4,10 @@
 #include "tour/sample_company.h"
 #include "tour/stations.h"
 
-#include <QAbstractButton>
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QComboBox>
-#include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
 #include <QMenu>
 
 namespace bramblet::tour {
@@ -34,51 +30,33 @@ QByteArray recordOf(const SampleContact& contact) {
     return QByteArray::fromStdString(record);
 }
 
-void writeContacts(Driver& hands, const QString& path) {
+void writeContacts(Guide& guide, const QString& path) {
     QByteArray records;
     for (const SampleContact& contact : kContacts)
         records += recordOf(contact);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(records) != records.size())
-        hands.complain(path + name(" was not written"));
-}
-
-/// Keeps a picture of the next message, and presses one of its buttons.
-void pictureOfNext(Guide& guide, const char* file, const char* help,
-                   QMessageBox::StandardButton button) {
-    guide.hands().onNextDialog([&guide, file, help, button](QWidget& dialog) {
-        guide.picture(file, dialog);
-        if (help != nullptr) guide.help(help, dialog);
-        qobject_cast<QMessageBox*>(&dialog)->button(button)->click();
-    });
-}
-
-void openMenu(QWidget* box) {
-    const QPoint place(4, box->height() - 4);
-    QContextMenuEvent click(QContextMenuEvent::Mouse, place, box->mapToGlobal(place));
-    QApplication::sendEvent(box, &click);
-    Driver::settle();
+        guide.complain(path + " was not written");
 }
 
 /// Complains unless the backup window ended as it should.
-void expectProgress(Driver& hands, const QString& end) {
-    const QString progress = hands.text(name("BackUpProgress"));
-    if (!progress.endsWith(end)) hands.complain(name("The backup window says ") + progress);
+void expectProgress(Guide& guide, const QString& end) {
+    const QString progress = guide.text("BackUpProgress");
+    if (!progress.endsWith(end)) guide.complain("The backup window says " + progress);
 }
 
 }  // namespace
 
 void histories(Guide& guide) {
-    Driver& hands = guide.hands();
-    auto* const box = hands.find<QComboBox>(name("TermsEd"));
-    hands.press(name("TermsEd"), Qt::Key_F4);
+    auto* const box = guide.find<QComboBox>("TermsEd");
+    guide.press("TermsEd", Qt::Key_F4);
     QWidget* const list = box->view()->window();
     guide.pictureWith("17-history-list", *list);
     guide.helpWith("history", *list, {"FOBEd", "FOBEdLabel", "TermsEd"}, 6);
     box->hidePopup();
     Driver::settle();
-    openMenu(box->lineEdit());
-    auto* const menu = hands.find<QMenu>(name("EditPop"));
+    guide.openMenu("TermsEd");
+    auto* const menu = guide.find<QMenu>("EditPop");
     guide.pictureWith("18-history-menu", *menu);
     guide.helpWith("history-menu", *menu, {"FOBEd", "FOBEdLabel", "TermsEd"}, 6);
     menu->close();
@@ -86,61 +64,55 @@ void histories(Guide& guide) {
 }
 
 void importContacts(Guide& guide, const QString& folder) {
-    Driver& hands = guide.hands();
-    const QString file = folder + name("/contacts.dat");
-    writeContacts(hands, file);
-    hands.onNextDialog([&](QWidget& dialog) {
+    const QString file = folder + "/contacts.dat";
+    writeContacts(guide, file);
+    guide.inDialog("mu_ImportKettleby", [&](QWidget& dialog) {
         guide.pictureWith("32-import", dialog);
-        hands.chooseFile(file);
-        hands.click(name("Command1"));
+        guide.chooseFile(file);
+        guide.click("Command1");
         guide.picture("33-import-file-chosen", dialog);
         guide.help("import", dialog);
-        pictureOfNext(guide, "34-imported", nullptr, QMessageBox::Ok);
-        hands.click(name("ImportKettlebyVendors"));
-        hands.click(name("Close"));
+        guide.pictureOfNext("34-imported", QMessageBox::Ok);
+        guide.click("ImportKettlebyVendors");
+        guide.click("Close");
     });
-    hands.trigger(name("mu_ImportKettleby"));
-    auto* const vendors = hands.find<QComboBox>(name("ToCombo"));
-    hands.press(name("ToCombo"), Qt::Key_F4);
+    auto* const vendors = guide.find<QComboBox>("ToCombo");
+    guide.press("ToCombo", Qt::Key_F4);
     guide.pictureWith("35-imported-vendors", *vendors->view()->window());
     vendors->hidePopup();
     Driver::settle();
 }
 
 void backUp(Guide& guide, const QString& folder) {
-    Driver& hands = guide.hands();
-    hands.onNextDialog([&](QWidget& dialog) {
-        hands.type(name("BackUpTarget"), QDir::toNativeSeparators(folder));
+    guide.inDialog("mu_DataBackup", [&](QWidget& dialog) {
+        guide.type("BackUpTarget", QDir::toNativeSeparators(folder));
         guide.pictureWith("36-backup", dialog);
-        pictureOfNext(guide, "37-backup-completed", nullptr, QMessageBox::Ok);
-        hands.click(name("RunBackup"));
-        expectProgress(hands, name("files copied"));
+        guide.pictureOfNext("37-backup-completed", QMessageBox::Ok);
+        guide.click("RunBackup");
+        expectProgress(guide, "files copied");
         guide.picture("38-backup-done", dialog);
         guide.help("backup", dialog);
-        pictureOfNext(guide, "39-verified", "verified", QMessageBox::Ok);
-        hands.click(name("Verify"));
-        expectProgress(hands, name("agree, 0 differ, 0 missing"));
-        hands.click(name("StopBackup"));
+        guide.pictureOfNext("39-verified", QMessageBox::Ok, "verified");
+        guide.click("Verify");
+        expectProgress(guide, "agree, 0 differ, 0 missing");
+        guide.click("StopBackup");
     });
-    hands.trigger(name("mu_DataBackup"));
 }
 
 void restore(Guide& guide, const QString& folder) {
-    Driver& hands = guide.hands();
-    hands.onNextDialog([&](QWidget& dialog) {
-        hands.chooseFile(folder);
-        hands.click(name("SelectSource"));
+    guide.inDialog("mu_DataRestore", [&](QWidget& dialog) {
+        guide.chooseFile(folder);
+        guide.click("SelectSource");
         guide.pictureWith("50-restore", dialog);
         guide.help("restore", dialog);
-        pictureOfNext(guide, "51-restore-caution", "restore-caution", QMessageBox::Yes);
-        hands.answer(name("Restoration completed!"), QMessageBox::Ok);
-        hands.click(name("RunBackup"));
-        hands.click(name("StopBackup"));
+        guide.pictureOfNext("51-restore-caution", QMessageBox::Yes, "restore-caution");
+        guide.answer("Restoration completed!", QMessageBox::Ok);
+        guide.click("RunBackup");
+        guide.click("StopBackup");
     });
-    hands.trigger(name("mu_DataRestore"));
-    hands.click(name("ViewExisting"));
+    guide.click("ViewExisting");
     guide.picture("52-restored");
-    if (hands.rows(name("POGrid")) == 0) hands.complain(name("The orders were not restored"));
+    if (guide.rows("POGrid") == 0) guide.complain("The orders were not restored");
 }
 
 }  // namespace bramblet::tour

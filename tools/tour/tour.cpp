@@ -50,15 +50,15 @@ QString inOffice(const QString& documents, const std::function<void(MainWindow&)
 
 /// The sample company's letterhead, in a folder where it can be chosen.
 bool layOutArtwork(const QString& folder) {
-    const QString file = folder + name("/larkfield.bmp");
+    const QString file = folder + "/larkfield.bmp";
     QFile::remove(file);
-    return QDir().mkpath(folder) && QFile::copy(name(":/artwork/larkfield.bmp"), file) &&
+    return QDir().mkpath(folder) && QFile::copy(":/artwork/larkfield.bmp", file) &&
            QFile::setPermissions(
                file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
 }
 
 QString backupFolder(const Album& album) {
-    return album.folder() + name("/backup");
+    return album.folder() + "/backup";
 }
 
 bool throughFirstOffice(MainWindow& window, const Album& album) {
@@ -72,11 +72,11 @@ bool throughFirstOffice(MainWindow& window, const Album& album) {
     writeOrders(guide);
     openAndChange(guide);
     copyOrder(guide);
-    catalogue(guide, album.folder() + name("/catalogue.sid"));
+    catalogue(guide, album.folder() + "/catalogue.sid");
     longRequest(guide);
     viewOrder(guide);
     printPages(guide, album.folder());
-    exportOrders(guide, album.folder() + name("/orders.csv"));
+    exportOrders(guide, album.folder() + "/orders.csv");
     importContacts(guide, album.folder());
     backUp(guide, backupFolder(album));
     readHelp(guide);
@@ -86,7 +86,7 @@ bool throughFirstOffice(MainWindow& window, const Album& album) {
 
 bool throughSecondOffice(MainWindow& window, const Album& album) {
     Guide guide(window, album);
-    takeOver(guide, album.folder() + name("/catalogue.sid"));
+    takeOver(guide, album.folder() + "/catalogue.sid");
     restore(guide, backupFolder(album));
     return guide.good();
 }
@@ -94,14 +94,14 @@ bool throughSecondOffice(MainWindow& window, const Album& album) {
 int runTour(const Album& album) {
     const QString& folder = album.folder();
     for (const char* file : {"/catalogue.sid", "/contacts.dat", "/orders.csv", "/request.pdf"})
-        QFile::remove(folder + name(file));
+        QFile::remove(folder + file);
     QDir(backupFolder(album)).removeRecursively();
     QDir().mkpath(backupFolder(album));
-    bool good = layOutArtwork(folder + name("/artwork"));
-    const QString data = inOffice(folder + name("/documents"), [&](MainWindow& window) {
+    bool good = layOutArtwork(folder + "/artwork");
+    const QString data = inOffice(folder + "/documents", [&](MainWindow& window) {
         good = throughFirstOffice(window, album) && good;
     });
-    inOffice(folder + name("/second-office"),
+    inOffice(folder + "/second-office",
              [&](MainWindow& window) { good = throughSecondOffice(window, album) && good; });
     std::cout << "The pictures are in " << qPrintable(QDir(folder).absolutePath())
               << "\nThe sample company's data folder is " << qPrintable(data) << std::endl;
@@ -117,7 +117,7 @@ void chooseScreen(bool twice) {
 /// Chooses an in-memory screen that is large enough for every picture.
 void chooseScreen(bool twice) {
     if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
-    const QString file = QDir::tempPath() + name("/bramblet-tour-screen.json");
+    const QString file = QDir::tempPath() + "/bramblet-tour-screen.json";
     QFile screen(file);
     if (!screen.open(QIODevice::WriteOnly)) return;
     screen.write(
@@ -134,7 +134,6 @@ void chooseScreen(bool twice) {
 
 int main(int argc, char** argv) {
     using namespace bramblet;
-    using tour::name;
     const auto has = [&](const char* option) {
         return std::find(argv, argv + argc, std::string(option)) != argv + argc;
     };
@@ -143,16 +142,16 @@ int main(int argc, char** argv) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addPositionalArgument(name("FOLDER"), name("Gets the pictures."));
-    parser.addOption({name("dark"), name("Dark windows.")});
-    parser.addOption({name("twice"), name("Pictures at twice the scale.")});
-    parser.addOption({name("docs"), name("Make the documentation's pictures too."), name("DOCS")});
+    parser.addPositionalArgument("FOLDER", "Gets the pictures.");
+    parser.addOption({"dark", "Dark windows."});
+    parser.addOption({"twice", "Pictures at twice the scale."});
+    parser.addOption({"docs", "Make the documentation's pictures too.", "DOCS"});
     parser.process(application);
     if (parser.positionalArguments().size() != 1) parser.showHelp(2);
-    applyTheme(application, parser.isSet(name("dark")) ? Theme::Dark : Theme::Light);
+    applyTheme(application, parser.isSet("dark") ? Theme::Dark : Theme::Light);
     const auto absolute = [](const QString& path) {
         return path.isEmpty() ? path : QDir(path).absolutePath();
     };
     return tour::runTour(
-        {absolute(parser.positionalArguments().first()), absolute(parser.value(name("docs")))});
+        {absolute(parser.positionalArguments().first()), absolute(parser.value("docs"))});
 }
