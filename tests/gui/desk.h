@@ -3,15 +3,21 @@
 
 #include "driver/driver.h"
 #include "gui/app/main_window.h"
-#include "gui/names.h"
 #include "gui/platform/dialog_prompts.h"
+#include "gui/platform/qt_text.h"
 #include "support/office.h"
+
+#include <QTest>
+#include <QtWidgets>
 
 #include <gtest/gtest.h>
 
 /// How GoogleTest writes Qt's texts.
+inline std::ostream& operator<<(std::ostream& out, const QString& text) {
+    return out << '"' << text.toStdString() << '"';
+}
 inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << qPrintable(text) << '"';
+    *out << text;
 }
 
 namespace bramblet::test {
@@ -32,27 +38,54 @@ class Desk : public ::testing::Test {
             prompts);
         window = std::make_unique<MainWindow>(*program, prompts, waiting);
         driver = std::make_unique<Driver>(*window);
-        driver->complain = [](const QString& complaint) {
-            ADD_FAILURE() << complaint.toStdString();
-        };
+        driver->complain = [](const QString& complaint) { ADD_FAILURE() << complaint; };
         window->show();
         window->activateWindow();
         program->start();
         Driver::settle();
     }
+
+    void click(const QString& button) { driver->click(button); }
+    void type(const QString& box, const QString& typed) { driver->type(box, typed); }
+    QString text(const QString& box) const { return driver->text(box); }
+    bool enabled(const QString& control) const { return driver->isEnabled(control); }
+    bool visible(const QString& control) const { return driver->control(control)->isVisible(); }
+    Order& order() { return program->open.order; }
+
     void newOrder() {
-        driver->answer(QStringLiteral("Create blank new order ?"), QMessageBox::Yes);
-        driver->click(QStringLiteral("NewPO"));
+        driver->answer("Create blank new order ?", QMessageBox::Yes);
+        click("NewPO");
     }
     /// Adds a line through the dialog.
     void addLine(const QString& quantity, const QString& description, const QString& cost) {
-        driver->onNextDialog([=, this](QWidget&) {
-            driver->type(QStringLiteral("Text1"), description);
-            driver->type(QStringLiteral("QEd"), quantity);
-            driver->type(QStringLiteral("UCEd"), cost);
-            driver->click(QStringLiteral("Save"));
+        driver->inDialog("OrderPop_OneTime", [=, this](QWidget&) {
+            type("Text1", description);
+            type("QEd", quantity);
+            type("UCEd", cost);
+            click("Save");
         });
-        driver->trigger(QStringLiteral("OrderPop_OneTime"));
+    }
+    void saveVendor(const QString& name, const QString& address = {}) {
+        type("ToCombo", name);
+        type("ToField", address);
+        click("ChangedVendor");
+    }
+    void saveItem(const QString& category, const QString& vendor, const QString& description,
+                  const QString& cost) {
+        type("StockCatCombo", category);
+        type("StockVendorCombo", vendor);
+        type("StockUnitCombo", "ea");
+        type("StockDescriptionEd", description);
+        type("StockUnitCostEd", cost);
+        click("SaveNewStockItem");
+    }
+    /// Right-clicks on a row, and chooses from the menu that opens if anything is named.
+    void chooseInMenu(const QString& grid, int row, const QString& menu,
+                      const QString& command = {}) {
+        driver->clickCell(grid, row, kVendorColumn, Qt::RightButton);
+        EXPECT_TRUE(visible(menu));
+        if (!command.isEmpty()) driver->trigger(command);
+        driver->control(menu)->close();
     }
 
     TemporaryFolder documents;

@@ -2,28 +2,17 @@
 
 #include "gui/desk.h"
 
-#include <QDir>
-#include <QFile>
-#include <QImage>
-#include <QLabel>
-#include <QListWidget>
-#include <QRegularExpression>
-#include <QScrollBar>
-#include <QSet>
-#include <QTest>
-#include <QTextBrowser>
-
 namespace bramblet::test {
 namespace {
 
 QString pageText(const QString& page) {
-    QFile file(QStringLiteral(":/help/") + page);
+    QFile file(":/help/" + page);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
 /// The values of an attribute, for instance of every "href".
 QStringList valuesOf(const QString& attribute, const QString& text) {
-    const QRegularExpression wanted(attribute + QStringLiteral("=\"([^\"]*)\""));
+    const QRegularExpression wanted(attribute + "=\"([^\"]*)\"");
     QStringList values;
     for (auto found = wanted.globalMatch(text); found.hasNext();)
         values.append(found.next().captured(1));
@@ -34,9 +23,9 @@ class HelpTest : public Desk {
   protected:
     void SetUp() override {
         Desk::SetUp();
-        driver->trigger(QStringLiteral("mu_HelpContents"));
-        pages = driver->find<QListWidget>(QStringLiteral("HelpPages"));
-        text = driver->find<QTextBrowser>(QStringLiteral("HelpText"));
+        driver->trigger("mu_HelpContents");
+        pages = driver->find<QListWidget>("HelpPages");
+        shown = driver->find<QTextBrowser>("HelpText");
     }
 
     QStringList listed() const {
@@ -46,90 +35,77 @@ class HelpTest : public Desk {
         }
         return titles;
     }
-    void search(const char* words) {
-        driver->type(QStringLiteral("HelpSearch"), QString::fromLatin1(words));
-    }
-    QString shownTitle() const { return text->toPlainText().section(QLatin1Char('\n'), 0, 0); }
-    /// Clicks where a link's words stand on the page shown.
-    void clickWords(const char* words) {
-        ASSERT_TRUE(text->find(QString::fromLatin1(words)));
-        text->ensureCursorVisible();
-        Driver::settle();
-        QTextCursor cursor = text->textCursor();
-        cursor.setPosition(cursor.selectionStart() + 1);
-        QTest::mouseClick(text->viewport(), Qt::LeftButton, {}, text->cursorRect(cursor).center());
-        Driver::settle();
-    }
+    QString shownTitle() const { return shown->toPlainText().section('\n', 0, 0); }
 
     QListWidget* pages = nullptr;
-    QTextBrowser* text = nullptr;
+    QTextBrowser* shown = nullptr;
 };
 
-TEST_F(HelpTest, EveryPageIsListedAndHasATitleOfItsOwn) {
-    const QStringList files = QDir(QStringLiteral(":/help")).entryList({QStringLiteral("*.html")});
+TEST_F(HelpTest, EveryPageIsListedUnderItsOwnTitleAndWhatItRefersToExists) {
+    const QDir help(":/help");
+    const QStringList files = help.entryList({"*.html"});
     EXPECT_GE(files.size(), 10);
     EXPECT_EQ(pages->count(), files.size());
     QSet<QString> titles;
     for (int row = 0; row < pages->count(); ++row) {
         pages->setCurrentRow(row);
-        EXPECT_FALSE(pages->item(row)->text().isEmpty());
+        EXPECT_FALSE(shownTitle().isEmpty());
         EXPECT_EQ(shownTitle(), pages->item(row)->text());
-        titles.insert(pages->item(row)->text());
+        titles.insert(shownTitle());
     }
     EXPECT_EQ(titles.size(), files.size());
-}
 
-TEST_F(HelpTest, WhatThePagesReferToExistsAndEveryPictureIsUsed) {
-    const QDir help(QStringLiteral(":/help"));
     QSet<QString> used;
-    for (const QString& page : help.entryList({QStringLiteral("*.html")})) {
+    for (const QString& page : files) {
         const QString content = pageText(page);
-        for (const QString& picture : valuesOf(QStringLiteral("src"), content)) {
-            EXPECT_FALSE(QImage(help.filePath(picture)).isNull())
-                << qPrintable(page + QStringLiteral(" shows ") + picture);
+        for (const QString& picture : valuesOf("src", content)) {
+            EXPECT_FALSE(QImage(help.filePath(picture)).isNull()) << page << " shows " << picture;
             used.insert(picture);
         }
-        for (const QString& link : valuesOf(QStringLiteral("href"), content)) {
-            const QString file = link.section(QLatin1Char('#'), 0, 0);
-            const QString place = link.section(QLatin1Char('#'), 1);
+        for (const QString& link : valuesOf("href", content)) {
+            const QString file = link.section('#', 0, 0);
+            const QString place = link.section('#', 1);
             const QString target = file.isEmpty() ? content : pageText(file);
-            EXPECT_FALSE(target.isEmpty())
-                << qPrintable(page + QStringLiteral(" leads to ") + link);
-            EXPECT_TRUE(place.isEmpty() || valuesOf(QStringLiteral("name"), target).contains(place))
-                << qPrintable(page + QStringLiteral(" leads to ") + link);
+            EXPECT_FALSE(target.isEmpty()) << page << " leads to " << link;
+            EXPECT_TRUE(place.isEmpty() || valuesOf("name", target).contains(place))
+                << page << " leads to " << link;
         }
     }
-    for (const QString& picture : help.entryList({QStringLiteral("*.png")}))
-        EXPECT_TRUE(used.contains(picture)) << qPrintable(picture) << " is on no page";
+    for (const QString& picture : help.entryList({"*.png"}))
+        EXPECT_TRUE(used.contains(picture)) << picture << " is on no page";
 }
 
 TEST_F(HelpTest, TheSearchListsThePagesWithAllItsWords) {
     const QStringList all = listed();
-    search("KETTLEBY");
-    EXPECT_EQ(listed(), QStringList{QStringLiteral("Addresses")});
-    EXPECT_EQ(shownTitle(), QStringLiteral("Addresses"));
-    EXPECT_EQ(text->textCursor().selectedText().toLower(), QStringLiteral("kettleby"));
-    const int firstPlace = text->textCursor().position();
-    driver->press(QStringLiteral("HelpSearch"), Qt::Key_Return);
-    EXPECT_GT(text->textCursor().position(), firstPlace);
-
-    search("backup kettleby");
-    EXPECT_EQ(listed(), QStringList{QStringLiteral("Addresses")});
-    search("kettleby zebra");
-    EXPECT_EQ(listed(), QStringList{});
-    auto* const side = pages->parentWidget();
-    EXPECT_TRUE(side->findChild<QLabel*>()->isVisible());
-    search("");
-    EXPECT_EQ(listed(), all);
-    EXPECT_FALSE(side->findChild<QLabel*>()->isVisible());
+    auto* const nothingFound = pages->parentWidget()->findChild<QLabel*>();
+    const auto search = [&](const QString& words, const QStringList& found) {
+        type("HelpSearch", words);
+        EXPECT_EQ(listed(), found) << words;
+        EXPECT_EQ(nothingFound->isVisible(), found.isEmpty()) << words;
+    };
+    search("KETTLEBY", {"Addresses"});
+    EXPECT_EQ(shownTitle(), "Addresses");
+    EXPECT_EQ(shown->textCursor().selectedText().toLower(), "kettleby");
+    const int firstPlace = shown->textCursor().position();
+    driver->press("HelpSearch", Qt::Key_Return);
+    EXPECT_GT(shown->textCursor().position(), firstPlace);
+    search("backup kettleby", {"Addresses"});
+    search("kettleby zebra", {});
+    search("", all);
 }
 
 TEST_F(HelpTest, LinksLeadToThePlaceOfThePage) {
-    ASSERT_EQ(shownTitle(), QStringLiteral("First steps"));
-    clickWords("Going on with your own");
-    EXPECT_EQ(shownTitle(), QStringLiteral("Orders"));
-    EXPECT_EQ(pages->currentItem()->text(), QStringLiteral("Orders"));
-    EXPECT_GT(text->verticalScrollBar()->value(), 0);
+    ASSERT_EQ(shownTitle(), "First steps");
+    ASSERT_TRUE(shown->find("Going on with your own"));
+    shown->ensureCursorVisible();
+    Driver::settle();
+    QTextCursor words = shown->textCursor();
+    words.setPosition(words.selectionStart() + 1);
+    QTest::mouseClick(shown->viewport(), Qt::LeftButton, {}, shown->cursorRect(words).center());
+    Driver::settle();
+    EXPECT_EQ(shownTitle(), "Orders");
+    EXPECT_EQ(pages->currentItem()->text(), "Orders");
+    EXPECT_GT(shown->verticalScrollBar()->value(), 0);
     EXPECT_TRUE(desktop.asked.empty()) << "nothing leaves the program";
 }
 

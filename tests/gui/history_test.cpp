@@ -1,13 +1,6 @@
 #include "gui/desk.h"
 #include "gui/platform/history_box.h"
 
-#include <QAbstractItemView>
-#include <QCompleter>
-#include <QContextMenuEvent>
-#include <QLineEdit>
-#include <QMenu>
-#include <QTest>
-
 namespace bramblet::test {
 namespace {
 
@@ -17,156 +10,130 @@ class HistoryTest : public Desk {
         Desk::SetUp();
         newOrder();
         for (const char* by : {"Ann Smith", "Anna Jones", "Bob"}) {
-            driver->type(name("ByEd"), name(by));
-            driver->click(name("SaveChanges"));
+            type("ByEd", by);
+            click("SaveChanges");
         }
+        for (const char* vendor : {"Acme", "Bolt", "Cole"})
+            saveVendor(vendor);
+        program->open.markSaved();
     }
-    HistoryBox* box(const char* boxName) { return driver->find<HistoryBox>(name(boxName)); }
-    QStringList listed(const char* boxName) {
-        QStringList entries;
-        for (int i = 0; i < box(boxName)->count(); ++i)
-            entries.append(box(boxName)->itemText(i));
-        return entries;
+    HistoryBox* box(const QString& name) { return driver->find<HistoryBox>(name); }
+    void expectListed(const QString& name, const QStringList& entries) {
+        QStringList listed;
+        for (int i = 0; i < box(name)->count(); ++i)
+            listed.append(box(name)->itemText(i));
+        EXPECT_EQ(listed, entries) << listed.join(", ");
+    }
+    /// Types, and points at the first of the suggestions that come, which are returned.
+    QAbstractItemView* pointAtSuggestion(const QString& name, const QString& typed) {
+        type(name, "");
+        QTest::keyClicks(box(name), typed);
+        Driver::settle();
+        QAbstractItemView* const suggestions = box(name)->completer()->popup();
+        QTest::keyClick(suggestions, Qt::Key_Down);
+        EXPECT_EQ(text(name), typed) << "only pointed at";
+        return suggestions;
+    }
+    void shiftDelete(const QString& name) {
+        driver->press(name, Qt::Key_Delete, Qt::ShiftModifier);
+    }
+    /// Shift+Delete on a row of the open list.
+    void shiftDeleteInList(const QString& name, int row) {
+        box(name)->showPopup();
+        Driver::settle();
+        box(name)->view()->setCurrentIndex(box(name)->model()->index(row, 0));
+        QTest::keyClick(box(name)->view(), Qt::Key_Delete, Qt::ShiftModifier);
+        box(name)->hidePopup();
+        Driver::settle();
     }
     /// "Delete" of the menu that a right click on the box opens.
-    void deleteInMenu(const char* boxName) {
-        driver->press(name(boxName), Qt::Key_End);
-        QWidget* const edit = box(boxName)->lineEdit();
-        QContextMenuEvent click(QContextMenuEvent::Mouse, {4, 4}, edit->mapToGlobal(QPoint(4, 4)));
-        QApplication::sendEvent(edit, &click);
-        Driver::settle();
-        auto* menu = driver->find<QMenu>(name("EditPop"));
-        menu->findChild<QAction*>(name("EditPop_Delete"))->trigger();
+    void deleteInMenu(const QString& name) {
+        driver->press(name, Qt::Key_End);
+        driver->openMenu(name);
+        auto* menu = driver->find<QMenu>("EditPop");
+        menu->findChild<QAction*>("EditPop_Delete")->trigger();
         menu->close();
         Driver::settle();
     }
 };
 
 TEST_F(HistoryTest, TheListOffersWhatWasEnteredAndTypingIsNeverReplaced) {
-    EXPECT_EQ(listed("ByEd"), (QStringList{name("Ann Smith"), name("Anna Jones"), name("Bob")}));
-    driver->type(name("ByEd"), name("ann"));
-    EXPECT_EQ(driver->text(name("ByEd")), name("ann"));
+    expectListed("ByEd", {"Ann Smith", "Anna Jones", "Bob"});
+    type("ByEd", "ann");
+    EXPECT_EQ(text("ByEd"), "ann");
     EXPECT_EQ(box("ByEd")->completer()->completionCount(), 2);
-    driver->pick(name("ByEd"), name("Anna Jones"));
-    EXPECT_EQ(program->open.order.ByEd, "Anna Jones");
-    EXPECT_TRUE(program->open.OrderDirty);
+    driver->pick("ByEd", "Anna Jones");
+    EXPECT_EQ(order().ByEd, "Anna Jones");
+    program->open.markSaved();
+    box("TermsEd")->showPopup();
+    EXPECT_TRUE(program->open.OrderDirty) << "an opened list marks the order";
+    box("TermsEd")->hidePopup();
 }
 
 TEST_F(HistoryTest, ASuggestionPointedAtIsTakenByTabAndLeftByEscape) {
-    for (const auto& [boxName, typed, entry] :
-         std::vector<std::tuple<const char*, const char*, const char*>>{
-             {"ByEd", "an", "Ann Smith"}, {"ToCombo", "ac", "Acme"}}) {
-        if (S::fromLatin1(boxName) == name("ToCombo")) {
-            driver->type(name(boxName), name(entry));
-            driver->click(name("ChangedVendor"));
-        }
-        const auto point = [&, typedText = typed] {
-            driver->type(name(boxName), S());
-            box(boxName)->setFocus();
-            QTest::keyClicks(box(boxName), name(typedText));
-            Driver::settle();
-            QTest::keyClick(box(boxName)->completer()->popup(), Qt::Key_Down);
-            EXPECT_EQ(driver->text(name(boxName)), name(typedText)) << "only pointed at";
-        };
-        point();
-        QTest::keyClick(box(boxName)->completer()->popup(), Qt::Key_Escape);
-        EXPECT_EQ(driver->text(name(boxName)), name(typed));
-        point();
-        QTest::keyClick(box(boxName)->completer()->popup(), Qt::Key_Tab);
+    for (const auto& [name, typed, entry, field] :
+         {std::tuple("ByEd", "an", "Ann Smith", &Order::ByEd),
+          std::tuple("ToCombo", "ac", "Acme", &Order::ToCombo)}) {
+        QTest::keyClick(pointAtSuggestion(name, typed), Qt::Key_Escape);
+        EXPECT_EQ(text(name), typed);
+        QTest::keyClick(pointAtSuggestion(name, typed), Qt::Key_Tab);
         Driver::settle();
-        EXPECT_EQ(driver->text(name(boxName)), name(entry));
-        const Order& order = program->open.order;
-        EXPECT_EQ(boxName[0] == 'B' ? order.ByEd : order.ToCombo, entry);
+        EXPECT_EQ(text(name), entry);
+        EXPECT_EQ(order().*field, entry);
     }
 }
 
-TEST_F(HistoryTest, ShiftDeleteCutsASelectedPartOfTheText) {
-    box("ByEd")->setFocus();
-    box("ByEd")->lineEdit()->setSelection(1, 2);
-    QTest::keyClick(box("ByEd"), Qt::Key_Delete, Qt::ShiftModifier);
-    EXPECT_EQ(driver->text(name("ByEd")), name("B"));
-    EXPECT_EQ(program->open.order.ByEd, "B");
-    EXPECT_EQ(listed("ByEd").size(), 3);
-}
-
-TEST_F(HistoryTest, DeleteInTheMenuForgetsTheValueShown) {
+TEST_F(HistoryTest, DeleteInTheMenuAndShiftDeleteForgetTheValueShownOrPointedAt) {
     deleteInMenu("ByEd");
-    EXPECT_EQ(driver->text(name("ByEd")), S());
-    EXPECT_EQ(listed("ByEd"), (QStringList{name("Ann Smith"), name("Anna Jones")}));
+    EXPECT_EQ(text("ByEd"), "");
+    expectListed("ByEd", {"Ann Smith", "Anna Jones"});
+    type("ByEd", "Carl");
+    shiftDeleteInList("ByEd", 0);
+    EXPECT_EQ(text("ByEd"), "Carl");
+    expectListed("ByEd", {"Anna Jones"});
+    driver->pick("ByEd", "Anna Jones");
+    shiftDelete("ByEd");
+    EXPECT_EQ(text("ByEd"), "");
+    expectListed("ByEd", {});
 }
 
-TEST_F(HistoryTest, ShiftDeleteForgetsTheValueShownOrPointedAt) {
-    driver->press(name("ByEd"), Qt::Key_Delete, Qt::ShiftModifier);
-    EXPECT_EQ(driver->text(name("ByEd")), S());
-    driver->type(name("ByEd"), name("Carl"));
-    box("ByEd")->showPopup();
-    Driver::settle();
-    box("ByEd")->view()->setCurrentIndex(box("ByEd")->model()->index(0, 0));
-    QTest::keyClick(box("ByEd")->view(), Qt::Key_Delete, Qt::ShiftModifier);
-    box("ByEd")->hidePopup();
-    Driver::settle();
-    EXPECT_EQ(driver->text(name("ByEd")), name("Carl"));
-    EXPECT_EQ(listed("ByEd"), QStringList{name("Anna Jones")});
-}
-
-TEST_F(HistoryTest, ShiftDeleteForgetsTheSuggestionPointedAt) {
-    driver->type(name("ByEd"), S());
-    box("ByEd")->setFocus();
-    QTest::keyClicks(box("ByEd"), name("an"));
-    Driver::settle();
-    QAbstractItemView* const suggestions = box("ByEd")->completer()->popup();
-    QTest::keyClick(suggestions, Qt::Key_Down);
+TEST_F(HistoryTest, ShiftDeleteForgetsTheSuggestionPointedAtButCutsASelectedPartOfTheText) {
+    box("ByEd")->lineEdit()->setSelection(1, 2);
+    shiftDelete("ByEd");
+    EXPECT_EQ(text("ByEd"), "B");
+    EXPECT_EQ(order().ByEd, "B");
+    QAbstractItemView* const suggestions = pointAtSuggestion("ByEd", "an");
     QTest::keyClick(suggestions, Qt::Key_Delete, Qt::ShiftModifier);
-    EXPECT_EQ(listed("ByEd"), (QStringList{name("Anna Jones"), name("Bob")}));
-    EXPECT_EQ(driver->text(name("ByEd")), name("an"));
+    expectListed("ByEd", {"Anna Jones", "Bob"});
+    EXPECT_EQ(text("ByEd"), "an");
     EXPECT_TRUE(suggestions->isVisible());
-    EXPECT_EQ(suggestions->currentIndex().data().toString(), name("Anna Jones"));
+    EXPECT_EQ(suggestions->currentIndex().data().toString(), "Anna Jones");
     QTest::keyClick(suggestions, Qt::Key_Delete, Qt::ShiftModifier);
-    EXPECT_EQ(listed("ByEd"), QStringList{name("Bob")});
+    expectListed("ByEd", {"Bob"});
     EXPECT_FALSE(suggestions->isVisible());
-    EXPECT_EQ(driver->text(name("ByEd")), name("an"));
+    EXPECT_EQ(text("ByEd"), "an");
 }
 
 TEST_F(HistoryTest, InAnAddressBoxItDeletesWhatIsPickedOrPointedAt) {
-    for (const char* vendor : {"Acme", "Bolt", "Cole"}) {
-        driver->type(name("ToCombo"), name(vendor));
-        driver->click(name("ChangedVendor"));
-    }
-    const auto shiftDelete = [&] {
-        driver->press(name("ToCombo"), Qt::Key_Delete, Qt::ShiftModifier);
-    };
-    driver->pick(name("ToCombo"), name("Cole"));
-    driver->type(name("ToCombo"), name("Acme"));  // only typed: it is text as any other
-    shiftDelete();
-    EXPECT_EQ(listed("ToCombo").size(), 3);
+    driver->pick("ToCombo", "Cole");
+    type("ToCombo", "Acme");  // only typed: it is text as any other
+    shiftDelete("ToCombo");
     box("ToCombo")->lineEdit()->selectAll();
-    shiftDelete();
-    EXPECT_EQ(driver->text(name("ToCombo")), S()) << "cut";
-    EXPECT_EQ(listed("ToCombo").size(), 3);
+    shiftDelete("ToCombo");
+    EXPECT_EQ(text("ToCombo"), "") << "cut";
+    expectListed("ToCombo", {"Acme", "Bolt", "Cole"});
 
-    driver->pick(name("ToCombo"), name("Cole"));
-    box("ToCombo")->showPopup();
-    Driver::settle();
-    box("ToCombo")->view()->setCurrentIndex(box("ToCombo")->model()->index(1, 0));
-    QTest::keyClick(box("ToCombo")->view(), Qt::Key_Delete, Qt::ShiftModifier);
-    box("ToCombo")->hidePopup();
-    Driver::settle();
-    EXPECT_EQ(listed("ToCombo"), (QStringList{name("Acme"), name("Cole")}));
-    EXPECT_EQ(program->open.order.ToCombo, "Cole");
+    driver->pick("ToCombo", "Cole");
+    shiftDeleteInList("ToCombo", 1);
+    expectListed("ToCombo", {"Acme", "Cole"});
+    EXPECT_EQ(order().ToCombo, "Cole");
 
     deleteInMenu("ToCombo");  // the command is disabled until the next pick
-    EXPECT_EQ(listed("ToCombo").size(), 2);
-    driver->pick(name("ToCombo"), name("Acme"));
+    expectListed("ToCombo", {"Acme", "Cole"});
+    driver->pick("ToCombo", "Acme");
     deleteInMenu("ToCombo");
-    EXPECT_EQ(listed("ToCombo"), QStringList{name("Cole")});
-    EXPECT_EQ(program->open.order.ToCombo, "");
-}
-
-TEST_F(HistoryTest, OpeningTheListMarksTheOrder) {
-    EXPECT_FALSE(program->open.OrderDirty);
-    box("TermsEd")->showPopup();
-    EXPECT_TRUE(program->open.OrderDirty);
-    box("TermsEd")->hidePopup();
+    expectListed("ToCombo", {"Cole"});
+    EXPECT_EQ(order().ToCombo, "");
 }
 
 }  // namespace

@@ -1,11 +1,6 @@
 // The windows for backup, restoring and contact import.
 
 #include "gui/desk.h"
-#include "gui/platform/qt_text.h"
-
-#include <QListView>
-#include <QProgressBar>
-#include <QPushButton>
 
 namespace bramblet::test {
 namespace {
@@ -16,83 +11,79 @@ class SafetyTest : public Desk {
         Desk::SetUp();
         for (int i = 0; i < 3; ++i)
             newOrder();
-        std::filesystem::create_directory(target());
+        std::filesystem::create_directory(target);
     }
-    std::filesystem::path target() const { return withSeparator(documents / "safe"); }
-    int listed() { return driver->find<QListView>(name("BackMeUp"))->model()->rowCount(); }
-    S caption(const char* button) { return driver->find<QPushButton>(name(button))->text(); }
+    const std::filesystem::path target = withSeparator(documents / "safe");
 };
 
 TEST_F(SafetyTest, ABackupIsMadeVerifiedAndRestored) {
-    driver->onNextDialog([&](QWidget& dialog) {
-        EXPECT_EQ(dialog.objectName(), name("TandrilfrmBackup"));
-        EXPECT_EQ(driver->text(name("Backuplist")), pathToQt(program->folder.DataPath()));
-        EXPECT_EQ(listed(), 12);  // three orders, six histories, the list, addresses, catalogue
-        driver->type(name("BackUpTarget"), pathToQt(target()));
-        driver->answer(name("Backup completed!"), QMessageBox::Ok);
-        driver->click(name("RunBackup"));
-        EXPECT_EQ(driver->text(name("BackUpProgress")), name("12 files copied"));
-        auto* bar = driver->find<QProgressBar>(name("BackUpBar"));
+    driver->inDialog("mu_DataBackup", [&](QWidget& dialog) {
+        EXPECT_EQ(dialog.objectName(), "TandrilfrmBackup");
+        EXPECT_EQ(text("Backuplist"), pathToQt(program->folder.DataPath()));
+        // Three orders, six histories, the list, addresses, catalogue.
+        EXPECT_EQ(driver->find<QListView>("BackMeUp")->model()->rowCount(), 12);
+        type("BackUpTarget", pathToQt(target));
+        driver->answer("Backup completed!");
+        click("RunBackup");
+        EXPECT_EQ(text("BackUpProgress"), "12 files copied");
+        auto* bar = driver->find<QProgressBar>("BackUpBar");
         EXPECT_EQ(bar->value(), bar->maximum());
-        driver->answer(name("12 files agree, 0 differ, 0 missing."), QMessageBox::Ok);
-        driver->click(name("Verify"));
-        driver->click(name("StopBackup"));
+        driver->answer("12 files agree, 0 differ, 0 missing.");
+        click("Verify");
+        click("StopBackup");
     });
-    driver->trigger(name("mu_DataBackup"));
 
     FileSystem().remove(program->folder.file("po_data.dat"));
-    driver->onNextDialog([&](QWidget& dialog) {
-        EXPECT_EQ(dialog.objectName(), name("TandrilfrmRestore"));
-        EXPECT_EQ(driver->text(name("Backuplist")), pathToQt(target()));
-        driver->answer(name("CAUTION"), QMessageBox::Yes);
-        driver->answer(name("Restoration completed!"), QMessageBox::Ok);
-        driver->click(name("RunBackup"));
+    driver->inDialog("mu_DataRestore", [&](QWidget& dialog) {
+        EXPECT_EQ(dialog.objectName(), "TandrilfrmRestore");
+        EXPECT_EQ(text("Backuplist"), pathToQt(target));
+        driver->answer("CAUTION", QMessageBox::Yes);
+        driver->answer("Restoration completed!");
+        click("RunBackup");
         dialog.close();
     });
-    driver->trigger(name("mu_DataRestore"));
-    EXPECT_EQ(driver->rows(name("POGrid")), 3);
+    EXPECT_EQ(driver->rows("POGrid"), 3);
 }
 
 TEST_F(SafetyTest, StopClosesTheWindowAndEndsTheRun) {
-    driver->onNextDialog([&](QWidget& dialog) {
-        driver->type(name("BackUpTarget"), pathToQt(target()));
-        EXPECT_EQ(caption("StopBackup"), name("Close"));
+    driver->inDialog("mu_DataBackup", [&](QWidget& dialog) {
+        type("BackUpTarget", pathToQt(target));
+        EXPECT_EQ(driver->find<QPushButton>("StopBackup")->text(), "Close");
         bool clicked = false;
         const auto shown = program->backup.onChange;
         program->backup.onChange = [&, shown] {
             shown();
             if (clicked || program->backup.progress().files < 2) return;
             clicked = true;
-            EXPECT_FALSE(driver->isEnabled(name("RunBackup")));
-            driver->click(name("StopBackup"));
+            EXPECT_FALSE(enabled("RunBackup"));
+            click("StopBackup");
         };
-        driver->click(name("RunBackup"));
+        click("RunBackup");
         EXPECT_TRUE(clicked);
         EXPECT_FALSE(dialog.isVisible());
     });
-    driver->trigger(name("mu_DataBackup"));
-    EXPECT_EQ(FileSystem().fileNames(target()).size(), 2u);
+    EXPECT_EQ(FileSystem().fileNames(target).size(), 2u);
 }
 
 TEST_F(SafetyTest, ContactsAreImportedFromTheirWindow) {
     std::string contact(1047, ' ');
     contact.replace(81, 4, "Acme");
-    writeFile(documents / "contacts.dat", contact);
-    driver->onNextDialog([&](QWidget& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), name("Bramblet - Kettleby Import"));
-        EXPECT_FALSE(driver->isEnabled(name("ImportKettlebyVendors")));
-        EXPECT_FALSE(driver->isEnabled(name("ImportAsShipTos")));
-        driver->chooseFile(pathToQt(documents / "contacts.dat"));
-        driver->click(name("Command1"));
-        EXPECT_EQ(driver->text(name("FileNameEd")), pathToQt(documents / "contacts.dat"));
-        driver->answer(name("Finished!"), QMessageBox::Ok);
-        driver->click(name("ImportKettlebyVendors"));
-        EXPECT_TRUE(driver->isEnabled(name("ImportAsShipTos")));
+    const auto file = documents / "contacts.dat";
+    writeFile(file, contact);
+    driver->inDialog("mu_ImportKettleby", [&](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Bramblet - Kettleby Import");
+        EXPECT_FALSE(enabled("ImportKettlebyVendors"));
+        EXPECT_FALSE(enabled("ImportAsShipTos"));
+        driver->chooseFile(pathToQt(file));
+        click("Command1");
+        EXPECT_EQ(text("FileNameEd"), pathToQt(file));
+        driver->answer("Finished!");
+        click("ImportKettlebyVendors");
+        EXPECT_TRUE(enabled("ImportAsShipTos"));
         dialog.close();
     });
-    driver->trigger(name("mu_ImportKettleby"));
-    driver->pick(name("ToCombo"), name("Acme"));
-    EXPECT_EQ(program->open.order.ToCombo, "Acme");
+    driver->pick("ToCombo", "Acme");
+    EXPECT_EQ(order().ToCombo, "Acme");
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ TEST(SystemDesktopTest, TheProgramForAFileIsFoundByItsKind) {
     writeFile(folder / "nobody.knows-this", "text");
     SystemDesktop desktop;
     const QFileInfo program(pathToQt(desktop.programFor(folder / "a package.msi")));
-    EXPECT_EQ(program.fileName().toLower(), QStringLiteral("msiexec.exe"));
+    EXPECT_EQ(program.fileName().toLower(), "msiexec.exe");
     EXPECT_TRUE(program.isExecutable());
     EXPECT_EQ(desktop.programFor(folder / "nobody.knows-this"), "");
     EXPECT_EQ(desktop.programFor(folder / "missing.msi"), "");

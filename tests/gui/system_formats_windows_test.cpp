@@ -37,7 +37,7 @@ TEST(SystemFormats, AmountsAreWrittenAsWindowsWritesThem) {
         ::GetCurrencyFormatW(LOCALE_USER_DEFAULT, 0, digits.c_str(), nullptr, currency.data(),
                              static_cast<int>(currency.size()));
         QString plain = toQt(currencyText(value, formats));
-        plain.replace(QLatin1Char(' '), QChar(0xA0));
+        plain.replace(' ', QChar(0xA0));
         EXPECT_EQ(fromQt(plain), coded(currency));
     }
 }
@@ -49,8 +49,7 @@ TEST(SystemFormats, DatesAreWrittenAsWindowsWritesThemWithTheWholeYear) {
                                static_cast<int>(pattern.size())),
               0);
     QString whole = QString::fromWCharArray(pattern.data());
-    if (!whole.contains(QLatin1String("yyyy")))
-        whole.replace(QLatin1String("yy"), QLatin1String("yyyy"));
+    if (!whole.contains("yyyy")) whole.replace("yy", "yyyy");
     const SYSTEMTIME day{2026, 3, 3, 4, 0, 0, 0, 0};
     Buffer date{};
     ::GetDateFormatW(LOCALE_USER_DEFAULT, 0, &day, whole.toStdWString().c_str(), date.data(),
