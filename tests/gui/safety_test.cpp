@@ -68,15 +68,12 @@ TEST_F(SafetyTest, StopClosesTheWindowAndEndsTheRun) {
 TEST_F(SafetyTest, ContactsAreImportedFromTheirWindow) {
     std::string contact(1047, ' ');
     contact.replace(81, 4, "Acme");
-    const auto file = documents / "contacts.dat";
-    writeFile(file, contact);
+    writeFile(documents / "contacts.dat", contact);
     driver->inDialog("mu_ImportKettleby", [&](QWidget& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), "Bramblet - Kettleby Import");
-        EXPECT_FALSE(enabled("ImportKettlebyVendors"));
-        EXPECT_FALSE(enabled("ImportAsShipTos"));
-        driver->chooseFile(pathToQt(file));
+        EXPECT_FALSE(enabled("ImportKettlebyVendors") || enabled("ImportAsShipTos"));
+        driver->chooseFile(pathToQt(documents / "contacts.dat"));
         click("Command1");
-        EXPECT_EQ(text("FileNameEd"), pathToQt(file));
+        EXPECT_EQ(text("FileNameEd"), pathToQt(documents / "contacts.dat"));
         driver->answer("Finished!");
         click("ImportKettlebyVendors");
         EXPECT_TRUE(enabled("ImportAsShipTos"));

@@ -171,7 +171,7 @@ void catalogue(Guide& guide, const QString& file) {
     pickItems(guide);
     guide.clickHeading("StockGrid", 0);
     guide.picture("13-catalogue");
-    guide.chooseFile(file);
+    guide.chooseFile(file.chopped(4));  // the ending is added
     guide.pictureOfNext("14-exported", QMessageBox::Ok);
     guide.trigger("mu_ExportStockItems");
 }
