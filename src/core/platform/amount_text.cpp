@@ -1,6 +1,5 @@
 #include "core/platform/amount_text.h"
 
-#include "core/platform/decimal.h"
 #include "core/platform/fault.h"
 #include "core/platform/text.h"
 
@@ -11,9 +10,7 @@
 namespace bramblet {
 namespace {
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+constexpr std::string_view kBlanks = " \xA0";
 
 /// `whole` with the region's group separators.
 std::string grouped(const std::string& whole, const RegionalFormats& formats) {
@@ -36,58 +33,30 @@ std::string groupedText(const Decimal& number, int places, const RegionalFormats
     return out;
 }
 
-std::string standard(const Decimal& value, const RegionalFormats& formats) {
-    const Decimal number = rounded(value, 2, Halves::AwayFromZero);
-    return (number.negative ? "-" : "") + groupedText(number, 2, formats);
-}
-
-std::string currency(const Decimal& value, const RegionalFormats& formats) {
-    const Decimal number = rounded(value, formats.currencyDecimals, Halves::AwayFromZero);
-    const std::string amount = groupedText(number, formats.currencyDecimals, formats);
-    if (number.negative) {
-        return formats.currencyNegativePrefix + amount + formats.currencyNegativeSuffix;
-    }
-    return formats.currencyPrefix + amount + formats.currencySuffix;
-}
-
 bool dropPrefix(std::string_view& text, std::string_view prefix) {
     if (prefix.empty() || !text.starts_with(prefix)) return false;
     text.remove_prefix(prefix.size());
     return true;
 }
 
-bool isBlank(char c) {
-    return c == ' ' || c == '\xA0';
-}
-
-void dropBlanks(std::string_view& text) {
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-}
-
 /// Takes the sign and the currency sign, in either order, off the front of `text` (and a currency
 /// sign off its end). True when the number is negative.
 bool takeSigns(std::string_view& text, const RegionalFormats& formats) {
-    dropBlanks(text);
+    text = withoutEnds(text, kBlanks);
     bool negative = dropPrefix(text, "-");
-    dropBlanks(text);
+    text = withoutEnds(text, kBlanks);
     dropPrefix(text, formats.currencySign);
-    dropBlanks(text);
+    text = withoutEnds(text, kBlanks);
     negative = negative || dropPrefix(text, "-");
-    if (!formats.currencySign.empty() && text.ends_with(formats.currencySign)) {
-        text.remove_suffix(formats.currencySign.size());
-    }
-    dropBlanks(text);
+    if (text.ends_with(formats.currencySign)) text.remove_suffix(formats.currencySign.size());
+    text = withoutEnds(text, kBlanks);
     return negative;
 }
 
 /// Where groups are separated by a no-break blank, people type a plain one.
 bool dropGroupSeparator(std::string_view& text, const RegionalFormats& formats) {
-    const std::string& separator = formats.groupSeparator;
-    const bool blankGroups = separator.size() == 1 && isBlank(separator.front());
-    return dropPrefix(text, separator) || (blankGroups && dropPrefix(text, " "));
+    return dropPrefix(text, formats.groupSeparator) ||
+           (formats.groupSeparator == "\xA0" && dropPrefix(text, " "));
 }
 
 /// The digits with "." as decimal separator, as std::from_chars reads them.
@@ -117,10 +86,8 @@ std::string CleanNumber(std::string& text) {
 }
 
 std::string cleanedNumber(std::string_view text) {
-    std::string kept;
-    for (const char c : text) {
-        if (isDigit(c) || c == '.' || c == ',') kept.push_back(c);
-    }
+    std::string kept(text);
+    std::erase_if(kept, [](char c) { return !isDigit(c) && c != '.' && c != ','; });
     return kept.empty() ? "0" : kept;
 }
 
@@ -137,20 +104,18 @@ Currency amountOf(std::string_view text, const RegionalFormats& formats) {
     return toCurrency(numberOf(text, formats));
 }
 
-std::string standardText(Currency amount, const RegionalFormats& formats) {
-    return standard(toDecimal(amount), formats);
+std::string standardText(const Decimal& amount, const RegionalFormats& formats) {
+    const Decimal number = rounded(amount, 2, Halves::AwayFromZero);
+    return (number.negative ? "-" : "") + groupedText(number, 2, formats);
 }
 
-std::string standardText(double value, const RegionalFormats& formats) {
-    return standard(toDecimal(value), formats);
-}
-
-std::string currencyText(Currency amount, const RegionalFormats& formats) {
-    return currency(toDecimal(amount), formats);
-}
-
-std::string currencyText(double value, const RegionalFormats& formats) {
-    return currency(toDecimal(value), formats);
+std::string currencyText(const Decimal& amount, const RegionalFormats& formats) {
+    const Decimal number = rounded(amount, formats.currencyDecimals, Halves::AwayFromZero);
+    const std::string digits = groupedText(number, formats.currencyDecimals, formats);
+    if (number.negative) {
+        return formats.currencyNegativePrefix + digits + formats.currencyNegativeSuffix;
+    }
+    return formats.currencyPrefix + digits + formats.currencySuffix;
 }
 
 std::string currencyText(std::string_view text, const RegionalFormats& formats) {
@@ -161,10 +126,8 @@ std::string currencyText(std::string_view text, const RegionalFormats& formats) 
     }
 }
 
-std::string generalText(double value, const RegionalFormats& formats) {
-    const Decimal number = toDecimal(value);
-    const int behindPoint = static_cast<int>(number.digits.size()) - number.exponent;
-    const PlainDigits plain = plainDigits(number, std::max(behindPoint, 0));
+std::string generalText(const Decimal& number, const RegionalFormats& formats) {
+    const PlainDigits plain = plainDigits(number, number.decimals());
     std::string out = (number.negative ? "-" : "") + plain.whole;
     if (!plain.fraction.empty()) out += formats.decimalSeparator + plain.fraction;
     return out;
@@ -174,11 +137,9 @@ std::string tagText(double tag) {
     return std::isfinite(tag) ? generalText(tag, RegionalFormats{}) : "0";
 }
 
-std::string exactText(Currency amount, const RegionalFormats& formats) {
-    const Decimal number = toDecimal(amount);
-    const int behindPoint = static_cast<int>(number.digits.size()) - number.exponent;
-    return (number.negative ? "-" : "") +
-           groupedText(number, std::clamp(behindPoint, 2, 4), formats);
+std::string exactText(const Decimal& amount, const RegionalFormats& formats) {
+    return (amount.negative ? "-" : "") +
+           groupedText(amount, std::clamp(amount.decimals(), 2, 4), formats);
 }
 
 }  // namespace bramblet

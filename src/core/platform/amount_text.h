@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/platform/currency.h"
+#include "core/platform/decimal.h"
 #include "core/platform/regional_formats.h"
 
 #include <string>
@@ -26,23 +27,21 @@ double numberOf(std::string_view text, const RegionalFormats& formats);
 Currency amountOf(std::string_view text, const RegionalFormats& formats);
 
 /// "standard": group separators and two decimals, halves rounded away from zero.
-std::string standardText(Currency amount, const RegionalFormats& formats);
-std::string standardText(double value, const RegionalFormats& formats);
+std::string standardText(const Decimal& amount, const RegionalFormats& formats);
 
 /// "currency": the region's currency form.
-std::string currencyText(Currency amount, const RegionalFormats& formats);
-std::string currencyText(double value, const RegionalFormats& formats);
+std::string currencyText(const Decimal& amount, const RegionalFormats& formats);
 
 /// "currency" of a text: of the number it names, or the text unchanged when it names none.
 std::string currencyText(std::string_view text, const RegionalFormats& formats);
 
 /// A number as people write it: up to 15 digits, no group separators, no trailing zeros.
-std::string generalText(double value, const RegionalFormats& formats);
+std::string generalText(const Decimal& number, const RegionalFormats& formats);
 
 /// The number of an address or a stock item: plain digits, the same in every region.
 std::string tagText(double tag);
 
 /// An amount with at least two and at most four decimals, so that nothing of it is lost.
-std::string exactText(Currency amount, const RegionalFormats& formats);
+std::string exactText(const Decimal& amount, const RegionalFormats& formats);
 
 }  // namespace bramblet

@@ -28,7 +28,7 @@ Currency operator-(Currency a, Currency b) {
 }
 
 Currency toCurrency(double value) {
-    const Decimal decimal = rounded(toDecimal(value), 4, Halves::ToEven);
+    const Decimal decimal = rounded(value, 4, Halves::ToEven);
     const PlainDigits plain = plainDigits(decimal, 4);
     const std::string count = (decimal.negative ? "-" : "") + plain.whole + plain.fraction;
     std::int64_t tenThousandths = 0;

@@ -1,10 +1,12 @@
 #include "core/platform/decimal.h"
 
 #include "core/platform/fault.h"
+#include "core/platform/text.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 
 namespace bramblet {
 namespace {
@@ -33,7 +35,7 @@ bool roundsUp(const std::string& digits, std::size_t kept, Halves halves) {
 
 }  // namespace
 
-Decimal toDecimal(double value) {
+Decimal::Decimal(double value) {
     if (!std::isfinite(value)) throw Fault(FaultNumber::Overflow);
     std::array<char, 40> buffer{};
     const bool fifteen = std::fabs(value) < kFourDecimalsInFifteenDigits;
@@ -43,33 +45,29 @@ Decimal toDecimal(double value) {
                 : std::to_chars(buffer.data(), end, value, std::chars_format::scientific);
     const std::string text(buffer.data(), result.ptr);  // like -1.2345e+02
     const auto e = text.find('e');
-    Decimal decimal;
-    decimal.negative = text.front() == '-';
-    for (const char c : text.substr(0, e)) {
-        if (c >= '0' && c <= '9') decimal.digits.push_back(c);
-    }
-    decimal.exponent = std::stoi(text.substr(e + 1)) + 1;
-    dropOuterZeros(decimal);
-    return decimal;
+    negative = text.front() == '-';
+    std::copy_if(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(e),
+                 std::back_inserter(digits), isDigit);
+    exponent = std::stoi(text.substr(e + 1)) + 1;
+    dropOuterZeros(*this);
 }
 
-Decimal toDecimal(Currency amount) {
-    Decimal decimal;
-    decimal.negative = amount.tenThousandths < 0;
-    const auto unsignedCount = static_cast<std::uint64_t>(amount.tenThousandths);
-    decimal.digits = std::to_string(decimal.negative ? 0 - unsignedCount : unsignedCount);
-    decimal.exponent = static_cast<int>(decimal.digits.size()) - 4;
-    dropOuterZeros(decimal);
-    return decimal;
+Decimal::Decimal(Currency amount) : negative(amount.tenThousandths < 0) {
+    const auto count = static_cast<std::uint64_t>(amount.tenThousandths);
+    digits = std::to_string(negative ? 0 - count : count);
+    exponent = static_cast<int>(digits.size()) - 4;
+    dropOuterZeros(*this);
 }
 
 Decimal rounded(const Decimal& decimal, int places, Halves halves) {
     const int kept = decimal.exponent + places;
-    if (kept < 0) return Decimal{};
+    if (kept < 0) return {};
     const auto keptDigits = static_cast<std::size_t>(kept);
     if (keptDigits >= decimal.digits.size()) return decimal;
 
-    Decimal out{decimal.negative, "0" + decimal.digits.substr(0, keptDigits), decimal.exponent + 1};
+    Decimal out = decimal;
+    out.digits = "0" + decimal.digits.substr(0, keptDigits);
+    ++out.exponent;
     if (roundsUp(decimal.digits, keptDigits, halves)) {
         std::size_t place = out.digits.size() - 1;
         while (out.digits[place] == '9')
@@ -81,22 +79,11 @@ Decimal rounded(const Decimal& decimal, int places, Halves halves) {
 }
 
 PlainDigits plainDigits(const Decimal& decimal, int places) {
-    PlainDigits plain;
-    const auto fractionDigits = static_cast<std::size_t>(places);
-    if (decimal.exponent <= 0) {
-        plain.whole = "0";
-        const bool anyDigit = !decimal.digits.empty();
-        plain.fraction.assign(anyDigit ? static_cast<std::size_t>(-decimal.exponent) : 0, '0');
-        plain.fraction += decimal.digits;
-    } else {
-        const auto wholeDigits = static_cast<std::size_t>(decimal.exponent);
-        plain.whole = decimal.digits.substr(0, wholeDigits);
-        plain.whole.resize(wholeDigits, '0');
-        if (decimal.digits.size() > wholeDigits)
-            plain.fraction = decimal.digits.substr(wholeDigits);
-    }
-    plain.fraction.resize(fractionDigits, '0');
-    return plain;
+    const int zerosInFront = std::max(0, 1 - decimal.exponent);
+    const auto whole = static_cast<std::size_t>(decimal.exponent + zerosInFront);
+    std::string all = std::string(static_cast<std::size_t>(zerosInFront), '0') + decimal.digits;
+    all.resize(whole + static_cast<std::size_t>(places), '0');
+    return {all.substr(0, whole), all.substr(whole)};
 }
 
 }  // namespace bramblet

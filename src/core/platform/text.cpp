@@ -2,36 +2,23 @@
 
 #include "core/platform/code_page.h"
 
-#include <algorithm>
-#include <optional>
 #include <unordered_map>
 
 namespace bramblet {
-namespace {
 
-std::string withoutEnds(std::string_view text, std::string_view dropped) {
+std::string_view withoutEnds(std::string_view text, std::string_view dropped) {
     const auto first = text.find_first_not_of(dropped);
     if (first == std::string_view::npos) return {};
-    const auto last = text.find_last_not_of(dropped);
-    return std::string(text.substr(first, last - first + 1));
+    return text.substr(first, text.find_last_not_of(dropped) + 1 - first);
 }
-
-bool isHighSurrogate(char16_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-bool isLowSurrogate(char16_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
-}
-
-}  // namespace
 
 std::string trimmed(std::string_view text) {
-    return withoutEnds(text, " ");
+    return std::string(withoutEnds(text, " "));
 }
 
 std::string trimmedField(std::string_view field) {
     using namespace std::string_view_literals;
-    return withoutEnds(field, " \0"sv);
+    return std::string(withoutEnds(field, " \0"sv));
 }
 
 std::string withoutControls(std::string_view text) {
@@ -56,21 +43,6 @@ std::string fitted(std::string_view text, std::size_t width) {
     return out;
 }
 
-std::optional<char> byteOf(char16_t unit) {
-    if (unit < 0x80) return static_cast<char>(unit);
-    static const auto bytes = [] {
-        std::unordered_map<char16_t, char> map;
-        const CodePage& page = systemCodePage();
-        for (unsigned byte = 0x80; byte < 256; ++byte) {
-            map.emplace(page.unicode[byte], static_cast<char>(byte));
-        }
-        return map;
-    }();
-    const auto found = bytes.find(unit);
-    if (found == bytes.end()) return std::nullopt;
-    return found->second;
-}
-
 std::string listedText(std::size_t count, const std::string& things, bool read) {
     const std::string listed = std::to_string(count) + " " + things + " listed";
     if (read) return listed;
@@ -89,13 +61,38 @@ std::u16string toUnicode(std::string_view text) {
 std::string fromUnicode(std::u16string_view text) {
     std::string out;
     out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool pair =
-            isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1]);
-        out.push_back(pair ? '?' : byteOf(text[i]).value_or('?'));
-        if (pair) ++i;
-    }
+    for (const char32_t character : charactersOf(text))
+        out.push_back(byteOf(character).value_or('?'));
     return out;
+}
+
+std::u32string charactersOf(std::u16string_view text) {
+    const auto isHighHalf = [&](std::size_t i) { return text[i] >= 0xD800 && text[i] < 0xDC00; };
+    const auto isLowHalf = [&](std::size_t i) { return text[i] >= 0xDC00 && text[i] < 0xE000; };
+    std::u32string characters;
+    characters.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (isHighHalf(i) && i + 1 < text.size() && isLowHalf(i + 1)) {
+            const char32_t high = text[i] - 0xD800u;
+            characters.push_back(0x10000 + (high << 10) + (text[++i] - 0xDC00u));
+        } else {
+            characters.push_back(isHighHalf(i) || isLowHalf(i) ? U'\uFFFD' : text[i]);
+        }
+    }
+    return characters;
+}
+
+std::optional<char> byteOf(char32_t character) {
+    if (character < 0x80) return static_cast<char>(character);
+    static const auto bytes = [] {
+        std::unordered_map<char32_t, char> map;
+        const CodePage& page = systemCodePage();
+        for (unsigned byte = 0x80; byte < 256; ++byte)
+            map.emplace(page.unicode[byte], static_cast<char>(byte));
+        return map;
+    }();
+    const auto found = bytes.find(character);
+    return found == bytes.end() ? std::nullopt : std::optional(found->second);
 }
 
 }  // namespace bramblet

@@ -8,6 +8,13 @@
 
 namespace bramblet {
 
+inline bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+/// The text without those characters at its ends that are among `dropped`.
+std::string_view withoutEnds(std::string_view text, std::string_view dropped);
+
 /// The text without the blanks at both ends. Only blanks: tabs and line breaks stay.
 std::string trimmed(std::string_view text);
 
@@ -34,7 +41,10 @@ std::u16string toUnicode(std::string_view text);
 /// Code page text of UTF-16; a character that the code page lacks becomes "?".
 std::string fromUnicode(std::u16string_view text);
 
+/// The characters of UTF-16; half a surrogate pair becomes the replacement character.
+std::u32string charactersOf(std::u16string_view text);
+
 /// The byte of a character; nothing when the code page lacks it.
-std::optional<char> byteOf(char16_t unit);
+std::optional<char> byteOf(char32_t character);
 
 }  // namespace bramblet
