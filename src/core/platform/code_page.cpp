@@ -12,18 +12,11 @@ constexpr std::array<char16_t, 32> kHighControls{
 std::uint8_t upper1252(unsigned byte) {
     const bool plainLetter = byte >= 'a' && byte <= 'z';
     const bool accentedLetter =
-        byte >= 0xE0 && byte <= 0xFE && byte != 0xF7;  // 0xF7: division sign
-    if (plainLetter || accentedLetter) return static_cast<std::uint8_t>(byte - 0x20);
-    switch (byte) {
-        case 0x9A:  // s with caron
-        case 0x9C:  // oe
-        case 0x9E:  // z with caron
-            return static_cast<std::uint8_t>(byte - 0x10);
-        case 0xFF:  // y with diaeresis
-            return 0x9F;
-        default:
-            return static_cast<std::uint8_t>(byte);
-    }
+        byte >= 0xE0 && byte <= 0xFE && byte != 0xF7;                       // 0xF7: division sign
+    const bool addedLetter = byte == 0x9A || byte == 0x9C || byte == 0x9E;  // s and z, caron; oe
+    if (byte == 0xFF) return 0x9F;                                          // y with diaeresis
+    const unsigned distance = plainLetter || accentedLetter ? 0x20 : addedLetter ? 0x10 : 0;
+    return static_cast<std::uint8_t>(byte - distance);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "core/platform/code_page_windows.h"
 
-#include <optional>
+#include <algorithm>
 #include <windows.h>
 
 namespace bramblet {
@@ -23,14 +23,6 @@ std::array<char16_t, 256> unicodeOf(unsigned number) {
     return unicode;
 }
 
-/// The byte of a character; nothing when the page lacks it.
-std::optional<std::uint8_t> byteOf(char16_t unit, const std::array<char16_t, 256>& unicode) {
-    for (unsigned byte = 0; byte < 256; ++byte) {
-        if (unicode[byte] == unit) return static_cast<std::uint8_t>(byte);
-    }
-    return std::nullopt;
-}
-
 }  // namespace
 
 CodePage codePage(unsigned number) {
@@ -45,8 +37,10 @@ CodePage codePage(unsigned number) {
         const auto unit = static_cast<wchar_t>(page.unicode[byte]);
         wchar_t capital = unit;
         ::LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, &unit, 1, &capital, 1);
-        page.upper[byte] = byteOf(static_cast<char16_t>(capital), page.unicode)
-                               .value_or(static_cast<std::uint8_t>(byte));
+        const auto& known = page.unicode;
+        const auto found = std::find(known.begin(), known.end(), static_cast<char16_t>(capital));
+        page.upper[byte] =
+            static_cast<std::uint8_t>(found == known.end() ? byte : found - known.begin());
     }
     return page;
 }

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <tuple>
 #include <utility>
 
 namespace bramblet {
@@ -18,69 +17,34 @@ constexpr std::string_view kSeparators = "\\/";
 constexpr std::string_view kSeparators = "/";
 #endif
 
-bool isHighSurrogate(char16_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-bool isLowSurrogate(char16_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
-}
-bool isSurrogate(char32_t point) {
-    return point >= 0xD800 && point < 0xE000;
+void appendUtf8(std::string& out, char32_t character) {
+    constexpr std::array<char32_t, 4> kLead{0, 0xC0, 0xE0, 0xF0};
+    std::size_t more = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+    out.push_back(static_cast<char>(kLead[more] | (character >> (6 * more))));
+    while (more-- > 0)
+        out.push_back(static_cast<char>(0x80 | ((character >> (6 * more)) & 0x3F)));
 }
 
-void appendUtf8(std::string& out, char32_t point) {
-    const auto put = [&out](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-    if (point < 0x80) {
-        put(point);
-    } else if (point < 0x800) {
-        put(0xC0 | (point >> 6));
-        put(0x80 | (point & 0x3F));
-    } else if (point < 0x10000) {
-        put(0xE0 | (point >> 12));
-        put(0x80 | ((point >> 6) & 0x3F));
-        put(0x80 | (point & 0x3F));
+void appendUtf16(std::u16string& out, char32_t character) {
+    if (character < 0x10000) {
+        out.push_back(static_cast<char16_t>(character));
     } else {
-        put(0xF0 | (point >> 18));
-        put(0x80 | ((point >> 12) & 0x3F));
-        put(0x80 | ((point >> 6) & 0x3F));
-        put(0x80 | (point & 0x3F));
+        out.push_back(static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10)));
+        out.push_back(static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF)));
     }
-}
-
-void appendUtf16(std::u16string& out, char32_t point) {
-    if (point < 0x10000) {
-        out.push_back(static_cast<char16_t>(point));
-    } else {
-        out.push_back(static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10)));
-        out.push_back(static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF)));
-    }
-}
-
-/// The characters of UTF-16; half a surrogate pair becomes the replacement character.
-std::u32string pointsOf(std::u16string_view text) {
-    std::u32string points;
-    points.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t point = text[i];
-        if (isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
-            point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00u);
-        }
-        points.push_back(isSurrogate(point) ? U'\uFFFD' : point);
-    }
-    return points;
 }
 
 std::string utf8Of(std::u16string_view text) {
     std::string out;
     out.reserve(text.size() * 2);
-    for (const char32_t point : pointsOf(text))
-        appendUtf8(out, point);
+    for (const char32_t character : charactersOf(text))
+        appendUtf8(out, character);
     return out;
 }
 
 struct Sequence {
     std::size_t length;
-    char32_t point;
+    char32_t character;
 };
 
 /// The UTF-8 sequence at the start of `text`; nothing when it is malformed or overlong.
@@ -89,33 +53,32 @@ std::optional<Sequence> firstSequence(std::string_view text) {
     if (lead < 0x80) return Sequence{1, lead};
     const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
     if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return std::nullopt;
-    char32_t point = lead & (0x7Fu >> length);
+    char32_t character = lead & (0x7Fu >> length);
     for (std::size_t i = 1; i < length; ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
         if ((byte & 0xC0) != 0x80) return std::nullopt;
-        point = (point << 6) | (byte & 0x3Fu);
+        character = (character << 6) | (byte & 0x3Fu);
     }
     constexpr std::array<char32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};
-    if (point < kSmallest[length] || point > 0x10FFFF || isSurrogate(point)) return std::nullopt;
-    return Sequence{length, point};
+    const bool surrogate = character >= 0xD800 && character < 0xE000;
+    if (character < kSmallest[length] || character > 0x10FFFF || surrogate) return std::nullopt;
+    return Sequence{length, character};
 }
 
 /// UTF-16 of bytes. A UTF-8 sequence that `isOne` accepts becomes its character; every other byte
 /// is one of the code page.
-template <class Condition>
-std::u16string decoded(std::string_view bytes, Condition isOne) {
+std::u16string decoded(std::string_view bytes, bool (*isOne)(char32_t character)) {
     std::u16string out;
     out.reserve(bytes.size());
     while (!bytes.empty()) {
         const auto sequence = firstSequence(bytes);
-        const bool taken = sequence && sequence->length > 1 && isOne(sequence->point);
-        const std::size_t length = taken ? sequence->length : 1;
-        if (taken) {
-            appendUtf16(out, sequence->point);
+        if (sequence && sequence->length > 1 && isOne(sequence->character)) {
+            appendUtf16(out, sequence->character);
+            bytes.remove_prefix(sequence->length);
         } else {
             out += toUnicode(bytes.substr(0, 1));
+            bytes.remove_prefix(1);
         }
-        bytes.remove_prefix(length);
     }
     return out;
 }
@@ -127,10 +90,6 @@ bool isUtf8(std::string_view text) {
         text.remove_prefix(sequence->length);
     }
     return true;
-}
-
-bool isLacking(char32_t point) {
-    return point >= 0x10000 || !byteOf(static_cast<char16_t>(point));
 }
 
 std::filesystem::path pathOfUtf8(const std::string& utf8) {
@@ -178,18 +137,18 @@ std::u16string unicodeOf(const std::filesystem::path& path) {
 
 std::string shown(const std::filesystem::path& path) {
     std::string out;
-    for (const char32_t point : pointsOf(unicodeOf(path))) {
-        if (isLacking(point)) {
-            appendUtf8(out, point);
+    for (const char32_t character : charactersOf(unicodeOf(path))) {
+        if (const auto byte = byteOf(character)) {
+            out.push_back(*byte);
         } else {
-            out.push_back(*byteOf(static_cast<char16_t>(point)));
+            appendUtf8(out, character);
         }
     }
     return out;
 }
 
 std::u16string messageToUnicode(std::string_view message) {
-    return decoded(message, isLacking);
+    return decoded(message, [](char32_t character) { return !byteOf(character); });
 }
 
 std::u16string withoutCase(const std::filesystem::path& path) {
@@ -209,15 +168,9 @@ bool endsInOneOf(const std::filesystem::path& name, std::span<const std::u16stri
 }
 
 void sortWithoutCase(std::vector<std::filesystem::path>& names) {
-    std::vector<std::pair<std::u16string, std::filesystem::path>> keyed;
-    keyed.reserve(names.size());
-    for (auto& name : names)
-        keyed.emplace_back(sortKey(withoutCase(name)), std::move(name));
-    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
-        return std::tie(a.first, a.second.native()) < std::tie(b.first, b.second.native());
+    sortRows(names, false, [](const std::filesystem::path& name) {
+        return std::pair(sortKey(withoutCase(name)), name.native());
     });
-    std::transform(keyed.begin(), keyed.end(), names.begin(),
-                   [](auto& pair) { return std::move(pair.second); });
 }
 
 }  // namespace bramblet
