@@ -1,47 +1,47 @@
 #include "core/platform/fault.h"
 
+#include <utility>
+
 namespace bramblet {
+namespace {
+
+constexpr std::pair<FaultNumber, const char*> kDescriptions[]{
+    {FaultNumber::Overflow, "Overflow"},
+    {FaultNumber::TypeMismatch, "Type mismatch"},
+    {FaultNumber::BadFileName, "Bad file name or number"},
+    {FaultNumber::FileNotFound, "File not found"},
+    {FaultNumber::DeviceError, "Device I/O error"},
+    {FaultNumber::DiskFull, "Disk full"},
+    {FaultNumber::PastEndOfFile, "Input past end of file"},
+    {FaultNumber::BadRecordNumber, "Bad record number"},
+    {FaultNumber::TooManyFiles, "Too many files"},
+    {FaultNumber::PermissionDenied, "Permission denied"},
+    {FaultNumber::PathFileAccess, "Path/File access error"},
+    {FaultNumber::PathNotFound, "Path not found"},
+};
 
 std::string describe(FaultNumber number) {
-    switch (number) {
-        case FaultNumber::Overflow:
-            return "Overflow";
-        case FaultNumber::TypeMismatch:
-            return "Type mismatch";
-        case FaultNumber::BadFileName:
-            return "Bad file name or number";
-        case FaultNumber::FileNotFound:
-            return "File not found";
-        case FaultNumber::DeviceError:
-            return "Device I/O error";
-        case FaultNumber::DiskFull:
-            return "Disk full";
-        case FaultNumber::PastEndOfFile:
-            return "Input past end of file";
-        case FaultNumber::BadRecordNumber:
-            return "Bad record number";
-        case FaultNumber::TooManyFiles:
-            return "Too many files";
-        case FaultNumber::PermissionDenied:
-            return "Permission denied";
-        case FaultNumber::PathFileAccess:
-            return "Path/File access error";
-        case FaultNumber::PathNotFound:
-            return "Path not found";
+    for (const auto& [known, description] : kDescriptions) {
+        if (known == number) return description;
     }
     return "Unknown error";
 }
 
+}  // namespace
+
+Fault::Fault(FaultNumber number, std::string words)
+    : std::runtime_error(describe(number)), number_(number), words_(std::move(words)) {}
+
 std::string Fault::inWords() const {
-    return description() + " (error " + std::to_string(code()) + ")";
+    return words_.empty() ? description() + " (error " + std::to_string(code()) + ")" : words_;
 }
 
-std::string FileTooLong::inWords() const {
-    return "the file is damaged, it is " + std::to_string(length_) + " bytes long";
-}
+FileTooLong::FileTooLong(std::filesystem::path path, std::uint64_t length)
+    : FileError(FaultNumber::Overflow, std::move(path),
+                "the file is damaged, it is " + std::to_string(length) + " bytes long") {}
 
-std::string BoxFault::inWords() const {
-    return "\"" + text_ + "\" in the box " + box_ + " " + complaint_;
-}
+BoxFault::BoxFault(FaultNumber number, const std::string& box, const std::string& text,
+                   const std::string& complaint)
+    : Fault(number, "\"" + text + "\" in the box " + box + " " + complaint) {}
 
 }  // namespace bramblet

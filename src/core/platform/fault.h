@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace bramblet {
 
@@ -25,15 +26,14 @@ enum class FaultNumber : int {
     PathNotFound = 76,
 };
 
-/// The description that goes with a number, for example "Disk full".
-std::string describe(FaultNumber number);
-
 class Fault : public std::runtime_error {
   public:
-    explicit Fault(FaultNumber number) : std::runtime_error(describe(number)), number_(number) {}
+    /// `words` are for `inWords`, where the number's own description does not say enough.
+    explicit Fault(FaultNumber number, std::string words = {});
 
     FaultNumber number() const { return number_; }
     int code() const { return static_cast<int>(number_); }
+    /// What the number stands for, for example "Disk full".
     std::string description() const { return what(); }
 
     /// One clause for a status line, for example "Disk full (error 61)".
@@ -41,13 +41,14 @@ class Fault : public std::runtime_error {
 
   private:
     FaultNumber number_;
+    std::string words_;
 };
 
 /// A fault of a file operation, with the path of the file.
 class FileError : public Fault {
   public:
-    FileError(FaultNumber number, std::filesystem::path path)
-        : Fault(number), path_(std::move(path)) {}
+    FileError(FaultNumber number, std::filesystem::path path, std::string words = {})
+        : Fault(number, std::move(words)), path_(std::move(path)) {}
 
     const std::filesystem::path& path() const { return path_; }
 
@@ -59,31 +60,15 @@ class FileError : public Fault {
 /// memory.
 class FileTooLong : public FileError {
   public:
-    FileTooLong(std::filesystem::path path, std::uint64_t length)
-        : FileError(FaultNumber::Overflow, std::move(path)), length_(length) {}
-
-    std::string inWords() const override;
-
-  private:
-    std::uint64_t length_;
+    FileTooLong(std::filesystem::path path, std::uint64_t length);
 };
 
 /// A fault caused by the content of one of the boxes: it names the box and its text.
 class BoxFault : public Fault {
   public:
     /// `complaint` ends the sentence, for example "is not a date".
-    BoxFault(FaultNumber number, std::string box, std::string text, std::string complaint)
-        : Fault(number),
-          box_(std::move(box)),
-          text_(std::move(text)),
-          complaint_(std::move(complaint)) {}
-
-    std::string inWords() const override;
-
-  private:
-    std::string box_;
-    std::string text_;
-    std::string complaint_;
+    BoxFault(FaultNumber number, const std::string& box, const std::string& text,
+             const std::string& complaint);
 };
 
 }  // namespace bramblet
