@@ -44,14 +44,11 @@ class Replacement {
     void write(std::uint64_t offset, std::string_view bytes) {
         run([&] { file_->write(offset, bytes); });
     }
-    void setModified(std::int64_t modified) {
+    /// Unless `modified` is given, the time stamp is that of the last `write`.
+    void putInPlace(std::optional<std::int64_t> modified = {}) {
         run([&] { file_->flush(); });
         file_.reset();
-        run([&] { os::setModified(path_, modified); });
-    }
-    void putInPlace() {
-        if (file_) run([&] { file_->flush(); });
-        file_.reset();
+        if (modified) run([&] { os::setModified(path_, *modified); });
         run([&] { os::rename(path_, target_); });
     }
 
@@ -112,28 +109,7 @@ void FileSystem::copy(const std::filesystem::path& from, const std::filesystem::
         replacement.write(offset, block);
         offset += block.size();
     }
-    replacement.setModified(source.modified);
-    replacement.putInPlace();
-}
-
-bool FileSystem::exists(const std::filesystem::path& path) const {
-    return os::exists(path);
-}
-
-bool FileSystem::isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) const {
-    return os::isSameFile(a, b);
-}
-
-os::FileStatus FileSystem::status(const std::filesystem::path& path) const {
-    return run([&] { return os::status(path); });
-}
-
-void FileSystem::remove(const std::filesystem::path& path) const {
-    run([&] { os::remove(path); });
-}
-
-void FileSystem::rename(const std::filesystem::path& from, const std::filesystem::path& to) const {
-    run([&] { os::rename(from, to); });
+    replacement.putInPlace(source.modified);
 }
 
 void FileSystem::createFolders(const std::filesystem::path& path) const {
@@ -144,39 +120,6 @@ void FileSystem::createFolders(const std::filesystem::path& path) const {
         missing.push_back(folder);
     for (auto next = missing.rbegin(); next != missing.rend(); ++next)
         run([&] { os::createFolder(*next); });
-}
-
-std::vector<std::filesystem::path> FileSystem::fileNames(
-    const std::filesystem::path& folder, const std::function<void()>& reached) const {
-    return run([&] { return os::fileNames(folder, reached); });
-}
-
-std::vector<std::filesystem::path> FileSystem::folderNames(
-    const std::filesystem::path& folder) const {
-    return run([&] { return os::folderNames(folder); });
-}
-
-std::optional<std::uint64_t> FileSystem::freeSpace(const std::filesystem::path& folder) const {
-    return run([&] { return os::freeSpace(folder); });
-}
-
-RandomFile::RandomFile(const FileSystem& files, const std::filesystem::path& path, os::Open how)
-    : files_(files), file_(files.run([&] { return os::File(path, how); })) {}
-
-std::uint64_t RandomFile::length() const {
-    return files_.run([&] { return file_.length(); });
-}
-
-std::string RandomFile::read(std::uint64_t offset, std::size_t count) const {
-    return files_.run([&] { return file_.read(offset, count); });
-}
-
-void RandomFile::write(std::uint64_t offset, std::string_view bytes) {
-    files_.run([&] { file_.write(offset, bytes); });
-}
-
-void RandomFile::flush() {
-    files_.run([&] { file_.flush(); });
 }
 
 std::filesystem::path withSeparator(std::filesystem::path folder) {

@@ -27,6 +27,19 @@ class FileSystem {
     /// The same files, but with every fault thrown at once.
     FileSystem withoutRetry() const { return FileSystem(); }
 
+    /// Runs one file operation under the waiting rule.
+    template <class Statement>
+    auto run(Statement statement) const {
+        for (;;) {
+            try {
+                return statement();
+            } catch (const FileError& error) {
+                if (!wait_ || !isBusy(error)) throw;
+                wait_(error);
+            }
+        }
+    }
+
     /// Opens for reading and writing by position; a missing file is created empty.
     RandomFile openRandom(const std::filesystem::path& path) const;
 
@@ -48,31 +61,32 @@ class FileSystem {
     /// stamp of the original, and the access rights of the file that it replaces.
     void copy(const std::filesystem::path& from, const std::filesystem::path& to) const;
 
-    bool exists(const std::filesystem::path& path) const;
-    bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) const;
-    os::FileStatus status(const std::filesystem::path& path) const;
-    void remove(const std::filesystem::path& path) const;
-    void rename(const std::filesystem::path& from, const std::filesystem::path& to) const;
+    bool exists(const std::filesystem::path& path) const { return os::exists(path); }
+    bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) const {
+        return os::isSameFile(a, b);
+    }
+    os::FileStatus status(const std::filesystem::path& path) const {
+        return run([&] { return os::status(path); });
+    }
+    void remove(const std::filesystem::path& path) const {
+        run([&] { os::remove(path); });
+    }
+    void rename(const std::filesystem::path& from, const std::filesystem::path& to) const {
+        run([&] { os::rename(from, to); });
+    }
     /// Creates a folder and any missing folders above it.
     void createFolders(const std::filesystem::path& path) const;
     /// `reached` is called for every entry of the folder; it may throw to end the listing.
     std::vector<std::filesystem::path> fileNames(
-        const std::filesystem::path& folder, const std::function<void()>& reached = [] {}) const;
-    std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) const;
+        const std::filesystem::path& folder, const std::function<void()>& reached = [] {}) const {
+        return run([&] { return os::namesIn(folder, os::Kind::File, reached); });
+    }
+    std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) const {
+        return run([&] { return os::namesIn(folder, os::Kind::Folder, [] {}); });
+    }
     /// Nothing when the file system does not tell.
-    std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) const;
-
-    /// Runs one file operation under the waiting rule.
-    template <class Statement>
-    auto run(Statement statement) const {
-        for (;;) {
-            try {
-                return statement();
-            } catch (const FileError& error) {
-                if (!wait_ || !isBusy(error)) throw;
-                wait_(error);
-            }
-        }
+    std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) const {
+        return run([&] { return os::freeSpace(folder); });
     }
 
   private:
@@ -90,15 +104,24 @@ inline constexpr std::uint64_t kLongestFile = 64 << 20;
 /// An open file whose bytes are read and written by position.
 class RandomFile {
   public:
-    RandomFile(const FileSystem& files, const std::filesystem::path& path, os::Open how);
+    RandomFile(const FileSystem& files, const std::filesystem::path& path, os::Open how)
+        : files_(files), file_(files.run([&] { return os::File(path, how); })) {}
 
-    std::uint64_t length() const;
+    std::uint64_t length() const {
+        return files_.run([&] { return file_.length(); });
+    }
     /// The bytes at `offset`; fewer at the end of the file.
-    std::string read(std::uint64_t offset, std::size_t count) const;
+    std::string read(std::uint64_t offset, std::size_t count) const {
+        return files_.run([&] { return file_.read(offset, count); });
+    }
     /// One write call.
-    void write(std::uint64_t offset, std::string_view bytes);
+    void write(std::uint64_t offset, std::string_view bytes) {
+        files_.run([&] { file_.write(offset, bytes); });
+    }
     /// Hands what was written to the disk; a full disk or a lost share may only show up here.
-    void flush();
+    void flush() {
+        files_.run([&] { file_.flush(); });
+    }
 
   private:
     FileSystem files_;

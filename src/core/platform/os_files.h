@@ -26,8 +26,6 @@ class File {
   public:
     File(const std::filesystem::path& path, Open how);
     ~File();
-    File(File&& other) noexcept;
-    File& operator=(File&&) = delete;
     File(const File&) = delete;
     File& operator=(const File&) = delete;
 
@@ -60,13 +58,12 @@ void remove(const std::filesystem::path& path);
 /// rights are kept as far as the file system allows.
 void rename(const std::filesystem::path& from, const std::filesystem::path& to);
 void createFolder(const std::filesystem::path& path);
-/// Names (no path) of the plain files in a folder, in no particular order and exactly as they are
-/// on the disk. What is there but cannot be examined counts as a file, so that nobody takes it for
-/// missing. `reached` is called for every entry; it may throw.
-std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder,
-                                             const std::function<void()>& reached);
-/// The same for its subfolders.
-std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder);
+enum class Kind { File, Folder, Other };
+/// Names (no path) of the plain files or the subfolders in a folder, in no particular order and
+/// exactly as they are on the disk. What is there but cannot be examined counts as a file, so that
+/// nobody takes it for missing. `reached` is called for every entry; it may throw.
+std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, Kind kind,
+                                           const std::function<void()>& reached);
 /// Bytes that may still be written to the disk of `folder`; nothing when the file system does not
 /// tell.
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder);

@@ -12,9 +12,17 @@
 namespace bramblet::os {
 namespace {
 
+constexpr std::int64_t kSecond = 1'000'000'000;  // in nanoseconds
+
+/// What the system knows about a file or folder; nothing, with `errno` set, when it cannot say.
+std::optional<struct stat> factsOf(const std::filesystem::path& path) {
+    struct stat facts {};
+    return ::stat(path.c_str(), &facts) == 0 ? std::optional(facts) : std::nullopt;
+}
+
 bool isFolder(const std::filesystem::path& path) {
-    struct stat information {};
-    return ::stat(path.c_str(), &information) == 0 && S_ISDIR(information.st_mode);
+    const auto facts = factsOf(path);
+    return facts && S_ISDIR(facts->st_mode);
 }
 
 std::filesystem::path parentOf(const std::filesystem::path& path) {
@@ -54,12 +62,16 @@ FaultNumber faultOf(int error, const std::filesystem::path& path) {
     throw FileError(faultOf(error, path), path);
 }
 
+int descriptor(std::intptr_t handle) {
+    return static_cast<int>(handle);
+}
+
 int flagsOf(Open how) {
     switch (how) {
-        case Open::ReadWrite:
-            return O_RDWR | O_CREAT;
         case Open::Read:
             return O_RDONLY;
+        case Open::ReadWrite:
+            return O_RDWR | O_CREAT;
         case Open::Write:
             return O_WRONLY | O_CREAT;
         case Open::WriteNew:
@@ -77,8 +89,16 @@ auto uninterrupted(Call call) {
     }
 }
 
-std::int64_t nanoseconds(const timespec& time) {
-    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+int opened(const std::filesystem::path& path, Open how) {
+    // Without O_NONBLOCK, opening a named pipe would wait for somebody at its other end.
+    const int flags = flagsOf(how) | O_CLOEXEC | O_NONBLOCK;
+    const int file = uninterrupted([&] { return ::open(path.c_str(), flags, 0666); });
+    if (file == -1 && errno == ENXIO) fail(path, EINVAL);  // a pipe with nobody at its other end
+    if (file == -1) fail(path);
+    struct stat facts {};
+    if (::fstat(file, &facts) != 0 || S_ISREG(facts.st_mode)) return file;
+    ::close(file);
+    fail(path, S_ISDIR(facts.st_mode) ? EISDIR : EINVAL);
 }
 
 /// The errors of a file system that does not support what is asked of it, or does not allow it.
@@ -87,35 +107,15 @@ bool isRefusal(int error) {
            error == ENOSYS;
 }
 
-enum class Kind { File, Folder, Other };
-
 Kind kindOf(const dirent& entry, const std::filesystem::path& folder) {
     if (entry.d_type == DT_REG) return Kind::File;
     if (entry.d_type == DT_DIR) return Kind::Folder;
     if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return Kind::Other;
-    struct stat information {};
-    if (::stat((folder / entry.d_name).c_str(), &information) != 0) {
-        return errno == ENOENT ? Kind::Other : Kind::File;
-    }
-    if (S_ISDIR(information.st_mode)) return Kind::Folder;
-    return S_ISREG(information.st_mode) ? Kind::File : Kind::Other;
-}
-
-std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, Kind kind,
-                                           const std::function<void()>& reached) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), ::closedir);
-    if (!stream) fail(folder);
-    std::vector<std::filesystem::path> names;
-    for (;;) {
-        errno = 0;
-        const dirent* const entry = ::readdir(stream.get());
-        if (entry == nullptr && errno != 0) fail(folder);
-        if (entry == nullptr) return names;
-        const std::string_view name = entry->d_name;
-        if (name == "." || name == "..") continue;
-        if (kindOf(*entry, folder) == kind) names.emplace_back(name);
-        reached();
-    }
+    const auto facts = factsOf(folder / entry.d_name);
+    if (!facts) return errno == ENOENT ? Kind::Other : Kind::File;
+    return S_ISDIR(facts->st_mode)   ? Kind::Folder
+           : S_ISREG(facts->st_mode) ? Kind::File
+                                     : Kind::Other;
 }
 
 /// Without this a power cut may undo a rename. A folder that cannot be flushed is left as it is.
@@ -130,39 +130,23 @@ void flushFolder(const std::filesystem::path& folder) {
 void takeOverRights(const std::filesystem::path& from, const std::filesystem::path& to) {
     constexpr mode_t kRights = 07777;
     constexpr auto kOwnerAsItIs = static_cast<uid_t>(-1);
-    struct stat old {};
-    if (::stat(from.c_str(), &old) != 0) return;
-    if (::chown(to.c_str(), kOwnerAsItIs, old.st_gid) != 0 && !isRefusal(errno)) fail(to);
-    if (::chmod(to.c_str(), old.st_mode & kRights) != 0 && !isRefusal(errno)) fail(to);
+    const auto old = factsOf(from);
+    if (!old) return;
+    if (::chown(to.c_str(), kOwnerAsItIs, old->st_gid) != 0 && !isRefusal(errno)) fail(to);
+    if (::chmod(to.c_str(), old->st_mode & kRights) != 0 && !isRefusal(errno)) fail(to);
 }
 
 }  // namespace
 
-File::File(const std::filesystem::path& path, Open how) : path_(path), handle_(-1) {
-    // Without O_NONBLOCK, opening a named pipe would wait for somebody at its other end.
-    const int flags = flagsOf(how) | O_CLOEXEC | O_NONBLOCK;
-    handle_ = uninterrupted([&] { return ::open(path.c_str(), flags, 0666); });
-    if (handle_ == -1 && errno == ENXIO) fail(path, EINVAL);  // a pipe with nobody at its other end
-    if (handle_ == -1) fail(path);
-    struct stat information {};
-    if (::fstat(static_cast<int>(handle_), &information) != 0 || S_ISREG(information.st_mode)) {
-        return;
-    }
-    ::close(static_cast<int>(handle_));
-    fail(path, S_ISDIR(information.st_mode) ? EISDIR : EINVAL);
-}
-
-File::File(File&& other) noexcept : path_(std::move(other.path_)), handle_(other.handle_) {
-    other.handle_ = -1;
-}
+File::File(const std::filesystem::path& path, Open how) : path_(path), handle_(opened(path, how)) {}
 
 File::~File() {
-    if (handle_ != -1) ::close(static_cast<int>(handle_));
+    ::close(descriptor(handle_));
 }
 
 std::uint64_t File::length() const {
     struct stat information {};
-    if (::fstat(static_cast<int>(handle_), &information) != 0) fail(path_);
+    if (::fstat(descriptor(handle_), &information) != 0) fail(path_);
     return static_cast<std::uint64_t>(information.st_size);
 }
 
@@ -171,7 +155,7 @@ std::string File::read(std::uint64_t offset, std::size_t count) const {
     std::size_t done = 0;
     while (done < count) {
         const auto got = uninterrupted([&] {
-            return ::pread(static_cast<int>(handle_), bytes.data() + done, count - done,
+            return ::pread(descriptor(handle_), bytes.data() + done, count - done,
                            static_cast<off_t>(offset + done));
         });
         if (got == -1) fail(path_);
@@ -185,7 +169,7 @@ std::string File::read(std::uint64_t offset, std::size_t count) const {
 void File::write(std::uint64_t offset, std::string_view bytes) {
     while (!bytes.empty()) {
         const auto put = uninterrupted([&] {
-            return ::pwrite(static_cast<int>(handle_), bytes.data(), bytes.size(),
+            return ::pwrite(descriptor(handle_), bytes.data(), bytes.size(),
                             static_cast<off_t>(offset));
         });
         if (put == -1) fail(path_);
@@ -195,33 +179,30 @@ void File::write(std::uint64_t offset, std::string_view bytes) {
 }
 
 void File::flush() {
-    const int result = uninterrupted([&] { return ::fsync(static_cast<int>(handle_)); });
+    const int result = uninterrupted([&] { return ::fsync(descriptor(handle_)); });
     if (result != 0 && !isRefusal(errno)) fail(path_);
 }
 
 bool exists(const std::filesystem::path& path) {
-    struct stat information {};
-    return ::stat(path.c_str(), &information) == 0;
+    return factsOf(path).has_value();
 }
 
 bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
-    struct stat first {};
-    struct stat second {};
-    return ::stat(a.c_str(), &first) == 0 && ::stat(b.c_str(), &second) == 0 &&
-           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+    const auto first = factsOf(a);
+    const auto second = factsOf(b);
+    return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
 }
 
 FileStatus status(const std::filesystem::path& path) {
-    struct stat information {};
-    if (::stat(path.c_str(), &information) != 0) fail(path);
-    return {S_ISDIR(information.st_mode), static_cast<std::uint64_t>(information.st_size),
-            nanoseconds(information.st_mtim)};
+    const auto facts = factsOf(path);
+    if (!facts) fail(path);
+    return {S_ISDIR(facts->st_mode), static_cast<std::uint64_t>(facts->st_size),
+            facts->st_mtim.tv_sec * kSecond + facts->st_mtim.tv_nsec};
 }
 
 void setModified(const std::filesystem::path& path, std::int64_t modified) {
-    timespec time{};
-    time.tv_sec = static_cast<time_t>(modified / 1'000'000'000);
-    time.tv_nsec = static_cast<long>(modified % 1'000'000'000);
+    const timespec time{static_cast<time_t>(modified / kSecond),
+                        static_cast<long>(modified % kSecond)};
     const timespec times[2]{time, time};
     if (::utimensat(AT_FDCWD, path.c_str(), times, 0) != 0 && !isRefusal(errno)) fail(path);
 }
@@ -242,13 +223,21 @@ void createFolder(const std::filesystem::path& path) {
     if (!isFolder(path)) fail(path, error);
 }
 
-std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder,
-                                             const std::function<void()>& reached) {
-    return namesIn(folder, Kind::File, reached);
-}
-
-std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) {
-    return namesIn(folder, Kind::Folder, [] {});
+std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, Kind kind,
+                                           const std::function<void()>& reached) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), ::closedir);
+    if (!stream) fail(folder);
+    std::vector<std::filesystem::path> names;
+    for (;;) {
+        errno = 0;
+        const dirent* const entry = ::readdir(stream.get());
+        if (entry == nullptr && errno != 0) fail(folder);
+        if (entry == nullptr) return names;
+        const std::string_view name = entry->d_name;
+        if (name == "." || name == "..") continue;
+        if (kindOf(*entry, folder) == kind) names.emplace_back(name);
+        reached();
+    }
 }
 
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <utility>
 #include <windows.h>
 
 namespace bramblet::os {
@@ -15,13 +14,15 @@ constexpr std::int64_t kUnixEpoch = 116'444'736'000'000'000;
 // ERROR_DISK_QUOTA_EXCEEDED, which the compiler's headers do not have yet.
 constexpr DWORD kDiskQuotaExceeded = 1295;
 
-struct HandleCloser {
+template <auto Close>
+struct Closer {
     using pointer = HANDLE;
     void operator()(HANDLE handle) const {
-        if (handle != INVALID_HANDLE_VALUE) ::CloseHandle(handle);
+        if (handle != INVALID_HANDLE_VALUE) Close(handle);
     }
 };
-using Handle = std::unique_ptr<void, HandleCloser>;
+using Handle = std::unique_ptr<void, Closer<::CloseHandle>>;
+using Search = std::unique_ptr<void, Closer<::FindClose>>;
 
 /// The full path in the form that is not limited to 260 characters.
 std::wstring nativePath(const std::filesystem::path& path) {
@@ -115,6 +116,20 @@ OpenMode modeOf(Open how) {
 /// Nobody is locked out: several workstations share one data folder.
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
+Handle opened(const std::filesystem::path& path, Open how) {
+    const std::wstring native = nativePath(path);
+    const OpenMode mode = modeOf(how);
+    Handle file(::CreateFileW(native.c_str(), mode.access, kShareAll, nullptr, mode.creation,
+                              FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (file.get() == INVALID_HANDLE_VALUE) {
+        const DWORD error = ::GetLastError();
+        fail(path, isFolder(native) ? ERROR_ACCESS_DENIED : error);
+    }
+    const bool onDisk = ::GetFileType(file.get()) == FILE_TYPE_DISK;  // no pipe, no device
+    if (!onDisk) fail(path, ERROR_INVALID_NAME);
+    return file;
+}
+
 Handle openAttributes(const std::filesystem::path& path, DWORD access) {
     return Handle(::CreateFileW(nativePath(path).c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
                                 FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -124,7 +139,7 @@ HANDLE handleOf(std::intptr_t handle) {
     return reinterpret_cast<HANDLE>(handle);
 }
 
-OVERLAPPED at(std::uint64_t offset) {
+OVERLAPPED placeOf(std::uint64_t offset) {
     OVERLAPPED place{};
     place.Offset = static_cast<DWORD>(offset);
     place.OffsetHigh = static_cast<DWORD>(offset >> 32);
@@ -146,39 +161,6 @@ std::int64_t nanoseconds(const FILETIME& time) {
     return (count - kUnixEpoch) * 100;
 }
 
-struct SearchCloser {
-    using pointer = HANDLE;
-    void operator()(HANDLE search) const {
-        if (search != INVALID_HANDLE_VALUE) ::FindClose(search);
-    }
-};
-
-std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, bool folders,
-                                           const std::function<void()>& reached) {
-    std::wstring pattern = nativePath(folder);
-    pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
-    WIN32_FIND_DATAW entry{};
-    const std::unique_ptr<void, SearchCloser> search(
-        ::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &entry, FindExSearchNameMatch, nullptr,
-                           FIND_FIRST_EX_LARGE_FETCH));
-    if (search.get() == INVALID_HANDLE_VALUE) {
-        const DWORD error = ::GetLastError();
-        if (error == ERROR_FILE_NOT_FOUND && isFolder(nativePath(folder))) return {};
-        fail(folder, error);
-    }
-    std::vector<std::filesystem::path> names;
-    do {
-        const std::wstring_view name = entry.cFileName;
-        if (name == L"." || name == L"..") continue;
-        const bool isOne = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        if (isOne == folders) names.emplace_back(name);
-        reached();
-    } while (::FindNextFileW(search.get(), &entry));
-    // A share that is lost halfway must not pass for a shorter folder.
-    if (::GetLastError() != ERROR_NO_MORE_FILES) fail(folder);
-    return names;
-}
-
 /// Where the file really is, whichever drive letter or share led to it.
 std::wstring finalPath(HANDLE handle) {
     std::wstring path(::GetFinalPathNameByHandleW(handle, nullptr, 0, 0), L'\0');
@@ -189,27 +171,11 @@ std::wstring finalPath(HANDLE handle) {
 
 }  // namespace
 
-File::File(const std::filesystem::path& path, Open how) : path_(path), handle_(-1) {
-    const std::wstring native = nativePath(path);
-    const OpenMode mode = modeOf(how);
-    const HANDLE handle = ::CreateFileW(native.c_str(), mode.access, kShareAll, nullptr,
-                                        mode.creation, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) {
-        const DWORD error = ::GetLastError();
-        fail(path, isFolder(native) ? ERROR_ACCESS_DENIED : error);
-    }
-    if (::GetFileType(handle) != FILE_TYPE_DISK) {  // a pipe or a device
-        ::CloseHandle(handle);
-        fail(path, ERROR_INVALID_NAME);
-    }
-    handle_ = reinterpret_cast<std::intptr_t>(handle);
-}
-
-File::File(File&& other) noexcept
-    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, -1)) {}
+File::File(const std::filesystem::path& path, Open how)
+    : path_(path), handle_(reinterpret_cast<std::intptr_t>(opened(path, how).release())) {}
 
 File::~File() {
-    if (handle_ != -1) ::CloseHandle(handleOf(handle_));
+    ::CloseHandle(handleOf(handle_));
 }
 
 std::uint64_t File::length() const {
@@ -222,7 +188,7 @@ std::string File::read(std::uint64_t offset, std::size_t count) const {
     std::string bytes(count, '\0');
     std::size_t done = 0;
     while (done < count) {
-        OVERLAPPED place = at(offset + done);
+        OVERLAPPED place = placeOf(offset + done);
         DWORD got = 0;
         if (!::ReadFile(handleOf(handle_), bytes.data() + done, portion(count - done), &got,
                         &place)) {
@@ -238,7 +204,7 @@ std::string File::read(std::uint64_t offset, std::size_t count) const {
 
 void File::write(std::uint64_t offset, std::string_view bytes) {
     while (!bytes.empty()) {
-        OVERLAPPED place = at(offset);
+        OVERLAPPED place = placeOf(offset);
         DWORD put = 0;
         if (!::WriteFile(handleOf(handle_), bytes.data(), portion(bytes.size()), &put, &place)) {
             fail(path_);
@@ -305,13 +271,30 @@ void createFolder(const std::filesystem::path& path) {
     if (!isFolder(native)) fail(path, error);
 }
 
-std::vector<std::filesystem::path> fileNames(const std::filesystem::path& folder,
-                                             const std::function<void()>& reached) {
-    return namesIn(folder, false, reached);
-}
-
-std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) {
-    return namesIn(folder, true, [] {});
+std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, Kind kind,
+                                           const std::function<void()>& reached) {
+    std::wstring pattern = nativePath(folder);
+    pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
+    WIN32_FIND_DATAW entry{};
+    const Search search(::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &entry,
+                                           FindExSearchNameMatch, nullptr,
+                                           FIND_FIRST_EX_LARGE_FETCH));
+    if (search.get() == INVALID_HANDLE_VALUE) {
+        const DWORD error = ::GetLastError();
+        if (error == ERROR_FILE_NOT_FOUND && isFolder(nativePath(folder))) return {};
+        fail(folder, error);
+    }
+    std::vector<std::filesystem::path> names;
+    do {
+        const std::wstring_view name = entry.cFileName;
+        if (name == L"." || name == L"..") continue;
+        const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (kind == (isFolder ? Kind::Folder : Kind::File)) names.emplace_back(name);
+        reached();
+    } while (::FindNextFileW(search.get(), &entry));
+    // A share that is lost halfway must not pass for a shorter folder.
+    if (::GetLastError() != ERROR_NO_MORE_FILES) fail(folder);
+    return names;
 }
 
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
