@@ -43,19 +43,12 @@ class Translation {
         const Role role = tag.element->role;
         if (role == Role::Page) return takePage(tag, text);
         if (role == Role::Nothing) return;
-        if (tag.closing) return role == Role::Single ? void() : builder_.close(tag);
-        switch (role) {
-            case Role::Single:
-                return addSingle(tag);
-            case Role::Table:
-                return openTable(tag);
-            case Role::Row:
-                return openRow(tag, text);
-            case Role::Cell:
-                return builder_.openCell(tag, reader_.rest().starts_with("</td>"));
-            default:
-                return openText(tag);
-        }
+        if (role == Role::Single) return tag.closing ? void() : addSingle(tag);
+        if (tag.closing) return builder_.close(tag);
+        if (role == Role::Table) return openTable(tag);
+        if (role == Role::Row) return openRow(tag, text);
+        const bool empty = reader_.rest().starts_with("</td>");
+        return role == Role::Cell ? builder_.openCell(tag, empty) : openText(tag);
     }
 
     /// Within the form these are not tags.
@@ -63,9 +56,9 @@ class Translation {
         if (tag.closing) return;
         if (framed_) return builder_.addText(text);
         if (tag.is("basefont")) {
-            page_.fontFace = tag.attribute("face").value_or("");
-            scale_.baseSize = static_cast<int>(
-                std::clamp(leadingNumber(tag.attribute("size").value_or("")), 1.0, 7.0));
+            page_.fontFace = tag.attribute("face");
+            scale_.baseSize =
+                static_cast<int>(std::clamp(leadingNumber(tag.attribute("size")), 1.0, 7.0));
             page_.fontSize = scale_.fontPixels(scale_.baseSize);
         } else if (tag.is("head") && !headed_) {
             headed_ = true;
@@ -77,7 +70,7 @@ class Translation {
     void openText(const Tag& tag) {
         if (takeHeading(tag)) return;
         if (tag.is("a")) {
-            const std::string target = tag.attribute("href").value_or("");
+            const std::string target = tag.attribute("href");
             const std::string link = "<a href=" + attributeValue(target) + ">";
             return builder_.openText(*tag.element, isHarmlessLink(target) ? link : "");
         }
@@ -90,7 +83,7 @@ class Translation {
         constexpr std::string_view kStart = "<b>";
         constexpr std::string_view kEnd = "</b></font><br>";
         constexpr double kLeastSize = 5;
-        const std::string size = tag.attribute("size").value_or("");
+        const std::string size = tag.attribute("size");
         const bool large = tag.is("font") && leadingNumber(size) >= kLeastSize;
         std::string_view rest = reader_.rest();
         if (!page_.heading.empty() || !large || !rest.starts_with(kStart)) return false;
@@ -114,7 +107,7 @@ class Translation {
     void addSingle(const Tag& tag) {
         if (tag.is("br")) return builder_.addBreak();
         if (tag.is("hr")) return builder_.addBlock("<hr" + shownAttributes(tag, scale_) + ">");
-        const std::string name = tag.attribute("src").value_or("");
+        const std::string name = tag.attribute("src");
         const bool plain = isPlainFileName(name);
         const std::string picture = "<img src=" + attributeValue(plain ? asAddress(name) : "") +
                                     shownAttributes(tag, scale_) + ">";
@@ -135,13 +128,11 @@ class Translation {
     void openTable(const Tag& tag) {
         if (takeFrame(tag)) return;
         const bool lined = tag.attribute("border") == "1";
-        std::string opening = "<table" + shownAttributes(tag, scale_) + ">";
-        if (lined) {
-            opening = "<table width=\"100%\" border=\"0\" cellspacing=\"0\" cellpadding=" +
-                      attributeValue(std::to_string(scale_.pixels(2))) +
-                      " style=\"border-collapse:collapse\">";
-        }
-        builder_.openTable(*tag.element, opening, lined);
+        const std::string attributes =
+            lined ? " width=\"100%\" border=\"0\" cellspacing=\"0\" cellpadding=\"" +
+                        std::to_string(scale_.pixels(2)) + "\" style=\"border-collapse:collapse\""
+                  : shownAttributes(tag, scale_);
+        builder_.openTable(*tag.element, "<table" + attributes + ">", lined);
     }
 
     /// The frame table holds the whole form; its width is that of the page.
@@ -151,7 +142,7 @@ class Translation {
         if (!reader_.rest().starts_with(kFrameCell)) return false;
         reader_.skip(kFrameCell.size());
         framed_ = true;
-        const std::string width = tag.attribute("width").value_or("");
+        const std::string width = tag.attribute("width");
         double pixels = leadingNumber(width);
         if (width.ends_with('%')) pixels *= kUsualWidth / 100;
         if (pixels > 0) page_.width = scale_.pixels(std::clamp(pixels, kLeastWidth, kMostWidth));
@@ -188,8 +179,8 @@ class Translation {
     static bool isFiller(std::string row) {
         row.erase(0, row.find('>') + 1);
         for (const std::string_view part : {"<td>", "</td>", "</tr>"}) {
-            for (auto at = row.find(part); at != std::string::npos; at = row.find(part))
-                row.erase(at, part.size());
+            for (auto place = row.find(part); place != std::string::npos; place = row.find(part))
+                row.erase(place, part.size());
         }
         return row.find_first_not_of(": \t\r\n") == std::string::npos;
     }

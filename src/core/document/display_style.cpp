@@ -72,9 +72,8 @@ std::string bounded(const std::string& value, Kind kind, const DisplayScale& sca
 std::string knownDeclarations(std::string_view style) {
     std::string known;
     while (!style.empty()) {
-        const auto end = std::min(style.find(';'), style.size());
-        const std::string_view declaration = style.substr(0, end);
-        style.remove_prefix(std::min(end + 1, style.size()));
+        const std::string_view declaration = style.substr(0, style.find(';'));
+        style.remove_prefix(std::min(declaration.size() + 1, style.size()));
         const auto colon = declaration.find(':');
         if (colon == std::string_view::npos) continue;
         const std::string name = trimmed(declaration.substr(0, colon));
@@ -88,11 +87,11 @@ std::string knownDeclarations(std::string_view style) {
 
 std::string fontDeclarations(const Tag& tag, const DisplayScale& scale) {
     std::string style;
-    if (const auto size = tag.attribute("size"))
-        style += "font-size:" + std::to_string(scale.fontPixels(*size)) + "px;";
-    const std::string colour = tag.attribute("color").value_or("");
+    if (tag.has("size"))
+        style += "font-size:" + std::to_string(scale.fontPixels(tag.attribute("size"))) + "px;";
+    const std::string colour = tag.attribute("color");
     if (isPlainValue(colour)) style += "color:" + colour + ";";
-    const std::string face = tag.attribute("face").value_or("");
+    const std::string face = tag.attribute("face");
     if (isPlainValue(face)) style += "font-family:" + face + ";";
     return style;
 }
@@ -119,13 +118,12 @@ std::string shownAttributes(const Tag& tag, const DisplayScale& scale,
     std::string out;
     const std::string_view element = tag.is("th") ? "td" : tag.element->name;
     for (const Known& known : kKnown) {
-        if (known.element != element) continue;
-        const auto given = tag.attribute(known.attribute);
-        const std::string value = given ? bounded(*given, known.kind, scale) : "";
+        if (known.element != element || !tag.has(known.attribute)) continue;
+        const std::string value = bounded(tag.attribute(known.attribute), known.kind, scale);
         if (!value.empty()) out += " " + std::string(known.attribute) + "=" + attributeValue(value);
     }
     std::string style = tag.is("font") ? fontDeclarations(tag, scale) : "";
-    style += knownDeclarations(tag.attribute("style").value_or("")) + declarations;
+    style += knownDeclarations(tag.attribute("style")) + declarations;
     if (!style.empty()) out += " style=" + attributeValue(style);
     return out;
 }
@@ -138,15 +136,8 @@ bool isHarmlessLink(const std::string& target) {
 
 std::string attributeValue(std::string_view text) {
     std::string out = "\"";
-    for (const char c : text) {
-        if (c == '"') {
-            out += "&quot;";
-        } else if (c == '<') {
-            out += "&lt;";
-        } else {
-            out += c;
-        }
-    }
+    for (const char c : text)
+        out += c == '"' ? "&quot;" : c == '<' ? "&lt;" : std::string(1, c);
     return out + '"';
 }
 

@@ -2,22 +2,17 @@
 
 #include "core/document/order_markers.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace bramblet {
 namespace {
 
-/// Calls `use` with each line, without its line end (CR LF, or LF in a document edited by hand).
-template <class Use>
-void forEachLine(std::string_view text, Use use) {
-    while (!text.empty()) {
-        const auto end = text.find('\n');
-        std::string_view line = text.substr(0, end);
-        if (line.ends_with('\r')) line.remove_suffix(1);
-        use(line);
-        if (end == std::string_view::npos) return;
-        text.remove_prefix(end + 1);
-    }
+/// Takes the text before the next `end`, or all of it, off the front of `text`, with the `end`.
+std::string_view takenUpTo(char end, std::string_view& text) {
+    const std::string_view taken = text.substr(0, text.find(end));
+    text.remove_prefix(std::min(taken.size() + 1, text.size()));
+    return taken;
 }
 
 /// The value between a marker's opening and closing; nothing when the line is not such a marker.
@@ -38,25 +33,20 @@ void readStatus(const std::string& value, Order& order) {
 
 OrderLine cellsOf(std::string_view text) {
     OrderLine cells;
-    for (auto& cell : cells) {
-        const auto tab = text.find('\t');
-        cell = std::string(text.substr(0, tab));
-        if (tab == std::string_view::npos) break;
-        text.remove_prefix(tab + 1);
-    }
+    for (auto& cell : cells)
+        cell = takenUpTo('\t', text);
     return cells;
 }
 
-template <class Markers>
-void readFields(const Markers& markers, std::string_view line, Order& order, MarkersFound& found) {
-    for (const OrderMarker& marker : markers) {
-        if (!marker.read) continue;
-        const auto value = valueOf(marker.tag, line);
+void readMarker(std::string_view line, Order& order, MarkersFound& found) {
+    for (const auto& [tag, field, read] : kOrderMarkers) {
+        const auto value = read ? valueOf(tag, line) : std::nullopt;
         if (!value) continue;
-        order.*marker.field = *value;
-        found.number = found.number || marker.field == &Order::PONoEd;
-        found.vendor = found.vendor || marker.field == &Order::ToCombo;
-        found.shipTo = found.shipTo || marker.field == &Order::ShipToCombo;
+        if (field == nullptr) return readStatus(*value, order);
+        order.*field = *value;
+        found.number = found.number || field == &Order::PONoEd;
+        found.vendor = found.vendor || field == &Order::ToCombo;
+        found.shipTo = found.shipTo || field == &Order::ShipToCombo;
     }
 }
 
@@ -64,16 +54,15 @@ void readFields(const Markers& markers, std::string_view line, Order& order, Mar
 
 MarkersFound readMarkers(std::string_view document, Order& order) {
     MarkersFound found;
-    forEachLine(document, [&](std::string_view line) {
-        if (!line.starts_with("<!-- ")) return;
+    while (!document.empty()) {
+        std::string_view line = takenUpTo('\n', document);
+        if (line.ends_with('\r')) line.remove_suffix(1);  // no CR in a document edited by hand
         if (line.starts_with(kItemOpening)) {
             order.lines.push_back(cellsOf(line.substr(kItemOpening.size())));
-            return;
+        } else if (line.starts_with("<!-- ")) {
+            readMarker(line, order, found);
         }
-        readFields(kMarkersBeforeStatus, line, order, found);
-        readFields(kMarkersBehindStatus, line, order, found);
-        if (const auto status = valueOf(kStatusTag, line)) readStatus(*status, order);
-    });
+    }
     return found;
 }
 

@@ -42,27 +42,17 @@ class Document {
 
     void writeMarkers() {
         line("<html>");
-        for (const auto& marker : kMarkersBeforeStatus)
-            writeMarker(marker.tag, order_.*marker.field);
-        writeMarker(kStatusTag, statusOf(order_));
-        for (const auto& marker : kMarkersBehindStatus)
-            writeMarker(marker.tag, order_.*marker.field);
-        for (const auto& item : order_.lines)
-            writeItemMarker(item);
-        line(kEndOfMarkers);
-    }
-
-    void writeMarker(const std::string& tag, const std::string& value) {
-        line(markerOpening(tag) + trimmed(value) + markerClosing(tag));
-    }
-
-    void writeItemMarker(const OrderLine& item) {
-        std::string cells(kItemOpening);
-        for (std::size_t column = 0; column < item.size(); ++column) {
-            if (column > 0) cells += '\t';
-            cells += trimmed(item[column]);
+        for (const auto& [tag, field, read] : kOrderMarkers) {
+            const std::string value = field == nullptr ? statusOf(order_) : order_.*field;
+            line(markerOpening(tag) + trimmed(value) + markerClosing(tag));
         }
-        line(cells);
+        for (const auto& item : order_.lines) {
+            std::string cells;
+            for (const auto& cell : item)
+                cells += '\t' + trimmed(cell);
+            line(std::string(kItemOpening) + cells.substr(1));
+        }
+        line(kEndOfMarkers);
     }
 
     void writeTop() {
@@ -77,16 +67,14 @@ class Document {
         writeCompany();
         lines({"</td>", "<td align=\"right\" valign=\"top\">"});
         const bool purchaseOrder = order_.kind == OrderKind::PurchaseOrder;
-        if (purchaseOrder) {
-            line("<font size=\"6\"><b>PURCHASE ORDER</b></font><br>");
-            writeNumber("order number");
-        } else if (!isOn(settings_.RequestForQuote)) {
-            line("<font size=\"6\"><b>REQUISITION</b></font><br>");
-            writeNumber("order number");
-        } else {
-            line("<font size=\"5\"><b>REQUEST FOR QUOTE</b></font><br>");
-            if (isOn(settings_.UseReqNumber)) writeNumber("this number");
-        }
+        const bool quote = !purchaseOrder && isOn(settings_.RequestForQuote);
+        const char* const title = purchaseOrder ? "PURCHASE ORDER"
+                                  : quote       ? "REQUEST FOR QUOTE"
+                                                : "REQUISITION";
+        line(std::string("<font size=\"") + (quote ? "5" : "6") + "\"><b>" + title +
+             "</b></font><br>");
+        if (!quote || isOn(settings_.UseReqNumber))
+            writeNumber(quote ? "this number" : "order number");
         const std::string job = trimmed(order_.JobNumberEd);
         line(job.empty() ? "<br>" : "<font size=\"-1\">Job Number: " + job + "<br>");
         const std::string label = purchaseOrder ? "Order Date: " : "Date: ";
@@ -181,8 +169,8 @@ class Document {
                 rows += trimmed(item[kDescription]).size() / length;
         }
         if (isNonzero(order_.DiscountEd)) rows += 2;
-        if (isNonzero(order_.SalesTaxEd)) rows += 1;
-        if (isNonzero(order_.ShippingEd)) rows += 1;
+        if (isNonzero(order_.SalesTaxEd)) ++rows;
+        if (isNonzero(order_.ShippingEd)) ++rows;
         if (rows > kMostRows) throw Fault(FaultNumber::Overflow);
         return rows;
     }
@@ -199,8 +187,8 @@ class Document {
     void writeTotals() {
         writeTotal("Sub Total", order_.SubTotalEd);
         if (isNonzero(order_.DiscountEd)) {
-            writeTotalRow("Disc." + percentage(order_.DiscountFactorEd),
-                          "<td align=\"right\">-<font size=\"-1\">", order_.DiscountEd);
+            writeTotal("Disc." + percentage(order_.DiscountFactorEd), order_.DiscountEd,
+                       "<td align=\"right\">-<font size=\"-1\">");
         }
         writeTotal("Total (Net)", order_.NetTotalEd);
         if (style_.taxFreight) writeShipping();
@@ -215,12 +203,8 @@ class Document {
         if (isNonzero(order_.ShippingEd)) writeTotal("Shipping", order_.ShippingEd);
     }
 
-    void writeTotal(const std::string& label, const std::string& amount) {
-        writeTotalRow(label, kAmountCell, amount);
-    }
-
-    void writeTotalRow(const std::string& label, const std::string& amountCell,
-                       const std::string& amount) {
+    void writeTotal(const std::string& label, const std::string& amount,
+                    const std::string& amountCell = kAmountCell) {
         lines({"<tr><td></td>", "<td></td>", "<td></td>", kSmallCell + label + "</td>",
                amountCell + currencyText(amount, style_.formats) + "</td>", "</tr>"});
     }

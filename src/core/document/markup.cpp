@@ -1,6 +1,7 @@
 #include "core/document/markup.h"
 
 #include "core/document/order_markers.h"
+#include "core/platform/text.h"
 
 #include <algorithm>
 #include <array>
@@ -9,30 +10,22 @@ namespace bramblet {
 namespace {
 
 /// What the writer emits, and what people type into boxes to format text.
-constexpr std::array kElements{
-    Element{"html", Role::Page},     Element{"head", Role::Page},
-    Element{"body", Role::Page},     Element{"basefont", Role::Page},
-    Element{"table", Role::Table},   Element{"tr", Role::Row},
-    Element{"td", Role::Cell},       Element{"th", Role::Cell},
-    Element{"tbody", Role::Nothing}, Element{"thead", Role::Nothing},
-    Element{"tfoot", Role::Nothing}, Element{"nobr", Role::Nothing},
-    Element{"a", Role::Inline},      Element{"b", Role::Inline},
-    Element{"big", Role::Inline},    Element{"em", Role::Inline},
-    Element{"font", Role::Inline},   Element{"i", Role::Inline},
-    Element{"s", Role::Inline},      Element{"small", Role::Inline},
-    Element{"span", Role::Inline},   Element{"strike", Role::Inline},
-    Element{"strong", Role::Inline}, Element{"sub", Role::Inline},
-    Element{"sup", Role::Inline},    Element{"tt", Role::Inline},
-    Element{"u", Role::Inline},      Element{"blockquote", Role::Block},
-    Element{"center", Role::Block},  Element{"div", Role::Block},
-    Element{"h1", Role::Block},      Element{"h2", Role::Block},
-    Element{"h3", Role::Block},      Element{"h4", Role::Block},
-    Element{"h5", Role::Block},      Element{"h6", Role::Block},
-    Element{"li", Role::Block},      Element{"ol", Role::Block},
-    Element{"p", Role::Block},       Element{"pre", Role::Block},
-    Element{"ul", Role::Block},      Element{"br", Role::Single},
-    Element{"hr", Role::Single},     Element{"img", Role::Single},
-};
+constexpr Element kElements[]{
+    {"html", Role::Page},        {"head", Role::Page},     {"body", Role::Page},
+    {"basefont", Role::Page},    {"table", Role::Table},   {"tr", Role::Row},
+    {"td", Role::Cell},          {"th", Role::Cell},       {"tbody", Role::Nothing},
+    {"thead", Role::Nothing},    {"tfoot", Role::Nothing}, {"nobr", Role::Nothing},
+    {"a", Role::Inline},         {"b", Role::Inline},      {"big", Role::Inline},
+    {"em", Role::Inline},        {"font", Role::Inline},   {"i", Role::Inline},
+    {"s", Role::Inline},         {"small", Role::Inline},  {"span", Role::Inline},
+    {"strike", Role::Inline},    {"strong", Role::Inline}, {"sub", Role::Inline},
+    {"sup", Role::Inline},       {"tt", Role::Inline},     {"u", Role::Inline},
+    {"blockquote", Role::Block}, {"center", Role::Block},  {"div", Role::Block},
+    {"h1", Role::Block},         {"h2", Role::Block},      {"h3", Role::Block},
+    {"h4", Role::Block},         {"h5", Role::Block},      {"h6", Role::Block},
+    {"li", Role::Block},         {"ol", Role::Block},      {"p", Role::Block},
+    {"pre", Role::Block},        {"ul", Role::Block},      {"br", Role::Single},
+    {"hr", Role::Single},        {"img", Role::Single}};
 
 /// Attributes that stand without a value. Any other word shows that text was meant: "<A grade>".
 constexpr std::array<std::string_view, 4> kFlags{"border", "compact", "noshade", "nowrap"};
@@ -44,7 +37,7 @@ bool isLetter(char c) {
 }
 
 bool isNameCharacter(char c) {
-    return isLetter(c) || (c >= '0' && c <= '9') || c == '-';
+    return isLetter(c) || isDigit(c) || c == '-';
 }
 
 std::string lower(std::string_view text) {
@@ -63,76 +56,72 @@ class TagReader {
     /// Nothing when this is not a tag of the dialect.
     std::optional<Tag> read() {
         Tag tag;
-        tag.closing = text_.substr(at_).starts_with('/');
-        if (tag.closing) ++at_;
-        if (at_ == text_.size() || !isLetter(text_[at_])) return std::nullopt;
+        tag.closing = text_.substr(position_).starts_with('/');
+        if (tag.closing) ++position_;
+        if (position_ == text_.size() || !isLetter(text_[position_])) return std::nullopt;
         tag.element = elementNamed(takeName());
         if (tag.element == nullptr) return std::nullopt;
         while (!takeEnd()) {
             if (tag.closing || !takeAttribute(tag)) return std::nullopt;
         }
-        const bool lacksItsUse = (tag.is("a") && !tag.closing && !tag.attribute("href")) ||
-                                 (tag.is("img") && !tag.attribute("src"));
+        const bool lacksItsUse =
+            (tag.is("a") && !tag.closing && !tag.has("href")) || (tag.is("img") && !tag.has("src"));
         if (lacksItsUse) return std::nullopt;
         return tag;
     }
 
     /// The position after the tag, once it is read.
-    std::size_t end() const { return at_; }
+    std::size_t end() const { return position_; }
 
   private:
     std::string takeName() {
-        const auto start = at_;
-        while (at_ < text_.size() && isNameCharacter(text_[at_]))
-            ++at_;
-        return lower(text_.substr(start, at_ - start));
+        const auto start = position_;
+        while (position_ < text_.size() && isNameCharacter(text_[position_]))
+            ++position_;
+        return lower(text_.substr(start, position_ - start));
     }
 
     /// Skips ">" or "/>", with blanks before it.
     bool takeEnd() {
-        skipBlanks();
-        const std::string_view rest = text_.substr(at_);
+        position_ = std::min(text_.find_first_not_of(kBlanks, position_), text_.size());
+        const std::string_view rest = text_.substr(position_);
         const std::size_t size = rest.starts_with('>') ? 1 : rest.starts_with("/>") ? 2 : 0;
-        at_ += size;
+        position_ += size;
         return size > 0;
     }
 
     bool takeAttribute(Tag& tag) {
-        const bool apart = kBlanks.find(text_[at_ - 1]) != std::string_view::npos ||
-                           text_[at_ - 1] == '"' || text_[at_ - 1] == '\'';
+        constexpr std::string_view kApart = " \t\r\n\"'";
+        const bool apart = kApart.find(text_[position_ - 1]) != std::string_view::npos;
         const std::string name = takeName();
         if (!apart || name.empty()) return false;
         std::string value;
-        if (text_.substr(at_).starts_with('=')) {
-            ++at_;
+        if (text_.substr(position_).starts_with('=')) {
+            ++position_;
             if (!takeValue(value)) return false;
         } else if (std::find(kFlags.begin(), kFlags.end(), name) == kFlags.end()) {
             return false;
         }
-        tag.attributes.emplace_back(name, value);
+        tag.attributes.emplace(name, value);
         return true;
     }
 
     /// A value ends on its line and contains no "<"; in quotes it may contain anything else.
     bool takeValue(std::string& value) {
-        const std::string_view rest = text_.substr(at_);
+        const std::string_view rest = text_.substr(position_);
         const bool quoted = rest.starts_with('"') || rest.starts_with('\'');
-        const std::string_view ends = !quoted          ? " \t\r\n<>\""
-                                      : rest[0] == '"' ? "\"\r\n<"
-                                                       : "'\r\n<";
+        const std::string ends = quoted ? rest[0] + std::string("\r\n<") : " \t\r\n<>\"";
         const std::size_t start = quoted ? 1 : 0;
         const auto end = rest.find_first_of(ends, start);
         if (end == std::string_view::npos || rest[end] == '<') return false;
         if (quoted ? rest[end] != rest[0] : rest[end] == '"') return false;
         value = rest.substr(start, end - start);
-        at_ += end + start;
+        position_ += end + start;
         return true;
     }
 
-    void skipBlanks() { at_ = std::min(text_.find_first_not_of(kBlanks, at_), text_.size()); }
-
     std::string_view text_;
-    std::size_t at_ = 1;
+    std::size_t position_ = 1;
 };
 
 /// The end of a declaration ("<!DOCTYPE ...>", "<?xml ...>"); 0 when this is not one.
@@ -149,7 +138,7 @@ std::size_t endOfMarkers(std::string_view document) {
     const std::string endLine = "\n" + std::string(kEndOfMarkers);
     const auto end = document.find(endLine);
     if (end == std::string_view::npos) return 0;
-    const std::string opening = markerOpening(kMarkersBeforeStatus.front().tag);
+    const std::string opening = markerOpening(kOrderMarkers[0].tag);
     if (document.substr(0, end).find(opening) == std::string_view::npos) return 0;
     return end + endLine.size();
 }
@@ -157,38 +146,36 @@ std::size_t endOfMarkers(std::string_view document) {
 }  // namespace
 
 const Element* elementNamed(std::string_view name) {
-    const auto* const found =
-        std::find_if(kElements.begin(), kElements.end(),
-                     [&](const Element& element) { return element.name == name; });
-    return found == kElements.end() ? nullptr : found;
+    for (const Element& element : kElements) {
+        if (element.name == name) return &element;
+    }
+    return nullptr;
 }
 
-std::optional<std::string> Tag::attribute(std::string_view name) const {
-    const auto found = std::find_if(attributes.begin(), attributes.end(),
-                                    [&](const auto& given) { return given.first == name; });
-    if (found == attributes.end()) return std::nullopt;
-    return found->second;
+std::string Tag::attribute(std::string_view name) const {
+    const auto found = attributes.find(name);
+    return found == attributes.end() ? "" : found->second;
 }
 
 std::string Tag::word(std::string_view name) const {
-    return lower(attribute(name).value_or(""));
+    return lower(attribute(name));
 }
 
-std::size_t MarkupReader::Next::from(std::string_view text, std::size_t at) {
-    if (place != std::string_view::npos && (place < at || place == 0))
-        place = text.find(wanted, at);
+std::size_t MarkupReader::Next::from(std::string_view text, std::size_t position) {
+    if (place != std::string_view::npos && (place < position || place == 0))
+        place = text.find(wanted, position);
     return place;
 }
 
 MarkupReader::MarkupReader(std::string_view document)
-    : text_(document), at_(endOfMarkers(document)) {}
+    : text_(document), position_(endOfMarkers(document)) {}
 
 std::optional<Piece> MarkupReader::next() {
-    while (at_ < text_.size()) {
-        if (text_[at_] != '<') return take(text_.find('<', at_));
+    while (position_ < text_.size()) {
+        if (text_[position_] != '<') return take(text_.find('<', position_));
         if (skipComment()) continue;
         if (auto piece = takeTag()) return piece;
-        return take(text_.find('<', at_ + 1));
+        return take(text_.find('<', position_ + 1));
     }
     return std::nullopt;
 }
@@ -197,20 +184,20 @@ std::optional<Piece> MarkupReader::next() {
 /// what follows it.
 bool MarkupReader::skipComment() {
     if (const auto declaration = endOfDeclaration(rest())) {
-        at_ += declaration;
+        position_ += declaration;
         return true;
     }
     if (!rest().starts_with("<!--")) return false;
-    const bool startsLine = at_ == 0 || text_[at_ - 1] == '\n';
-    const auto lineEnd = lineEnd_.from(text_, at_);
+    const bool startsLine = position_ == 0 || text_[position_ - 1] == '\n';
+    const auto lineEnd = lineEnd_.from(text_, position_);
     // The marker of a line item has no "-->" of its own.
     if (startsLine && rest().starts_with(kItemOpening)) {
-        at_ = std::min(lineEnd, text_.size());
+        position_ = std::min(lineEnd, text_.size());
         return true;
     }
-    const auto end = commentEnd_.from(text_, at_);
+    const auto end = commentEnd_.from(text_, position_);
     if (end == std::string_view::npos || (!startsLine && end > lineEnd)) return false;
-    at_ = end + commentEnd_.wanted.size();
+    position_ = end + commentEnd_.wanted.size();
     return true;
 }
 
@@ -218,15 +205,15 @@ std::optional<Piece> MarkupReader::takeTag() {
     TagReader reader(rest());
     auto tag = reader.read();
     if (!tag) return std::nullopt;
-    Piece piece = take(at_ + reader.end());
+    Piece piece = take(position_ + reader.end());
     piece.tag = std::move(tag);
     return piece;
 }
 
 /// Takes the text up to `end`, which is then read.
 Piece MarkupReader::take(std::size_t end) {
-    const Piece piece{text_.substr(at_, end - at_), std::nullopt};
-    at_ += piece.text.size();
+    const Piece piece{text_.substr(position_, end - position_)};
+    position_ += piece.text.size();
     return piece;
 }
 

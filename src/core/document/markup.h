@@ -3,11 +3,11 @@
 // have to be told apart here.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace bramblet {
 
@@ -32,18 +32,20 @@ struct Element {
 struct Tag {
     const Element* element = nullptr;
     bool closing = false;
-    std::vector<std::pair<std::string, std::string>> attributes;  ///< names in lower case
+    std::map<std::string, std::string, std::less<>> attributes{};  ///< names in lower case
 
-    std::optional<std::string> attribute(std::string_view name) const;
-    /// As above, but in lower case, and empty when there is no such attribute.
-    std::string word(std::string_view name) const;
     bool is(std::string_view name) const { return element->name == name; }
+    bool has(std::string_view name) const { return attributes.contains(name); }
+    /// An attribute's value; empty when there is no such attribute.
+    std::string attribute(std::string_view name) const;
+    /// The same in lower case.
+    std::string word(std::string_view name) const;
 };
 
 /// A stretch of the document as it stands: a tag, or text.
 struct Piece {
     std::string_view text;
-    std::optional<Tag> tag;
+    std::optional<Tag> tag = std::nullopt;
 };
 
 /// The element with this name in lower case; null for names not in the dialect.
@@ -60,8 +62,8 @@ class MarkupReader {
     std::optional<Piece> next();
 
     /// What has not been read yet, and a way to skip the beginning of it.
-    std::string_view rest() const { return text_.substr(at_); }
-    void skip(std::size_t count) { at_ += count; }
+    std::string_view rest() const { return text_.substr(position_); }
+    void skip(std::size_t count) { position_ += count; }
 
   private:
     /// The position of the next `wanted`, found once and kept until it is passed.
@@ -69,7 +71,7 @@ class MarkupReader {
         std::string_view wanted;
         std::size_t place = 0;
 
-        std::size_t from(std::string_view text, std::size_t at);
+        std::size_t from(std::string_view text, std::size_t position);
     };
 
     bool skipComment();
@@ -77,7 +79,7 @@ class MarkupReader {
     Piece take(std::size_t end);
 
     std::string_view text_;
-    std::size_t at_ = 0;
+    std::size_t position_ = 0;
     Next lineEnd_{"\n"};
     Next commentEnd_{"-->"};
 };

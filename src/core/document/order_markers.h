@@ -4,7 +4,6 @@
 
 #include "core/document/order.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -12,31 +11,35 @@ namespace bramblet {
 
 /// A marker line reads "<!-- TAG value TAG -->".
 struct OrderMarker {
-    const char* tag;  ///< three characters
-    OrderField field;
-    bool read;  ///< whether opening an order takes the value; computed totals are not read
+    const char* tag;   ///< three characters
+    OrderField field;  ///< null for the order's status, which is no box
+    bool read;         ///< whether opening an order takes the value; computed totals are not read
 };
 
-/// The markers before and after the status line, in the order of the document.
-inline constexpr std::array kMarkersBeforeStatus{
-    OrderMarker{"PON", &Order::PONoEd, true},        OrderMarker{"JOB", &Order::JobNumberEd, true},
-    OrderMarker{"ORD", &Order::OrderDateEd, true},   OrderMarker{"VND", &Order::ToCombo, true},
-    OrderMarker{"STO", &Order::ShipToCombo, true},   OrderMarker{"SDA", &Order::ShipDateEd, true},
-    OrderMarker{"TOT", &Order::OrderTotalEd, false}, OrderMarker{"SHP", &Order::ShippingEd, true},
-    OrderMarker{"TAX", &Order::SalesTaxEd, true},    OrderMarker{"NET", &Order::NetTotalEd, false},
-    OrderMarker{"DIS", &Order::DiscountEd, true},    OrderMarker{"SUB", &Order::SubTotalEd, false},
-};
-inline constexpr std::array kMarkersBehindStatus{
-    OrderMarker{"BY?", &Order::ByEd, true},
-    OrderMarker{"VIA", &Order::ShipViaEd, true},
-    OrderMarker{"FOB", &Order::FOBEd, true},
-    OrderMarker{"TRM", &Order::TermsEd, true},
-    OrderMarker{"TAF", &Order::TaxFactorEd, true},
-    OrderMarker{"DIF", &Order::DiscountFactorEd, true},
-    OrderMarker{"COM", &Order::CommentsEd, true},
+/// In the order of the document.
+inline constexpr OrderMarker kOrderMarkers[]{
+    {"PON", &Order::PONoEd, true},
+    {"JOB", &Order::JobNumberEd, true},
+    {"ORD", &Order::OrderDateEd, true},
+    {"VND", &Order::ToCombo, true},
+    {"STO", &Order::ShipToCombo, true},
+    {"SDA", &Order::ShipDateEd, true},
+    {"TOT", &Order::OrderTotalEd, false},
+    {"SHP", &Order::ShippingEd, true},
+    {"TAX", &Order::SalesTaxEd, true},
+    {"NET", &Order::NetTotalEd, false},
+    {"DIS", &Order::DiscountEd, true},
+    {"SUB", &Order::SubTotalEd, false},
+    {"STA", nullptr, true},
+    {"BY?", &Order::ByEd, true},
+    {"VIA", &Order::ShipViaEd, true},
+    {"FOB", &Order::FOBEd, true},
+    {"TRM", &Order::TermsEd, true},
+    {"TAF", &Order::TaxFactorEd, true},
+    {"DIF", &Order::DiscountFactorEd, true},
+    {"COM", &Order::CommentsEd, true},
 };
 
-inline constexpr const char* kStatusTag = "STA";
 inline constexpr std::string_view kItemOpening = "<!-- ITM ";
 inline constexpr std::string_view kEndOfMarkers = "<!-- END -->";
 
