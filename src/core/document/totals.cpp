@@ -15,12 +15,10 @@ std::string howToWriteHalf(const RegionalFormats& formats) {
 
 /// Runs `step`, blaming its faults on `box` holding `text`.
 template <class Step>
-auto in(const std::string& box, const std::string& text, Step step,
-        const std::string& complaint = "is not an amount") {
+auto blaming(const std::string& box, const std::string& text, Step step,
+             const std::string& complaint = "is not an amount") {
     try {
         return step();
-    } catch (const BoxFault&) {
-        throw;
     } catch (const Fault& fault) {
         const bool tooLarge = fault.number() == FaultNumber::Overflow;
         throw BoxFault(fault.number(), box, text,
@@ -38,8 +36,9 @@ class Totals {
         const Currency subTotal = sumOfLines();
         set(&Order::SubTotalEd, subTotal);
         applyDiscount(subTotal);
-        const Currency net = in("Total (Net)", order_.SubTotalEd,
-                                [&] { return subTotal - amount(&Order::DiscountEd, "Discount"); });
+        const Currency discount = amount(&Order::DiscountEd, "Discount");
+        const Currency net =
+            blaming("Total (Net)", order_.SubTotalEd, [&] { return subTotal - discount; });
         if (taxFreight_) clean(&Order::ShippingEd, "Shipping");
         set(&Order::NetTotalEd, net);
         clean(&Order::SalesTaxEd, "Sales Tax");
@@ -48,7 +47,7 @@ class Totals {
         const Currency tax = amount(&Order::SalesTaxEd, "Sales Tax");
         const Currency shipping = amount(&Order::ShippingEd, "Shipping");
         set(&Order::OrderTotalEd,
-            in("Total", order_.NetTotalEd, [&] { return net + tax + shipping; }));
+            blaming("Total", order_.NetTotalEd, [&] { return net + tax + shipping; }));
     }
 
   private:
@@ -56,8 +55,8 @@ class Totals {
         Currency sum;
         for (std::size_t i = 0; i < order_.lines.size(); ++i) {
             std::string& cell = order_.lines[i][kLineTotal];
-            in("Total of line " + std::to_string(i + 1), cell,
-               [&] { sum = sum + amountOf(cleanedNumber(cell), formats_); });
+            blaming("Total of line " + std::to_string(i + 1), cell,
+                    [&] { sum = sum + amountOf(cleanedNumber(cell), formats_); });
         }
         return sum;
     }
@@ -65,8 +64,8 @@ class Totals {
     void applyDiscount(Currency subTotal) {
         const double factor = cleanFactor(&Order::DiscountFactorEd, kDiscountMultiplier);
         if (factor != 0) {
-            in(kDiscountMultiplier, order_.DiscountFactorEd,
-               [&] { set(&Order::DiscountEd, toCurrency(toDouble(subTotal) * factor)); });
+            blaming(kDiscountMultiplier, order_.DiscountFactorEd,
+                    [&] { set(&Order::DiscountEd, toCurrency(toDouble(subTotal) * factor)); });
         }
         if (order_.DiscountEd.empty()) set(&Order::DiscountEd, Currency{});
     }
@@ -74,31 +73,27 @@ class Totals {
     void applyTax(Currency net) {
         const double factor = cleanFactor(&Order::TaxFactorEd, kTaxMultiplier);
         if (factor == 0) return;
-        in(kTaxMultiplier, order_.TaxFactorEd, [&] {
-            const Currency base = taxFreight_ ? net + amount(&Order::ShippingEd, "Shipping") : net;
-            set(&Order::SalesTaxEd, toCurrency(toDouble(base) * factor));
-        });
+        const Currency freight = taxFreight_ ? amount(&Order::ShippingEd, "Shipping") : Currency{};
+        blaming(kTaxMultiplier, order_.TaxFactorEd,
+                [&] { set(&Order::SalesTaxEd, toCurrency(toDouble(net + freight) * factor)); });
     }
 
     double cleanFactor(OrderField field, const std::string& box) {
         std::string& text = order_.*field;
-        return in(
-            box, text,
-            [&] {
-                text = CleanNumber(text);
-                return numberOf(text, formats_);
-            },
+        text = cleanedNumber(text);
+        return blaming(
+            box, text, [&] { return numberOf(text, formats_); },
             "is not a number; " + howToWriteHalf(formats_));
     }
 
     void clean(OrderField field, const std::string& box) {
         std::string& text = order_.*field;
-        in(box, text,
-           [&] { text = standardText(numberOf(CleanNumber(text), formats_), formats_); });
+        blaming(box, text,
+                [&] { text = standardText(numberOf(CleanNumber(text), formats_), formats_); });
     }
 
     Currency amount(OrderField field, const std::string& box) {
-        return in(box, order_.*field, [&] { return amountOf(order_.*field, formats_); });
+        return blaming(box, order_.*field, [&] { return amountOf(order_.*field, formats_); });
     }
 
     void set(OrderField field, Currency value) { order_.*field = standardText(value, formats_); }
