@@ -9,26 +9,25 @@
 //     static_assert(recordSize(kPartLayout) == 38);
 #pragma once
 
+#include "core/platform/text.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <cstdint>
-#include <cstring>
-#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
 
 namespace bramblet {
 
-/// One field: its place in the record in bytes, and how it is copied to and from the struct's
-/// member.
+/// One field: its place in the record in bytes, and how the struct's member is copied from and to
+/// them.
 template <class Record>
 struct RecordField {
     std::size_t offset;
     std::size_t width;
     void (*read)(Record& record, std::string_view bytes);
-    void (*write)(const Record& record, std::span<char> bytes);
+    std::string (*bytesOf)(const Record& record, std::size_t width);
 };
 
 namespace detail {
@@ -41,13 +40,11 @@ struct MemberOf<Member> {
     using ValueType = Value;
 };
 
-/// Reverses the bytes of a number if the machine is not little-endian.
+/// Takes a number's bytes from the machine's order to little-endian, or back.
 template <std::size_t Size>
-void toLittleEndian(char* bytes) {
-    if constexpr (std::endian::native == std::endian::big) {
-        for (std::size_t i = 0; i < Size / 2; ++i)
-            std::swap(bytes[i], bytes[Size - 1 - i]);
-    }
+std::array<char, Size> littleEndian(std::array<char, Size> bytes) {
+    if constexpr (std::endian::native == std::endian::big) std::ranges::reverse(bytes);
+    return bytes;
 }
 
 }  // namespace detail
@@ -61,12 +58,7 @@ constexpr auto textField(std::size_t offset, std::size_t width) {
     return RecordField<Record>{
         offset, width,
         [](Record& record, std::string_view bytes) { record.*Member = std::string(bytes); },
-        [](const Record& record, std::span<char> bytes) {
-            const std::string& text = record.*Member;
-            const std::size_t used = std::min(text.size(), bytes.size());
-            std::memcpy(bytes.data(), text.data(), used);
-            std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(used), bytes.end(), ' ');
-        }};
+        [](const Record& record, std::size_t bytes) { return fitted(record.*Member, bytes); }};
 }
 
 /// A number stored as it is in memory, little-endian: 16-bit integer, double or Currency.
@@ -79,14 +71,12 @@ constexpr auto numberField(std::size_t offset) {
         offset, sizeof(Value),
         [](Record& record, std::string_view bytes) {
             std::array<char, sizeof(Value)> copy{};
-            std::memcpy(copy.data(), bytes.data(), copy.size());
-            detail::toLittleEndian<sizeof(Value)>(copy.data());
-            record.*Member = std::bit_cast<Value>(copy);
+            bytes.copy(copy.data(), copy.size());
+            record.*Member = std::bit_cast<Value>(detail::littleEndian(copy));
         },
-        [](const Record& record, std::span<char> bytes) {
-            auto copy = std::bit_cast<std::array<char, sizeof(Value)>>(record.*Member);
-            detail::toLittleEndian<sizeof(Value)>(copy.data());
-            std::memcpy(bytes.data(), copy.data(), copy.size());
+        [](const Record& record, std::size_t) {
+            const auto copy = std::bit_cast<std::array<char, sizeof(Value)>>(record.*Member);
+            return std::string(detail::littleEndian(copy).data(), sizeof(Value));
         }};
 }
 
@@ -104,15 +94,11 @@ constexpr std::size_t recordSize(const std::array<RecordField<Record>, Count>& l
 /// Reads a record; bytes missing at the end count as zero bytes.
 template <class Record, std::size_t Count>
 Record decodeRecord(const std::array<RecordField<Record>, Count>& layout, std::string_view bytes) {
-    std::string whole;
-    if (bytes.size() < recordSize(layout)) {
-        whole.assign(bytes);
-        whole.resize(recordSize(layout), '\0');
-        bytes = whole;
-    }
+    std::string whole(bytes.substr(0, recordSize(layout)));
+    whole.resize(recordSize(layout), '\0');
     Record record{};
     for (const auto& field : layout)
-        field.read(record, bytes.substr(field.offset, field.width));
+        field.read(record, std::string_view(whole).substr(field.offset, field.width));
     return record;
 }
 
@@ -120,10 +106,9 @@ Record decodeRecord(const std::array<RecordField<Record>, Count>& layout, std::s
 template <class Record, std::size_t Count>
 std::string encodeRecord(const std::array<RecordField<Record>, Count>& layout,
                          const Record& record) {
-    std::string bytes(recordSize(layout), '\0');
-    for (const auto& field : layout) {
-        field.write(record, std::span(bytes).subspan(field.offset, field.width));
-    }
+    std::string bytes;
+    for (const auto& field : layout)
+        bytes += field.bytesOf(record, field.width);
     return bytes;
 }
 
