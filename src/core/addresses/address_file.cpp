@@ -20,16 +20,13 @@ bool isGone(const FileSystem& files, const std::filesystem::path& path) {
     }
 }
 
-std::string asItIs(const std::string& name) {
-    return name;
-}
-std::string withoutCase(const std::string& name) {
-    return upper(name);
+std::string asItIs(std::string_view name) {
+    return std::string(name);
 }
 
 /// Recognizes the records of a name; `folded` makes names equal that count as the same.
 auto isNamed(const std::vector<AddressRecord>& records, const std::string& name,
-             std::string (*folded)(const std::string&)) {
+             std::string (*folded)(std::string_view)) {
     const std::string wanted = folded(trimmed(name));
     const auto stored = [=](const AddressRecord& record) {
         return folded(trimmedField(record.Name)) == wanted;
@@ -59,12 +56,9 @@ std::vector<AddressRecord> AddressFile::readAll() {
 std::optional<AddressRecord> AddressFile::findNamed(const std::vector<AddressRecord>& records,
                                                     const std::string& name) {
     const auto found = std::find_if(records.begin(), records.end(), isNamed(records, name, asItIs));
-    if (found == records.end()) {
-        if (!records.empty()) buffer_ = records.back();
-        return std::nullopt;
-    }
-    buffer_ = *found;
-    return *found;
+    if (found != records.end()) return buffer_ = *found;
+    if (!records.empty()) buffer_ = records.back();
+    return std::nullopt;
 }
 
 double AddressFile::GetNextAddyTag() {
@@ -88,16 +82,14 @@ std::optional<double> AddressFile::append(const std::string& kind, const std::st
 
 std::optional<AddressRecord> AddressFile::findToRewrite(const std::string& name) {
     const std::vector<AddressRecord> records = readAll();
-    const auto match =
-        std::find_if(records.begin(), records.end(), isNamed(records, name, withoutCase));
+    const auto match = std::find_if(records.begin(), records.end(), isNamed(records, name, upper));
     return match == records.end() ? std::nullopt : std::optional(*match);
 }
 
 std::optional<double> AddressFile::rewrite(const std::string& kind, const std::string& name,
                                            const std::string& address) {
     const std::vector<AddressRecord> records = readAll();
-    const auto match =
-        std::find_if(records.begin(), records.end(), isNamed(records, name, withoutCase));
+    const auto match = std::find_if(records.begin(), records.end(), isNamed(records, name, upper));
     if (match == records.end()) return append(kind, name, address);
     buffer_ = *match;
     fill(kind, name, address);

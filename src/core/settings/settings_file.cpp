@@ -13,15 +13,11 @@ constexpr const auto& kDirectory = kSettingsLayout[28];
 static_assert(kDirectory.offset == 908);
 constexpr std::size_t kDirectoryEnd = kDirectory.offset + kDirectory.width;
 
-bool isPadding(char c) {
-    return c == ' ' || c == '\0';
-}
-
 /// Whether a record that is cut off within the data directory has lost only padding of it. One
 /// blank does not prove it: paths contain blanks too.
 bool directoryHasEnded(const std::string& bytes) {
-    return bytes.size() >= kDirectory.offset + 2 && isPadding(bytes[bytes.size() - 1]) &&
-           isPadding(bytes[bytes.size() - 2]);
+    return bytes.size() >= kDirectory.offset + 2 &&
+           trimmedField(bytes.substr(bytes.size() - 2)).empty();
 }
 
 /// The settings, with those fields that are present in the bytes of a possibly truncated record.
@@ -32,11 +28,6 @@ Settings withFieldsOf(std::string bytes, Settings settings) {
         field.read(settings, std::string_view(bytes).substr(field.offset, field.width));
     }
     return settings;
-}
-
-bool isMissing(const FileError& error) {
-    return error.number() == FaultNumber::FileNotFound ||
-           error.number() == FaultNumber::PathNotFound;
 }
 
 /// Asks whether to try again; otherwise leaves the program.
@@ -87,7 +78,9 @@ std::optional<std::string> SettingsFile::contentOf(const char* name) const {
     try {
         return files_.read(home_ / name);
     } catch (const FileError& error) {
-        if (!isMissing(error)) throw;
+        const bool missing = error.number() == FaultNumber::FileNotFound ||
+                             error.number() == FaultNumber::PathNotFound;
+        if (!missing) throw;
         return std::nullopt;
     }
 }
@@ -110,16 +103,16 @@ std::optional<Settings> SettingsFile::firstSettings(bool empty, Prompts& prompts
 /// A record shorter than today's lacks fields at its end, which were never assigned.
 Settings SettingsFile::takenOver(const std::string& forerunner) const {
     Settings settings = withFieldsOf(forerunner, decodeRecord(kSettingsLayout, ""));
-    settings.BackupFolder = storableFolder(defaultDataDirectory(home_)).value_or("");
+    settings.BackupFolder = defaultSettings(home_).BackupFolder;
     SaveConfig(settings);
     return settings;
 }
 
 std::optional<Settings> SettingsFile::rescued(const std::string& bytes, Prompts& prompts) const {
-    Settings settings = withFieldsOf(bytes, defaultSettings(home_));
+    const Settings defaults = defaultSettings(home_);
+    Settings settings = withFieldsOf(bytes, defaults);
     const std::string folder = trimmedField(withFieldsOf(bytes, {}).DataDirectory);
-    if (folder.empty())
-        settings.DataDirectory = storableFolder(defaultDataDirectory(home_)).value_or("");
+    if (folder.empty()) settings.DataDirectory = defaults.DataDirectory;
     const std::string trouble = "is too short: it holds " + std::to_string(bytes.size()) +
                                 " bytes where " + std::to_string(kSize) + " are needed";
     const std::string outlook =

@@ -13,14 +13,6 @@ namespace {
 
 using File = RecordFile<StockItemRecord, kStockItemLayout>;
 
-Currency unitCostOf(const std::string& text, const RegionalFormats& formats) {
-    try {
-        return amountOf(text, formats);
-    } catch (const Fault& fault) {
-        throw BoxFault(fault.number(), "Unit Cost", text, "is not an amount");
-    }
-}
-
 }  // namespace
 
 int recordNumberOf(double tag) {
@@ -46,8 +38,7 @@ double StockFile::GetNextTag() {
 
 void StockFile::SaveNewStockItem(const StockItemBoxes& boxes) {
     const double tag = GetNextTag();
-    const Currency unitCost = unitCostOf(cleanedNumber(boxes.StockUnitCostEd), formats_);
-    fill(boxes, unitCost);
+    fill(boxes, cleanedNumber(boxes.StockUnitCostEd));
     buffer_.Tag = tag;
     File file(files_, path_);
     file.append(buffer_);
@@ -62,8 +53,7 @@ std::optional<StockItemRecord> StockFile::SaveChangedStockItem(double tag,
                                     [tag](const auto& record) { return record.Tag == tag; });
     if (match == records.end()) return std::nullopt;
     buffer_ = *match;
-    const Currency unitCost = unitCostOf(trimmed(boxes.StockUnitCostEd), formats_);
-    fill(boxes, unitCost);
+    fill(boxes, trimmed(boxes.StockUnitCostEd));
     file.write(static_cast<int>(match - records.begin()) + 1, buffer_);
     file.flush();
     return *match;
@@ -77,12 +67,16 @@ StockItemRecord StockFile::setOnHand(int recordNumber, Currency quantity) {
     return rewrite(recordNumber, [quantity](StockItemRecord& record) { record.OnHand = quantity; });
 }
 
-void StockFile::fill(const StockItemBoxes& boxes, Currency unitCost) {
+void StockFile::fill(const StockItemBoxes& boxes, const std::string& unitCost) {
+    try {
+        buffer_.UnitCost = amountOf(unitCost, formats_);
+    } catch (const Fault& fault) {
+        throw BoxFault(fault.number(), "Unit Cost", unitCost, "is not an amount");
+    }
     buffer_.Category = trimmed(boxes.StockCatCombo);
     buffer_.Description = trimmed(boxes.StockDescriptionEd);
     buffer_.Status = kLiveItem;
     buffer_.Unit = trimmed(boxes.StockUnitCombo);
-    buffer_.UnitCost = unitCost;
     buffer_.Vendor = trimmed(boxes.StockVendorCombo);
 }
 

@@ -78,7 +78,7 @@ class StockFile {
     StockItemRecord setOnHand(int recordNumber, Currency quantity);
 
   private:
-    void fill(const StockItemBoxes& boxes, Currency unitCost);
+    void fill(const StockItemBoxes& boxes, const std::string& unitCost);
     template <class Change>
     StockItemRecord rewrite(int recordNumber, Change change);
 
