@@ -121,7 +121,9 @@ void DisplayBuilder::openCell(const Tag& tag, bool empty) {
     closeDownTo(*table + 2);
     Open& row = stack_.back();
     row.cells += columns;
-    countCells(stack_[*table], row, columns * (cellsOf(tag, "rowspan") - 1));
+    const int longer = std::max(0, row.cells - stack_[*table].cells);
+    stack_[*table].cells += longer;
+    cells_ += longer + columns * (cellsOf(tag, "rowspan") - 1);
     if (row.opening.empty()) {
         html_ += ' ';
         return push({tag.element, ""});
@@ -181,12 +183,6 @@ void DisplayBuilder::addRow(const Tag& tag, bool lined) {
     const bool shown = !table.opening.empty();
     lined = lined && table.lined;
     push({tag.element, shown ? "<tr" + shownAttributes(tag, scale_) + ">" : "", lined});
-}
-
-void DisplayBuilder::countCells(Open& table, const Open& row, int below) {
-    const int added = std::max(0, row.cells - table.cells);
-    table.cells += added;
-    cells_ += added + below;
 }
 
 std::string DisplayBuilder::cellStyle(const Open& row, bool empty) {

@@ -58,7 +58,6 @@ class DisplayBuilder {
     void closeParagraph(std::string_view name);
     bool isFull(const Tag& tag);
     void addRow(const Tag& tag, bool lined);
-    void countCells(Open& table, const Open& row, int below);
     std::string cellStyle(const Open& row, bool empty);
     void ensureCell();
     bool isBetweenCells() const;

@@ -53,17 +53,11 @@ std::string bounded(const std::string& value, Kind kind, const DisplayScale& sca
     constexpr double kMostSpace = 50;
     constexpr double kMostCells = 40;
     const double number = std::max(0.0, leadingNumber(value));
-    switch (kind) {
-        case Kind::Word:
-            return isPlainValue(value) ? value : "";
-        case Kind::Count:
-            return std::to_string(static_cast<int>(std::clamp(number, 1.0, kMostCells)));
-        case Kind::Space:
-            return number == 0 ? "0" : std::to_string(scale.pixels(std::min(number, kMostSpace)));
-        case Kind::Length:
-            break;
-    }
-    if (number == 0) return {};
+    if (kind == Kind::Word) return isPlainValue(value) ? value : "";
+    if (kind == Kind::Count)
+        return std::to_string(static_cast<int>(std::clamp(number, 1.0, kMostCells)));
+    if (number == 0) return kind == Kind::Space ? "0" : "";
+    if (kind == Kind::Space) return std::to_string(scale.pixels(std::min(number, kMostSpace)));
     if (!value.ends_with('%')) return std::to_string(scale.pixels(number));
     return std::to_string(static_cast<int>(std::min(number, 100.0))) + "%";
 }

@@ -29,10 +29,6 @@ std::string asLine(std::string value) {
     return trimmed(value);
 }
 
-bool endsLine(const std::string& content) {
-    return content.empty() || content.back() == '\n' || content.back() == '\r';
-}
-
 }  // namespace
 
 void FieldHistory::remember(const FileSystem& files, const std::string& value) {
@@ -48,12 +44,11 @@ void FieldHistory::remember(const FileSystem& files, const std::string& value) {
         std::any_of(entries_->begin(), entries_->end(),
                     [&](const std::string& entry) { return trimmed(entry) == line; });
     if (line.empty() || known) return;
-    const std::string added = (endsLine(content_) ? "" : kLineEnd) + line + kLineEnd;
+    const bool lineOpen = content_.find_last_of(kLineEnd) + 1 != content_.size();
+    const std::string added = (lineOpen ? kLineEnd : "") + line + kLineEnd;
     files.append(path_, added);
     content_ += added;
-    auto lines = *entries_;
-    lines.push_back(line);
-    entries_ = std::make_shared<const std::vector<std::string>>(std::move(lines));
+    entries_ = std::make_shared<const std::vector<std::string>>(linesOf(content_));
 }
 
 void FieldHistory::forget(const FileSystem& files, const std::string& value) const {

@@ -68,25 +68,12 @@ int monthNamed(const std::string& word, const RegionalFormats& formats) {
     return 0;
 }
 
-std::optional<int> yearOf(const std::string& text) {
-    if (text.size() > 4) return std::nullopt;
-    const int number = std::stoi(text);
-    if (text.size() > 2) return number;
-    return number < 50 ? 2000 + number : 1900 + number;
-}
-
-std::optional<int> smallNumber(const std::string& text) {
-    if (text.size() > 2) return std::nullopt;
-    return std::stoi(text);
-}
-
 std::optional<DayCount> dayOf(const std::string& year, const std::string& month,
                               const std::string& day) {
-    const auto y = yearOf(year);
-    const auto m = smallNumber(month);
-    const auto d = smallNumber(day);
-    if (!y || !m || !d) return std::nullopt;
-    return toDayCount({*y, *m, *d});
+    if (year.size() > 4 || month.size() > 2 || day.size() > 2) return std::nullopt;
+    const int number = std::stoi(year);
+    const int century = year.size() > 2 ? 0 : number < 50 ? 2000 : 1900;
+    return toDayCount({century + number, std::stoi(month), std::stoi(day)});
 }
 
 /// The order of year, month and day in the region's short date, such as "yMd".

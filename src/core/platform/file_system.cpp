@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <optional>
 #include <random>
 
@@ -15,10 +14,8 @@ namespace {
 /// pattern matches.
 std::filesystem::path temporaryNameFor(const std::filesystem::path& path) {
     static std::mt19937_64 numbers(std::random_device{}() ^ os::processNumber() << 32);
-    std::array<char, 17> text{};
-    std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(numbers()));
-    return std::filesystem::path(path).replace_filename(std::string("~bramblet-") + text.data() +
-                                                        ".tmp");
+    const std::string name = "~bramblet-" + std::to_string(numbers()) + ".tmp";
+    return std::filesystem::path(path).replace_filename(name);
 }
 
 /// A file written beside another one to take its place. It is removed again if it does not get that

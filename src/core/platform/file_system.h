@@ -34,7 +34,9 @@ class FileSystem {
             try {
                 return statement();
             } catch (const FileError& error) {
-                if (!wait_ || !isBusy(error)) throw;
+                const bool busy = error.number() == FaultNumber::PermissionDenied ||
+                                  error.number() == FaultNumber::PathFileAccess;
+                if (!wait_ || !busy) throw;
                 wait_(error);
             }
         }
@@ -90,11 +92,6 @@ class FileSystem {
     }
 
   private:
-    static bool isBusy(const FileError& error) {
-        return error.number() == FaultNumber::PermissionDenied ||
-               error.number() == FaultNumber::PathFileAccess;
-    }
-
     FileWait wait_;
 };
 

@@ -66,20 +66,6 @@ int descriptor(std::intptr_t handle) {
     return static_cast<int>(handle);
 }
 
-int flagsOf(Open how) {
-    switch (how) {
-        case Open::Read:
-            return O_RDONLY;
-        case Open::ReadWrite:
-            return O_RDWR | O_CREAT;
-        case Open::Write:
-            return O_WRONLY | O_CREAT;
-        case Open::WriteNew:
-            return O_WRONLY | O_CREAT | O_EXCL;
-    }
-    return O_RDONLY;
-}
-
 /// Repeats a system call as long as a signal interrupts it.
 template <class Call>
 auto uninterrupted(Call call) {
@@ -90,8 +76,10 @@ auto uninterrupted(Call call) {
 }
 
 int opened(const std::filesystem::path& path, Open how) {
+    const int access = how == Open::Read ? O_RDONLY : how == Open::ReadWrite ? O_RDWR : O_WRONLY;
+    const int creation = how == Open::Read ? 0 : how == Open::WriteNew ? O_CREAT | O_EXCL : O_CREAT;
     // Without O_NONBLOCK, opening a named pipe would wait for somebody at its other end.
-    const int flags = flagsOf(how) | O_CLOEXEC | O_NONBLOCK;
+    const int flags = access | creation | O_CLOEXEC | O_NONBLOCK;
     const int file = uninterrupted([&] { return ::open(path.c_str(), flags, 0666); });
     if (file == -1 && errno == ENXIO) fail(path, EINVAL);  // a pipe with nobody at its other end
     if (file == -1) fail(path);

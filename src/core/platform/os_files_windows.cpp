@@ -95,31 +95,17 @@ bool isRefusal(DWORD error) {
            error == ERROR_CALL_NOT_IMPLEMENTED;
 }
 
-struct OpenMode {
-    DWORD access;
-    DWORD creation;
-};
-OpenMode modeOf(Open how) {
-    switch (how) {
-        case Open::ReadWrite:
-            return {GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS};
-        case Open::Read:
-            return {GENERIC_READ, OPEN_EXISTING};
-        case Open::Write:
-            return {GENERIC_WRITE, OPEN_ALWAYS};
-        case Open::WriteNew:
-            return {GENERIC_WRITE, CREATE_NEW};
-    }
-    return {GENERIC_READ, OPEN_EXISTING};
-}
-
 /// Nobody is locked out: several workstations share one data folder.
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 Handle opened(const std::filesystem::path& path, Open how) {
     const std::wstring native = nativePath(path);
-    const OpenMode mode = modeOf(how);
-    Handle file(::CreateFileW(native.c_str(), mode.access, kShareAll, nullptr, mode.creation,
+    const DWORD reading = how == Open::Read || how == Open::ReadWrite ? GENERIC_READ : 0;
+    const DWORD writing = how == Open::Read ? 0 : GENERIC_WRITE;
+    const DWORD creation = how == Open::Read       ? OPEN_EXISTING
+                           : how == Open::WriteNew ? CREATE_NEW
+                                                   : OPEN_ALWAYS;
+    Handle file(::CreateFileW(native.c_str(), reading | writing, kShareAll, nullptr, creation,
                               FILE_ATTRIBUTE_NORMAL, nullptr));
     if (file.get() == INVALID_HANDLE_VALUE) {
         const DWORD error = ::GetLastError();

@@ -34,10 +34,9 @@ bool DataFolder::available(Prompts& prompts) const {
     prompts.ask(
         {"Unable to access the data directory " + shown(path_) +
              "\r\n\r\nThis could be caused by a number of factors, including an incorrect data "
-             "path "
-             "entry in your configuration file, the network being down, you not being connected to "
-             "the network, or you lacking correct network permissions.\r\n\r\nThis problem must be "
-             "corrected before you can continue. \r\n\r\n" +
+             "path entry in your configuration file, the network being down, you not being "
+             "connected to the network, or you lacking correct network permissions.\r\n\r\nThis "
+             "problem must be corrected before you can continue. \r\n\r\n" +
              reason_,
          "No Server Access!", Buttons::Ok, Icon::Information});
     return false;
