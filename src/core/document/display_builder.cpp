@@ -20,10 +20,6 @@ constexpr std::size_t kLongestWord = 500;     // beyond a long paragraph
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
-bool isBlank(std::string_view text) {
-    return text.find_first_not_of(kBlanks) == std::string_view::npos;
-}
-
 int cellsOf(const Tag& tag, std::string_view attribute) {
     constexpr double kMost = kMostColumns;
     return static_cast<int>(std::clamp(leadingNumber(tag.word(attribute)), 1.0, kMost));
@@ -42,7 +38,7 @@ std::string DisplayBuilder::finished() {
 }
 
 void DisplayBuilder::addText(std::string_view text) {
-    if (isBetweenCells() && isBlank(text)) return;
+    if (isBetweenCells() && text.find_first_not_of(kBlanks) == std::string_view::npos) return;
     ensureCell();
     for (std::size_t i = 0; i < text.size(); ++i) {
         addCharacter(text[i]);
@@ -55,13 +51,8 @@ void DisplayBuilder::addText(std::string_view text) {
 void DisplayBuilder::addCharacter(char c) {
     const bool blank = kBlanks.find(c) != std::string_view::npos;
     lengthen(1, blank);
-    if (c == '<') {
-        html_ += "&lt;";
-    } else if (static_cast<unsigned char>(c) < ' ' && !blank) {
-        html_ += ' ';
-    } else {
-        html_ += c;
-    }
+    const bool control = static_cast<unsigned char>(c) < ' ' && !blank;
+    html_ += c == '<' ? "&lt;" : control ? " " : std::string(1, c);
 }
 
 void DisplayBuilder::addSingle(std::string_view html, std::size_t length) {
@@ -103,7 +94,7 @@ void DisplayBuilder::openTable(const Element& element, const std::string& openin
 
 void DisplayBuilder::openRow(const Tag& tag, bool lined) {
     const auto table = findOpen(isTable);
-    if (!table || isFull(tag)) return;
+    if (!table || leavesOut(tag)) return;
     closeDownTo(*table + 1);
     addRow(tag, lined);
 }
@@ -111,7 +102,7 @@ void DisplayBuilder::openRow(const Tag& tag, bool lined) {
 void DisplayBuilder::openCell(const Tag& tag, bool empty) {
     const auto table = findOpen(isTable);
     if (!table) return addText(" ");
-    if (isFull(tag)) return;
+    if (leavesOut(tag)) return;
     const int columns = cellsOf(tag, "colspan");
     const bool inRow = stack_.size() > *table + 1;
     if (!inRow || stack_[*table + 1].cells + columns > kMostColumns) {
@@ -134,7 +125,7 @@ void DisplayBuilder::openCell(const Tag& tag, bool empty) {
 
 void DisplayBuilder::close(const Tag& tag) {
     const int rank = rankOf(tag.element->role);
-    if ((rank == 1 || rank == 2) && isFull(tag)) return;
+    if ((rank == 1 || rank == 2) && leavesOut(tag)) return;
     const auto open = findOpen([&](const Open& candidate) {
         const int its = rankOf(candidate.element->role);
         return its > rank || (its == rank && (rank > 0 || candidate.element == tag.element));
@@ -170,8 +161,9 @@ void DisplayBuilder::closeParagraph(std::string_view name) {
     if (open && stack_[*open].element->name == name) closeDownTo(*open);
 }
 
-/// Beyond the greatest number of cells, tags of rows and cells only keep texts apart.
-bool DisplayBuilder::isFull(const Tag& tag) {
+/// Beyond the greatest number of cells, tags of rows and cells are left out and only keep texts
+/// apart.
+bool DisplayBuilder::leavesOut(const Tag& tag) {
     if (cells_ <= kMostCells || isBetweenCells()) return false;
     html_ += tag.is("tr") && !tag.closing ? "<br>" : " ";
     return true;

@@ -56,7 +56,7 @@ class DisplayBuilder {
     void lengthen(std::size_t length, bool mayDivide);
     void divide();
     void closeParagraph(std::string_view name);
-    bool isFull(const Tag& tag);
+    bool leavesOut(const Tag& tag);
     void addRow(const Tag& tag, bool lined);
     std::string cellStyle(const Open& row, bool empty);
     void ensureCell();

@@ -39,19 +39,15 @@ struct Pieces {
 std::optional<Pieces> piecesOf(std::string_view text) {
     constexpr std::string_view kSeparators = "/-., ";
     Pieces pieces;
-    for (std::size_t i = 0; i < text.size();) {
-        if (kSeparators.find(text[i]) != std::string_view::npos) {
-            ++i;
-            continue;
-        }
-        const std::size_t start = i;
-        const bool number = isDigit(text[i]);
-        while (i < text.size() && (number ? isDigit(text[i]) : isLetter(text[i])))
-            ++i;
-        if (i == start) return std::nullopt;
-        (number ? pieces.numbers : pieces.words).emplace_back(text.substr(start, i - start));
+    for (;;) {
+        text.remove_prefix(std::min(text.find_first_not_of(kSeparators), text.size()));
+        if (text.empty()) return pieces;
+        const bool number = isDigit(text.front());
+        const auto end = std::find_if_not(text.begin(), text.end(), number ? isDigit : isLetter);
+        if (end == text.begin()) return std::nullopt;
+        (number ? pieces.numbers : pieces.words).emplace_back(text.begin(), end);
+        text.remove_prefix(static_cast<std::size_t>(end - text.begin()));
     }
-    return pieces;
 }
 
 /// 1 to 12 for a month name, or at least its first three letters; 0 for any other word.
@@ -101,19 +97,18 @@ std::optional<DayCount> fromNumbers(const std::vector<std::string>& numbers,
 }
 
 std::optional<DayCount> withMonthName(const std::vector<std::string>& numbers, int month,
-                                      int thisYear) {
+                                      const std::string& thisYear) {
     const std::string m = std::to_string(month);
-    if (numbers.size() == 1) return dayOf(std::to_string(thisYear), m, numbers[0]);
+    if (numbers.size() == 1) return dayOf(thisYear, m, numbers[0]);
     if (numbers[0].size() > 2) return dayOf(numbers[0], m, numbers[1]);
     return dayOf(numbers[1], m, numbers[0]);
 }
 
 std::optional<DayCount> withoutYear(std::vector<std::string> numbers,
-                                    const RegionalFormats& formats, int thisYear) {
+                                    const RegionalFormats& formats, const std::string& year) {
     const std::string order = fieldOrder(formats);
     const bool monthFirst = order.find('M') < order.find('d');
     if (!monthFirst) std::swap(numbers[0], numbers[1]);
-    const std::string year = std::to_string(thisYear);
     if (const auto day = dayOf(year, numbers[0], numbers[1])) return day;
     return dayOf(year, numbers[1], numbers[0]);
 }
@@ -155,7 +150,7 @@ std::optional<DayCount> parseDate(std::string_view text, const RegionalFormats& 
     const auto pieces = piecesOf(text);
     if (!pieces) return std::nullopt;
     const auto& [numbers, words] = *pieces;
-    const int thisYear = toCivilDate(today).year;
+    const std::string thisYear = std::to_string(toCivilDate(today).year);
     if (words.empty()) {
         if (numbers.size() == 3) return fromNumbers(numbers, formats);
         if (numbers.size() == 2) return withoutYear(numbers, formats, thisYear);

@@ -44,7 +44,7 @@ class RecordFile {
 
     /// Record `number`; throws BadRecordNumber below 1 and PastEndOfFile after the last.
     Record read(int number) const {
-        checkNumber(number);
+        if (number < 1) throw FileError(FaultNumber::BadRecordNumber, path_);
         const std::string bytes = file_.read(offsetOf(number), kSize);
         if (bytes.empty()) throw FileError(FaultNumber::PastEndOfFile, path_);
         return decodeRecord(Layout, bytes);
@@ -62,11 +62,11 @@ class RecordFile {
     }
 
     /// Writes record `number`, which may be the one after the last, in one call. Throws
-    /// BadRecordNumber for one farther on: a damaged number must not stretch the file over the
-    /// whole disk.
+    /// BadRecordNumber for any other: a damaged number must not stretch the file over the whole
+    /// disk.
     void write(int number, const Record& record) {
-        checkNumber(number);
-        if (number > count_ + 1) throw FileError(FaultNumber::BadRecordNumber, path_);
+        const bool apart = number < 1 || number > count_ + 1;
+        if (apart) throw FileError(FaultNumber::BadRecordNumber, path_);
         if (number > most_) throw Fault(FaultNumber::Overflow);
         file_.write(offsetOf(number), encodeRecord(Layout, record));
         if (number > count_) count_ = number;
@@ -78,9 +78,6 @@ class RecordFile {
     void flush() { file_.flush(); }
 
   private:
-    void checkNumber(int number) const {
-        if (number < 1) throw FileError(FaultNumber::BadRecordNumber, path_);
-    }
     static std::uint64_t offsetOf(int number) {
         return static_cast<std::uint64_t>(number - 1) * kSize;
     }
