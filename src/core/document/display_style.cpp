@@ -74,7 +74,8 @@ std::string knownDeclarations(std::string_view style) {
         const std::string value = trimmed(declaration.substr(colon + 1));
         const bool isKnown =
             std::find(kDeclarations.begin(), kDeclarations.end(), name) != kDeclarations.end();
-        if (isKnown && isPlainValue(value)) known += name + ":" + value + ";";
+        if (isKnown && isPlainValue(value))
+            known.append(name).append(":").append(value).append(";");
     }
     return known;
 }

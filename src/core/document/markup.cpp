@@ -212,7 +212,7 @@ std::optional<Piece> MarkupReader::takeTag() {
 
 /// Takes the text up to `end`, which is then read.
 Piece MarkupReader::take(std::size_t end) {
-    const Piece piece{text_.substr(position_, end - position_)};
+    Piece piece{text_.substr(position_, end - position_)};
     position_ += piece.text.size();
     return piece;
 }

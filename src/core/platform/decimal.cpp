@@ -79,8 +79,8 @@ Decimal rounded(const Decimal& decimal, int places, Halves halves) {
 }
 
 PlainDigits plainDigits(const Decimal& decimal, int places) {
-    const int zerosInFront = std::max(0, 1 - decimal.exponent);
-    const auto whole = static_cast<std::size_t>(decimal.exponent + zerosInFront);
+    const auto whole = static_cast<std::size_t>(std::max(decimal.exponent, 1));
+    const int zerosInFront = std::max(1 - decimal.exponent, 0);
     std::string all = std::string(static_cast<std::size_t>(zerosInFront), '0') + decimal.digits;
     all.resize(whole + static_cast<std::size_t>(places), '0');
     return {all.substr(0, whole), all.substr(whole)};

@@ -107,6 +107,7 @@ template <class Record, std::size_t Count>
 std::string encodeRecord(const std::array<RecordField<Record>, Count>& layout,
                          const Record& record) {
     std::string bytes;
+    bytes.reserve(recordSize(layout));
     for (const auto& field : layout)
         bytes += field.bytesOf(record, field.width);
     return bytes;

@@ -44,7 +44,7 @@ std::string fitted(std::string_view text, std::size_t width) {
 }
 
 std::string listedText(std::size_t count, const std::string& things, bool read) {
-    const std::string listed = std::to_string(count) + " " + things + " listed";
+    std::string listed = std::to_string(count) + " " + things + " listed";
     if (read) return listed;
     return count == 0 ? "The list could not be read" : listed + " before; now it could not be read";
 }

@@ -83,7 +83,7 @@ void StockFile::fill(const StockItemBoxes& boxes, const std::string& unitCost) {
 template <class Change>
 StockItemRecord StockFile::rewrite(int recordNumber, Change change) {
     File file(files_, path_);
-    const StockItemRecord before = file.read(recordNumber);
+    StockItemRecord before = file.read(recordNumber);
     buffer_ = before;
     change(buffer_);
     file.write(recordNumber, buffer_);
