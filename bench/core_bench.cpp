@@ -22,25 +22,14 @@ using test::writeFile;
 /// Says yes to everything and chooses one file.
 class Agreeable : public Prompts {
   public:
-    std::string file;
+    std::filesystem::path file;
     Answer ask(const Message& message) override {
         return message.buttons == Buttons::OkCancel || message.buttons == Buttons::Ok ? Answer::Ok
                                                                                       : Answer::Yes;
     }
-    std::optional<std::string> input(const std::string&, const std::string&,
-                                     const std::string& preset) override {
-        return preset;
+    std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice&) override {
+        return file;
     }
-    std::optional<std::string> chooseFileToOpen(const FileChoice&) override { return file; }
-    std::optional<std::string> chooseFileToSave(const FileChoice&) override { return file; }
-    std::optional<std::string> chooseFolder(const std::string&, const std::string& start) override {
-        return start;
-    }
-    std::optional<std::string> chooseFont(const std::string& current) override { return current; }
-    void progress(const std::string&, int, int) override {}
-
-  protected:
-    void showStatus(const std::string&, Tone) override {}
 };
 
 /// A data folder with full files, and the program on it.
@@ -112,14 +101,14 @@ BENCHMARK(listOrders)->Unit(benchmark::kMillisecond);
 void sortOrdersByVendor(benchmark::State& state) {
     FullOffice office;
     for (auto _ : state)
-        office.program().savedOrders.sortByHeading(kVendorColumn);
+        office.program().savedOrders.sortBy(kVendorColumn);
 }
 BENCHMARK(sortOrdersByVendor)->Unit(benchmark::kMillisecond);
 
 void sortOrdersByTotal(benchmark::State& state) {
     FullOffice office;
     for (auto _ : state)
-        office.program().savedOrders.sortByHeading(kOrderTotalColumn);
+        office.program().savedOrders.sortBy(kOrderTotalColumn);
 }
 BENCHMARK(sortOrdersByTotal)->Unit(benchmark::kMillisecond);
 
@@ -132,7 +121,7 @@ BENCHMARK(nextNumber)->Unit(benchmark::kMillisecond);
 
 void saveAnOrder(benchmark::State& state) {
     FullOffice office;
-    office.program().open.order.PONoEd = "020000";
+    office.program().open.set(&Order::PONoEd, "020000");
     for (auto _ : state)
         office.program().editor.SaveChanges_Click();
 }
@@ -147,7 +136,7 @@ BENCHMARK(listStock)->Unit(benchmark::kMillisecond);
 
 void listOneVendorsStock(benchmark::State& state) {
     FullOffice office;
-    office.program().open.order.ToCombo = "Vendor number 7";
+    office.program().open.set(&Order::ToCombo, "Vendor number 7");
     office.program().stock.VendorItemsCheck = true;
     for (auto _ : state)
         office.program().stock.PopStockList();
@@ -157,7 +146,7 @@ BENCHMARK(listOneVendorsStock)->Unit(benchmark::kMillisecond);
 void sortStockByDescription(benchmark::State& state) {
     FullOffice office;
     for (auto _ : state)
-        office.program().stock.sortByHeading(StockColumn::Description);
+        office.program().stock.sortBy(static_cast<int>(StockColumn::Description));
 }
 BENCHMARK(sortStockByDescription)->Unit(benchmark::kMillisecond);
 

@@ -267,16 +267,16 @@ TEST_F(AddressBookTest, APickThatCannotBeReadLeavesNoOtherVendorsAddress) {
     std::filesystem::create_directory(data("po_addy.dat"));
     pickAddress(Vendor, "Bolt");
     EXPECT_EQ(order().ToField, "");
-    EXPECT_TRUE(prompts.lastLine.starts_with("The address was not read: "));
+    EXPECT_TRUE(screen.lastLine.starts_with("The address was not read: "));
     book().PopAddyLists();
     EXPECT_EQ(vendor().names.size(), 2u) << "the list stays";
     saveAddress(Vendor, "Cole", "C Road");
-    EXPECT_TRUE(prompts.lastLine.starts_with("The address was not saved: "));
+    EXPECT_TRUE(screen.lastLine.starts_with("The address was not saved: "));
     std::filesystem::remove(data("po_addy.dat"));
     std::filesystem::rename(data("away"), data("po_addy.dat"));
     book().Changed_Click(Vendor);
     EXPECT_EQ(vendor().names.size(), 3u);
-    EXPECT_EQ(prompts.lastLine, "") << "it is saved now";
+    EXPECT_EQ(screen.lastLine, "") << "it is saved now";
 }
 
 TEST_F(AddressBookTest, DeletingAsksNothingAndABlankNameIsTold) {

@@ -20,7 +20,7 @@ class BackupTest : public Office {
             os::remove(data("") / name);
     }
     bool runTo(const std::filesystem::path& where) {
-        backup().open(Backup::Kind::Backup);
+        backup().mu_DataBackup_Click();
         backup().BackUpTarget = where;
         return backup().RunBackup_Click();
     }
@@ -35,7 +35,7 @@ class BackupTest : public Office {
     }
     bool restore(const std::filesystem::path& from, Answer caution, const std::string& told) {
         program().settings.BackupFolder = from.string();
-        backup().open(Backup::Kind::Restore);
+        backup().mu_DataRestore_Click();
         prompts.expect({"CAUTION - this is the data restoration function, not backup! This should "
                         "only be used to recover backup data after a disk failure, or after a bad "
                         "import operation. This will over-write whatever you already have in your "
@@ -99,14 +99,14 @@ TEST_F(BackupTest, TheTopGraphicGoesAlongWhateverKindOfPictureItIs) {
 TEST_F(BackupTest, TheFoldersThatTheWindowsStartWith) {
     const std::filesystem::path dataPath = program().folder.DataPath();
     program().settings.BackupFolder = "   ";
-    backup().open(Backup::Kind::Backup);
+    backup().mu_DataBackup_Click();
     EXPECT_EQ(backup().BackUpTarget, dataPath);
     EXPECT_EQ(backup().Backuplist, dataPath);
     prompts.expectChoice(dataPath, target());
     backup().SelectTarget_Click();
     EXPECT_EQ(prompts.lastChoice.title, "Select a folder...");
     EXPECT_EQ(program().settings.BackupFolder, target());
-    backup().open(Backup::Kind::Restore);
+    backup().mu_DataRestore_Click();
     EXPECT_EQ(backup().Backuplist, target());
     EXPECT_EQ(backup().BackUpTarget, dataPath);
     writeFile(documents / "x.dat", "");
@@ -144,7 +144,7 @@ TEST_F(BackupTest, AFolderThatIsGoneOrEmptyIsNoSuccess) {
 }
 
 TEST_F(BackupTest, DuringARunNothingElseIsBegun) {
-    backup().onChange = [this] {
+    screen.onBackupProgress = [this] {
         if (!backup().running()) return;
         EXPECT_FALSE(backup().RunBackup_Click());
         backup().Verify_Click();
@@ -161,13 +161,13 @@ TEST_F(BackupTest, ARunAndItsPreparationsStopBeforeTheNextFile) {
         {"Copying: c.Gif", "Stopped after 2 of 5 files", "Stopped after 2 of 5 files."}};
     for (const auto& [doing, progress, line] : stops) {
         EXPECT_EQ(inTarget(), Names{});
-        backup().onChange = [&, where = doing] {
+        screen.onBackupProgress = [&, where = doing] {
             if (backup().BackUpProgress == where) backup().StopBackup_Click();
         };
         EXPECT_FALSE(runTo(target()));
         EXPECT_FALSE(backup().running());
         EXPECT_EQ(backup().BackUpProgress, progress);
-        EXPECT_EQ(prompts.lastLine, line);
+        EXPECT_EQ(screen.lastLine, line);
     }
     EXPECT_EQ(inTarget(), (Names{"B.HTM", "a.dat"}));
 }

@@ -33,7 +33,7 @@ class ContactImportTest : public Office {
                 notice("This file does not contain Kettleby records, or they are corrupt", "Error",
                        Icon::Stop));
         }
-        dialog().Command1_Click();
+        dialog().selectFile();
     }
     void choose(const std::string& content, bool good = true) {
         writeFile(documents / "contacts.dat", content);
@@ -60,7 +60,7 @@ TEST_F(ContactImportTest, ContactsBecomeAddressesOfTheKind) {
     EXPECT_EQ(address(2), kLines + "\r\n\r\nPhone 0113 1 Fax 0113 2");
     EXPECT_EQ(address(3), kLines + "\r\n\r\nPhone 0113 4 Fax");
     EXPECT_EQ(address(4), kLines);
-    EXPECT_EQ(prompts.lastLine, "Addresses added: 3, skipped without an organization: 1");
+    EXPECT_EQ(screen.lastLine, "Addresses added: 3, skipped without an organization: 1");
     EXPECT_EQ(names(Vendor).size(), 4u);
     import(Destination);
     EXPECT_EQ(records(), 7u);

@@ -82,7 +82,7 @@ TEST_F(CsvExportFlow, TheFileIsWrittenAndOpenedOnlyWhenWanted) {
 TEST_F(CsvExportFlow, AnUnwritableTargetSaysSo) {
     obstruct(target);
     for (const auto& path : {documents / "nowhere/Orders.csv", target}) {
-        prompts.lastLine.clear();
+        screen.lastLine.clear();
         exportTo(path);
         expectSaid("not exported");
     }

@@ -158,12 +158,12 @@ TEST_F(HistoryFlows, AHistoryThatCannotBeReadIsToldAndTheOrderSavedAllTheSame) {
     const std::string failure =
         "The lists of earlier entries were not brought up to date: via_field.dat: Path/File access "
         "error (error 75). ";
-    EXPECT_EQ(prompts.lastLine, failure + "Order 000001 is saved");
+    EXPECT_EQ(screen.lastLine, failure + "Order 000001 is saved");
     EXPECT_FALSE(dirty());
     program().editor.make10_Click();
-    EXPECT_EQ(prompts.lastLine, failure + "Order 000011 is saved") << "said once";
+    EXPECT_EQ(screen.lastLine, failure + "Order 000011 is saved") << "said once";
     newOrder();
-    program().refillLists();
+    program().histories.reload();
     EXPECT_EQ(listed(&Order::ByEd), Values{"Ann"});
     EXPECT_EQ(waits, 0) << "no list of suggestions holds up an order";
 }

@@ -10,19 +10,20 @@ class LineItemsTest : public Office {
   protected:
     void SetUp() override { start(); }
     void edit(int row, std::optional<LineEntry> answer) {
-        lineAnswer = std::move(answer);
+        screen.lineAnswer = std::move(answer);
         program().lines.OrderPop_DescriptionOverride_Click(row);
     }
 };
 
 TEST_F(LineItemsTest, AOneTimeItemIsTotalledAndMarkedSpecial) {
     addLine({"3", "box", "Nails", "1,200.00"});
-    EXPECT_EQ(lastCaption, "Add a one-time item...");
-    EXPECT_EQ(lastEntry.quantity + lastEntry.unit + lastEntry.description + lastEntry.unitCost,
+    EXPECT_EQ(screen.lastCaption, "Add a one-time item...");
+    EXPECT_EQ(screen.lastEntry.quantity + screen.lastEntry.unit + screen.lastEntry.description +
+                  screen.lastEntry.unitCost,
               "1ea0");
     EXPECT_EQ(order().OrderTotalEd, "3,600.00");
     EXPECT_TRUE(saveEnabled() && !dirty());
-    lineAnswer.reset();  // a cancelled one is still added
+    screen.lineAnswer.reset();  // a cancelled one is still added
     program().lines.OrderPop_OneTime_Click();
     EXPECT_EQ(lines(), "3 box Nails 1,200.00 3,600.00 special; 1 ea  0 0.00 special");
 }
@@ -34,8 +35,8 @@ TEST_F(LineItemsTest, EditingMakesTheLineSpecialEvenWhenCancelled) {
     EXPECT_EQ(lines(), "2 ea Hammer 10 20.00 special");
     EXPECT_TRUE(dirty());
     edit(0, LineEntry{"4", "doz", "Big hammer", "12.50"});
-    EXPECT_EQ(lastCaption, "Edit Line Item");
-    EXPECT_EQ(lastEntry.description, "Hammer");
+    EXPECT_EQ(screen.lastCaption, "Edit Line Item");
+    EXPECT_EQ(screen.lastEntry.description, "Hammer");
     EXPECT_EQ(lines(), "4 doz Big hammer 12.50 50.00 special");
 }
 
@@ -43,7 +44,7 @@ TEST_F(LineItemsTest, QuantityZeroRemovesTheLineAlsoTheOnlyOne) {
     edit(-1, LineEntry{});
     edit(0, LineEntry{});
     program().lines.removeLine(0);
-    EXPECT_EQ(lastCaption, "") << "without a line nothing happens";
+    EXPECT_EQ(screen.lastCaption, "") << "without a line nothing happens";
     EXPECT_FALSE(saveEnabled());
     addLine({"1", "ea", "first", "1"});
     addLine({"1", "ea", "second", "2"});
@@ -57,15 +58,13 @@ TEST_F(LineItemsTest, QuantityZeroRemovesTheLineAlsoTheOnlyOne) {
 }
 
 TEST_F(LineItemsTest, APickedItemsCellsStayCellsAndItsLineIsShown) {
-    std::vector<int> shown;
-    program().lines.showLine = [&](int row) { shown.push_back(row); };
     program().stock.boxes = {"", "", "sq\tft", "Sheet\r\n2 mm\tcut", "4"};
     program().stock.SaveNewStockItem_Click();
     newOrder();
     pickItem(0);
     addLine({"1", "ea", "other", "1"});
     pickItem(0);  // raised, and at the end now
-    EXPECT_EQ(shown, (std::vector<int>{0, 1, 1}));
+    EXPECT_EQ(screen.linesShown, (std::vector<int>{0, 1, 1}));
     const std::string raised = "1 ea other 1 1.00 special; 2 sq ft Sheet  2 mm cut 4.00 8.00 1";
     EXPECT_EQ(lines(), raised);
     save();

@@ -56,7 +56,7 @@ TEST_F(SavedOrdersTest, AccentedLettersStandWithTheirOwn) {
     for (const char* vendor : {"\301bel", "\xE4nderung", "\xDFtra", "\xC6gir", "Abel"})
         add("A", "000020", vendor);
     list().PopPOGrid();
-    list().sortByHeading(kVendorColumn);
+    list().sortBy(kVendorColumn);
     EXPECT_EQ(cells(kVendorColumn), (Texts{"Abel", "\301bel", "\xC6gir", "anchors", "\xE4nderung",
                                            "Anvil", "bolts", "\xDFtra", "zinc"}));
 }
@@ -81,14 +81,14 @@ TEST_F(SavedOrdersTest, AListThatCannotBeReadKeepsItsRowsAndSaysSo) {
     list().ViewExisting_Click();
     EXPECT_EQ(numbers().size(), 4u);
     EXPECT_EQ(list().countText(), "4 orders listed before; now it could not be read");
-    EXPECT_TRUE(prompts.lastLine.starts_with("The list of saved orders was not read"));
+    EXPECT_TRUE(screen.lastLine.starts_with("The list of saved orders was not read"));
     list().ListCheck_Click(&SavedOrders::ListCheckRecd, false);
     EXPECT_EQ(numbers(), (Texts{"000010", "000009"}));
     std::filesystem::remove(data("po_data.dat"));
     writeFile(data("po_data.dat"), index);
     list().ListCheck_Click(&SavedOrders::ListCheckRecd, true);
     EXPECT_EQ(list().countText(), "4 orders listed");
-    EXPECT_EQ(prompts.lastLine, "") << "what could not be read now is";
+    EXPECT_EQ(screen.lastLine, "") << "what could not be read now is";
 }
 
 TEST_F(SavedOrdersTest, HeadingsSortInTurn) {
@@ -99,7 +99,7 @@ TEST_F(SavedOrdersTest, HeadingsSortInTurn) {
         {kVendorColumn, {"000009", "PO11", "000010", "000002"}},
     };
     for (const auto& [column, expected] : sorted) {
-        list().sortByHeading(column);
+        list().sortBy(column);
         EXPECT_EQ(numbers(), expected);
     }
     list().PopPOGrid();

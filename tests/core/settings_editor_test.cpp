@@ -62,7 +62,7 @@ TEST_F(SettingsEditing, TheBoxesShowWhatIsSetAndWhatIsTypedCountsFromSaveOn) {
     boxes().Option1 = boxes().TaxFreightCheck = false;
     boxes().UseQuantitiesCheck = boxes().RequestForQuoteCheck = true;
     EXPECT_NE(settings().NumberPrefix, " BR-123456");
-    EXPECT_TRUE(editor().Command1_Click());
+    EXPECT_TRUE(editor().save());
     EXPECT_EQ(settings().IDText1, std::string(60, 'x'));
     EXPECT_EQ(settings().NumberPrefix, " BR-123456") << "as typed, cut to its width";
     EXPECT_EQ(settings().FormWidth, "100");
@@ -88,7 +88,7 @@ TEST_F(SettingsEditing, ABoxWithoutANumberIsNamedAndNothingIsHalfSaved) {
         boxes().IDText2 = "not to be stored";
         boxes().*box = text;
         prompts.expectSaying(message);
-        EXPECT_FALSE(editor().Command1_Click()) << text;
+        EXPECT_FALSE(editor().save()) << text;
         EXPECT_FALSE(contains(settings().IDText2, "not to"));
     }
 }
@@ -130,14 +130,14 @@ TEST_F(SettingsEditing, AnotherDataFolderCountsFromTheNextStartOn) {
     choose(documents / "other/",
            "Note - changes to the data path will not take effect until after \"Bramblet\" is "
            "re-started!");
-    EXPECT_TRUE(editor().Command1_Click());
+    EXPECT_TRUE(editor().save());
     EXPECT_EQ(program().folder.DataPath(), before);
     choose(std::nullopt);
     // A folder that the settings cannot name is not taken for another one.
     choose(documents / std::string(300, 'x'), "is too long for the settings or no text");
     boxes().DataDirectoryEd += std::string(300, 'x');
     prompts.expectSaying("Data Directory is too long a name");
-    EXPECT_FALSE(editor().Command1_Click());
+    EXPECT_FALSE(editor().save());
     EXPECT_EQ(settings().DataDirectory, documents / "other/");
 }
 
@@ -170,17 +170,15 @@ TEST_F(PagesInTheBrowser, AreOpenedWithTheProgramThatOpensPages) {
 }
 
 TEST_F(PagesInTheBrowser, HelpIsOurOwnUnlessTheOldFileAndItsViewerAreThere) {
-    int shown = 0;
-    program().browser.showHelp = [&] { ++shown; };
     program().browser.mu_HelpContents_Click();
-    EXPECT_EQ(shown, 1);
+    EXPECT_EQ(screen.opened.size(), 1u);
     writeFile(home() / "tandril.hlp", "help");
     program().browser.mu_HelpContents_Click();
-    EXPECT_EQ(shown, 2) << "no viewer for it";
+    EXPECT_EQ(screen.opened.size(), 2u) << "no viewer for it";
     desktop.hasHelpViewer = true;
     program().browser.mu_HelpContents_Click();
-    EXPECT_EQ(shown, 2);
-    EXPECT_EQ(desktop.asked.back(), "help " + bramblet::shown(home() / "tandril.hlp"));
+    EXPECT_EQ(screen.opened, (std::vector<std::string>{"help", "help"}));
+    EXPECT_EQ(desktop.asked.back(), "help " + shown(home() / "tandril.hlp"));
 }
 
 TEST(PictureFolder, PicturesAreSortedByTheirLettersAndHiddenOnesLeftOut) {

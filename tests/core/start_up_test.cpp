@@ -70,10 +70,10 @@ TEST_F(StartUp, AMissingDataFolderIsToldOnceAndByEveryDataCommand) {
         [&] { p.backup.mu_DataRestore_Click(); },
     };
     for (std::size_t i = 0; i < commands.size(); ++i) {
-        prompts.say("Something was not saved");
+        p.commands.say("Something was not saved");
         prompts.expect(noAccess);
         commands[i]();
-        EXPECT_EQ(prompts.lastLine, "") << i << ": what was said before is no longer news";
+        EXPECT_EQ(screen.lastLine, "") << i << ": what was said before is no longer news";
         EXPECT_TRUE(prompts.done()) << i;
     }
     EXPECT_EQ(p.savedOrders.countText(), "The list could not be read");
@@ -105,13 +105,12 @@ TEST_F(StartUp, TheCopyThatAnInterruptedDeleteLeftIsRemovedOrTakenForTheBook) {
         EXPECT_EQ(stored("po_addy.dat"), book);
     }
     EXPECT_EQ(names(Vendor).size(), 1u);
-    EXPECT_EQ(prompts.lastLine,
-              "The address book was missing and has been taken from po_addy.tmp.");
+    EXPECT_EQ(screen.lastLine, "The address book was missing and has been taken from po_addy.tmp.");
 }
 
 TEST_F(StartUp, LeavingKeepsPlaceAndKind) {
     start();
-    program().editor.OptionRe_Click();
+    program().editor.chooseKind(OrderKind::Requisition);
     EXPECT_EQ(program().leave({9000, 12000, 150, -15}), Program::Leave::Now);
     EXPECT_EQ(storedSettings().WindowWidth + storedSettings().WindowHeight +
                   storedSettings().WindowTop + storedSettings().WindowLeft,
@@ -161,7 +160,7 @@ TEST_F(Leaving, AnOrderThatCannotBeSavedKeepsTheProgramOpen) {
                "nothing is lost.",
                "Bramblet", Icon::Exclamation));
     EXPECT_EQ(program().leave({}), Program::Leave::Stay);
-    EXPECT_EQ(prompts.lastLine, "");
+    EXPECT_EQ(screen.lastLine, "");
 }
 
 TEST_F(Leaving, SettingsThatCannotBeSavedAreTriedAgainAtWill) {

@@ -70,7 +70,7 @@ class Stock : public Office {
     Rows descriptions() {
         Rows rows;
         for (int row = 0; row < list().rowCount(); ++row)
-            rows.push_back(list().cell(row, StockColumn::Description));
+            rows.push_back(list().text(row, StockColumn::Description));
         return rows;
     }
 };
@@ -83,7 +83,7 @@ TEST_F(Stock, ARecordToTheByte) {
     EXPECT_EQ(bytes(), "1" + fitted("Hinges", 30) + one + fitted("Concealed hinge, caf\xE9", 120) +
                            fitted("pr", 20) + fitted("Eastgate", 60) + std::string(120, '\0') +
                            cost + std::string(16, '\0'));
-    EXPECT_EQ(list().cell(0, StockColumn::UnitCost), "1,250.0625");
+    EXPECT_EQ(list().text(0, StockColumn::UnitCost), "1,250.0625");
     EXPECT_EQ(list().countText(), "1 stock items listed");
 }
 
@@ -131,7 +131,7 @@ TEST_F(Stock, DeletingTakesTheNumberForTheRecordsAndKeepsTheRecord) {
     deleteItem("A\r\nV\r\nfirst", Answer::No);
     EXPECT_EQ(catalogue(), "2: first, 2: second");
     deleteItem("A\r\nV\r\nfirst");
-    EXPECT_EQ(prompts.lastLine,
+    EXPECT_EQ(screen.lastLine,
               "Number 2 in the file of the catalogue is \"second\" of \"V\": that one has been "
               "deleted, not the item shown.");
     saveItem("third");
@@ -147,16 +147,16 @@ TEST_F(Stock, WhichItemWasMetIsToldWhenTwoDesksGaveOneNumberTwice) {
     setOnHand(1, "A\r\nV\r\nsecond", "0", "5");
     EXPECT_EQ(catalogue(), "1: first x5, 1: second");
     const std::string met = "Number 1 in the file of the catalogue is \"first\" of \"V\": ";
-    EXPECT_EQ(prompts.lastLine,
+    EXPECT_EQ(screen.lastLine,
               met + "its quantity has been changed from 0, not that of the item shown.");
     list().SaveChangedStockItem_Click();
-    EXPECT_EQ(prompts.lastLine, met + "it has been replaced by the item shown.");
+    EXPECT_EQ(screen.lastLine, met + "it has been replaced by the item shown.");
     // The item shown is the one met from now on.
-    prompts.lastLine.clear();
+    screen.lastLine.clear();
     saveChanged(&StockItemBoxes::StockDescriptionEd, "renamed");
     deleteItem("A\r\nV\r\nrenamed");
     EXPECT_EQ(catalogue(), "1 deleted: renamed x5, 1: second");
-    EXPECT_EQ(prompts.lastLine, "");
+    EXPECT_EQ(screen.lastLine, "");
 }
 
 TEST_F(Stock, ACatalogueThatHasGrownBeyondSenseIsToldAndTheProgramStarts) {
@@ -171,7 +171,7 @@ TEST_F(Stock, QuantityOnHandIsAskedForAndStored) {
     saveItem("first");
     list().StockGrid_Click(0);
     setOnHand(0, "A\r\nV\r\nfirst", "0", "12 pcs");
-    EXPECT_EQ(list().cell(0, StockColumn::OnHand), "12");
+    EXPECT_EQ(list().text(0, StockColumn::OnHand), "12");
     for (const std::optional<std::string>& nothing : {std::optional<std::string>(), {""}}) {
         setOnHand(0, "A\r\nV\r\nfirst", "12", nothing);
         EXPECT_EQ(catalogue(), "1: first x12");
@@ -192,17 +192,18 @@ TEST_F(Stock, TheListFollowsTheVendorTheSettingAndTheFile) {
     pickAddress(Vendor, "Bolt Co ");
     EXPECT_EQ(descriptions(), (Rows{"screw", "bolt"}));
     EXPECT_EQ(list().entries().vendors, Rows{"Bolt Co"});
-    EXPECT_EQ(list().columns().size(), 6u);
+    EXPECT_EQ(list().columnCount(), 6);
     program().settings.UseQuantities = "Y";
     list().PopStockList();
-    EXPECT_EQ(list().columns().size(), 7u);
-    EXPECT_EQ(list().columns()[6], StockColumn::FileNumber);
+    EXPECT_EQ(list().columnCount(), 7);
+    EXPECT_STREQ(list().look(6).heading, "File Number");
     list().StockGrid_Click(1);
     EXPECT_EQ(list().FileOrderTag(), "3");
     EXPECT_EQ(list().boxes.StockDescriptionEd, "bolt");
 }
 
 TEST_F(Stock, HeadingsSortNumbersAsNumbersAndTextWithoutCase) {
+    program().settings.UseQuantities = "Y";  // all columns are there
     saveItem("ten", "V", "10", "b");
     saveItem("nine", "V", "9", "A");
     saveItem("hundred", "V", "100", "C");
@@ -214,7 +215,7 @@ TEST_F(Stock, HeadingsSortNumbersAsNumbersAndTextWithoutCase) {
         {StockColumn::UnitCost, {"nine", "ten", "hundred"}},
     };
     for (const auto& [column, rows] : sorted) {
-        list().sortByHeading(column);
+        list().sortBy(static_cast<int>(column));
         EXPECT_EQ(descriptions(), rows);
     }
     obstruct(data("po_stock.dat"));
@@ -226,12 +227,12 @@ TEST_F(Stock, HeadingsSortNumbersAsNumbersAndTextWithoutCase) {
 
 TEST_F(Stock, TheWidestAmountOfAColumnIsKnown) {
     program().settings.UseQuantities = "Y";
-    EXPECT_EQ(list().widest(StockColumn::UnitCost), "0.00");
+    EXPECT_EQ(list().widest(static_cast<int>(StockColumn::UnitCost)), "0.00");
     saveItem("dear", "V", "1,234,567.50");
     saveItem("odd", "V", "0.0625");
-    EXPECT_EQ(list().widest(StockColumn::UnitCost), "1,234,567.9999");
-    EXPECT_EQ(list().widest(StockColumn::OnHand), "0");
-    EXPECT_EQ(list().widest(StockColumn::Description), "");
+    EXPECT_EQ(list().widest(static_cast<int>(StockColumn::UnitCost)), "1,234,567.9999");
+    EXPECT_EQ(list().widest(static_cast<int>(StockColumn::OnHand)), "0");
+    EXPECT_EQ(list().widest(static_cast<int>(StockColumn::Description)), "");
 }
 
 TEST_F(Stock, PickingAddsALineAndAgainRaisesItAtTheEnd) {
@@ -247,7 +248,7 @@ TEST_F(Stock, PickingAddsALineAndAgainRaisesItAtTheEnd) {
     list().PopStockList();
     pickItem(0);
     // Edited, it is a special line and no longer counts as the stock item.
-    lineAnswer = LineEntry{"3", "ea", "hinge", "1.945"};
+    screen.lineAnswer = LineEntry{"3", "ea", "hinge", "1.945"};
     program().lines.OrderPop_DescriptionOverride_Click(1);
     pickItem(0);
     EXPECT_EQ(lines(),
@@ -263,7 +264,7 @@ TEST_F(Stock, APickedQuantityIsAWholeNumberWithinSixteenBits) {
     given(OrderLine{"32767", "", "", "ea", "hinge", "1", "2.50", " 1 "});
     pickItem(0);
     EXPECT_EQ(order().lines.size(), 1u);
-    EXPECT_EQ(prompts.lastLine, "The item was not added: Overflow (error 6).");
+    EXPECT_EQ(screen.lastLine, "The item was not added: Overflow (error 6).");
 }
 
 class Exchange : public Stock {
@@ -318,7 +319,7 @@ TEST_F(Exchange, ExportsWhatIsListedInItsOrder) {
     saveItems({"zinc", "gone", "anvil", "odd"});
     rewrite(4, &StockItemRecord::Tag, 99);  // no record of the file has that number
     list().PopStockList();
-    list().sortByHeading(StockColumn::Description);
+    list().sortBy(static_cast<int>(StockColumn::Description));
     rewrite(2, &StockItemRecord::Status, kDeletedItem);  // elsewhere, since it was listed
     exportTo("Stock Items", file, {}, 2);
     Records exported{record(3), record(1)};
@@ -397,7 +398,7 @@ TEST_F(Exchange, AnItemOfADamagedNumberDoesNotStretchTheFile) {
         const std::string before = bytes();
         import();
         EXPECT_EQ(bytes(), before) << number;
-        EXPECT_EQ(prompts.lastLine,
+        EXPECT_EQ(screen.lastLine,
                   "The import ended early: the item \"chair\" of \"Acme\" cannot be replaced, the "
                   "catalogue has no record of its number.");
     }

@@ -9,10 +9,7 @@ namespace {
 
 class Viewer : public Office {
   protected:
-    void SetUp() override {
-        start();
-        program().viewer.showViewer = [this] { ++shown; };
-    }
+    void SetUp() override { start(); }
     OrderViewer& viewer() { return program().viewer; }
     void saveOrder() {
         newOrder();
@@ -28,7 +25,9 @@ class Viewer : public Office {
         return desktop.mail.attachments;
     }
 
-    int shown = 0;
+    void savePdf() {
+        if (const auto path = viewer().pdfTarget()) viewer().savePdf(*path, "%PDF");
+    }
 };
 
 TEST_F(Viewer, APendingOrderIsShownAsItIsEachTime) {
@@ -38,7 +37,7 @@ TEST_F(Viewer, APendingOrderIsShownAsItIsEachTime) {
         EXPECT_TRUE(contains(viewer().document(), item));
     }
     EXPECT_EQ(viewer().path(), data("po.htm"));
-    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(screen.opened.size(), 2u);
     EXPECT_EQ(order().OrderTotalEd, "20.00");
 }
 
@@ -56,7 +55,7 @@ TEST_F(Viewer, ASavedOrderIsShownAsSavedAndAChangedOneIsWrittenFirst) {
     os::remove(data("000001.htm"));
     viewer().MakeOrder_Click();
     EXPECT_TRUE(os::exists(data("000001.htm"))) << "a lost document is written anew";
-    EXPECT_EQ(shown, 3);
+    EXPECT_EQ(screen.opened.size(), 3u);
     // Rewritten with the settings as they are now.
     program().settings.UseTopGraphic = "N";
     program().settings.IDText1 = "Larkfield Joinery";
@@ -80,7 +79,7 @@ TEST_F(Viewer, WhatCannotBeTotalledWrittenOrReadIsNotShown) {
     given(&Order::PONoEd, "../1");
     viewer().MakeOrder_Click();
     expectSaid("../1");
-    EXPECT_EQ(shown, 0);
+    EXPECT_EQ(screen.opened.size(), 0u);
 }
 
 TEST_F(Viewer, TheMailHasTheDocumentAndTheGraphicWhenThereIsOne) {
@@ -136,21 +135,21 @@ TEST_F(Viewer, PicturesComeFromTheDataFolderAlone) {
 
 TEST_F(Viewer, APdfReplacesAnotherFileOnlyWhenTheUserSaysSo) {
     viewSavedOrder();
-    const auto savePdf = [&](const std::string& name, const std::optional<Message>& told = {}) {
+    const auto choosePdf = [&](const std::string& name, const std::optional<Message>& told = {}) {
         prompts.expectChoice("000001.pdf", documents / name);
         if (told) prompts.expect(*told, Answer::No);
-        viewer().SavePdf_Click([] { return "%PDF"; });
+        savePdf();
     };
-    savePdf("1.pdf");
+    choosePdf("1.pdf");
     EXPECT_EQ(contentOf(documents / "1.pdf"), "%PDF");
     writeFile(documents / "1.pdf", "another");
-    savePdf("1.pdf", replaceQuestion());
+    choosePdf("1.pdf", replaceQuestion());
     EXPECT_EQ(contentOf(documents / "1.pdf"), "another");
     std::filesystem::create_directory(documents / "folder.pdf");
     for (const std::string name : {"nowhere/1.pdf", "folder.pdf/"}) {
         prompts.expectChoice("000001.pdf", documents / name);
         prompts.expectSaying("The PDF was not saved");
-        viewer().SavePdf_Click([] { return "%PDF"; });
+        savePdf();
     }
     EXPECT_EQ(waits, 0) << "outside the data folder nothing is waited for";
 }

@@ -50,7 +50,7 @@ class Desk : public ::testing::Test {
     QString text(const QString& box) const { return driver->text(box); }
     bool enabled(const QString& control) const { return driver->isEnabled(control); }
     bool visible(const QString& control) const { return driver->control(control)->isVisible(); }
-    Order& order() { return program->open.order; }
+    const Order& order() const { return program->open.order(); }
 
     void newOrder() {
         driver->answer("Create blank new order ?", QMessageBox::Yes);

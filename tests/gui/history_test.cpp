@@ -66,7 +66,7 @@ TEST_F(HistoryTest, TheListOffersWhatWasEnteredAndTypingIsNeverReplaced) {
     EXPECT_EQ(order().ByEd, "Anna Jones");
     program->open.markSaved();
     box("TermsEd")->showPopup();
-    EXPECT_TRUE(program->open.OrderDirty) << "an opened list marks the order";
+    EXPECT_TRUE(program->open.OrderDirty()) << "an opened list marks the order";
     box("TermsEd")->hidePopup();
 }
 

@@ -45,7 +45,7 @@ TEST_F(MainWindowTest, EveryBoxReachesItsFieldUnlessItIsComputed) {
         type(boxes[i], "7.5");
         EXPECT_EQ(order().*fields[i], expected);
         EXPECT_EQ(text(boxes[i]).toStdString(), expected);
-        EXPECT_EQ(program->open.OrderDirty, !computed);
+        EXPECT_EQ(program->open.OrderDirty(), !computed);
     }
 }
 
@@ -111,7 +111,7 @@ TEST_F(MainWindowTest, OnlyAChoiceFromTheListPicksAnAddress) {
     EXPECT_EQ(text("ToField"), "Bolt Road");
     click("SaveChanges");
     driver->press("ToCombo", Qt::Key_Tab);  // leaving the box changes nothing
-    EXPECT_FALSE(program->open.OrderDirty);
+    EXPECT_FALSE(program->open.OrderDirty());
     auto* box = driver->control("ToCombo");
     QWheelEvent wheel({5, 5}, box->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {},
                       Qt::NoScrollPhase, false);
@@ -194,8 +194,7 @@ TEST_F(MainWindowTest, LinesAreEditedByMouseAndKeyboard) {
     expectLines({""});  // a cancelled one-time item is still added
 
     // A line that cannot be read can still be removed.
-    order().lines = {{"1", "", "", "ea", "x", "1.2.3", "0.00", "special"}};
-    program->open.onChange();
+    program->open.setLines({{"1", "", "", "ea", "x", "1.2.3", "0.00", "special"}});
     editLine([&](QWidget& dialog) {
         driver->answer("\"1.2.3\" in the box Unit Cost is not an amount.");
         click("Save");
@@ -283,13 +282,13 @@ TEST_F(MainWindowTest, TheCalendarFillsItsBoxAndClosesOnEscape) {
     EXPECT_EQ(calendar->firstDayOfWeek(), Qt::Sunday);
     QTest::keyClick(calendar, Qt::Key_Escape);
     EXPECT_FALSE(calendar->isVisible());
-    EXPECT_FALSE(program->open.OrderDirty);
+    EXPECT_FALSE(program->open.OrderDirty());
 
     click("ShipDatePicker");
     emit calendar->clicked(QDate(2026, 4, 1));
     EXPECT_EQ(text("ShipDateEd"), "4/1/2026");
     EXPECT_FALSE(calendar->isVisible());
-    EXPECT_TRUE(program->open.OrderDirty);
+    EXPECT_TRUE(program->open.OrderDirty());
 }
 
 TEST_F(MainWindowTest, DoubleClickOnTheNumbersLabelUnlocksIt) {
@@ -354,14 +353,14 @@ TEST_F(WaitingTest, TellsWhichFileAndEndsByItsButtonByEscapeAndWhenTheFileIsFree
         QTest::mouseClick(driver->control("StopWaiting"), Qt::LeftButton);
     });
     EXPECT_EQ(order().FOBEd, "") << "no input was taken";
-    EXPECT_TRUE(program->open.OrderDirty);
+    EXPECT_TRUE(program->open.OrderDirty());
     expectStatus("The document of order 000001 was not saved");
     EXPECT_FALSE(visible("StopWaiting"));
 
     saveWhile([&] { QTest::keyClick(window.get(), Qt::Key_Escape); });
-    EXPECT_TRUE(program->open.OrderDirty);
+    EXPECT_TRUE(program->open.OrderDirty());
     saveWhile([&] { free(); });
-    EXPECT_FALSE(program->open.OrderDirty);
+    EXPECT_FALSE(program->open.OrderDirty());
     expectStatus("Order 000001 is saved");
 }
 
@@ -372,13 +371,13 @@ TEST_F(WaitingTest, TheWindowDoesNotCloseAndTheOrderDoesNotChangeMeanwhile) {
     saveWhile([&] {
         window->close();
         EXPECT_TRUE(window->isVisible());
-        order().ToCombo = "Acme";
+        program->open.fill(&Order::ToCombo, "Acme");
         driver->control("ByEd")->setFocus();  // leaving the name box would pick it
         EXPECT_EQ(order().ToField, "");
         free();
     });
     EXPECT_TRUE(window->isVisible());
-    EXPECT_FALSE(program->open.OrderDirty);
+    EXPECT_FALSE(program->open.OrderDirty());
 }
 
 TEST_F(MainWindowTest, SettingsInUseAreWaitedForInSightBeforeThereIsAMainWindow) {

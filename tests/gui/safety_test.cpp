@@ -50,14 +50,14 @@ TEST_F(SafetyTest, StopClosesTheWindowAndEndsTheRun) {
         type("BackUpTarget", pathToQt(target));
         EXPECT_EQ(driver->find<QPushButton>("StopBackup")->text(), "Close");
         bool clicked = false;
-        const auto shown = program->backup.onChange;
-        program->backup.onChange = [&, shown] {
-            shown();
+        QTimer hand;
+        QObject::connect(&hand, &QTimer::timeout, &hand, [&] {
             if (clicked || program->backup.progress().files < 2) return;
             clicked = true;
             EXPECT_FALSE(enabled("RunBackup"));
             click("StopBackup");
-        };
+        });
+        hand.start(0);
         click("RunBackup");
         EXPECT_TRUE(clicked);
         EXPECT_FALSE(dialog.isVisible());

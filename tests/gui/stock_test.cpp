@@ -71,9 +71,9 @@ TEST_F(StockWindows, ItemsArePickedAddedToTheOrderAndChanged) {
 TEST_F(StockWindows, ThePickedItemsLineIsCurrentAndInView) {
     auto* lines = driver->find<QTableView>("OrderGrid");
     driver->doubleClickCell("StockGrid", 0, 1);
-    for (int i = 0; i < 40; ++i)
-        order().lines.push_back({"1", "", "", "ea", "x", "1", "1.00", "special"});
-    program->open.onChange();
+    std::vector<OrderLine> many(40, {"1", "", "", "ea", "x", "1", "1.00", "special"});
+    many.insert(many.begin(), order().lines.front());
+    program->open.setLines(many);
     // The second item comes at the end; the first is raised from its line to the end.
     for (const auto& [item, description] :
          {std::pair(1, "Brass screw"), std::pair(0, "Soft close hinge")}) {

@@ -5,6 +5,7 @@
 #include "core/platform/path_text.h"
 #include "core/platform/text.h"
 #include "support/recording_desktop.h"
+#include "support/recording_screen.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 
@@ -54,26 +55,23 @@ class Office : public ::testing::Test {
                                                       throw error;  // the user gives up at once
                                                   }},
                                       prompts);
-        program_->lines.showDialog = [this](const LineEntry& entry, const std::string& caption) {
-            lastCaption = caption;
-            lastEntry = entry;
-            return lineAnswer;
-        };
+        program_->commands.setScreen(&screen);
         program_->start();
         return *program_;
     }
     Program& program() const { return *program_; }
 
     // The order shown.
-    const Order& order() const { return program_->open.order; }
-    bool dirty() const { return program_->open.OrderDirty; }
-    bool saveEnabled() const { return program_->open.SaveChangesEnabled; }
-    bool copyEnabled() const { return program_->open.Save_POEnabled; }
+    const Order& order() const { return program_->open.order(); }
+    bool dirty() const { return program_->open.OrderDirty(); }
+    bool saveEnabled() const { return program_->open.SaveChangesEnabled(); }
+    bool copyEnabled() const { return program_->open.Save_POEnabled(); }
     bool isPending() const { return program_->open.isPending(); }
-    bool numberUnlocked() const { return program_->open.numberUnlocked; }
-    bool dateRefused() const { return program_->open.dateRefused; }
-    std::string caption() const { return program_->open.caption; }
-    void onOrderChange(std::function<void()> watch) { program_->open.onChange = std::move(watch); }
+    bool numberUnlocked() const { return program_->open.numberUnlocked(); }
+    bool dateRefused() const { return program_->open.dateRefused(); }
+    std::string caption() const {
+        return screen.captions.empty() ? kUsualCaption : screen.captions.back();
+    }
     /// Its lines, for example "2 ea Hammer 10 20.00 special; 1 ...".
     std::string lines() const {
         std::string text;
@@ -88,7 +86,7 @@ class Office : public ::testing::Test {
     /// What the user does when typing into a box.
     void type(OrderField field, const std::string& text) { program_->editor.edit(field, text); }
     /// Puts the order into a state without marking it as changed.
-    void given(const Order& order) { program_->open.order = order; }
+    void given(const Order& order) { program_->open.replace(order); }
     void given(OrderField field, const std::string& text) {
         Order changed = order();
         changed.*field = text;
@@ -108,7 +106,7 @@ class Office : public ::testing::Test {
     void save() { program_->editor.SaveChanges_Click(); }
     void openOrder(const std::string& number) { program_->editor.POGrid_Click(number); }
     void addLine(const LineEntry& entry) {
-        lineAnswer = entry;
+        screen.lineAnswer = entry;
         program_->lines.OrderPop_OneTime_Click();
     }
 
@@ -141,7 +139,7 @@ class Office : public ::testing::Test {
     }
 
     void expectSaid(const std::string& part) const {
-        EXPECT_TRUE(contains(prompts.lastLine, part)) << prompts.lastLine << " lacks " << part;
+        EXPECT_TRUE(contains(screen.lastLine, part)) << screen.lastLine << " lacks " << part;
     }
 
     // The files.
@@ -153,10 +151,8 @@ class Office : public ::testing::Test {
 
     TemporaryFolder documents;
     ScriptedPrompts prompts;
+    RecordingScreen screen;
     RecordingDesktop desktop;
-    std::optional<LineEntry> lineAnswer;  ///< what the line dialog stores; none for Cancel
-    std::string lastCaption;
-    LineEntry lastEntry;
     int waits = 0;  ///< how often a file was waited for
 
   private:

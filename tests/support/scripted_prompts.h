@@ -33,7 +33,6 @@ class ScriptedPrompts : public Prompts {
     }
     bool done() const { return script_.empty(); }
 
-    std::string lastLine;   ///< the line last said in the status bar
     FileChoice lastChoice;  ///< of a file or a folder
 
     Answer ask(const Message& message) override {
@@ -61,7 +60,6 @@ class ScriptedPrompts : public Prompts {
         return name ? std::optional(name->string()) : std::nullopt;
     }
     void progress(const std::string&, int, int) override {}
-    void showStatus(const std::string& line, Tone) override { lastLine = line; }
 
   private:
     using Path = std::optional<std::filesystem::path>;

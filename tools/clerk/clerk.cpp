@@ -64,34 +64,6 @@ class AgreeingPrompts : public Prompts {
             message.buttons == Buttons::YesNo || message.buttons == Buttons::YesNoCancel;
         return yesNo ? Answer::Yes : Answer::Ok;
     }
-    std::optional<std::string> input(const std::string&, const std::string&,
-                                     const std::string&) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice&) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice&) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> chooseFolder(const std::string&,
-                                                      const std::filesystem::path&) override {
-        return std::nullopt;
-    }
-    std::optional<std::string> chooseFont(const std::string&) override { return std::nullopt; }
-    void progress(const std::string&, int, int) override {}
-
-  protected:
-    void showStatus(const std::string& line, Tone) override { tell("says: " + line); }
-};
-
-class NoDesktop : public Desktop {
-  public:
-    std::filesystem::path programFor(const std::filesystem::path&) override { return {}; }
-    bool openWith(const std::filesystem::path&, const std::string&) override { return false; }
-    bool open(const std::filesystem::path&) override { return false; }
-    MailResult compose(const Mail&) override { return MailResult::NoMailProgram; }
-    bool openHelpFile(const std::filesystem::path&) override { return false; }
 };
 
 const std::map<std::string, OrderField> kBoxes{
@@ -108,11 +80,9 @@ const std::map<std::string, OrderField> kBoxes{
     {"ShippingEd", &Order::ShippingEd},
 };
 
-class Clerk {
+class Clerk : private Screen {
   public:
-    explicit Clerk(Program& program) : program_(program) {
-        program_.lines.showDialog = [this](const LineEntry&, const std::string&) { return line_; };
-    }
+    explicit Clerk(Program& program) : program_(program) { program_.commands.setScreen(this); }
 
     /// False for an unknown command.
     bool carryOut(const std::string& line) {
@@ -128,6 +98,11 @@ class Clerk {
     }
 
   private:
+    void showStatus(const std::string& line, Tone) override { tell("says: " + line); }
+    std::optional<LineEntry> editLine(const LineEntry&, const std::string&) override {
+        return line_;
+    }
+
     static constexpr std::size_t kMostWords = 5;
 
     void split(const std::string& rest) {
@@ -168,7 +143,7 @@ class Clerk {
     }
 
     void show() const {
-        const Order& order = program_.open.order;
+        const Order& order = program_.open.order();
         tell("number " + order.PONoEd + " status " + statusOf(order));
         tell("to " + order.ToCombo + ": " + order.ToField);
         tell("ship to " + order.ShipToCombo + ": " + order.ShipToField);
@@ -184,20 +159,18 @@ class Clerk {
              order.NetTotalEd + " tax " + order.SalesTaxEd + " total " + order.OrderTotalEd);
     }
     void list() const {
-        for (int row = 0; row < program_.savedOrders.rowCount(); ++row) {
-            std::string text = "order";
-            for (int column = 0; column < kSavedOrderColumns; ++column)
-                text += " [" + program_.savedOrders.cell(row, column) + "]";
-            tell(text);
-        }
+        tellRows("order", program_.savedOrders);
         for (const AddressSide side : kAddressSides) {
             for (const auto& name : program_.addresses.shown(side).names)
                 tell("address " + name);
         }
-        for (int row = 0; row < program_.stock.rowCount(); ++row) {
-            std::string text = "item";
-            for (const StockColumn column : program_.stock.columns())
-                text += " [" + program_.stock.cell(row, column) + "]";
+        tellRows("item", program_.stock);
+    }
+    static void tellRows(const std::string& what, const Table& table) {
+        for (int row = 0; row < table.rowCount(); ++row) {
+            std::string text = what;
+            for (int column = 0; column < table.columnCount(); ++column)
+                text += " [" + table.cell(row, column) + "]";
             tell(text);
         }
     }
@@ -215,7 +188,7 @@ class Clerk {
         {"item-cost", [this] { changeCost(); }},
         {"drop-item", [this] { dropItem(); }},
         {"new", [this] { program_.editor.NewPO_Click(); }},
-        {"requisition", [this] { program_.editor.OptionRe_Click(); }},
+        {"requisition", [this] { program_.editor.chooseKind(OrderKind::Requisition); }},
         {"received", [this] { program_.editor.MarkReceivedCheck_Click(true); }},
         {"box", [this] { program_.editor.edit(kBoxes.at(words_[0]), words_[1]); }},
         {"line", [this] { addLine(); }},
@@ -245,7 +218,7 @@ void settle(const std::filesystem::path& documents, const std::string& data) {
 int work(const std::string& documents, const std::string& data) {
     settle(documents, data);
     AgreeingPrompts prompts;
-    NoDesktop desktop;
+    Desktop desktop;
     const Clock clock{[] { return *toDayCount(kDay); }, [] {}};
     Program program({desktop, documents, RegionalFormats{}, clock, nullptr}, prompts);
     Clerk clerk(program);

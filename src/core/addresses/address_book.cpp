@@ -33,53 +33,44 @@ bool isBlank(const std::string& address) {
 
 }  // namespace
 
-AddressBook::AddressBook(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
-                         OpenOrder& open)
-    : folder_(folder), prompts_(prompts), open_(open), file_(files, folder.file("po_addy.dat")) {}
+AddressBook::AddressBook(const FileSystem& files, Commands& commands, OpenOrder& open,
+                         StockList& stock)
+    : commands_(commands),
+      open_(open),
+      stock_(stock),
+      file_(files, commands.folder().file("po_addy.dat")) {}
 
 void AddressBook::clearLeftover() {
-    try {
-        if (file_.clearLeftover(folder_.checkedAt())) {
-            prompts_.say("The address book was missing and has been taken from po_addy.tmp");
+    commands_.attempt("The old file po_addy.tmp was not removed: ", [&] {
+        if (file_.clearLeftover(commands_.folder().checkedAt())) {
+            commands_.say("The address book was missing and has been taken from po_addy.tmp");
         }
-    } catch (const Fault& fault) {
-        prompts_.say("The old file po_addy.tmp was not removed: " + fault.inWords());
-    }
+    });
 }
 
 void AddressBook::PopAddyLists() {
     std::vector<AddressRecord> records;
-    try {
-        records = file_.readAll();
-    } catch (const Fault& fault) {
-        prompts_.say("The address book was not read: " + fault.inWords(), Loss::List);
-        return;
-    }
+    if (!readAll(records)) return;
     for (const AddressSide side : kAddressSides) {
         fillList(side, records);
         if (hasUnsavedEdits(side)) continue;
-        std::string& name = open_.order.*facts(side).name;
-        name = trimmed(name).substr(0, kNameWidth);
-        if (!name.empty()) showPicked(side, records);
-        shown_[index(side)].deleteEnabled = false;
+        open_.fill(facts(side).name, trimmed(name(side)).substr(0, kNameWidth));
+        if (!name(side).empty()) showPicked(side, records);
+        changing(side).deleteEnabled = false;
     }
-    open_.onChange();
 }
 
 void AddressBook::refreshNames() {
-    try {
-        const auto records = file_.readAll();
-        for (const AddressSide side : kAddressSides)
-            fillList(side, records);
-    } catch (const Fault& fault) {
-        prompts_.say("The address book was not read: " + fault.inWords(), Loss::List);
-    }
-    open_.onChange();
+    std::vector<AddressRecord> records;
+    if (!readAll(records)) return;
+    for (const AddressSide side : kAddressSides)
+        fillList(side, records);
 }
 
 void AddressBook::import(const std::string& kind, const std::vector<NameAndAddress>& entries,
                          int& added) {
-    LongOperation operation(prompts_, "Importing addresses", static_cast<int>(entries.size()));
+    LongOperation operation(commands_.prompts(), "Importing addresses",
+                            static_cast<int>(entries.size()));
     file_.import(kind, entries, [&](int done) {
         added = done;
         operation.reached(done);
@@ -87,38 +78,33 @@ void AddressBook::import(const std::string& kind, const std::vector<NameAndAddre
 }
 
 void AddressBook::showNone() {
-    for (Shown& side : shown_) {
-        side.counter = "0";
-        side.changedEnabled = false;
-        side.deleteEnabled = false;
-        side.picked.clear();
-        side.addressEdited = false;
+    for (const AddressSide side : kAddressSides) {
+        Shown none;
+        none.names = shown(side).names;
+        changing(side) = std::move(none);
     }
-    open_.onChange();
 }
 
 void AddressBook::Combo_Click(AddressSide side) {
-    if (!folder_.DataPathOK()) return;
-    const Prompts::Command command(prompts_);
-    try {
-        showPicked(side, file_.readAll());
-    } catch (const Fault& fault) {
-        (open_.order.*facts(side).address).clear();
-        shown_[index(side)].addressEdited = false;
-        open_.MarkOrderChanged();
-        prompts_.say("The address was not read: " + fault.inWords());
-        open_.onChange();
-        return;
-    }
-    open_.markWorthSaving();
-    shown_[index(side)].deleteEnabled = true;
-    shown_[index(side)].changedEnabled = false;
-    open_.onChange();
-    if (side == AddressSide::Vendor) onVendorPicked();
+    if (!commands_.folder().DataPathOK()) return;
+    commands_.run([&] {
+        const bool found = commands_.attempt("The address was not read: ",
+                                             [&] { showPicked(side, file_.readAll()); });
+        if (!found) {
+            open_.fill(facts(side).address, "");
+            open_.MarkOrderChanged();
+            changing(side).addressEdited = false;
+            return;
+        }
+        open_.markWorthSaving();
+        changing(side).deleteEnabled = true;
+        changing(side).changedEnabled = false;
+        refillStock(side);
+    });
 }
 
 void AddressBook::pickTypedName(AddressSide side) {
-    const bool listed = isListed(side, open_.order.*facts(side).name);
+    const bool listed = isListed(side, name(side));
     if (listed && hasUnsavedEdits(side) && addressIsUntouched(side)) Combo_Click(side);
 }
 
@@ -128,125 +114,124 @@ void AddressBook::pickTypedNames() {
 }
 
 bool AddressBook::isListed(AddressSide side, const std::string& name) const {
-    const auto& names = shown_[index(side)].names;
+    const auto& names = shown(side).names;
     return std::find(names.begin(), names.end(), trimmed(name)) != names.end();
 }
 
 bool AddressBook::addressIsUntouched(AddressSide side) const {
-    const Shown& shown = shown_[index(side)];
-    if (!shown.addressEdited) return true;
+    if (!shown(side).addressEdited) return true;
     // An address emptied by hand stays empty for the name it was emptied for, but not for another.
-    const Order& order = open_.order;
-    return isBlank(order.*facts(side).address) && trimmed(order.*facts(side).name) != shown.picked;
+    return isBlank(address(side)) && trimmed(name(side)) != shown(side).picked;
 }
 
 void AddressBook::Combo_Change(AddressSide side, const std::string& text) {
-    open_.order.*facts(side).name = text;
-    open_.MarkOrderChanged();
-    shown_[index(side)].changedEnabled = true;
-    open_.onChange();
+    commands_.edit([&] {
+        open_.fill(facts(side).name, text);
+        open_.MarkOrderChanged();
+        changing(side).changedEnabled = true;
+    });
 }
 
 void AddressBook::Field_Change(AddressSide side, const std::string& text) {
-    open_.order.*facts(side).address = text;
-    shown_[index(side)].addressEdited = true;
-    open_.MarkOrderChanged();
-    shown_[index(side)].changedEnabled = true;
-    shown_[index(side)].deleteEnabled = true;
-    open_.onChange();
+    commands_.edit([&] {
+        open_.fill(facts(side).address, text);
+        open_.MarkOrderChanged();
+        Shown& shown = changing(side);
+        shown.addressEdited = true;
+        shown.changedEnabled = true;
+        shown.deleteEnabled = true;
+    });
 }
 
 void AddressBook::Changed_Click(AddressSide side) {
-    const Prompts::Command command(prompts_);
-    if (!folder_.available(prompts_)) return;
-    const SideFacts& fact = facts(side);
-    Shown& shown = shown_[index(side)];
-    const std::string& name = open_.order.*fact.name;
-    std::string& address = open_.order.*fact.address;
-    try {
-        if (!trimmed(name).empty() && addressIsUntouched(side)) {
-            const auto entry = file_.findToRewrite(name);
-            if (entry) address = trimmedField(entry->Address);
-        }
-        const auto tag = file_.rewrite(fact.kind, name, address);
-        if (tag) shown.counter = tagText(*tag);
-    } catch (const Fault& fault) {
-        prompts_.say("The address was not saved: " + fault.inWords());
-        return;
-    }
-    shown.changedEnabled = false;
-    PopAddyLists();
-    shown.deleteEnabled = false;
-    if (!trimmed(name).empty()) open_.markWorthSaving();
-    open_.onChange();
-    if (side == AddressSide::Vendor) onVendorPicked();
+    commands_.onData([&] {
+        const bool saved = commands_.attempt("The address was not saved: ", [&] {
+            if (!trimmed(name(side)).empty() && addressIsUntouched(side)) {
+                const auto entry = file_.findToRewrite(name(side));
+                if (entry) open_.fill(facts(side).address, trimmedField(entry->Address));
+            }
+            const auto tag = file_.rewrite(facts(side).kind, name(side), address(side));
+            if (tag) changing(side).counter = tagText(*tag);
+        });
+        if (!saved) return;
+        changing(side).changedEnabled = false;
+        PopAddyLists();
+        changing(side).deleteEnabled = false;
+        if (!trimmed(name(side)).empty()) open_.markWorthSaving();
+        refillStock(side);
+    });
 }
 
 void AddressBook::Delete_Click(AddressSide side) {
-    const Prompts::Command command(prompts_);
-    if (!folder_.available(prompts_)) return;
-    const SideFacts& fact = facts(side);
-    std::string& name = open_.order.*fact.name;
-    if (trimmed(name).empty()) {
-        prompts_.ask({fact.nothingToDelete, "Nothing to do!", Buttons::Ok, Icon::Information});
-        return;
-    }
-    if (!removeNamed(name)) return;
-    shown_[index(side)].changedEnabled = false;
-    PopAddyLists();
-    name.clear();
-    open_.MarkOrderChanged();
-    open_.onChange();
-    if (side == AddressSide::Vendor) onVendorPicked();
+    commands_.onData([&] {
+        if (trimmed(name(side)).empty()) {
+            commands_.tell(facts(side).nothingToDelete, "Nothing to do!");
+            return;
+        }
+        if (!removeNamed(name(side))) return;
+        changing(side).changedEnabled = false;
+        PopAddyLists();
+        open_.fill(facts(side).name, "");
+        open_.MarkOrderChanged();
+        refillStock(side);
+    });
+}
+
+bool AddressBook::readAll(std::vector<AddressRecord>& records) {
+    return commands_.attempt(
+        "The address book was not read: ", [&] { records = file_.readAll(); }, Loss::List);
 }
 
 bool AddressBook::removeNamed(const std::string& name) {
-    try {
-        file_.removeNamed(name);
-        return true;
-    } catch (const Fault& fault) {
-        prompts_.ask({"The address was not deleted: " + fault.inWords() + ".", "Bramblet",
-                      Buttons::Ok, Icon::Stop});
-        return false;
-    }
+    return commands_.attemptOrAsk(
+        "The address was not deleted: ", "Bramblet", [&] { file_.removeNamed(name); }, Icon::Stop);
 }
 
 bool AddressBook::mayDeleteEntry(AddressSide side, const std::string& entry) const {
-    const Shown& shown = shown_[index(side)];
-    const std::string name = trimmed(entry);
-    const bool onlyTyped = name == trimmed(open_.order.*facts(side).name) && name != shown.picked;
-    return shown.deleteEnabled && isListed(side, name) && !onlyTyped;
+    const std::string wanted = trimmed(entry);
+    const bool onlyTyped = wanted == trimmed(name(side)) && wanted != shown(side).picked;
+    return shown(side).deleteEnabled && isListed(side, wanted) && !onlyTyped;
 }
 
 void AddressBook::deleteEntry(AddressSide side, const std::string& entry) {
-    if (trimmed(entry) == trimmed(open_.order.*facts(side).name)) return Delete_Click(side);
-    if (!folder_.available(prompts_) || !removeNamed(entry)) return;
-    const Order before = open_.order;
-    PopAddyLists();
-    // The other side may have been showing an entry of the same name.
-    if (open_.order != before) open_.MarkOrderChanged();
-    open_.onChange();
+    if (trimmed(entry) == trimmed(name(side))) return Delete_Click(side);
+    commands_.onData([&] {
+        if (!removeNamed(entry)) return;
+        const Order before = open_.order();
+        PopAddyLists();
+        // The other side may have been showing an entry of the same name.
+        if (open_.order() != before) open_.MarkOrderChanged();
+    });
 }
 
 void AddressBook::showPicked(AddressSide side, const std::vector<AddressRecord>& records) {
-    Shown& shown = shown_[index(side)];
-    const std::string& name = open_.order.*facts(side).name;
-    std::string& address = open_.order.*facts(side).address;
-    address.clear();
-    if (const auto record = file_.findNamed(records, name)) {
-        address = trimmedField(record->Address);
-        shown.counter = tagText(record->Tag);
-    }
-    shown.picked = trimmed(name);
+    Shown& shown = changing(side);
+    const auto record = file_.findNamed(records, name(side));
+    open_.fill(facts(side).address, record ? trimmedField(record->Address) : "");
+    if (record) shown.counter = tagText(record->Tag);
+    shown.picked = trimmed(name(side));
     shown.addressEdited = false;
 }
 
 void AddressBook::fillList(AddressSide side, const std::vector<AddressRecord>& records) {
-    std::vector<std::string>& names = shown_[index(side)].names;
+    std::vector<std::string>& names = changing(side).names;
     names.clear();
     for (const auto& record : records) {
         if (record.Kind == facts(side).kind) names.push_back(listedName(record));
     }
+}
+
+const std::string& AddressBook::name(AddressSide side) const {
+    return open_.order().*facts(side).name;
+}
+
+const std::string& AddressBook::address(AddressSide side) const {
+    return open_.order().*facts(side).address;
+}
+
+/// After the vendor shown has been picked, saved or deleted.
+void AddressBook::refillStock(AddressSide side) {
+    if (side == AddressSide::Vendor) stock_.PopStockList();
 }
 
 }  // namespace bramblet

@@ -4,11 +4,10 @@
 
 #include "core/addresses/address_file.h"
 #include "core/document/open_order.h"
-#include "core/platform/prompts.h"
-#include "core/settings/data_folder.h"
+#include "core/settings/commands.h"
+#include "core/stock/stock_list.h"
 
 #include <array>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,8 +18,8 @@ inline constexpr std::array kAddressSides{AddressSide::Vendor, AddressSide::Dest
 
 class AddressBook {
   public:
-    AddressBook(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
-                OpenOrder& open);
+    /// `stock` lists the items of the vendor picked.
+    AddressBook(const FileSystem& files, Commands& commands, OpenOrder& open, StockList& stock);
 
     /// What one side shows besides the order's own texts.
     struct Shown {
@@ -32,9 +31,6 @@ class AddressBook {
         bool addressEdited = false;      ///< whether the address has been edited since then
     };
     const Shown& shown(AddressSide side) const { return shown_[index(side)]; }
-
-    /// Called when the vendor shown has been picked, saved or deleted.
-    std::function<void()> onVendorPicked = [] {};
 
     /// Clears up at start-up what an interrupted delete has left behind (address_file.h).
     void clearLeftover();
@@ -89,14 +85,24 @@ class AddressBook {
     /// Whether no address has been typed for this name: the one shown is as it was looked up, or is
     /// blank while the name differs from the one looked up.
     bool addressIsUntouched(AddressSide side) const;
+    bool readAll(std::vector<AddressRecord>& records);
     bool removeNamed(const std::string& name);
     void showPicked(AddressSide side, const std::vector<AddressRecord>& records);
     void fillList(AddressSide side, const std::vector<AddressRecord>& records);
     bool hasUnsavedEdits(AddressSide side) const { return shown_[index(side)].changedEnabled; }
 
-    const DataFolder& folder_;
-    Prompts& prompts_;
+    /// What a side shows, about to be changed.
+    Shown& changing(AddressSide side) {
+        commands_.changed(&Views::order);
+        return shown_[index(side)];
+    }
+    const std::string& name(AddressSide side) const;
+    const std::string& address(AddressSide side) const;
+    void refillStock(AddressSide side);
+
+    Commands& commands_;
     OpenOrder& open_;
+    StockList& stock_;
     AddressFile file_;
     std::array<Shown, 2> shown_;
 };

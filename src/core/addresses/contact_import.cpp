@@ -44,68 +44,73 @@ NameAndAddress addressOf(std::string_view contact) {
 
 }  // namespace
 
-ContactImport::ContactImport(const FileSystem& files, const DataFolder& folder,
-                             AddressBook& addresses, Prompts& prompts)
-    : files_(files.withoutRetry()), folder_(folder), addresses_(addresses), prompts_(prompts) {}
+ContactImport::ContactImport(const FileSystem& files, Commands& commands, AddressBook& addresses)
+    : files_(files.withoutRetry()), commands_(commands), addresses_(addresses) {}
 
 void ContactImport::mu_ImportKettleby_Click() {
-    prompts_.clearLine();
-    if (!folder_.available(prompts_)) return;
-    chosenFile_.clear();
-    showDialog();
+    commands_.onData([&] {
+        chosenFile_.clear();
+        commands_.open(&Screen::showContactImport);
+    });
 }
 
-void ContactImport::Command1_Click() {
-    const Prompts::Command command(prompts_);
-    const auto path = prompts_.chooseFileToOpen(
-        {"Select Kettleby Data File",
-         "",
-         "",
-         {{"All Files (*.*)", "*.*"}, {"Kettleby Files(*.dat)", "*.dat"}}});
-    if (!path) return;
-    try {
-        if (contactCount(files_.status(*path).length) > 0) {
+void ContactImport::selectFile() {
+    commands_.run([&] {
+        const auto path = commands_.prompts().chooseFileToOpen(
+            {"Select Kettleby Data File",
+             "",
+             "",
+             {{"All Files (*.*)", "*.*"}, {"Kettleby Files(*.dat)", "*.dat"}}});
+        if (!path) return;
+        std::uint64_t contacts = 0;
+        commands_.attempt("The file " + shown(*path) + " was not read: ",
+                          [&] { contacts = contactCount(files_.status(*path).length); });
+        if (contacts > 0) {
             chosenFile_ = *path;
-            return;
+        } else {
+            commands_.tell("This file does not contain Kettleby records, or they are corrupt",
+                           "Error", Icon::Stop);
         }
-    } catch (const Fault& fault) {
-        prompts_.say("The file " + shown(*path) + " was not read: " + fault.inWords());
+    });
+}
+
+/// The addresses of the chosen file, and the number of those left out. Throws Fault.
+std::vector<NameAndAddress> ContactImport::entries(std::size_t& skipped) const {
+    const auto most = static_cast<std::uint64_t>(kMostRecords);
+    if (contactCount(files_.status(chosenFile_).length) > most) throw Fault(FaultNumber::Overflow);
+    const std::string content = files_.read(chosenFile_);
+    const std::uint64_t count = contactCount(content.size());
+    std::vector<NameAndAddress> entries;
+    for (std::uint64_t i = 0; i < count; ++i) {
+        const std::string_view rest = std::string_view(content).substr(i * kContactSize);
+        auto entry = addressOf(rest.substr(0, kContactSize));
+        if (!entry.name.empty()) entries.push_back(std::move(entry));
     }
-    prompts_.ask({"This file does not contain Kettleby records, or they are corrupt", "Error",
-                  Buttons::Ok, Icon::Stop});
+    skipped = count - entries.size();
+    return entries;
 }
 
 void ContactImport::import(const std::string& kind) {
-    const Prompts::Command command(prompts_);
-    if (!folder_.available(prompts_)) return;
-    std::vector<NameAndAddress> entries;
-    std::uint64_t count = 0;
-    int added = 0;
-    try {
-        count = contactCount(files_.status(chosenFile_).length);
-        if (count > static_cast<std::uint64_t>(kMostRecords)) throw Fault(FaultNumber::Overflow);
-        const std::string content = files_.read(chosenFile_);
-        count = contactCount(content.size());
-        for (std::uint64_t i = 0; i < count; ++i) {
-            const std::string_view rest = std::string_view(content).substr(i * kContactSize);
-            auto entry = addressOf(rest.substr(0, kContactSize));
-            if (!entry.name.empty()) entries.push_back(std::move(entry));
+    commands_.onData([&] {
+        int added = 0;
+        std::size_t skipped = 0;
+        try {
+            addresses_.import(kind, entries(skipped), added);
+        } catch (const Fault& fault) {
+            addresses_.refreshNames();
+            // Shown in a box over the dialog, which hides the status bar. Importing the file again
+            // would add twice what has already come in.
+            commands_.tell("The import ended early: " + fault.inWords() +
+                               ".\r\n\r\nAddresses added before that: " + std::to_string(added) +
+                               ".",
+                           "Import Failed", Icon::Stop);
+            return;
         }
-        addresses_.import(kind, entries, added);
-    } catch (const Fault& fault) {
         addresses_.refreshNames();
-        // Shown in a box over the dialog, which hides the status bar. Importing the file again
-        // would add twice what has already come in.
-        prompts_.ask({"The import ended early: " + fault.inWords() +
-                          ".\r\n\r\nAddresses added before that: " + std::to_string(added) + ".",
-                      "Import Failed", Buttons::Ok, Icon::Stop});
-        return;
-    }
-    addresses_.refreshNames();
-    prompts_.ask({"Finished!", "Import Complete", Buttons::Ok, Icon::Information});
-    prompts_.sayDone(
-        "Addresses added: " + std::to_string(entries.size()) +
-        ", skipped without an organization: " + std::to_string(count - entries.size()));
+        commands_.tell("Finished!", "Import Complete");
+        commands_.sayDone("Addresses added: " + std::to_string(added) +
+                          ", skipped without an organization: " + std::to_string(skipped));
+    });
 }
 
 }  // namespace bramblet

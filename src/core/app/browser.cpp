@@ -5,45 +5,40 @@
 namespace bramblet {
 
 Browser::Browser(const FileSystem& files, std::filesystem::path homeFolder, Desktop& desktop,
-                 Prompts& prompts)
+                 Commands& commands)
     : files_(files.withoutRetry()),
       home_(std::move(homeFolder)),
       desktop_(desktop),
-      prompts_(prompts) {}
+      commands_(commands) {}
 
 void Browser::RunBrowser(const std::string& address) {
-    const Prompts::Command command(prompts_);
-    const std::filesystem::path browser = findBrowser();
-    if (browser.empty()) {
-        prompts_.ask(
-            {"Could not find your Browser", "Browser Not Found", Buttons::Ok, Icon::Exclamation});
-    } else if (!desktop_.openWith(browser, address)) {
-        prompts_.ask({"Web Page not Opened", "URL Failed", Buttons::Ok, Icon::Exclamation});
-    }
+    commands_.run([&] {
+        const std::filesystem::path browser = findBrowser();
+        if (browser.empty()) {
+            commands_.tell("Could not find your Browser", "Browser Not Found", Icon::Exclamation);
+        } else if (!desktop_.openWith(browser, address)) {
+            commands_.tell("Web Page not Opened", "URL Failed", Icon::Exclamation);
+        }
+    });
 }
 
 void Browser::mu_HelpContents_Click() {
-    prompts_.clearLine();
-    const std::filesystem::path helpFile = home_ / "tandril.hlp";
-    const bool opened = files_.exists(helpFile) && desktop_.openHelpFile(helpFile);
-    if (!opened) showHelp();
+    commands_.run([&] {
+        const std::filesystem::path helpFile = home_ / "tandril.hlp";
+        const bool opened = files_.exists(helpFile) && desktop_.openHelpFile(helpFile);
+        if (!opened) commands_.open(&Screen::showHelp);
+    });
 }
 
 /// Finds the program that opens web pages: the one that opens a small page written for the purpose.
-std::filesystem::path Browser::findBrowser() const {
+std::filesystem::path Browser::findBrowser() {
     const std::filesystem::path page = home_ / "junk.HTM";
-    try {
-        files_.replace(page, "<HTML> <\\HTML>\r\n");
-    } catch (const FileError& error) {
-        prompts_.say("The browser was not looked for: " + error.inWords());
-        return {};
-    }
+    const bool written = commands_.attempt("The browser was not looked for: ",
+                                           [&] { files_.replace(page, "<HTML> <\\HTML>\r\n"); });
+    if (!written) return {};
     std::filesystem::path browser = desktop_.programFor(page);
-    try {
-        files_.remove(page);
-    } catch (const FileError& error) {
-        prompts_.say("The file " + shown(page) + " was left behind: " + error.inWords());
-    }
+    commands_.attempt("The file " + shown(page) + " was left behind: ",
+                      [&] { files_.remove(page); });
     return browser;
 }
 

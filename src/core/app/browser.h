@@ -3,10 +3,9 @@
 
 #include "core/platform/desktop.h"
 #include "core/platform/file_system.h"
-#include "core/platform/prompts.h"
+#include "core/settings/commands.h"
 
 #include <filesystem>
-#include <functional>
 #include <string>
 
 namespace bramblet {
@@ -17,10 +16,7 @@ inline constexpr const char* kHomePage = "https://bramblet.example/";
 class Browser {
   public:
     Browser(const FileSystem& files, std::filesystem::path homeFolder, Desktop& desktop,
-            Prompts& prompts);
-
-    /// Shows the program's own help.
-    std::function<void()> showHelp = [] {};
+            Commands& commands);
 
     /// Opens an address in the default browser.
     void RunBrowser(const std::string& address);
@@ -32,12 +28,12 @@ class Browser {
     void mu_HelpContents_Click();
 
   private:
-    std::filesystem::path findBrowser() const;
+    std::filesystem::path findBrowser();
 
     FileSystem files_;
     std::filesystem::path home_;
     Desktop& desktop_;
-    Prompts& prompts_;
+    Commands& commands_;
 };
 
 }  // namespace bramblet

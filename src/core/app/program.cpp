@@ -9,81 +9,84 @@ namespace bramblet {
 
 Program::Program(Environment environment, Prompts& prompts)
     : environment_(std::move(environment)),
-      prompts_(prompts),
       files_(environment_.waitForFile),
       settingsFile_(files_, homeFolderIn(environment_.documentsFolder)),
       settings(settingsFile_.LoadConfig(prompts)),
       folder(pathOfFolder(settings.DataDirectory)),
       taxFreight(isOn(settings.TaxFreight)),
-      addresses(files_, folder, prompts, open),
-      histories(files_, folder, prompts, open, addresses),
+      commands(folder, prompts),
+      open(commands, taxFreight, environment_.formats),
+      stock(files_, commands, settings, open, environment_.formats),
+      stockExchange(files_, commands, open, stock),
+      addresses(files_, commands, open, stock),
+      histories(files_, commands, open, addresses),
       index(files_, folder.file("po_data.dat"), environment_.formats, environment_.clock),
-      savedOrders(index, folder, environment_.formats, prompts),
-      stock(files_, folder, settings, open, environment_.formats, prompts),
-      stockExchange(files_, folder, open, stock, prompts),
-      editor({files_, folder, settings, taxFreight, environment_.formats, environment_.clock,
-              prompts, open, addresses, histories, index, savedOrders, stock}),
-      lines(open, environment_.formats, prompts),
-      contactImport(files_, folder, addresses, prompts),
-      viewer(files_, folder, settings, editor, open, environment_.desktop, prompts),
-      csvExport(files_, folder, index, environment_.formats, environment_.desktop, prompts),
-      backup(files_, folder, settings, prompts),
-      settingsEditor(files_, folder, settings, prompts),
-      browser(files_, settingsFile_.homeFolder(), environment_.desktop, prompts) {
-    prompts.onCommand = [this] { open.showCaption(kUsualCaption); };
-    lines.totalUp = [this] { editor.TotalUp_Click(); };
-    addresses.onVendorPicked = [this] { stock.PopStockList(); };
-    backup.onRestored = [this] { refillLists(); };
+      savedOrders(commands, index, environment_.formats),
+      editor({files_, commands, settings, taxFreight, environment_.formats, environment_.clock,
+              open, addresses, histories, index, savedOrders, stock}),
+      lines(commands, open, environment_.formats),
+      contactImport(files_, commands, addresses),
+      viewer(files_, commands, settings, editor, open, environment_.desktop),
+      csvExport(files_, commands, index, environment_.formats, environment_.desktop),
+      backup(files_, commands, settings, {addresses, savedOrders, stock, histories}),
+      settingsEditor(files_, commands, settings),
+      browser(files_, settingsFile_.homeFolder(), environment_.desktop, commands) {
     stock.VendorItemsCheck = leadingNumber(trimmedField(settings.VendorItemsCheck)) != 0;
     folder.CheckDataPath(files_, prompts);
 }
 
 void Program::start() {
-    const Prompts::Command command(prompts_);
-    if (folder.DataPathOK()) {
-        addresses.clearLeftover();
-        addresses.PopAddyLists();
-        savedOrders.PopPOGrid();
-    }
-    stock.PopStockList();
-    editor.clearOrder();
-    open.order.DiscountFactorEd.clear();
-    open.order.TaxFactorEd.clear();
-    histories.AddToUserFields();
-    if (isOn(settings.RequisitionMode)) open.order.kind = OrderKind::Requisition;
-    open.Save_POEnabled = false;
-    open.markSaved();
-    open.onChange();
+    commands.run([&] {
+        if (folder.DataPathOK()) {
+            addresses.clearLeftover();
+            addresses.PopAddyLists();
+            savedOrders.PopPOGrid();
+        }
+        stock.PopStockList();
+        editor.clearOrder();
+        Order order = open.order();
+        order.DiscountFactorEd.clear();
+        order.TaxFactorEd.clear();
+        if (isOn(settings.RequisitionMode)) order.kind = OrderKind::Requisition;
+        open.replace(std::move(order));
+        histories.AddToUserFields();
+        open.markSaved();
+    });
 }
 
 Program::Leave Program::leave(const WindowPlace& place) {
-    const Prompts::Command command(prompts_);
-    switch (editor.offerToSave("Bramblet", "Save PO?")) {
-        case OrderEditor::Offer::Cancelled:
-            return Leave::Now;  // by design, without writing the settings
-        case OrderEditor::Offer::NotSaved:
+    Leave result = Leave::Now;
+    commands.run([&] {
+        const OrderEditor::Offer offer = editor.offerToSave("Bramblet", "Save PO?");
+        if (offer == OrderEditor::Offer::NotSaved) {
             tellWhyNotLeft();
-            return Leave::Stay;
-        case OrderEditor::Offer::GoOn:
-            break;
-    }
-    settings.RequisitionMode = flag(open.order.kind == OrderKind::Requisition);
-    const auto twips = [](double value) { return generalText(value, RegionalFormats{}); };
+            result = Leave::Stay;
+        } else if (offer == OrderEditor::Offer::GoOn) {
+            keepSettings(place);
+        }  // when it was cancelled, the settings are not written: that is intended
+    });
+    return result;
+}
+
+void Program::keepSettings(const WindowPlace& place) {
+    settings.RequisitionMode = flag(open.order().kind == OrderKind::Requisition);
+    const auto twips = [](double value) {
+        return fitted(generalText(value, RegionalFormats{}), 5);
+    };
     settings.VendorItemsCheck = stock.VendorItemsCheck ? "1" : "0";
-    settings.WindowHeight = fitted(twips(place.height), 5);
-    settings.WindowWidth = fitted(twips(place.width), 5);
-    settings.WindowTop = fitted(twips(place.top), 5);
-    settings.WindowLeft = fitted(twips(place.left), 5);
+    settings.WindowHeight = twips(place.height);
+    settings.WindowWidth = twips(place.width);
+    settings.WindowTop = twips(place.top);
+    settings.WindowLeft = twips(place.left);
     saveSettings();
-    return Leave::Now;
 }
 
 /// Uses a box: nobody who is about to leave looks at the status bar for news.
 void Program::tellWhyNotLeft() {
-    const std::string failures = prompts_.takeFailures();
+    const std::string failures = commands.takeFailures();
     if (failures.empty()) return;  // a box has already said so
-    prompts_.ask({failures + "\r\n\r\nBramblet stays open, so that nothing is lost.", "Bramblet",
-                  Buttons::Ok, Icon::Exclamation});
+    commands.tell(failures + "\r\n\r\nBramblet stays open, so that nothing is lost.", "Bramblet",
+                  Icon::Exclamation);
 }
 
 void Program::saveSettings() {
@@ -96,7 +99,7 @@ void Program::saveSettings() {
                                       error.inWords() +
                                       ".\r\n\r\nTry again, or close without saving them?",
                                   "Bramblet", Buttons::RetryClose, Icon::Exclamation};
-            if (prompts_.ask(message) != Answer::Retry) return;
+            if (commands.prompts().ask(message) != Answer::Retry) return;
         }
     }
 }
@@ -107,18 +110,18 @@ WindowPlace Program::windowPlace() const {
             twips(settings.WindowLeft)};
 }
 
-void Program::refillLists() {
-    const Prompts::Command command(prompts_);
-    addresses.refreshNames();
-    savedOrders.PopPOGrid();
-    stock.PopStockList();
-    histories.reload();
+void Program::configure(bool fromViewer) {
+    commands.run([&] {
+        commands.screen().configure(fromViewer);
+        // The list of stock items may have gained or lost a column.
+        if (folder.DataPathOK()) stock.PopStockList();
+    });
 }
 
 void Program::mu_About() {
-    prompts_.clearLine();
-    prompts_.ask({"Quenmoor \"Bramblet\"\r\nVersion 1.5, January 17, 2004", "About Bramblet",
-                  Buttons::Ok, Icon::Information});
+    commands.run([&] {
+        commands.tell("Quenmoor \"Bramblet\"\r\nVersion 1.5, January 17, 2004", "About Bramblet");
+    });
 }
 
 std::filesystem::path Program::homeFolderIn(const std::filesystem::path& documentsFolder) {

@@ -16,8 +16,8 @@
 #include "core/orders/saved_orders.h"
 #include "core/platform/clock.h"
 #include "core/platform/file_system.h"
-#include "core/platform/prompts.h"
 #include "core/platform/regional_formats.h"
+#include "core/settings/commands.h"
 #include "core/settings/data_folder.h"
 #include "core/settings/settings_editor.h"
 #include "core/settings/settings_file.h"
@@ -50,9 +50,6 @@ class Program {
     /// Loads the settings and checks the data folder; both may prompt the user. Throws StartGivenUp
     /// when the settings cannot be used and the user chooses to leave.
     Program(Environment environment, Prompts& prompts);
-    ~Program() {
-        prompts_.onCommand = [] {};
-    }
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
@@ -67,9 +64,8 @@ class Program {
 
     WindowPlace windowPlace() const;
 
-    /// Refills every list from what is now in the data folder; the order shown stays as it is.
-    void refillLists();
-
+    /// Shows the settings dialog.
+    void configure(bool fromViewer);
     void mu_About();
 
     /// The home folder, with a trailing separator.
@@ -77,10 +73,10 @@ class Program {
 
   private:
     void tellWhyNotLeft();
+    void keepSettings(const WindowPlace& place);
     void saveSettings();
 
     Environment environment_;
-    Prompts& prompts_;
     FileSystem files_;
     SettingsFile settingsFile_;
 
@@ -88,13 +84,14 @@ class Program {
     Settings settings;
     DataFolder folder;
     const bool taxFreight;  ///< the setting as it was at start-up
+    Commands commands;
     OpenOrder open;
+    StockList stock;
+    StockExchange stockExchange;
     AddressBook addresses;
     FieldHistories histories;
     OrderIndex index;
     SavedOrders savedOrders;
-    StockList stock;
-    StockExchange stockExchange;
     OrderEditor editor;
     LineItems lines;
     ContactImport contactImport;
@@ -106,7 +103,6 @@ class Program {
 
     const FileSystem& files() const { return files_; }
     const RegionalFormats& formats() const { return environment_.formats; }
-    Prompts& prompts() const { return prompts_; }
 };
 
 }  // namespace bramblet

@@ -58,21 +58,24 @@ std::string nameList(const std::string& heading, const std::vector<std::string>&
 }  // namespace
 
 // A file in use ends a run with a message; it is not waited for.
-Backup::Backup(const FileSystem& files, const DataFolder& folder, Settings& settings,
-               Prompts& prompts)
-    : files_(files.withoutRetry()), folder_(folder), settings_(settings), prompts_(prompts) {}
+Backup::Backup(const FileSystem& files, Commands& commands, Settings& settings, const Lists& lists)
+    : files_(files.withoutRetry()), commands_(commands), settings_(settings), lists_(lists) {}
 
 void Backup::open(Kind kind) {
-    kind_ = kind;
-    progress_ = {};
-    BackUpProgress.clear();
-    settings_.BackupFolder = trimmedField(settings_.BackupFolder);
-    if (settings_.BackupFolder.empty())
-        settings_.BackupFolder = storableFolder(folder_.DataPath()).value_or("");
-    const std::filesystem::path remembered = pathOfFolder(settings_.BackupFolder);
-    Backuplist = kind == Kind::Backup ? folder_.DataPath() : remembered;
-    BackUpTarget = kind == Kind::Backup ? remembered : folder_.DataPath();
-    BackMeUp.clear();
+    commands_.onData([&] {
+        const std::filesystem::path& data = commands_.folder().DataPath();
+        kind_ = kind;
+        progress_ = {};
+        BackUpProgress.clear();
+        settings_.BackupFolder = trimmedField(settings_.BackupFolder);
+        if (settings_.BackupFolder.empty())
+            settings_.BackupFolder = storableFolder(data).value_or("");
+        const std::filesystem::path remembered = pathOfFolder(settings_.BackupFolder);
+        Backuplist = kind == Kind::Backup ? data : remembered;
+        BackUpTarget = kind == Kind::Backup ? remembered : data;
+        BackMeUp.clear();
+        commands_.open(&Screen::showBackup);
+    });
 }
 
 void Backup::list() {
@@ -87,74 +90,81 @@ void Backup::list() {
     });
 }
 
+std::optional<std::filesystem::path> Backup::chooseFolder() {
+    return commands_.prompts().chooseFolder("Select a folder...", commands_.folder().DataPath());
+}
+
 void Backup::SelectTarget_Click() {
-    const auto folder = prompts_.chooseFolder("Select a folder...", folder_.DataPath());
+    const auto folder = chooseFolder();
     if (!folder) return;
     BackUpTarget = withSeparator(*folder);
     rememberTarget();
-    onChange();
 }
 
 void Backup::SelectSource_Click() {
-    const auto folder = prompts_.chooseFolder("Select a folder...", folder_.DataPath());
+    const auto folder = chooseFolder();
     if (!folder) return;
     Backuplist = withSeparator(*folder);
     list();
 }
 
-void Backup::mu_DataBackup_Click() {
-    prompts_.clearLine();
-    if (folder_.available(prompts_)) showWindow(Kind::Backup);
-}
-
-void Backup::mu_DataRestore_Click() {
-    prompts_.clearLine();
-    if (folder_.available(prompts_)) showWindow(Kind::Restore);
-}
-
 bool Backup::RunBackup_Click() {
+    if (running_) return false;
+    bool completed = false;
+    commands_.run([&] {
+        if (kind_ == Kind::Restore && !mayRestore()) return;
+        bool copied = false;
+        completed = run([&] {
+            copied = prepare();
+            return copied && copyAll();
+        });
+        if (copied && kind_ == Kind::Restore) refill();
+        if (!completed) return;
+        // A target that was typed is remembered just like one that was selected.
+        if (kind_ == Kind::Backup) rememberTarget();
+        const bool backup = kind_ == Kind::Backup;
+        commands_.tell(backup ? "Backup completed!" : "Restoration completed!", "Finished");
+    });
+    return completed;
+}
+
+bool Backup::mayRestore() {
     const Message caution{
         "CAUTION - this is the data restoration function, not backup! This should only be used to "
         "recover backup data after a disk failure, or after a bad import operation. This will "
         "over-write whatever you already have in your default data folder COMPLETELY!\r\n\r\n"
         "Proceed?",
         "Confirm", Buttons::YesNo, Icon::Stop, Answer::No};
-    if (running_) return false;
-    const Prompts::Command command(prompts_);
-    if (kind_ == Kind::Restore && prompts_.ask(caution) != Answer::Yes) return false;
-    bool copied = false;
-    const bool completed = run([&] {
-        if (!prepare()) return false;
-        copied = true;
-        return copyAll();
-    });
-    if (copied && kind_ == Kind::Restore) onRestored();
-    if (!completed) return false;
-    // A target that was typed is remembered just like one that was selected.
-    if (kind_ == Kind::Backup) rememberTarget();
-    const char* const text = kind_ == Kind::Backup ? "Backup completed!" : "Restoration completed!";
-    prompts_.ask({text, "Finished", Buttons::Ok, Icon::Information});
-    return true;
+    return commands_.prompts().ask(caution) == Answer::Yes;
+}
+
+/// The order shown stays as it is.
+void Backup::refill() {
+    lists_.addresses.refreshNames();
+    lists_.savedOrders.PopPOGrid();
+    lists_.stock.PopStockList();
+    lists_.histories.reload();
 }
 
 void Backup::Verify_Click() {
     if (running_) return;
-    const Prompts::Command command(prompts_);
-    Comparison result;
-    if (!run([&] { return prepare() && compareAll(result); })) return;
-    const bool good =
-        result.differing.empty() && result.missing.empty() && result.unreadable.empty();
-    prompts_.ask({BackUpProgress + "." + nameList("Different:", result.differing) +
-                      nameList("Missing:", result.missing) +
-                      nameList("Cannot be read:", result.unreadable),
-                  "Verify", Buttons::Ok, good ? Icon::Information : Icon::Exclamation});
+    commands_.run([&] {
+        Comparison result;
+        if (!run([&] { return prepare() && compareAll(result); })) return;
+        const bool good =
+            result.differing.empty() && result.missing.empty() && result.unreadable.empty();
+        commands_.tell(BackUpProgress + "." + nameList("Different:", result.differing) +
+                           nameList("Missing:", result.missing) +
+                           nameList("Cannot be read:", result.unreadable),
+                       "Verify", good ? Icon::Information : Icon::Exclamation);
+    });
 }
 
 /// Does the work of one of the commands; false when it was not completed.
 bool Backup::run(const std::function<bool()>& work) {
     try {
         const bool done = during(work);
-        if (stopped_) prompts_.say(BackUpProgress);
+        if (stopped_) commands_.say(BackUpProgress);
         return done;
     } catch (const Fault& fault) {
         sayAborted(fault);
@@ -175,13 +185,13 @@ bool Backup::during(const std::function<bool()>& work) {
     } catch (const Stopped&) {
         BackUpProgress = stoppedText();
     }
-    onChange();
+    commands_.screen().showBackupProgress();
     return done;
 }
 
 /// Keeps the windows live.
 void Backup::step() {
-    onChange();
+    commands_.screen().showBackupProgress();
     if (stopped_) throw Stopped{};
 }
 
@@ -190,7 +200,7 @@ bool Backup::prepare() {
     Backuplist = tidied(Backuplist);
     BackUpTarget = tidied(BackUpTarget);
     const auto nothing = [&](const std::string& why) {
-        prompts_.ask({why, "Nothing to do!", Buttons::Ok, Icon::Exclamation});
+        commands_.tell(why, "Nothing to do!", Icon::Exclamation);
         return false;
     };
     if (!BackUpTarget.is_absolute()) {
@@ -208,8 +218,8 @@ void Backup::rememberTarget() {
     if (const auto text = storableFolder(BackUpTarget)) {
         settings_.BackupFolder = trimmed(*text);
     } else {
-        prompts_.say("The folder " + shown(BackUpTarget) +
-                     " will not be remembered: its name is too long or no text");
+        commands_.say("The folder " + shown(BackUpTarget) +
+                      " will not be remembered: its name is too long or no text");
     }
 }
 
@@ -351,16 +361,16 @@ void Backup::sayAborted(const Fault& fault) {
     const auto named = path.has_filename() ? path.filename() : path;
     BackUpProgress =
         "Aborted" + (named.empty() ? "" : " at " + shown(named)) + ": " + fault.inWords();
-    onChange();
-    prompts_.say((path.empty() ? "" : shown(path) + ": ") + fault.inWords());
-    prompts_.ask(
-        {"An error has occurred, and this operation has been aborted...\r\n\r\nError name: " +
-             fault.description() + "\r\n\r\nError number: " + std::to_string(fault.code()) +
-             "\r\n\r\nPlease make a note of the error name and number, and which process you are "
-             "having trouble with.\r\n\r\nIn the event you are unable to solve the problem "
-             "yourself, this information will make it much more likely that Quenmoor tech support "
-             "will be able to help in a timely manner. Thanks, and sorry you are having trouble!",
-         "Bramblet", Buttons::Ok, Icon::Stop});
+    commands_.screen().showBackupProgress();
+    commands_.say((path.empty() ? "" : shown(path) + ": ") + fault.inWords());
+    commands_.tell(
+        "An error has occurred, and this operation has been aborted...\r\n\r\nError name: " +
+            fault.description() + "\r\n\r\nError number: " + std::to_string(fault.code()) +
+            "\r\n\r\nPlease make a note of the error name and number, and which process you are "
+            "having trouble with.\r\n\r\nIn the event you are unable to solve the problem "
+            "yourself, this information will make it much more likely that Quenmoor tech support "
+            "will be able to help in a timely manner. Thanks, and sorry you are having trouble!",
+        "Bramblet", Icon::Stop);
 }
 
 }  // namespace bramblet

@@ -2,13 +2,15 @@
 // folder and another folder, and comparing the two.
 #pragma once
 
-#include "core/platform/prompts.h"
-#include "core/settings/data_folder.h"
+#include "core/history/field_histories.h"
+#include "core/orders/saved_orders.h"
+#include "core/settings/commands.h"
 #include "core/settings/settings.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,18 +21,18 @@ class Backup {
     /// Which of the two windows this is.
     enum class Kind { Backup, Restore };
 
-    Backup(const FileSystem& files, const DataFolder& folder, Settings& settings, Prompts& prompts);
+    /// What a restore puts other files under.
+    struct Lists {
+        AddressBook& addresses;
+        SavedOrders& savedOrders;
+        StockList& stock;
+        FieldHistories& histories;
+    };
+    Backup(const FileSystem& files, Commands& commands, Settings& settings, const Lists& lists);
 
-    /// Called after every change of what is shown, and for every file that is listed, counted,
-    /// copied or compared, so that the windows stay live and can stop a run.
-    std::function<void()> onChange = [] {};
-    /// Called when a restore has put files in place.
-    std::function<void()> onRestored = [] {};
-
-    /// Shows the window of this kind.
-    std::function<void(Kind)> showWindow = [](Kind) {};
-    void mu_DataBackup_Click();
-    void mu_DataRestore_Click();
+    // Each of these opens its window.
+    void mu_DataBackup_Click() { open(Kind::Backup); }
+    void mu_DataRestore_Click() { open(Kind::Restore); }
 
     // What the window shows.
     std::filesystem::path Backuplist;             ///< the source folder
@@ -48,8 +50,6 @@ class Backup {
     Kind kind() const { return kind_; }
     bool running() const { return running_; }
 
-    /// Called when the window opens: sets the folders.
-    void open(Kind kind);
     /// Lists the files of the source for the window.
     void list();
 
@@ -76,6 +76,10 @@ class Backup {
         std::vector<std::string> agreeing, differing, missing, unreadable;
     };
 
+    void open(Kind kind);
+    std::optional<std::filesystem::path> chooseFolder();
+    bool mayRestore();
+    void refill();
     bool run(const std::function<bool()>& work);
     bool during(const std::function<bool()>& work);
     void step();
@@ -96,9 +100,9 @@ class Backup {
     void sayAborted(const Fault& fault);
 
     FileSystem files_;
-    const DataFolder& folder_;
+    Commands& commands_;
     Settings& settings_;
-    Prompts& prompts_;
+    Lists lists_;
     Kind kind_ = Kind::Backup;
     Progress progress_;
     bool running_ = false;

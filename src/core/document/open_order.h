@@ -1,51 +1,76 @@
-// The order on the screen with its changed flag: what every command that touches the order works
-// on, and what the windows watch.
+// The order on the screen. It changes only through itself: so it always knows whether there is
+// something to save, and the screen always shows what it holds.
 #pragma once
 
 #include "core/document/order.h"
+#include "core/platform/regional_formats.h"
+#include "core/settings/commands.h"
 
-#include <functional>
+#include <cstddef>
+#include <string>
 
 namespace bramblet {
 
-/// The main window's caption when no command has anything else to say there.
-inline constexpr const char* kUsualCaption = "Bramblet";
-
 class OpenOrder {
   public:
-    /// Called after every change of the order or of the state below.
-    std::function<void()> onChange = [] {};
+    /// `taxFreight` tells whether shipping is taxed.
+    OpenOrder(Commands& commands, bool taxFreight, const RegionalFormats& formats);
 
-    Order order;
-
+    const Order& order() const { return order_; }
+    bool isPending() const;
     /// Whether the order shown differs from what was last saved; never so while it has no number.
-    bool OrderDirty = false;
-    bool SaveChangesEnabled = false;
-    bool Save_POEnabled = false;
+    bool OrderDirty() const { return dirty_; }
+    bool SaveChangesEnabled() const { return worthSaving_; }
+    bool Save_POEnabled() const { return copyable_; }
     /// Whether the number box takes typing.
-    bool numberUnlocked = false;
+    bool numberUnlocked() const { return numberUnlocked_; }
     /// The number under which the order was opened or last saved, even if that failed; empty when
     /// neither has happened.
-    std::string storedNumber;
+    const std::string& storedNumber() const { return storedNumber_; }
     /// Whether a save has met a date that cannot be read and that is still there.
-    bool dateRefused = false;
-    /// The main window's caption.
-    std::string caption = kUsualCaption;
+    bool dateRefused() const { return dateRefused_; }
 
-    /// Shows a caption until the next command or edit.
-    void showCaption(const std::string& wanted);
-
-    bool isPending() const;
-
-    /// What every edit of a field does: marks an order that has a number as changed.
+    // What the user does to a box; marks an order that has a number as changed, if it changes it.
+    void set(OrderField field, const std::string& text);
+    void set(OrderKind kind);
+    void setReceived(bool received);
     void MarkOrderChanged();
 
-    /// What picking an address and every change to the lines do: there is now something to save,
-    /// even in an order without a number (which still never counts as changed).
+    // What picking an address and every change to the lines do: there is now something to save,
+    // even in an order without a number (which still never counts as changed).
+    void setLines(std::vector<OrderLine> lines);
     void markWorthSaving();
 
+    // What the program does; marks nothing.
+    /// Puts a text into a box: trimmed, looked up, or the order's number.
+    void fill(OrderField field, const std::string& text);
+    /// Shows another order.
+    void replace(Order order);
+    void unlockNumber();
+    void refuseDates(bool refused);
+    /// An attempt to save under the order's present number is under way.
+    void markStored();
     /// After a save or a load: nothing to save.
     void markSaved();
+    void allowCopies();
+
+    /// Totals the order; a changed total counts as an edit. Returns false after telling the user
+    /// why it could not be totalled.
+    bool recompute();
+
+  private:
+    void changed() { commands_.changed(&Views::order); }
+
+    Commands& commands_;
+    bool taxFreight_;
+    const RegionalFormats& formats_;
+    Order order_;
+    bool dirty_ = false;
+    bool worthSaving_ = false;
+    bool copyable_ = false;
+    bool numberUnlocked_ = false;
+    bool dateRefused_ = false;
+    std::string storedNumber_;
 };
 
 }  // namespace bramblet

@@ -29,14 +29,13 @@ constexpr std::array kAddressBoxes{
 
 }  // namespace
 
-FieldHistories::FieldHistories(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
-                               OpenOrder& open, AddressBook& addresses)
+FieldHistories::FieldHistories(const FileSystem& files, Commands& commands, OpenOrder& open,
+                               AddressBook& addresses)
     : files_(files),
-      folder_(folder),
-      prompts_(prompts),
+      commands_(commands),
       open_(open),
       addresses_(addresses),
-      histories_(historiesIn(folder, std::make_index_sequence<kHistories.size()>())) {}
+      histories_(historiesIn(commands.folder(), std::make_index_sequence<kHistories.size()>())) {}
 
 const FieldHistory::Entries& FieldHistories::entries(OrderField field) const {
     return histories_[indexOf(field)].entries();
@@ -44,18 +43,17 @@ const FieldHistory::Entries& FieldHistories::entries(OrderField field) const {
 
 void FieldHistories::trimTexts() {
     for (const HistoryFacts& facts : kHistories) {
-        std::string& text = open_.order.*facts.field;
-        text = trimmed(text);
-        if (isCurrent(facts)) CurrentHistoryText = text;
+        open_.fill(facts.field, trimmed(open_.order().*facts.field));
+        if (isCurrent(facts)) CurrentHistoryText = open_.order().*facts.field;
     }
 }
 
 void FieldHistories::rememberAllBut(OrderField unfinished) {
-    if (!folder_.DataPathOK()) return;
+    if (!commands_.folder().DataPathOK()) return;
     trimTexts();
     update([=, this](std::size_t history) {
         const OrderField field = kHistories[history].field;
-        return field == unfinished ? std::string() : open_.order.*field;
+        return field == unfinished ? std::string() : open_.order().*field;
     });
 }
 
@@ -68,70 +66,59 @@ template <class TextOf>
 void FieldHistories::update(TextOf textOf) {
     const FileSystem once = files_.withoutRetry();
     for (std::size_t i = 0; i < kHistories.size(); ++i) {
-        try {
-            histories_[i].remember(once, textOf(i));
-        } catch (const Fault& fault) {
-            prompts_.say("The lists of earlier entries were not brought up to date: " +
-                             std::string(kHistories[i].file) + ": " + fault.inWords(),
-                         Loss::List);
-            break;
-        }
+        const std::string failure = "The lists of earlier entries were not brought up to date: " +
+                                    std::string(kHistories[i].file) + ": ";
+        const auto remember = [&] { histories_[i].remember(once, textOf(i)); };
+        if (!commands_.attempt(failure, remember, Loss::List)) break;
     }
-    open_.onChange();
+    commands_.changed(&Views::order);
 }
 
 void FieldHistories::RemoveHistoryEntry() {
-    const Prompts::Command command(prompts_);
-    if (!folder_.available(prompts_)) return;
-    for (const AddressBox& box : kAddressBoxes) {
-        if (CurrentHistoryFile == box.name) {
-            return addresses_.deleteEntry(box.side, CurrentHistoryText);
+    commands_.onData([&] {
+        for (const AddressBox& box : kAddressBoxes) {
+            if (CurrentHistoryFile == box.name) {
+                return addresses_.deleteEntry(box.side, CurrentHistoryText);
+            }
         }
-    }
-    for (std::size_t i = 0; i < kHistories.size(); ++i) {
-        if (isCurrent(kHistories[i])) return removeFrom(i);
-    }
+        for (std::size_t i = 0; i < kHistories.size(); ++i) {
+            if (isCurrent(kHistories[i])) return removeFrom(i);
+        }
+    });
 }
 
 void FieldHistories::removeFrom(std::size_t history) {
     const std::string forgotten = trimmed(CurrentHistoryText);
-    try {
-        histories_[history].forget(files_, forgotten);
-    } catch (const Fault& fault) {
-        prompts_.say("\"" + forgotten + "\" was not removed from the list: " + fault.inWords());
-        return;
-    }
+    const bool removed = commands_.attempt("\"" + forgotten + "\" was not removed from the list: ",
+                                           [&] { histories_[history].forget(files_, forgotten); });
+    if (!removed) return;
     // The box holds another value when the entry was pointed at in the list or among the
     // suggestions. That value may be half typed, and is remembered when the order is saved.
     const OrderField field = kHistories[history].field;
-    if (trimmed(open_.order.*field) == forgotten) Change(field, "");
+    if (trimmed(open_.order().*field) == forgotten) Change(field, "");
     rememberAllBut(field);
-    if (!forgotten.empty()) prompts_.sayDone("\"" + forgotten + "\" is no longer in the list");
+    if (!forgotten.empty()) commands_.sayDone("\"" + forgotten + "\" is no longer in the list");
 }
 
 void FieldHistories::Change(OrderField field, const std::string& text) {
     CurrentHistoryText = text;
-    if (open_.order.*field == text) return;
-    open_.order.*field = text;
-    open_.MarkOrderChanged();
-    open_.onChange();
+    commands_.edit([&] { open_.set(field, text); });
 }
 
 void FieldHistories::DropDown() {
-    open_.MarkOrderChanged();
-    open_.onChange();
+    commands_.edit([&] { open_.MarkOrderChanged(); });
 }
 
 void FieldHistories::GotFocus(OrderField field) {
     CurrentHistoryFile = kHistories[indexOf(field)].file;
-    CurrentHistoryText = open_.order.*field;
+    CurrentHistoryText = open_.order().*field;
 }
 
 void FieldHistories::GotFocus(AddressSide side) {
     for (const AddressBox& box : kAddressBoxes) {
         if (box.side != side) continue;
         CurrentHistoryFile = box.name;
-        CurrentHistoryText = open_.order.*box.field;
+        CurrentHistoryText = open_.order().*box.field;
     }
 }
 

@@ -5,8 +5,7 @@
 #include "core/addresses/address_book.h"
 #include "core/document/open_order.h"
 #include "core/history/field_history.h"
-#include "core/platform/prompts.h"
-#include "core/settings/data_folder.h"
+#include "core/settings/commands.h"
 
 #include <array>
 #include <string>
@@ -30,8 +29,8 @@ inline constexpr std::array kHistories{
 
 class FieldHistories {
   public:
-    FieldHistories(const FileSystem& files, const DataFolder& folder, Prompts& prompts,
-                   OpenOrder& open, AddressBook& addresses);
+    FieldHistories(const FileSystem& files, Commands& commands, OpenOrder& open,
+                   AddressBook& addresses);
 
     const FieldHistory::Entries& entries(OrderField field) const;
 
@@ -76,8 +75,7 @@ class FieldHistories {
     void rememberAllBut(OrderField unfinished);
 
     const FileSystem& files_;
-    const DataFolder& folder_;
-    Prompts& prompts_;
+    Commands& commands_;
     OpenOrder& open_;
     AddressBook& addresses_;
     std::array<FieldHistory, kHistories.size()> histories_;

@@ -3,8 +3,7 @@
 
 #include "core/orders/order_index.h"
 #include "core/platform/desktop.h"
-#include "core/platform/prompts.h"
-#include "core/settings/data_folder.h"
+#include "core/settings/commands.h"
 
 #include <filesystem>
 #include <string>
@@ -20,8 +19,8 @@ std::string ordersAsCsv(const std::vector<OrderIndexRecord>& orders,
 
 class CsvExport {
   public:
-    CsvExport(const FileSystem& files, const DataFolder& folder, const OrderIndex& index,
-              const RegionalFormats& formats, Desktop& desktop, Prompts& prompts);
+    CsvExport(const FileSystem& files, Commands& commands, const OrderIndex& index,
+              const RegionalFormats& formats, Desktop& desktop);
 
     /// Writes the whole list to a file that the user chooses, and offers to open it.
     void mu_DataExport_Click();
@@ -30,11 +29,10 @@ class CsvExport {
     bool write(const std::filesystem::path& path);
 
     const FileSystem& files_;
-    const DataFolder& folder_;
+    Commands& commands_;
     const OrderIndex& index_;
     const RegionalFormats& formats_;
     Desktop& desktop_;
-    Prompts& prompts_;
 };
 
 }  // namespace bramblet

@@ -5,9 +5,11 @@
 #include "core/platform/text.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 namespace bramblet {
 namespace {
@@ -30,6 +32,25 @@ double checkedNumber(const std::string& text, const std::string& box,
         throw BoxFault(fault.number(), box, text, "is not an amount");
     }
 }
+
+template <OrderColumn Cell>
+constexpr Column<OrderLine> column(ColumnLook look) {
+    Column<OrderLine> column{look};
+    column.text = [](const OrderLine& line, const RegionalFormats&) { return line[Cell]; };
+    return column;
+}
+
+/// The file number travels with its line out of sight, as do the two cells behind the quantity.
+constexpr std::array kColumns{
+    column<kQuantity>({"Quant", 8, false, Align::Right}),
+    column<kSpareColumn1>({"", 0}),
+    column<kSpareColumn2>({"", 0}),
+    column<kUnit>({"Unit", 11}),
+    column<kDescription>({"Description", 36, true}),
+    column<kUnitCost>({"Unit Cost", 12, false, Align::Right}),
+    column<kLineTotal>({"Total", 13, false, Align::Right}),
+    column<kFileNumber>({"File Number", 0}),
+};
 
 }  // namespace
 
@@ -57,44 +78,67 @@ std::string lineTotal(const std::string& quantity, const std::string& unitCost,
     return standardText(count * cost, formats);
 }
 
-LineItems::LineItems(OpenOrder& open, const RegionalFormats& formats, Prompts& prompts)
-    : open_(open), formats_(formats), prompts_(prompts) {}
+LineTable::LineTable(const RegionalFormats& formats) : ListTable(formats) {
+    for (const auto& column : kColumns)
+        shown_.push_back(&column);
+}
+
+bool LineTable::take(const std::vector<OrderLine>& lines) {
+    if (rows_ == lines) return false;
+    rows_ = lines;
+    return true;
+}
+
+std::string LineTable::widest(int column) const {
+    if (look(column).align != Align::Right) return {};
+    const auto cell = static_cast<std::size_t>(column);
+    std::string widest;
+    for (const OrderLine& line : rows_) {
+        if (line[cell].size() > widest.size()) widest = line[cell];
+    }
+    return widest;
+}
+
+LineItems::LineItems(Commands& commands, OpenOrder& open, const RegionalFormats& formats)
+    : commands_(commands), open_(open), formats_(formats) {}
 
 void LineItems::OrderPop_OneTime_Click() {
-    const Prompts::Command command(prompts_);
-    const LineEntry preset{"1", "ea", "", "0"};
-    const LineEntry entry = showDialog(preset, "Add a one-time item...").value_or(preset);
-    OrderLine line;
-    store(line, entry);
-    open_.order.lines.push_back(line);
-    finishAdding();
+    commands_.run([&] {
+        const LineEntry preset{"1", "ea", "", "0"};
+        OrderLine line;
+        store(line, commands_.screen().editLine(preset, "Add a one-time item...").value_or(preset));
+        change([&](std::vector<OrderLine>& lines) { lines.push_back(line); });
+        showLast();
+    });
 }
 
 void LineItems::OrderPop_DescriptionOverride_Click(int row) {
-    const Prompts::Command command(prompts_);
     if (!hasLine(row)) return;
-    const auto place = static_cast<std::size_t>(row);
-    const LineEntry before = entryOf(open_.order.lines[place]);
-    const LineEntry entry = showDialog(before, "Edit Line Item").value_or(before);
-    const bool none = cleanedNumber(entry.quantity).find_first_of("123456789") == std::string::npos;
-    if (none) {
-        open_.order.lines.erase(open_.order.lines.begin() + row);
-    } else {
-        store(open_.order.lines[place], entry);
-    }
-    finish();
+    commands_.run([&] {
+        const auto place = static_cast<std::size_t>(row);
+        const LineEntry before = entryOf(open_.order().lines[place]);
+        const LineEntry entry =
+            commands_.screen().editLine(before, "Edit Line Item").value_or(before);
+        if (cleanedNumber(entry.quantity).find_first_of("123456789") == std::string::npos) {
+            return removeLine(row);
+        }
+        change([&](std::vector<OrderLine>& lines) { store(lines[place], entry); });
+    });
+}
+
+void LineItems::OrderGrid_DblClick(int row) {
+    commands_.onData([&] { OrderPop_DescriptionOverride_Click(row); });
 }
 
 void LineItems::removeLine(int row) {
-    const Prompts::Command command(prompts_);
     if (!hasLine(row)) return;
-    open_.order.lines.erase(open_.order.lines.begin() + row);
-    finish();
+    commands_.run(
+        [&] { change([&](std::vector<OrderLine>& lines) { lines.erase(lines.begin() + row); }); });
 }
 
 LineItems::Quantity LineItems::GetQuantity(const std::string& fileNumber) const {
     const std::string wanted = trimmed(fileNumber);
-    const auto& lines = open_.order.lines;
+    const auto& lines = open_.order().lines;
     const auto line = std::find_if(lines.begin(), lines.end(), [&](const OrderLine& cells) {
         return trimmed(cells[kFileNumber]) == wanted;
     });
@@ -106,32 +150,40 @@ LineItems::Quantity LineItems::GetQuantity(const std::string& fileNumber) const 
 }
 
 void LineItems::StockGrid_DblClick(const StockList& list, int row) {
-    const Prompts::Command command(prompts_);
-    if (row < 0 || row >= list.rowCount()) return;
-    const std::string fileNumber = list.cell(row, StockColumn::FileNumber);
-    try {
-        const Quantity found = GetQuantity(fileNumber);
-        const int quantity = found.value == 0 ? 1 : found.value;
-        const double total = toDouble(list.item(row).UnitCost) * quantity;
+    commands_.onData([&] {
+        if (row < 0 || row >= list.rowCount()) return;
+        Quantity found;
         OrderLine line;
-        line[kQuantity] = std::to_string(quantity);
-        line[kUnit] = textCell(list.cell(row, StockColumn::Unit));
-        line[kDescription] = textCell(list.cell(row, StockColumn::Description));
-        line[kUnitCost] = list.cell(row, StockColumn::UnitCost);
-        line[kLineTotal] = standardText(toCurrency(total), formats_);
-        line[kFileNumber] = fileNumber;
-        auto& lines = open_.order.lines;
-        lines.push_back(line);
-        if (found.value != 0) lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(found.line));
-    } catch (const Fault& fault) {
-        prompts_.say("The item was not added: " + fault.inWords());
-        return;
-    }
-    finishAdding();
+        const bool made = commands_.attempt("The item was not added: ", [&] {
+            found = GetQuantity(list.text(row, StockColumn::FileNumber));
+            line = itemLine(list, row, std::max(found.value, 1));
+        });
+        if (!made) return;
+        change([&](std::vector<OrderLine>& lines) {
+            if (found.value != 0) {
+                lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(found.line));
+            }
+            lines.push_back(line);
+        });
+        showLast();
+    });
+}
+
+/// Throws Fault when its total is beyond the range of Currency.
+OrderLine LineItems::itemLine(const StockList& list, int row, int quantity) const {
+    OrderLine line;
+    line[kQuantity] = std::to_string(quantity);
+    line[kUnit] = textCell(list.text(row, StockColumn::Unit));
+    line[kDescription] = textCell(list.text(row, StockColumn::Description));
+    line[kUnitCost] = list.text(row, StockColumn::UnitCost);
+    line[kLineTotal] =
+        standardText(toCurrency(toDouble(list.row(row).UnitCost) * quantity), formats_);
+    line[kFileNumber] = list.text(row, StockColumn::FileNumber);
+    return line;
 }
 
 bool LineItems::hasLine(int row) const {
-    return row >= 0 && static_cast<std::size_t>(row) < open_.order.lines.size();
+    return row >= 0 && static_cast<std::size_t>(row) < open_.order().lines.size();
 }
 
 void LineItems::store(OrderLine& line, const LineEntry& entry) const {
@@ -140,23 +192,22 @@ void LineItems::store(OrderLine& line, const LineEntry& entry) const {
     line[kDescription] = entry.description;
     line[kUnitCost] = entry.unitCost;
     line[kFileNumber] = kSpecial;
-    try {
+    // Fails for a product out of range, or a cell of a document edited by hand.
+    commands_.attempt("The line's total was not computed: ", [&] {
         line[kLineTotal] = lineTotal(entry.quantity, entry.unitCost, formats_);
-    } catch (const Fault& fault) {
-        // A product out of range, or a cell of a document edited by hand.
-        prompts_.say("The line's total was not computed: " + fault.inWords());
-    }
+    });
 }
 
-void LineItems::finish() {
-    open_.markWorthSaving();
-    totalUp();
-    open_.onChange();
+void LineItems::change(const std::function<void(std::vector<OrderLine>& lines)>& change) {
+    std::vector<OrderLine> lines = open_.order().lines;
+    change(lines);
+    open_.setLines(std::move(lines));
+    open_.recompute();
 }
 
-void LineItems::finishAdding() {
-    finish();
-    showLine(static_cast<int>(open_.order.lines.size()) - 1);
+void LineItems::showLast() {
+    commands_.showChanges();
+    commands_.screen().showLine(static_cast<int>(open_.order().lines.size()) - 1);
 }
 
 }  // namespace bramblet

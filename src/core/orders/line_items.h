@@ -1,31 +1,16 @@
-// The lines of the order: adding, editing and removing them. Typing goes through the line dialog,
-// which the windows supply.
+// The lines of the order: adding, editing and removing them. Typing goes through the line dialog.
 #pragma once
 
 #include "core/document/open_order.h"
-#include "core/platform/prompts.h"
+#include "core/platform/list_table.h"
 #include "core/platform/regional_formats.h"
 #include "core/stock/stock_list.h"
 
 #include <functional>
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace bramblet {
-
-/// The four boxes of the line dialog.
-struct LineEntry {
-    std::string quantity;
-    std::string unit;
-    std::string description;
-    std::string unitCost;
-};
-
-/// Shows the line dialog under `caption`, with `entry` in its boxes. Returns what was stored, or
-/// nothing if the dialog was closed without storing. The dialog checks what it stores with
-/// `checkedEntry`.
-using LineDialog =
-    std::function<std::optional<LineEntry>(const LineEntry& entry, const std::string& caption)>;
 
 /// What the dialog's Save stores from its boxes: texts trimmed, control characters (and, in the
 /// description, everything beyond ASCII) replaced by blanks, amounts reduced to digits, "." and
@@ -39,18 +24,18 @@ LineEntry checkedEntry(const LineEntry& boxes, const RegionalFormats& formats);
 std::string lineTotal(const std::string& quantity, const std::string& unitCost,
                       const RegionalFormats& formats);
 
+/// The lines as their grid shows them. Numbers are never cut short.
+class LineTable : public ListTable<OrderLine> {
+  public:
+    explicit LineTable(const RegionalFormats& formats);
+    /// Takes over the lines; false when it already holds these.
+    bool take(const std::vector<OrderLine>& lines);
+    std::string widest(int column) const override;
+};
+
 class LineItems {
   public:
-    LineItems(OpenOrder& open, const RegionalFormats& formats, Prompts& prompts);
-
-    LineDialog showDialog;
-
-    /// Called when a line has been added or its quantity raised: makes line `row` current and shows
-    /// it.
-    std::function<void(int row)> showLine = [](int) {};
-
-    /// Called at the end of every change to the lines: totals the order.
-    std::function<void()> totalUp = [] {};
+    LineItems(Commands& commands, OpenOrder& open, const RegionalFormats& formats);
 
     /// "Add one-time item": the line is added no matter how the dialog was closed.
     void OrderPop_OneTime_Click();
@@ -58,6 +43,7 @@ class LineItems {
     /// "Edit this item": edits line `row` (from 0), or removes it if its quantity has become 0;
     /// does nothing for a row that does not exist. The line becomes a special one.
     void OrderPop_DescriptionOverride_Click(int row);
+    void OrderGrid_DblClick(int row);
 
     /// The quantity that picking a stock item once more comes to, and the line that holds the item
     /// so far; 0 when no line carries the item's file number. Throws Fault when the line's quantity
@@ -77,13 +63,14 @@ class LineItems {
 
   private:
     bool hasLine(int row) const;
+    OrderLine itemLine(const StockList& list, int row, int quantity) const;
     void store(OrderLine& line, const LineEntry& entry) const;
-    void finish();
-    void finishAdding();
+    void change(const std::function<void(std::vector<OrderLine>& lines)>& change);
+    void showLast();
 
+    Commands& commands_;
     OpenOrder& open_;
     const RegionalFormats& formats_;
-    Prompts& prompts_;
 };
 
 }  // namespace bramblet

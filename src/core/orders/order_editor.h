@@ -4,11 +4,10 @@
 #include "core/addresses/address_book.h"
 #include "core/document/open_order.h"
 #include "core/history/field_histories.h"
-#include "core/orders/line_items.h"
 #include "core/orders/order_index.h"
 #include "core/orders/saved_orders.h"
 #include "core/platform/clock.h"
-#include "core/settings/data_folder.h"
+#include "core/settings/commands.h"
 #include "core/settings/settings.h"
 #include "core/stock/stock_list.h"
 
@@ -18,25 +17,25 @@
 
 namespace bramblet {
 
-class OrderEditor {
+/// What the commands work with; all of it outlives the editor.
+struct OrderWorkplace {
+    const FileSystem& files_;
+    Commands& commands_;
+    Settings& settings_;
+    bool taxFreight_;
+    const RegionalFormats& formats_;
+    const Clock& clock_;
+    OpenOrder& open_;
+    AddressBook& addresses_;
+    FieldHistories& histories_;
+    const OrderIndex& index_;
+    SavedOrders& savedOrders_;
+    StockList& stock_;
+};
+
+class OrderEditor : private OrderWorkplace {
   public:
-    /// What the commands work with; all of it outlives the editor.
-    struct Workplace {
-        const FileSystem& files;
-        const DataFolder& folder;
-        Settings& settings;
-        bool taxFreight;
-        const RegionalFormats& formats;
-        const Clock& clock;
-        Prompts& prompts;
-        OpenOrder& open;
-        AddressBook& addresses;
-        FieldHistories& histories;
-        const OrderIndex& index;
-        SavedOrders& savedOrders;
-        StockList& stock;
-    };
-    explicit OrderEditor(const Workplace& workplace) : at_(workplace) {}
+    explicit OrderEditor(const OrderWorkplace& workplace) : OrderWorkplace(workplace) {}
 
     void SaveChanges_Click();
     void NewPO_Click();
@@ -45,7 +44,7 @@ class OrderEditor {
     /// "make 10 copies"
     void make10_Click();
     /// Unlocks the number box after a question.
-    void Label11_DblClick();
+    void unlockNumber();
     void TotalUp_Click();
     /// A click on a row of the saved orders: offers to save this order, then opens that one.
     void POGrid_Click(const std::string& orderNumber);
@@ -54,15 +53,14 @@ class OrderEditor {
 
     /// The user has typed into a box.
     void edit(OrderField field, const std::string& text);
-    void OptionPO_Click() { chooseKind(OrderKind::PurchaseOrder); }
-    void OptionRe_Click() { chooseKind(OrderKind::Requisition); }
+    void chooseKind(OrderKind kind);
     void MarkReceivedCheck_Click(bool received);
     /// A day of the calendar was clicked: its date goes into the box in the short form.
     void MonthView1_DateClick(OrderField box, DayCount day);
     /// The day the calendar opens at for a box: the box's own date, or today.
     DayCount calendarStart(OrderField box) const;
     /// Whether a date box holds a date or is blank.
-    bool isDate(OrderField box) const { return at_.index.isDate(at_.open.order.*box); }
+    bool isDate(OrderField box) const { return index_.isDate(open_.order().*box); }
 
     /// Empties the order as the clear command does, but without marking it as changed.
     void clearOrder();
@@ -73,9 +71,7 @@ class OrderEditor {
     Offer offerToSave(const std::string& named, const std::string& title);
 
     /// Picks the names typed into the name boxes; done before the order is shown or saved.
-    void pickTypedNames() { at_.addresses.pickTypedNames(); }
-    /// Totals the order; false when the user has been told why that was not possible.
-    bool totalUp();
+    void pickTypedNames() { addresses_.pickTypedNames(); }
     /// Writes the document of the order shown. Throws Fault.
     void MakeSnap(const std::filesystem::path& path) const;
 
@@ -83,18 +79,18 @@ class OrderEditor {
     bool confirm(const std::string& question);
     void tellOfNumber();
     std::string doubtAboutNumber() const;
+    void markReceived(bool received);
     bool datesAreReadable() const;
     // Each of these returns nothing or false after telling the user what went wrong.
     bool checkDates();
     std::optional<std::string> nextNumber();
     enum class Histories { Remember, LeaveAlone };
     bool write(Histories histories);
+    bool writeFiles(const std::filesystem::path& path, Histories histories);
     bool saveAs(const std::string& number, Histories histories);
     void LoadOrder(const std::string& orderNumber);
-    void chooseKind(OrderKind kind);
-    void changed() { at_.open.onChange(); }
+    Order clearedOrder() const;
 
-    Workplace at_;
     bool numberDoubted_ = false;  ///< whether the status line warns against the number typed
 };
 

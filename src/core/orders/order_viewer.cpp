@@ -6,108 +6,112 @@
 
 namespace bramblet {
 
-OrderViewer::OrderViewer(const FileSystem& files, const DataFolder& folder,
-                         const Settings& settings, OrderEditor& editor, const OpenOrder& open,
-                         Desktop& desktop, Prompts& prompts)
+OrderViewer::OrderViewer(const FileSystem& files, Commands& commands, const Settings& settings,
+                         OrderEditor& editor, OpenOrder& open, Desktop& desktop)
     : files_(files),
-      folder_(folder),
+      commands_(commands),
       settings_(settings),
       editor_(editor),
       open_(open),
-      desktop_(desktop),
-      prompts_(prompts) {}
+      desktop_(desktop) {}
 
 void OrderViewer::MakeOrder_Click() {
-    const Prompts::Command command(prompts_);
-    if (!folder_.available(prompts_)) return;
-    editor_.pickTypedNames();
-    try {
-        path_ =
-            open_.isPending() ? folder_.file("po.htm") : folder_.documentPath(open_.order.PONoEd);
-    } catch (const Fault& fault) {
-        prompts_.say("Order " + open_.order.PONoEd + " cannot be shown: " + fault.inWords());
-        return;
-    }
-    // The document shown must match the window; a pending order never counts as changed.
-    const bool current = !open_.OrderDirty && !open_.isPending() && files_.exists(path_);
-    if (!current && !(editor_.totalUp() && write())) return;
-    if (read()) showViewer();
+    commands_.onData([&] {
+        editor_.pickTypedNames();
+        const std::string& number = open_.order().PONoEd;
+        const bool named = commands_.attempt("Order " + number + " cannot be shown: ", [&] {
+            path_ = open_.isPending() ? commands_.folder().file("po.htm")
+                                      : commands_.folder().documentPath(number);
+        });
+        if (!named) return;
+        // The document shown must match the window; a pending order never counts as changed.
+        const bool current = !open_.OrderDirty() && !open_.isPending() && files_.exists(path_);
+        if (!current && !(open_.recompute() && write())) return;
+        if (read()) commands_.open(&Screen::showViewer);
+    });
 }
 
 std::string OrderViewer::orderNumber() const {
-    return trimmed(open_.order.PONoEd);
+    return trimmed(open_.order().PONoEd);
 }
 
 std::string OrderViewer::picture(const std::string& name) const {
-    if (!isPlainFileName(name) || !files_.exists(folder_.file(name))) return {};
+    const std::filesystem::path path = commands_.folder().file(name);
+    if (!isPlainFileName(name) || !files_.exists(path)) return {};
     try {
         // Asked for in the middle of laying out a page, when there is no way to wait.
-        return files_.withoutRetry().read(folder_.file(name));
+        return files_.withoutRetry().read(path);
     } catch (const Fault&) {
         return {};  // shown as a missing picture
     }
 }
 
 void OrderViewer::ReWrite() {
-    const Prompts::Command command(prompts_);
-    if (write()) read();
+    commands_.run([&] {
+        if (write()) read();
+    });
 }
 
-void OrderViewer::SavePdf_Click(const std::function<std::string()>& pdf) {
-    const Prompts::Command command(prompts_);
-    const std::string name = madePlainFileName(orderNumber()) + ".pdf";
-    const auto path = prompts_.chooseFileToSave({"Save as PDF", "", name, {{"PDF", "*.pdf"}}});
-    if (!path) return;
-    const FileSystem target = files_.withoutRetry();
-    try {
-        if (!mayReplace(target, *path, prompts_)) return;
-        target.replace(*path, pdf());
-        prompts_.sayDone("The order is saved as " + shown(*path));
-    } catch (const Fault& fault) {
-        tell("The PDF was not saved to " + shown(*path) + ": " + fault.inWords() + ".");
-    }
+std::optional<std::filesystem::path> OrderViewer::pdfTarget() {
+    std::optional<std::filesystem::path> path;
+    commands_.run([&] {
+        const std::string name = madePlainFileName(orderNumber()) + ".pdf";
+        const auto chosen =
+            commands_.prompts().chooseFileToSave({"Save as PDF", "", name, {{"PDF", "*.pdf"}}});
+        if (!chosen) return;
+        attempt("The PDF was not saved to " + shown(*chosen) + ": ", [&] {
+            if (mayReplace(files_.withoutRetry(), *chosen, commands_.prompts())) path = chosen;
+        });
+    });
+    return path;
+}
+
+void OrderViewer::savePdf(const std::filesystem::path& path, const std::string& pdf) {
+    commands_.run([&] {
+        const bool saved = attempt("The PDF was not saved to " + shown(path) + ": ",
+                                   [&] { files_.withoutRetry().replace(path, pdf); });
+        if (saved) commands_.sayDone("The order is saved as " + shown(path));
+    });
 }
 
 void OrderViewer::printed(bool good) {
-    const Prompts::Command command(prompts_);
-    if (!good) tell("The order was not printed: the printer could not be used.");
+    commands_.run([&] {
+        if (good) return;
+        commands_.tell("The order was not printed: the printer could not be used.", "View Order",
+                       Icon::Exclamation);
+    });
 }
 
 void OrderViewer::IE_Button_Click() {
-    const Prompts::Command command(prompts_);
+    commands_.run([&] {
+        const MailResult result = desktop_.compose(mail());
+        if (result == MailResult::NoMailProgram) {
+            commands_.tell(
+                "No mail program was found on this machine. Set one up, or save the order as PDF "
+                "and send that.",
+                "E-mail", Icon::Exclamation);
+        } else if (result == MailResult::Failed) {
+            commands_.tell("The mail program could not take the order.", "E-mail",
+                           Icon::Exclamation);
+        }
+    });
+}
+
+Mail OrderViewer::mail() const {
     Mail mail;
     mail.subject = "Bramblet #" + orderNumber();
     mail.text = "html format purchase order attached (file " + orderNumber() + ".htm)";
     mail.attachments.push_back(path_);
     const std::string graphic = trimmedField(settings_.TopGraphic);
     if (isOn(settings_.UseTopGraphic) && isPlainFileName(graphic) && hasFile(graphic)) {
-        mail.attachments.push_back(folder_.file(graphic));
+        mail.attachments.push_back(commands_.folder().file(graphic));
     }
-    switch (desktop_.compose(mail)) {
-        case MailResult::HandedOver:
-        case MailResult::Cancelled:
-            return;
-        case MailResult::NoMailProgram:
-            prompts_.ask(
-                {"No mail program was found on this machine. Set one up, or save the "
-                 "order as PDF and send that.",
-                 "E-mail", Buttons::Ok, Icon::Exclamation});
-            return;
-        case MailResult::Failed:
-            prompts_.ask({"The mail program could not take the order.", "E-mail", Buttons::Ok,
-                          Icon::Exclamation});
-    }
-}
-
-/// Uses a message box: a line in the main window's status bar would go unseen while the viewer is
-/// open.
-void OrderViewer::tell(const std::string& failure) const {
-    prompts_.ask({failure, "View Order", Buttons::Ok, Icon::Exclamation});
+    return mail;
 }
 
 /// Whether the data folder has such a file; a blank name would mean the folder itself.
 bool OrderViewer::hasFile(const std::string& name) const {
-    const std::filesystem::path path = folder_.file(name);
+    const std::filesystem::path path = commands_.folder().file(name);
     try {
         return files_.exists(path) && !files_.withoutRetry().status(path).folder;
     } catch (const Fault&) {
@@ -116,23 +120,18 @@ bool OrderViewer::hasFile(const std::string& name) const {
 }
 
 bool OrderViewer::write() {
-    try {
-        editor_.MakeSnap(path_);
-        return true;
-    } catch (const Fault& fault) {
-        tell("The document was not written: " + fault.inWords() + ".");
-        return false;
-    }
+    return attempt("The document was not written: ", [&] { editor_.MakeSnap(path_); });
 }
 
 bool OrderViewer::read() {
-    try {
-        document_ = files_.read(path_);
-        return true;
-    } catch (const Fault& fault) {
-        tell("The document " + shown(path_) + " was not read: " + fault.inWords() + ".");
-        return false;
-    }
+    return attempt("The document " + shown(path_) + " was not read: ",
+                   [&] { document_ = files_.read(path_); });
+}
+
+/// Tells of a fault in a message box: a line in the main window's status bar would go unseen while
+/// the viewer is open.
+bool OrderViewer::attempt(const std::string& failure, const Commands::Body& step) {
+    return commands_.attemptOrAsk(failure, "View Order", step);
 }
 
 }  // namespace bramblet

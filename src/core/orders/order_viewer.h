@@ -5,21 +5,18 @@
 #include "core/platform/desktop.h"
 
 #include <filesystem>
-#include <functional>
+#include <optional>
 #include <string>
 
 namespace bramblet {
 
 class OrderViewer {
   public:
-    OrderViewer(const FileSystem& files, const DataFolder& folder, const Settings& settings,
-                OrderEditor& editor, const OpenOrder& open, Desktop& desktop, Prompts& prompts);
+    OrderViewer(const FileSystem& files, Commands& commands, const Settings& settings,
+                OrderEditor& editor, OpenOrder& open, Desktop& desktop);
 
-    /// Opens the viewer's window on the document last chosen.
-    std::function<void()> showViewer = [] {};
-
-    /// Shows the order as its document, which is written first when the order has unsaved changes
-    /// or no number yet, or when there is no document.
+    /// Opens the viewer's window on the order's document, which is written first when the order has
+    /// unsaved changes or no number yet, or when there is no document.
     void MakeOrder_Click();
 
     /// The document being viewed: its text, its file's path, and the number of its order.
@@ -34,8 +31,9 @@ class OrderViewer {
     /// Rewrites the document with the settings as they are now.
     void ReWrite();
 
-    /// Saves a PDF of the document where the user chooses; `pdf` makes it.
-    void SavePdf_Click(const std::function<std::string()>& pdf);
+    /// Where the user wants a PDF of the document saved; nothing when the user changes his mind.
+    std::optional<std::filesystem::path> pdfTarget();
+    void savePdf(const std::filesystem::path& path, const std::string& pdf);
 
     /// A print job has ended.
     void printed(bool good);
@@ -44,18 +42,18 @@ class OrderViewer {
     void IE_Button_Click();
 
   private:
+    Mail mail() const;
     bool hasFile(const std::string& name) const;
     bool write();
     bool read();
-    void tell(const std::string& failure) const;
+    bool attempt(const std::string& failure, const Commands::Body& step);
 
     const FileSystem& files_;
-    const DataFolder& folder_;
+    Commands& commands_;
     const Settings& settings_;
     OrderEditor& editor_;
-    const OpenOrder& open_;
+    OpenOrder& open_;
     Desktop& desktop_;
-    Prompts& prompts_;
     std::filesystem::path path_;
     std::string document_;
 };

@@ -1,7 +1,7 @@
 #include "core/orders/saved_orders.h"
 
 #include "core/platform/amount_text.h"
-#include "core/platform/sorting.h"
+#include "core/platform/dates.h"
 #include "core/platform/text.h"
 
 #include <algorithm>
@@ -9,92 +9,111 @@
 namespace bramblet {
 namespace {
 
-/// The amount that a column shows; null for the other columns.
-Currency OrderIndexRecord::*amountIn(int column) {
-    switch (column) {
-        case kOrderTotalColumn:
-            return &OrderIndexRecord::OrderTotal;
-        case kShippingColumn:
-            return &OrderIndexRecord::Shipping;
-        case kSalesTaxColumn:
-            return &OrderIndexRecord::SalesTax;
-        case kNetColumn:
-            return &OrderIndexRecord::NetTotal;
-        case kDiscountColumn:
-            return &OrderIndexRecord::Discount;
-        case kSubTotalColumn:
-            return &OrderIndexRecord::SubTotal;
-        default:
-            return nullptr;
-    }
+using Record = OrderIndexRecord;
+using IndexColumn = Column<Record>;
+
+template <auto Field>
+constexpr IndexColumn text(ColumnLook look, const char* exported) {
+    IndexColumn column{look};
+    column.text = [](const Record& record, const RegionalFormats&) {
+        return trimmedField(record.*Field);
+    };
+    column.exported = exported;
+    return column;
+}
+
+constexpr IndexColumn number(ColumnLook look, const char* exported) {
+    IndexColumn column = text<&Record::Number>(look, exported);
+    column.number = [](const Record& record) { return leadingNumber(trimmedField(record.Number)); };
+    return column;
+}
+
+template <auto Field>
+constexpr IndexColumn date(const char* heading, const char* exported) {
+    IndexColumn column{{heading, 11}};
+    column.text = [](const Record& record, const RegionalFormats& formats) {
+        return record.*Field == 0 ? std::string() : shortDateText(record.*Field, formats);
+    };
+    column.exported = exported;
+    return column;
+}
+
+constexpr IndexColumn amount(const char* heading, int characters, Currency Record::*field,
+                             const char* exported) {
+    IndexColumn column{{heading, characters, false, Align::Right}};
+    column.amount = field;
+    column.amountText = [](Currency value, const RegionalFormats& formats) {
+        return currencyText(value, formats);
+    };
+    column.exported = exported;
+    return column;
 }
 
 }  // namespace
 
-SavedOrders::SavedOrders(const OrderIndex& index, const DataFolder& folder,
-                         const RegionalFormats& formats, Prompts& prompts)
-    : index_(index), folder_(folder), formats_(formats), prompts_(prompts) {}
+constexpr std::array<IndexColumn, kSavedOrderColumns> kOrderColumnTable{
+    number({"Number", 11}, "Number"),
+    text<&Record::Job>({"Job", 13, true}, "Job"),
+    date<&Record::OrderDate>("Date", "Order Date"),
+    text<&Record::Vendor>({"Vendor", 24, true}, "Vendor"),
+    text<&Record::ShipTo>({"Ship To", 24, true}, "Ship To"),
+    date<&Record::ShipDate>("Ship Date", "Ship Date"),
+    amount("Order Total", 14, &Record::OrderTotal, "Total"),
+    amount("Shipping", 12, &Record::Shipping, "Shipping"),
+    amount("Sales Tax", 12, &Record::SalesTax, "Tax"),
+    amount("Net", 14, &Record::NetTotal, "Net"),
+    amount("Discount", 12, &Record::Discount, "Discount"),
+    amount("Sub Total", 14, &Record::SubTotal, "List"),
+    text<&Record::Status>({"Status", 7, false, Align::Centre}, nullptr),
+};
+
+SavedOrders::SavedOrders(Commands& commands, const OrderIndex& index,
+                         const RegionalFormats& formats)
+    : ListTable(formats), commands_(commands), index_(index) {
+    for (const IndexColumn& column : kOrderColumnTable)
+        shown_.push_back(&column);
+}
 
 void SavedOrders::PopPOGrid() {
     // What is shown changes in one go: reading may have to wait, and the windows stay live
     // meanwhile.
-    try {
-        rows_ = index_.readAll();
-        read_ = true;
-        collectNumbers();
-    } catch (const Fault& fault) {
-        read_ = false;
-        prompts_.say("The list of saved orders was not read: " + fault.inWords(), Loss::List);
-    }
+    read_ = commands_.attempt(
+        "The list of saved orders was not read: ", [&] { rows_ = index_.readAll(); }, Loss::List);
+    if (read_) collectNumbers();
     std::erase_if(rows_, [this](const auto& record) { return !isListed(record); });
-    sortColumn_ = kNumberColumn;
-    descending_ = true;
-    sort();
-    onChange();
+    sort(&kOrderColumnTable[kNumberColumn], true);
+    commands_.changed(&Views::savedOrders);
+}
+
+void SavedOrders::ViewExisting_Click() {
+    commands_.onData([&] {
+        PopPOGrid();
+        commands_.screen().showSavedOrders();
+    });
 }
 
 void SavedOrders::ListCheck_Click(bool SavedOrders::*filter, bool checked) {
-    const Prompts::Command command(prompts_);
     this->*filter = checked;
-    if (folder_.available(prompts_)) PopPOGrid();
+    commands_.onData([&] { PopPOGrid(); });
 }
 
-bool SavedOrders::ViewExisting_Click() {
-    const Prompts::Command command(prompts_);
-    if (!folder_.available(prompts_)) return false;
-    PopPOGrid();
-    return true;
+void SavedOrders::sortBy(int column) {
+    sortByHeading(column);
+    commands_.changed(&Views::savedOrders);
 }
 
-void SavedOrders::sortByHeading(int column) {
-    const bool initialOrder = sortColumn_ == kNumberColumn && descending_;
-    descending_ = column == sortColumn_ && !initialOrder && !descending_;
-    sortColumn_ = column;
-    sort();
-    onChange();
-}
-
-std::string SavedOrders::cell(int row, int column) const {
-    return cellOf(rows_[static_cast<std::size_t>(row)], column);
-}
-
-std::string SavedOrders::widest(int column) const {
-    const auto amount = amountIn(column);
-    if (amount == nullptr || rows_.empty()) return {};
-    const auto [least, most] =
-        std::minmax_element(rows_.begin(), rows_.end(), [&](const auto& a, const auto& b) {
-            return (a.*amount).tenThousandths < (b.*amount).tenThousandths;
-        });
-    std::string low = cellOf(*least, column);
-    std::string high = cellOf(*most, column);
-    return low.size() > high.size() ? low : high;
+/// Open requisitions, and received orders of both kinds.
+Table::Mark SavedOrders::mark(int row) const {
+    const std::string status = cell(row, kStatusColumn);
+    if (status == "R") return Mark::Requisition;
+    return status == "a" || status == "r" ? Mark::Received : Mark::None;
 }
 
 int SavedOrders::rowOf(const std::string& orderNumber) const {
-    for (int row = 0; row < rowCount(); ++row) {
-        if (trimmedField(rows_[static_cast<std::size_t>(row)].Number) == orderNumber) return row;
-    }
-    return -1;
+    const auto row = std::find_if(rows_.begin(), rows_.end(), [&](const Record& record) {
+        return trimmedField(record.Number) == orderNumber;
+    });
+    return row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
 }
 
 void SavedOrders::collectNumbers() {
@@ -124,42 +143,6 @@ bool SavedOrders::isListed(const OrderIndexRecord& record) const {
     if (status == "R") return ListCheckRE;
     if (status == "a" || status == "r") return ListCheckRecd;
     return true;
-}
-
-std::string SavedOrders::cellOf(const OrderIndexRecord& record, int column) const {
-    if (const auto amount = amountIn(column)) return currencyText(record.*amount, formats_);
-    const auto date = [this](double days) {
-        return days == 0 ? std::string() : shortDateText(days, formats_);
-    };
-    switch (column) {
-        case kNumberColumn:
-            return trimmedField(record.Number);
-        case kJobColumn:
-            return trimmedField(record.Job);
-        case kDateColumn:
-            return date(record.OrderDate);
-        case kVendorColumn:
-            return trimmedField(record.Vendor);
-        case kShipToColumn:
-            return trimmedField(record.ShipTo);
-        case kShipDateColumn:
-            return date(record.ShipDate);
-        case kStatusColumn:
-            return trimmedField(record.Status);
-        default:
-            return {};
-    }
-}
-
-void SavedOrders::sort() {
-    if (sortColumn_ == kNumberColumn) {
-        sortRows(rows_, descending_, [this](const auto& record) {
-            return leadingNumber(cellOf(record, kNumberColumn));
-        });
-    } else {
-        sortRows(rows_, descending_,
-                 [this](const auto& record) { return sortKey(cellOf(record, sortColumn_)); });
-    }
 }
 
 }  // namespace bramblet

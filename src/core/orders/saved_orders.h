@@ -1,19 +1,17 @@
-// The list of saved orders: the index records that pass the filters, in the order in which they are
-// shown. Cells are turned into text when asked for.
+// The list of saved orders: the index records that pass the filters.
 #pragma once
 
 #include "core/orders/order_index.h"
-#include "core/platform/prompts.h"
-#include "core/settings/data_folder.h"
+#include "core/platform/list_table.h"
+#include "core/settings/commands.h"
 
 #include <array>
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace bramblet {
 
-/// The columns of the grid.
+/// The places of the columns, in the grid and in `kOrderColumnTable`.
 enum SavedOrderColumn : int {
     kNumberColumn,
     kJobColumn,
@@ -30,52 +28,39 @@ enum SavedOrderColumn : int {
     kStatusColumn,
     kSavedOrderColumns
 };
+extern const std::array<Column<OrderIndexRecord>, kSavedOrderColumns> kOrderColumnTable;
 
 /// Whether the index held an order number when it was last read.
 enum class NumberUse { Free, Taken, TakenByDeleted };
 
-class SavedOrders {
+class SavedOrders : public ListTable<OrderIndexRecord> {
   public:
-    SavedOrders(const OrderIndex& index, const DataFolder& folder, const RegionalFormats& formats,
-                Prompts& prompts);
+    SavedOrders(Commands& commands, const OrderIndex& index, const RegionalFormats& formats);
 
     /// The three filters. Received orders of both kinds are governed by `ListCheckRecd` alone.
     bool ListCheckPO = true;
     bool ListCheckRE = true;
     bool ListCheckRecd = true;
 
-    /// Called after the list or its order has changed.
-    std::function<void()> onChange = [] {};
-
     /// Rereads the index; the highest order number comes first. If it cannot be read, the previous
     /// list stays.
     void PopPOGrid();
 
-    /// The switch to this list: rereads it; false when the data folder cannot be used.
-    bool ViewExisting_Click();
-
+    /// Switches to this list, and rereads it.
+    void ViewExisting_Click();
     /// A click on one of the filter boxes: rebuilds the list.
     void ListCheck_Click(bool SavedOrders::*filter, bool checked);
+    /// A click on a heading. Order numbers sort as numbers, everything else as text regardless of
+    /// case.
+    void sortBy(int column);
 
-    /// A click on a heading: sorts by that column, first ascending, then alternating. Order numbers
-    /// sort as numbers, everything else as text regardless of case.
-    void sortByHeading(int column);
-
-    int rowCount() const { return static_cast<int>(rows_.size()); }
-    std::string cell(int row, int column) const;
-    /// The widest text of a column of amounts; empty for the other columns.
-    std::string widest(int column) const;
     std::string number(int row) const { return cell(row, kNumberColumn); }
-    /// The status letter of a row: "A", "R", "a" or "r".
-    std::string status(int row) const { return cell(row, kStatusColumn); }
+    Mark mark(int row) const override;
     /// The row of an order number; -1 when it is not listed.
     int rowOf(const std::string& orderNumber) const;
 
     /// Covers all orders: those that the filters leave out have numbers too.
     NumberUse useOf(const std::string& orderNumber) const;
-
-    int sortColumn() const { return sortColumn_; }
-    bool sortedDescending() const { return descending_; }
 
     /// "12 orders listed", or that they could not be read: the tool tip of the label under the
     /// list.
@@ -84,22 +69,15 @@ class SavedOrders {
   private:
     bool isListed(const OrderIndexRecord& record) const;
     void collectNumbers();
-    std::string cellOf(const OrderIndexRecord& record, int column) const;
-    void sort();
 
+    Commands& commands_;
     const OrderIndex& index_;
-    const DataFolder& folder_;
-    const RegionalFormats& formats_;
-    Prompts& prompts_;
     struct KnownNumber {
         std::string number;
         NumberUse use;
     };
     std::vector<KnownNumber> numbers_;  ///< of all records
-    std::vector<OrderIndexRecord> rows_;
-    bool read_ = false;  ///< whether the rows come from the last reading
-    int sortColumn_ = kNumberColumn;
-    bool descending_ = true;
+    bool read_ = false;                 ///< whether the rows come from the last reading
 };
 
 }  // namespace bramblet

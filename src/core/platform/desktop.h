@@ -1,5 +1,5 @@
 // What the program asks of the desktop around it: opening files and addresses with the programs
-// that belong to them, and mail. The core knows this interface; the windows implement it.
+// that belong to them, and mail. The gui implements this interface; by default, nothing opens.
 #pragma once
 
 #include <filesystem>
@@ -22,18 +22,20 @@ class Desktop {
     virtual ~Desktop() = default;
 
     /// The program that opens a file of this kind; empty when there is none.
-    virtual std::filesystem::path programFor(const std::filesystem::path& path) = 0;
+    virtual std::filesystem::path programFor(const std::filesystem::path&) { return {}; }
 
     /// Opens an address with a program returned by `programFor`. False when that fails.
-    virtual bool openWith(const std::filesystem::path& program, const std::string& address) = 0;
-
+    virtual bool openWith(const std::filesystem::path& /*program*/,
+                          const std::string& /*address*/) {
+        return false;
+    }
     /// Opens a file with the program that the system has for its type. False when that fails.
-    virtual bool open(const std::filesystem::path& path) = 0;
+    virtual bool open(const std::filesystem::path&) { return false; }
 
-    virtual MailResult compose(const Mail& mail) = 0;
+    virtual MailResult compose(const Mail&) { return MailResult::NoMailProgram; }
 
     /// Opens an old-style help file in its own viewer; false when there is none.
-    virtual bool openHelpFile(const std::filesystem::path& path) = 0;
+    virtual bool openHelpFile(const std::filesystem::path&) { return false; }
 };
 
 }  // namespace bramblet

@@ -65,9 +65,8 @@ bool fits16Bits(double number) {
 
 }  // namespace
 
-SettingsEditor::SettingsEditor(const FileSystem& files, const DataFolder& folder,
-                               Settings& settings, Prompts& prompts)
-    : files_(files.withoutRetry()), folder_(folder), settings_(settings), prompts_(prompts) {}
+SettingsEditor::SettingsEditor(const FileSystem& files, Commands& commands, Settings& settings)
+    : files_(files.withoutRetry()), commands_(commands), settings_(settings) {}
 
 void SettingsEditor::load() {
     for (const auto& name : kNames) {
@@ -83,7 +82,7 @@ void SettingsEditor::load() {
 }
 
 void SettingsEditor::SelectFont_Click() {
-    if (const auto name = prompts_.chooseFont(boxes.FontNameEd)) setFont(*name);
+    if (const auto name = commands_.prompts().chooseFont(boxes.FontNameEd)) setFont(*name);
 }
 
 void SettingsEditor::Option_Click(bool graphic) {
@@ -94,15 +93,13 @@ void SettingsEditor::Option_Click(bool graphic) {
 void SettingsEditor::SelectGraphic_Click(const std::filesystem::path& picture) {
     if (picture.empty()) return;
     const std::string name = nameInDataFolder(picture);
-    const std::filesystem::path target = folder_.file(name);
-    try {
-        if (!files_.isSameFile(picture, target)) files_.copy(picture, target);
-    } catch (const Fault& fault) {
-        prompts_.ask({"The picture " + shown(picture.filename()) +
-                          " could not be copied into the data folder: " + fault.inWords() + ".",
-                      "Graphic Selector", Buttons::Ok, Icon::Exclamation});
-        return;
-    }
+    const std::filesystem::path target = commands_.folder().file(name);
+    const bool copied = commands_.attemptOrAsk(
+        "The picture " + shown(picture.filename()) + " could not be copied into the data folder: ",
+        "Graphic Selector", [&] {
+            if (!files_.isSameFile(picture, target)) files_.copy(picture, target);
+        });
+    if (!copied) return;
     boxes.TopGraphicEd = name;
     settings_.TopGraphic = trimmed(name).substr(0, kTopGraphicWidth);
 }
@@ -114,44 +111,38 @@ std::string SettingsEditor::nameInDataFolder(const std::filesystem::path& pictur
     if (pathOfName(name) == picture.filename()) return name;
     const auto dot = name.rfind('.');
     std::string free = name;
-    for (int i = 2; files_.exists(folder_.file(free)); ++i)
+    for (int i = 2; files_.exists(commands_.folder().file(free)); ++i)
         free = name.substr(0, dot) + "-" + std::to_string(i) + name.substr(dot);
     return free;
 }
 
 void SettingsEditor::SelectDataDirectory_Click() {
     const auto folder =
-        prompts_.chooseFolder("Select a folder...", pathOfFolder(boxes.DataDirectoryEd));
+        commands_.prompts().chooseFolder("Select a folder...", pathOfFolder(boxes.DataDirectoryEd));
     if (!folder) return;
     const auto text = storableFolder(*folder);
     if (!text) {
-        prompts_.ask({"The name of the folder " + shown(*folder) +
-                          " is too long for the settings or no text. Please select another one.",
-                      "Configuration", Buttons::Ok, Icon::Exclamation});
+        commands_.tell("The name of the folder " + shown(*folder) +
+                           " is too long for the settings or no text. Please select another one.",
+                       "Configuration", Icon::Exclamation);
         return;
     }
     boxes.DataDirectoryEd = *text;
-    prompts_.ask(
-        {"Note - changes to the data path will not take effect until after \"Bramblet\" is "
-         "re-started!",
-         "Attention", Buttons::Ok, Icon::Information});
+    commands_.tell(
+        "Note - changes to the data path will not take effect until after \"Bramblet\" is "
+        "re-started!",
+        "Attention");
 }
 
-void SettingsEditor::ReWrite_Click() {
-    if (rewriteShown) rewriteShown();
-}
-
-bool SettingsEditor::Command1_Click() {
+bool SettingsEditor::save() {
     std::int16_t sigLineSpace = 0;
     std::int16_t descriptionLine = 0;
-    try {
+    const bool good = commands_.attemptOrAsk("", "Configuration", [&] {
         sigLineSpace = numberIn(kSigLineSpace);
         descriptionLine = numberIn(kDescriptionLine);
         checkFolder();
-    } catch (const BoxFault& fault) {
-        prompts_.ask({fault.inWords() + ".", "Configuration", Buttons::Ok, Icon::Exclamation});
-        return false;
-    }
+    });
+    if (!good) return false;
     for (const auto& name : kNames) {
         settings_.*name.field = (boxes.*name.box).substr(0, name.width);
     }

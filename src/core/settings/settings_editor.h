@@ -2,12 +2,10 @@
 // Save.
 #pragma once
 
-#include "core/platform/prompts.h"
-#include "core/settings/data_folder.h"
+#include "core/settings/commands.h"
 #include "core/settings/settings.h"
 
 #include <filesystem>
-#include <functional>
 #include <string>
 
 namespace bramblet {
@@ -27,13 +25,7 @@ struct SettingsBoxes {
 
 class SettingsEditor {
   public:
-    SettingsEditor(const FileSystem& files, const DataFolder& folder, Settings& settings,
-                   Prompts& prompts);
-
-    /// Rewrites the document in the viewer and shows it; set only while the dialog was opened from
-    /// there.
-    std::function<void()> rewriteShown;
-    bool ReWriteAllowed() const { return static_cast<bool>(rewriteShown); }
+    SettingsEditor(const FileSystem& files, Commands& commands, Settings& settings);
 
     SettingsBoxes boxes;
 
@@ -58,11 +50,10 @@ class SettingsEditor {
     /// the data folder, under a plain name if the settings cannot hold its own.
     void SelectGraphic_Click(const std::filesystem::path& picture);
     void SelectDataDirectory_Click();
-    void ReWrite_Click();
 
     /// "Save": false when a box holds no number or a folder name that is too long, after a message
     /// naming the box; nothing has been stored then.
-    bool Command1_Click();
+    bool save();
 
   private:
     /// A box for a 16-bit number and the setting it edits.
@@ -87,9 +78,8 @@ class SettingsEditor {
     std::int16_t numberIn(const NumberBox& box) const;
 
     FileSystem files_;
-    const DataFolder& folder_;
+    Commands& commands_;
     Settings& settings_;
-    Prompts& prompts_;
 };
 
 }  // namespace bramblet

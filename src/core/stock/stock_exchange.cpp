@@ -127,43 +127,37 @@ class Merge {
 
 }  // namespace
 
-StockExchange::StockExchange(FileSystem files, const DataFolder& folder, const OpenOrder& open,
-                             StockList& list, Prompts& prompts)
-    : files_(std::move(files)), folder_(folder), open_(open), list_(list), prompts_(prompts) {}
+StockExchange::StockExchange(FileSystem files, Commands& commands, const OpenOrder& open,
+                             StockList& list)
+    : files_(std::move(files)), commands_(commands), open_(open), list_(list) {}
 
 void StockExchange::mu_ExportStockItems_Click() {
-    const Prompts::Command command(prompts_);
-    if (!folder_.available(prompts_)) return;
-    const auto path =
-        prompts_.chooseFileToSave({"Export Stock Items", "", suggestedName(), {kFilter}});
-    if (!path) return;
-    try {
-        exportTo(*path);
-    } catch (const Fault& fault) {
-        prompts_.say("The stock items were not exported: " + fault.inWords());
-    }
+    commands_.onData([&] {
+        const auto path = commands_.prompts().chooseFileToSave(
+            {"Export Stock Items", "", suggestedName(), {kFilter}});
+        if (!path) return;
+        commands_.attempt("The stock items were not exported: ", [&] { exportTo(*path); });
+    });
 }
 
 void StockExchange::mu_ImportStockItems_Click() {
-    const Prompts::Command command(prompts_);
-    if (!folder_.available(prompts_)) return;
-    const Message warning{
-        "It is strongly suggested that you run a complete data backup before performing an import "
-        "operation! If you have not just done that, please click \"Cancel\" and do that first.",
-        "Have you run a backup today?", Buttons::OkCancel, Icon::Exclamation, Answer::Cancel};
-    if (prompts_.ask(warning) != Answer::Ok) return;
-    const auto path = prompts_.chooseFileToOpen({"Import Stock Items", "", "", {kFilter}});
-    if (!path) return;
-    try {
-        importFrom(*path);
-    } catch (const Fault& fault) {
-        list_.PopStockList();
-        prompts_.say("The import ended early: " + fault.inWords());
-    }
+    commands_.onData([&] {
+        const Message warning{
+            "It is strongly suggested that you run a complete data backup before performing an "
+            "import operation! If you have not just done that, please click \"Cancel\" and do that "
+            "first.",
+            "Have you run a backup today?", Buttons::OkCancel, Icon::Exclamation, Answer::Cancel};
+        if (commands_.prompts().ask(warning) != Answer::Ok) return;
+        const auto path =
+            commands_.prompts().chooseFileToOpen({"Import Stock Items", "", "", {kFilter}});
+        if (!path) return;
+        const auto import = [&] { importFrom(*path); };
+        if (!commands_.attempt("The import ended early: ", import)) list_.PopStockList();
+    });
 }
 
 std::string StockExchange::suggestedName() const {
-    const std::string vendor = trimmed(open_.order.ToCombo);
+    const std::string vendor = trimmed(open_.order().ToCombo);
     if (!list_.VendorItemsCheck || vendor.empty()) return "Stock Items";
     return madePlainFileName(vendor);
 }
@@ -174,16 +168,16 @@ bool StockExchange::isCatalogue(const std::filesystem::path& path) const {
 
 void StockExchange::exportTo(const std::filesystem::path& path) {
     if (isCatalogue(path)) {
-        prompts_.say("The catalogue cannot be exported to its own file");
+        commands_.say("The catalogue cannot be exported to its own file");
         return;
     }
     const FileSystem target = files_.withoutRetry();
-    if (!mayReplace(target, path, prompts_)) return;
+    if (!mayReplace(target, path, commands_.prompts())) return;
     const std::vector<StockItemRecord> records = list_.file().readAll();
     std::string content;
     int exported = 0;
     for (int row = 0; row < list_.rowCount(); ++row) {
-        const int number = recordNumberOf(list_.item(row).Tag);
+        const int number = recordNumberOf(list_.row(row).Tag);
         if (number < 1 || static_cast<std::size_t>(number) > records.size()) continue;
         StockItemRecord record = records[static_cast<std::size_t>(number) - 1];
         if (record.Status == kDeletedItem) continue;  // deleted elsewhere since it was listed
@@ -192,30 +186,30 @@ void StockExchange::exportTo(const std::filesystem::path& path) {
         ++exported;
     }
     target.replace(path, content);
-    prompts_.ask({shown(path) + " contains " + std::to_string(exported) +
-                      " stock item records.\r\n\r\nThese can be imported into any other "
-                      "\"Bramblet\" or \"Hollowmere\" installation (version 1.5 or higher).",
-                  "Finished", Buttons::Ok, Icon::Information});
+    commands_.tell(shown(path) + " contains " + std::to_string(exported) +
+                       " stock item records.\r\n\r\nThese can be imported into any other "
+                       "\"Bramblet\" or \"Hollowmere\" installation (version 1.5 or higher).",
+                   "Finished");
 }
 
 void StockExchange::importFrom(const std::filesystem::path& path) {
     if (isCatalogue(path)) {
-        prompts_.say("The catalogue cannot be imported into itself");
+        commands_.say("The catalogue cannot be imported into itself");
         return;
     }
     auto records = exportedRecords(files_.withoutRetry().read(path));
     if (!records) {
-        prompts_.ask(
-            {"This file does not contain valid Stock Item data. Data must be created by "
-             "version 1.5 or later of Quenmoor \"Bramblet\" or \"Hollowmere\". Simply "
-             "re-naming an earlier version data file won't do.",
-             "Import Failed", Buttons::Ok, Icon::Stop});
+        commands_.tell(
+            "This file does not contain valid Stock Item data. Data must be created by version 1.5 "
+            "or later of Quenmoor \"Bramblet\" or \"Hollowmere\". Simply re-naming an earlier "
+            "version data file won't do.",
+            "Import Failed", Icon::Stop);
         return;
     }
     Merge merge(files_, list_.file().path());
     {
         const int total = static_cast<int>(records->size());
-        LongOperation operation(prompts_, "Importing stock items", total);
+        LongOperation operation(commands_.prompts(), "Importing stock items", total);
         for (int i = 0; i < total; ++i) {
             operation.reached(i);
             merge.take((*records)[static_cast<std::size_t>(i)]);
@@ -223,7 +217,7 @@ void StockExchange::importFrom(const std::filesystem::path& path) {
     }
     merge.finish();
     list_.PopStockList();
-    prompts_.ask({merge.result(), "Finished", Buttons::Ok, Icon::Information});
+    commands_.tell(merge.result(), "Finished");
 }
 
 }  // namespace bramblet

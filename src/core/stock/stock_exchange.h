@@ -9,8 +9,7 @@ namespace bramblet {
 
 class StockExchange {
   public:
-    StockExchange(FileSystem files, const DataFolder& folder, const OpenOrder& open,
-                  StockList& list, Prompts& prompts);
+    StockExchange(FileSystem files, Commands& commands, const OpenOrder& open, StockList& list);
 
     /// Writes the items now listed, in the list's order, to a file that the user chooses.
     void mu_ExportStockItems_Click();
@@ -26,10 +25,9 @@ class StockExchange {
     void importFrom(const std::filesystem::path& path);
 
     FileSystem files_;
-    const DataFolder& folder_;
+    Commands& commands_;
     const OpenOrder& open_;
     StockList& list_;
-    Prompts& prompts_;
 };
 
 }  // namespace bramblet

@@ -3,13 +3,11 @@
 #pragma once
 
 #include "core/document/open_order.h"
-#include "core/platform/prompts.h"
-#include "core/settings/data_folder.h"
+#include "core/platform/list_table.h"
+#include "core/settings/commands.h"
 #include "core/settings/settings.h"
 #include "core/stock/stock_file.h"
 
-#include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,15 +17,10 @@ namespace bramblet {
 /// file number is the sixth or the seventh column.
 enum class StockColumn { Category, Vendor, Unit, Description, UnitCost, OnHand, FileNumber };
 
-class StockList {
+class StockList : public ListTable<StockItemRecord> {
   public:
-    StockList(FileSystem files, const DataFolder& folder, const Settings& settings,
-              const OpenOrder& open, const RegionalFormats& formats, Prompts& prompts);
-
-    /// Called after the rows or their order have changed.
-    std::function<void()> onListChange = [] {};
-    /// Called after another item has been loaded into the editor.
-    std::function<void()> onPick = [] {};
+    StockList(FileSystem files, Commands& commands, const Settings& settings, const OpenOrder& open,
+              const RegionalFormats& formats);
 
     /// Lists the items of the current vendor only, when one is chosen.
     bool VendorItemsCheck = false;
@@ -37,24 +30,17 @@ class StockList {
     /// cannot be read, the previous list stays.
     void PopStockList();
 
-    /// The columns shown now.
-    const std::vector<StockColumn>& columns() const { return columns_; }
-    int rowCount() const { return static_cast<int>(rows_.size()); }
-    std::string cell(int row, StockColumn column) const;
-    /// The widest text of a column of amounts; empty for the other columns.
-    std::string widest(StockColumn column) const;
-    const StockItemRecord& item(int row) const { return rows_[static_cast<std::size_t>(row)]; }
+    /// The text of a column, shown or not.
+    std::string text(int row, StockColumn column) const { return textIn(this->row(row), column); }
     /// The row of an item's number; -1 when it is not listed.
     int rowOf(const std::string& fileNumber) const;
     /// "40 stock items listed", or that they could not be read.
     std::string countText() const;
 
-    /// A click on a heading: sorts by that column, first ascending, then alternating. Amounts and
-    /// file numbers sort as numbers, everything else as text regardless of case.
-    void sortByHeading(StockColumn column);
-    /// The column that the list is sorted by; nothing when it is in file order.
-    std::optional<StockColumn> sortColumn() const { return sortColumn_; }
-    bool sortedDescending() const { return descending_; }
+    /// A click on a heading. Amounts and file numbers sort as numbers, everything else as text
+    /// regardless of case.
+    void sortBy(int column);
+    bool showsOnHand() const;
 
     /// A click on a row: loads its item into the editor.
     void StockGrid_Click(int row);
@@ -77,33 +63,24 @@ class StockList {
     StockFile& file() { return file_; }
 
   private:
-    std::vector<StockItemRecord> records();
     void list(const std::vector<StockItemRecord>& records);
-    double numberIn(const StockItemRecord& record, StockColumn column) const;
     std::string textIn(const StockItemRecord& record, StockColumn column) const;
     int pickedRecord() const;
     std::string pickedInWords() const;
     /// If `record`, found at the number of the picked item, is not that item, says which item it is
     /// and what has been `done` to it.
     void tellIfNotPicked(const StockItemRecord& record, const std::string& done);
-    /// Runs one change to the file after checking the data folder, then rebuilds the list.
-    template <class Change>
-    void change(const std::string& failure, Change change);
+    /// Makes one change to the file, then rebuilds the list.
+    void change(const std::string& failure, const Commands::Body& change);
 
-    const DataFolder& folder_;
+    Commands& commands_;
     const Settings& settings_;
     const OpenOrder& open_;
-    const RegionalFormats& formats_;
-    Prompts& prompts_;
     StockFile file_;
-    std::vector<StockColumn> columns_;
-    std::vector<StockItemRecord> rows_;
     bool read_ = false;  ///< whether the rows come from the last reading
     Entries entries_;
     std::string fileOrderTag_ = "0";
     StockItemRecord picked_;  ///< as the list held it when it was picked, or as saved since then
-    std::optional<StockColumn> sortColumn_;
-    bool descending_ = false;
 };
 
 }  // namespace bramblet

@@ -57,16 +57,15 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
     address_->setTabChangesFocus(true);
     address_->setLineWrapMode(QPlainTextEdit::NoWrap);
     address_->setFixedHeight(fontMetrics().lineSpacing() * 6 + 14);
-    counter_ = new QLabel;
-    counter_->setObjectName(QLatin1String(look.counter));
-    counter_->setToolTip(u"Number of the %1 shown"_s.arg(look.one));
+    counter_ = quietLabel(look.counter, u"Number of the %1 shown"_s.arg(look.one));
     counter_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    counter_->setForegroundRole(QPalette::PlaceholderText);
     counter_->setMinimumWidth(fontMetrics().averageCharWidth() * 4);
-    save_ = toolButton(look.save, Drawing::Store, {},
-                       u"Save the %1 shown in the address book"_s.arg(look.one));
-    remove_ = toolButton(look.remove, Drawing::Delete, {},
-                         u"Delete the %1 shown from the address book"_s.arg(look.one));
+    save_ = onClick(toolButton(look.save, Drawing::Store, {},
+                               u"Save the %1 shown in the address book"_s.arg(look.one)),
+                    [this] { book_.Changed_Click(side_); });
+    remove_ = onClick(toolButton(look.remove, Drawing::Delete, {},
+                                 u"Delete the %1 shown from the address book"_s.arg(look.one)),
+                      [this] { book_.Delete_Click(side_); });
 
     auto* top = new QHBoxLayout;
     top->setSpacing(4);
@@ -92,15 +91,13 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
             [this] { book_.pickTypedName(side_); });
     connect(address_, &QPlainTextEdit::textChanged, this,
             [this] { book_.Field_Change(side_, linesFromQt(linesIn(address_))); });
-    connect(save_, &QToolButton::clicked, this, [this] { book_.Changed_Click(side_); });
-    connect(remove_, &QToolButton::clicked, this, [this] { book_.Delete_Click(side_); });
 }
 
 void AddressPanel::refresh() {
     const AddressBook::Shown& shown = book_.shown(side_);
     name_->setEntries(shown.names);
-    name_->showText(open_.order.*nameField_);
-    showText(address_, open_.order.*addressField_);
+    showText(name_->lineEdit(), open_.order().*nameField_);
+    showText(address_, open_.order().*addressField_);
     counter_->setText(toQt(shown.counter));
     save_->setEnabled(shown.changedEnabled);
     remove_->setEnabled(shown.deleteEnabled);

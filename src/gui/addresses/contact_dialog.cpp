@@ -5,10 +5,7 @@
 #include "gui/platform/qt_text.h"
 
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <QVBoxLayout>
-
-#include <functional>
 
 namespace bramblet {
 
@@ -23,26 +20,21 @@ ContactDialog::ContactDialog(ContactImport& import, QWidget* parent)
         "The import does not look for duplicates: importing a file twice adds every address "
         "twice. Records without an \"organization\" field are skipped."_s);
     explanation->setWordWrap(true);
-    file_ = new QLineEdit;
-    file_->setObjectName(u"FileNameEd"_s);
+    file_ = lineEdit("FileNameEd", u"The file to import"_s);
     file_->setReadOnly(true);
     file_->setAccessibleName(u"The file to import"_s);
-    file_->setToolTip(u"The file to import"_s);
     file_->setPlaceholderText(u"No file selected"_s);
-    auto* select =
-        button("Command1", u"&Select Kettleby Data File"_s,
-               u"Choose the file that Kettleby has exported."_s, &ContactImport::Command1_Click);
-    vendors_ = button("ImportKettlebyVendors", u"Import as &Vendors"_s,
-                      u"Add every contact to the list of vendors."_s,
-                      &ContactImport::ImportKettlebyVendors_Click);
-    shipTos_ = button("ImportAsShipTos", u"Import as Ship &To:'s"_s,
-                      u"Add every contact to the list of ship-to destinations."_s,
-                      &ContactImport::ImportAsShipTos_Click);
-    auto* close = new QPushButton(u"Close"_s);
-    close->setObjectName(u"Close"_s);
-    close->setToolTip(u"Close this window."_s);
-    close->setAutoDefault(false);
-    connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    auto* select = onClick(button("Command1", u"&Select Kettleby Data File"_s,
+                                  u"Choose the file that Kettleby has exported."_s),
+                           [this] { Command1_Click(); });
+    vendors_ = onClick(button("ImportKettlebyVendors", u"Import as &Vendors"_s,
+                              u"Add every contact to the list of vendors."_s),
+                       [this] { import_.ImportKettlebyVendors_Click(); });
+    shipTos_ = onClick(button("ImportAsShipTos", u"Import as Ship &To:'s"_s,
+                              u"Add every contact to the list of ship-to destinations."_s),
+                       [this] { import_.ImportAsShipTos_Click(); });
+    auto* close =
+        onClick(button("Close", u"Close"_s, u"Close this window."_s), [this] { reject(); });
 
     auto* choice = new QHBoxLayout;
     choice->addWidget(file_, 1);
@@ -62,17 +54,9 @@ ContactDialog::ContactDialog(ContactImport& import, QWidget* parent)
     refresh();
 }
 
-QPushButton* ContactDialog::button(const char* name, const QString& caption, const QString& tip,
-                                   Command command) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(tip);
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, [this, command] {
-        std::invoke(command, import_);
-        refresh();
-    });
-    return button;
+void ContactDialog::Command1_Click() {
+    import_.selectFile();
+    refresh();
 }
 
 void ContactDialog::refresh() {

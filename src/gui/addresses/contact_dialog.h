@@ -16,10 +16,7 @@ class ContactDialog : public QDialog {
     ContactDialog(ContactImport& import, QWidget* parent);
 
   private:
-    using Command = void (ContactImport::*)();
-
-    QPushButton* button(const char* name, const QString& caption, const QString& tip,
-                        Command command);
+    void Command1_Click();
     void refresh();
 
     ContactImport& import_;

@@ -206,7 +206,7 @@ void HelpWindow::showPage(const QString& page) {
 void HelpWindow::follow(const QUrl& link) {
     const QString page = link.path().section(QLatin1Char('.'), 0, 0);
     if (!link.isRelative()) {
-        if (runBrowser) runBrowser(fromQt(link.toString()));
+        emit linkFollowed(link);
         return;
     }
     if (kPages.contains(page)) {

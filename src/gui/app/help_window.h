@@ -3,9 +3,6 @@
 
 #include <QMainWindow>
 
-#include <functional>
-#include <string>
-
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -18,8 +15,9 @@ class HelpWindow : public QMainWindow {
   public:
     explicit HelpWindow(QWidget* parent);
 
-    /// Opens an address outside the help.
-    std::function<void(const std::string& target)> runBrowser;
+  signals:
+    /// A link out of the help was clicked.
+    void linkFollowed(const QUrl& link);
 
   private:
     class Page;

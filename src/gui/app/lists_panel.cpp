@@ -33,8 +33,7 @@ ListsPanel::ListsPanel(Program& program, QWidget* parent) : QWidget(parent), pro
 QLayout* ListsPanel::makeBar() {
     label_ = new QLabel;
     label_->setObjectName(u"BottomLabel"_s);
-    count_ = new QLabel;
-    count_->setForegroundRole(QPalette::PlaceholderText);
+    count_ = quietLabel("", {});
     filters_ = {
         filterBox("ListCheckPO", u"Purchase Orders"_s,
                   u"Check to include Purchase Orders in list"_s, &SavedOrders::ListCheckPO),
@@ -43,16 +42,21 @@ QLayout* ListsPanel::makeBar() {
         filterBox("ListCheckRecd", u"Received (Both)"_s,
                   u"Check to include items marked Received"_s, &SavedOrders::ListCheckRecd),
     };
-    vendorItems_ = new QCheckBox(u"Show Only Stock Items For The Current Vendor"_s);
-    vendorItems_->setObjectName(u"VendorItemsCheck"_s);
-    vendorItems_->setToolTip(u"If checked, show only stock items for current vendor."_s);
-    connect(vendorItems_, &QCheckBox::clicked, this,
-            [this](bool checked) { program_.stock.VendorItemsCheck_Click(checked); });
-    viewExisting_ = viewButton("ViewExisting", u"Saved Orders"_s,
-                               u"Switch to existing purchase orders view."_s);
-    connect(viewExisting_, &QToolButton::clicked, this, &ListsPanel::ViewExisting_Click);
-    hideOrders_ = viewButton("HideOrders", u"Stock Items List"_s, u"Switch to stock items view."_s);
-    connect(hideOrders_, &QToolButton::clicked, this, &ListsPanel::HideOrders_Click);
+    vendorItems_ = onClick(
+        button<QCheckBox>("VendorItemsCheck", u"Show Only Stock Items For The Current Vendor"_s,
+                          u"If checked, show only stock items for current vendor."_s),
+        [this] { program_.stock.VendorItemsCheck_Click(vendorItems_->isChecked()); });
+    const auto viewButton = [](const char* name, const QString& caption, const QString& tip,
+                               const auto& command) {
+        auto* button = onClick(toolButton(name, Drawing::Lists, caption, tip), command);
+        button->setAutoRaise(false);
+        return button;
+    };
+    viewExisting_ =
+        viewButton("ViewExisting", u"Saved Orders"_s, u"Switch to existing purchase orders view."_s,
+                   [this] { program_.savedOrders.ViewExisting_Click(); });
+    hideOrders_ = viewButton("HideOrders", u"Stock Items List"_s, u"Switch to stock items view."_s,
+                             [this] { HideOrders_Click(); });
 
     auto* bar = new QHBoxLayout;
     bar->setSpacing(12);
@@ -69,20 +73,11 @@ QLayout* ListsPanel::makeBar() {
 
 QCheckBox* ListsPanel::filterBox(const char* name, const QString& caption, const QString& tip,
                                  bool SavedOrders::*filter) {
-    auto* box = new QCheckBox(caption);
-    box->setObjectName(QLatin1String(name));
-    box->setToolTip(tip);
+    auto* box = button<QCheckBox>(name, caption, tip);
     box->setChecked(program_.savedOrders.*filter);
-    connect(box, &QCheckBox::clicked, this, [this, filter](bool checked) {
-        program_.savedOrders.ListCheck_Click(filter, checked);
+    return onClick(box, [this, box, filter] {
+        program_.savedOrders.ListCheck_Click(filter, box->isChecked());
     });
-    return box;
-}
-
-QToolButton* ListsPanel::viewButton(const char* name, const QString& caption, const QString& tip) {
-    auto* button = toolButton(name, Drawing::Lists, caption, tip);
-    button->setAutoRaise(false);
-    return button;
 }
 
 void ListsPanel::refreshOrders() {
@@ -96,17 +91,16 @@ void ListsPanel::refreshStock() {
     showView();
 }
 
-/// The list is refilled out of sight, and then shown.
-void ListsPanel::ViewExisting_Click() {
-    if (!program_.savedOrders.ViewExisting_Click()) return;
+void ListsPanel::showOrders() {
     views_->setCurrentWidget(orders_);
     showView();
 }
 
 void ListsPanel::HideOrders_Click() {
-    program_.prompts().clearLine();
-    views_->setCurrentWidget(stock_);
-    showView();
+    program_.commands.run([this] {
+        views_->setCurrentWidget(stock_);
+        showView();
+    });
 }
 
 bool ListsPanel::showsOrders() const {

@@ -26,7 +26,8 @@ class ListsPanel : public QWidget {
     void refreshOrders();
     void refreshStock();
 
-    void ViewExisting_Click();
+    /// Switches to the saved orders, or to the stock items.
+    void showOrders();
     void HideOrders_Click();
 
     SavedOrdersPanel* orders() const { return orders_; }
@@ -39,7 +40,6 @@ class ListsPanel : public QWidget {
     QLayout* makeBar();
     QCheckBox* filterBox(const char* name, const QString& caption, const QString& tip,
                          bool SavedOrders::*filter);
-    QToolButton* viewButton(const char* name, const QString& caption, const QString& tip);
     void showView();
 
     Program& program_;

@@ -23,8 +23,22 @@ MainMenu::MainMenu(QMainWindow& window, Program& program, LinesPanel& lines, Lis
 }
 
 void MainMenu::refresh() {
-    saveChanges_->setEnabled(program_.open.SaveChangesEnabled);
-    saveCopy_->setEnabled(program_.open.Save_POEnabled);
+    saveChanges_->setEnabled(program_.open.SaveChangesEnabled());
+    saveCopy_->setEnabled(program_.open.Save_POEnabled());
+}
+
+QMenu* MainMenu::addMenu(const QString& caption) {
+    return window_.menuBar()->addMenu(caption);
+}
+
+template <class Command>
+QAction* MainMenu::add(QMenu* menu, const char* name, const QString& caption,
+                       const QKeySequence& keys, Command command) {
+    QAction* entry = menu->addAction(caption);
+    entry->setObjectName(QLatin1String(name));
+    entry->setShortcut(keys);
+    connect(entry, &QAction::triggered, this, command);
+    return entry;
 }
 
 void MainMenu::addFileMenu() {
@@ -42,10 +56,10 @@ void MainMenu::addFileMenu() {
         [this] { program_.viewer.MakeOrder_Click(); });
     add(menu, "mu_TotalUp", u"&Total Up"_s, QKeySequence(Qt::Key_F9),
         [&] { editor.TotalUp_Click(); });
-    add(menu, "mu_UnlockNumber", u"&Unlock the Number ..."_s, {},
-        [&] { editor.Label11_DblClick(); });
+    add(menu, "mu_UnlockNumber", u"&Unlock the Number ..."_s, {}, [&] { editor.unlockNumber(); });
     menu->addSeparator();
-    add(menu, "mu_Configuration", u"Con&figuration ..."_s, {}, [this] { openConfiguration(); });
+    add(menu, "mu_Configuration", u"Con&figuration ..."_s, {},
+        [this] { program_.configure(false); });
     menu->addSeparator();
     add(menu, "mu_exit", u"E&xit"_s, QKeySequence(u"Ctrl+Q"_s), [this] { window_.close(); });
 }
@@ -68,7 +82,7 @@ void MainMenu::addListsMenu() {
         [this] { lists_.grid()->setFocus(); });
     menu->addSeparator();
     add(menu, "mu_ViewExisting", u"Saved &Orders"_s, QKeySequence(u"Ctrl+1"_s),
-        [this] { lists_.ViewExisting_Click(); });
+        [this] { program_.savedOrders.ViewExisting_Click(); });
     add(menu, "mu_HideOrders", u"Stock &Items List"_s, QKeySequence(u"Ctrl+2"_s),
         [this] { lists_.HideOrders_Click(); });
     menu->addSeparator();
@@ -121,19 +135,6 @@ void MainMenu::addHelpMenu() {
         [this] { program_.browser.mu_WebSite_Click(); });
     menu->addSeparator();
     add(menu, "mu_About", u"&About Bramblet"_s, {}, [this] { program_.mu_About(); });
-}
-
-QMenu* MainMenu::addMenu(const QString& caption) {
-    return window_.menuBar()->addMenu(caption);
-}
-
-QAction* MainMenu::add(QMenu* menu, const char* name, const QString& caption,
-                       const QKeySequence& keys, Command command) {
-    QAction* entry = menu->addAction(caption);
-    entry->setObjectName(QLatin1String(name));
-    entry->setShortcut(keys);
-    connect(entry, &QAction::triggered, this, [command = std::move(command)] { command(); });
-    return entry;
 }
 
 }  // namespace bramblet

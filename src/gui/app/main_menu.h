@@ -6,8 +6,6 @@
 #include <QKeySequence>
 #include <QObject>
 
-#include <functional>
-
 class QAction;
 class QMainWindow;
 class QMenu;
@@ -22,15 +20,12 @@ class MainMenu : public QObject {
   public:
     MainMenu(QMainWindow& window, Program& program, LinesPanel& lines, ListsPanel& lists);
 
-    /// Opens the settings dialog.
-    std::function<void()> openConfiguration = [] {};
-
     /// Enables what can be done now.
     void refresh();
 
   private:
-    using Command = std::function<void()>;
     QMenu* addMenu(const QString& caption);
+    template <class Command>
     QAction* add(QMenu* menu, const char* name, const QString& caption, const QKeySequence& keys,
                  Command command);
     void addFileMenu();

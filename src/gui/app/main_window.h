@@ -2,15 +2,18 @@
 #pragma once
 
 #include "core/app/program.h"
+#include "core/platform/screen.h"
 #include "gui/platform/waiting.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
 class QToolButton;
+class QUrl;
 
 namespace bramblet {
 
+class BackupDialog;
 class DialogPrompts;
 class DisplayWindow;
 class HelpWindow;
@@ -20,7 +23,7 @@ class MainMenu;
 class OrderPanel;
 class TotalsPanel;
 
-class MainWindow : public QMainWindow {
+class MainWindow : public QMainWindow, private Screen {
     Q_OBJECT
   public:
     MainWindow(Program& program, DialogPrompts& prompts, Waiting& waiting);
@@ -34,27 +37,35 @@ class MainWindow : public QMainWindow {
     QWidget* makeCommandBar();
     QWidget* makeLinesBand();
     void makeStatusBar();
-    void showViewer();
     void showLine(const QString& line);
-    /// Opens the settings dialog; `rewrite` is set when it is opened from the viewer.
-    void openConfiguration(std::function<void()> rewrite, QWidget* above);
-    void showHelp();
-    void watchCore();
-    void refresh();
+    void runBrowser(const QUrl& link);
+
+    void refresh(const Views& views) override;
+    void refreshOrder();
+    void showStatus(const std::string& line, Tone tone) override;
+    void showCaption(const std::string& caption) override;
+    void showLine(int row) override;
+    std::optional<LineEntry> editLine(const LineEntry& entry, const std::string& caption) override;
+    void configure(bool fromViewer) override;
+    void showSavedOrders() override;
+    void showViewer() override;
+    void showHelp() override;
+    void showContactImport() override;
+    void showBackup() override;
+    void showBackupProgress() override;
 
     Program& program_;
-    DialogPrompts& prompts_;
     Waiting& waiting_;
     OrderPanel* order_;
     LinesPanel* lines_;
     TotalsPanel* totals_;
     ListsPanel* lists_;
     MainMenu* menu_;
-    QToolButton* stopWaiting_;
     QToolButton* saveButton_;
     QToolButton* copyButton_;
     QPointer<HelpWindow> help_;
     QPointer<DisplayWindow> viewer_;
+    QPointer<BackupDialog> backup_;
     QString waitingLine_;
     QString doneLine_;
 };

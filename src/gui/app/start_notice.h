@@ -18,12 +18,10 @@ class StartNotice : public QWidget {
     Q_OBJECT
   public:
     explicit StartNotice(Waiting& waiting);
-    ~StartNotice() override;
 
   private:
-    void showLine(const std::string& line);
+    void showLine(const QString& line);
 
-    Waiting& waiting_;
     QLabel* line_;
 };
 

@@ -39,12 +39,10 @@ QString sizeText(std::uint64_t bytes) {
 
 }  // namespace
 
-BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
-    : QDialog(parent), backup_(backup) {
-    const bool restoring = kind == Backup::Kind::Restore;
+BackupDialog::BackupDialog(Backup& backup, QWidget* parent) : QDialog(parent), backup_(backup) {
+    const bool restoring = backup.kind() == Backup::Kind::Restore;
     setObjectName(restoring ? u"TandrilfrmRestore"_s : u"TandrilfrmBackup"_s);
     setWindowTitle(restoring ? u"Restore Data"_s : u"Back Up Data"_s);
-    backup_.open(kind);
 
     names_ = new QStringListModel(this);
     list_ = new QListView;
@@ -85,7 +83,6 @@ BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
     layout->addLayout(makeButtons());
     resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 28);
 
-    backup_.onChange = [this] { showRun(); };
     refresh();
     QTimer::singleShot(0, this, [this] {
         backup_.list();
@@ -93,13 +90,21 @@ BackupDialog::BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent)
     });
 }
 
-BackupDialog::~BackupDialog() {
-    backup_.onChange = [] {};
-}
-
 void BackupDialog::reject() {
     backup_.StopBackup_Click();
     QDialog::reject();
+}
+
+/// A button that cannot be used during a run.
+template <class Command>
+QPushButton* BackupDialog::idleButton(const char* name, const QString& caption, const QString& tip,
+                                      Command command) {
+    auto* idle = onClick(button(name, caption, tip), [this, command] {
+        command();
+        refresh();
+    });
+    idleControls_.push_back(idle);
+    return idle;
 }
 
 QLayout* BackupDialog::makeFolders() {
@@ -109,10 +114,8 @@ QLayout* BackupDialog::makeFolders() {
     source_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     source_->setMinimumWidth(1);  // a long path is cut off rather than widening the window
     source_->setToolTip(u"The folder that is copied from."_s);
-    target_ = new QLineEdit;
-    target_->setObjectName(u"BackUpTarget"_s);
+    target_ = lineEdit("BackUpTarget", u"The folder that is copied to; it may be typed."_s);
     target_->setAccessibleName(u"Target folder"_s);
-    target_->setToolTip(u"The folder that is copied to; it may be typed."_s);
     connect(target_, &QLineEdit::textEdited, this,
             [this](const QString& text) { backup_.BackUpTarget = pathFromQt(text); });
     idleControls_.push_back(target_);
@@ -124,52 +127,36 @@ QLayout* BackupDialog::makeFolders() {
     grid->addWidget(boxLabel(u"&To"_s, target_), 1, 0);
     grid->addWidget(target_, 1, 1);
     if (restoring) {
-        auto* select =
-            button("SelectSource", u"Select S&ource ..."_s, u"Choose the folder to copy from."_s,
-                   [this] { backup_.SelectSource_Click(); });
+        auto* select = idleButton("SelectSource", u"Select S&ource ..."_s,
+                                  u"Choose the folder to copy from."_s,
+                                  [this] { backup_.SelectSource_Click(); });
         grid->addWidget(select, 0, 2);
     }
-    auto* select = button("SelectTarget", u"&Select Target ..."_s,
-                          u"Choose the folder to copy to; it is remembered as the backup folder."_s,
-                          [this] { backup_.SelectTarget_Click(); });
+    auto* select =
+        idleButton("SelectTarget", u"&Select Target ..."_s,
+                   u"Choose the folder to copy to; it is remembered as the backup folder."_s,
+                   [this] { backup_.SelectTarget_Click(); });
     grid->addWidget(select, 1, 2);
     return grid;
 }
 
 QLayout* BackupDialog::makeButtons() {
     const bool restoring = backup_.kind() == Backup::Kind::Restore;
-    run_ = button("RunBackup", restoring ? u"&Restore"_s : u"&Back Up"_s,
-                  restoring ? u"Copy the files over those of the target folder."_s
-                            : u"Copy the files to the target folder."_s,
-                  [this] { backup_.RunBackup_Click(); });
+    run_ = idleButton("RunBackup", restoring ? u"&Restore"_s : u"&Back Up"_s,
+                      restoring ? u"Copy the files over those of the target folder."_s
+                                : u"Copy the files to the target folder."_s,
+                      [this] { backup_.RunBackup_Click(); });
     auto* row = new QHBoxLayout;
     row->addWidget(run_);
     if (!restoring) {
-        row->addWidget(button("Verify", u"&Verify"_s,
-                              u"Compare every file with its copy in the target folder."_s,
-                              [this] { backup_.Verify_Click(); }));
+        row->addWidget(idleButton("Verify", u"&Verify"_s,
+                                  u"Compare every file with its copy in the target folder."_s,
+                                  [this] { backup_.Verify_Click(); }));
     }
     row->addStretch(1);
-    stop_ = new QPushButton;
-    stop_->setObjectName(u"StopBackup"_s);
-    stop_->setAutoDefault(false);
-    connect(stop_, &QPushButton::clicked, this, &BackupDialog::reject);
+    stop_ = onClick(button("StopBackup", {}, {}), [this] { reject(); });
     row->addWidget(stop_);
     return row;
-}
-
-QPushButton* BackupDialog::button(const char* name, const QString& caption, const QString& tip,
-                                  const std::function<void()>& command) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(tip);
-    button->setAutoDefault(false);
-    idleControls_.push_back(button);
-    connect(button, &QPushButton::clicked, this, [this, command] {
-        command();
-        refresh();
-    });
-    return button;
 }
 
 /// Shows what the core holds.
@@ -216,7 +203,7 @@ void BackupDialog::showNames() {
 
 /// During a run the window is repainted only now and then. It takes clicks before every file that
 /// is copied or compared, and now and then while the files are being listed and counted.
-void BackupDialog::showRun() {
+void BackupDialog::showProgress() {
     const bool began = run_->isEnabled();
     const bool due = lastShown_.elapsed() >= kShowEvery;
     const bool counting = backup_.progress().fileCount == 0;

@@ -19,8 +19,10 @@ namespace bramblet {
 class BackupDialog : public QDialog {
     Q_OBJECT
   public:
-    BackupDialog(Backup& backup, Backup::Kind kind, QWidget* parent);
-    ~BackupDialog() override;
+    BackupDialog(Backup& backup, QWidget* parent);
+
+    /// Shows how far the backup has got.
+    void showProgress();
 
     /// Stops a run before its next file.
     void reject() override;
@@ -28,11 +30,11 @@ class BackupDialog : public QDialog {
   private:
     QLayout* makeFolders();
     QLayout* makeButtons();
-    QPushButton* button(const char* name, const QString& caption, const QString& tip,
-                        const std::function<void()>& command);
+    template <class Command>
+    QPushButton* idleButton(const char* name, const QString& caption, const QString& tip,
+                            Command command);
     void refresh();
     void showNames();
-    void showRun();
 
     Backup& backup_;
     QLabel* source_;

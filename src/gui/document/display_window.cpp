@@ -79,9 +79,7 @@ DisplayWindow::DisplayWindow(OrderViewer& viewer, QWidget* parent)
     browser_->viewport()->installEventFilter(this);
     sheet_ = new OrderSheet(pictures(), browser_);
     browser_->setDocument(sheet_);
-    connect(browser_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
-        if (runBrowser) runBrowser(fromQt(link.toString()));
-    });
+    connect(browser_, &QTextBrowser::anchorClicked, this, &DisplayWindow::linkFollowed);
 
     auto* content = new QWidget;
     content->setAutoFillBackground(true);
@@ -108,26 +106,20 @@ QWidget* DisplayWindow::makeBar() {
     layout->setContentsMargins(8, 4, 8, 4);
     layout->setSpacing(2);
     const auto add = [&](const char* name, Drawing drawing, const QString& caption,
-                         const QString& tip, void (DisplayWindow::*command)()) {
-        auto* button = toolButton(name, drawing, caption, tip);
-        connect(button, &QToolButton::clicked, this, command);
-        layout->addWidget(button);
+                         const QString& tip, const auto& command) {
+        layout->addWidget(onClick(toolButton(name, drawing, caption, tip), command));
     };
-    add("Print", Drawing::Print, u"&Print ..."_s, u"Print this order."_s, &DisplayWindow::print);
+    add("Print", Drawing::Print, u"&Print ..."_s, u"Print this order."_s, [this] { print(); });
     add("Preview", Drawing::Preview, u"Previe&w ..."_s, u"See the pages before printing."_s,
-        &DisplayWindow::preview);
+        [this] { preview(); });
     add("SavePdf", Drawing::Save, u"Save as P&DF ..."_s, u"Save this order as a PDF file."_s,
-        &DisplayWindow::savePdf);
-    auto* mail = toolButton("IE_Button", Drawing::Mail, u"&E-mail"_s,
-                            u"Send this order with your mail program."_s);
-    connect(mail, &QToolButton::clicked, this, [this] { viewer_.IE_Button_Click(); });
-    layout->addWidget(mail);
+        [this] { savePdf(); });
+    add("IE_Button", Drawing::Mail, u"&E-mail"_s, u"Send this order with your mail program."_s,
+        [this] { viewer_.IE_Button_Click(); });
     add("Configuration", Drawing::Settings, u"&Configuration ..."_s, u"Change how orders look."_s,
-        &DisplayWindow::configure);
+        [this] { emit configurationWanted(); });
     layout->addStretch(1);
-    auto* leave = toolButton("Leave", Drawing::Close, u"C&lose"_s, u"Close this window."_s);
-    connect(leave, &QToolButton::clicked, this, &QWidget::close);
-    layout->addWidget(leave);
+    add("Leave", Drawing::Close, u"C&lose"_s, u"Close this window."_s, [this] { close(); });
     return bar;
 }
 
@@ -145,7 +137,7 @@ void DisplayWindow::makeMenus() {
     add(
         menu, "mu_SavePdf", u"&Save as PDF ..."_s, [this] { savePdf(); }, QKeySequence::Save);
     add(menu, "mu_Mail", u"&E-mail"_s, [this] { viewer_.IE_Button_Click(); }, {});
-    add(menu, "mu_conf", u"&Configuration ..."_s, [this] { configure(); }, {});
+    add(menu, "mu_conf", u"&Configuration ..."_s, [this] { emit configurationWanted(); }, {});
     menu->addSeparator();
     add(
         menu, "mu_exit", u"C&lose"_s, [this] { close(); }, QKeySequence(Qt::Key_Escape));
@@ -165,6 +157,11 @@ void DisplayWindow::navigate() {
     setWindowTitle(u"Order %1"_s.arg(toQt(viewer_.orderNumber())));
     document_ = viewer_.document();
     setZoom(zoom_);
+}
+
+void DisplayWindow::rewrite() {
+    viewer_.ReWrite();
+    navigate();
 }
 
 void DisplayWindow::setZoom(double zoom) {
@@ -218,28 +215,19 @@ void DisplayWindow::preview() {
 }
 
 void DisplayWindow::savePdf() {
-    viewer_.SavePdf_Click([this] {
-        QBuffer pdf;
-        pdf.open(QIODevice::WriteOnly);
-        QPdfWriter writer(&pdf);
-        writer.setTitle(windowTitle());
-        writer.setPageLayout(usualPage());
-        OrderSheet::print(document_, pictures(), writer);
-        return pdf.data().toStdString();
-    });
+    const auto path = viewer_.pdfTarget();
+    if (!path) return;
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&pdf);
+    writer.setTitle(windowTitle());
+    writer.setPageLayout(usualPage());
+    OrderSheet::print(document_, pictures(), writer);
+    viewer_.savePdf(*path, pdf.data().toStdString());
 }
 
 PictureSource DisplayWindow::pictures() const {
     return [this](const std::string& name) { return viewer_.picture(name); };
-}
-
-void DisplayWindow::configure() {
-    if (openConfiguration) {
-        openConfiguration([this] {
-            viewer_.ReWrite();
-            navigate();
-        });
-    }
 }
 
 }  // namespace bramblet

@@ -7,7 +7,7 @@
 
 #include <QMainWindow>
 
-#include <functional>
+class QUrl;
 
 namespace bramblet {
 
@@ -16,13 +16,15 @@ class DisplayWindow : public QMainWindow {
   public:
     DisplayWindow(OrderViewer& viewer, QWidget* parent);
 
-    /// Opens the settings dialog; `rewrite` writes the document again and shows it.
-    std::function<void(std::function<void()> rewrite)> openConfiguration;
-    /// Opens a link's address in the default browser.
-    std::function<void(const std::string& target)> runBrowser;
-
     /// Shows the document as it is now.
     void navigate();
+    /// Writes the document again, and shows it.
+    void rewrite();
+
+  signals:
+    void configurationWanted();
+    /// A link in the document was clicked.
+    void linkFollowed(const QUrl& link);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -36,7 +38,6 @@ class DisplayWindow : public QMainWindow {
     void print();
     void preview();
     void savePdf();
-    void configure();
     PictureSource pictures() const;
 
     OrderViewer& viewer_;

@@ -2,8 +2,6 @@
 
 #include "gui/platform/qt_text.h"
 
-#include <QLineEdit>
-
 #include <algorithm>
 
 namespace bramblet {
@@ -13,42 +11,40 @@ HistoryBox* HistoryBoxes::make(OrderField field, const QString& accessibleName) 
         std::find_if(kHistories.begin(), kHistories.end(),
                      [&](const HistoryFacts& history) { return history.field == field; });
     auto* box = new HistoryBox(facts->box, accessibleName);
-    boxes_.push_back({box, field, nullptr});
-    QObject::connect(
-        box->lineEdit(), &QLineEdit::textEdited, box,
-        [this, field](const QString& text) { histories_.Change(field, fromQt(text)); });
-    QObject::connect(box, &QComboBox::textActivated, box,
-                     [this, field](const QString& text) { histories_.Click(field, fromQt(text)); });
-    box->onFocus = [this, field] { histories_.GotFocus(field); };
-    box->onDropDown = [this] { histories_.DropDown(); };
-    box->setForget([this, field](const QString& entry) {
-        histories_.GotFocus(field);
-        histories_.CurrentHistoryText = fromQt(entry);
-        histories_.RemoveHistoryEntry();
-    });
+    lists_.push_back({box, field, nullptr});
+    texts_.bind(
+        box, [this, field] { return open_.order().*field; },
+        [this, field](const std::string& text) { histories_.Change(field, text); });
+    box->offerToForget();
+    connectTo(box, field);
+    QObject::connect(box, &HistoryBox::opening, box, [this] { histories_.DropDown(); });
     return box;
 }
 
 void HistoryBoxes::bind(HistoryBox* box, AddressSide side) {
-    box->onFocus = [this, side] { histories_.GotFocus(side); };
-    const auto forget = [this, side](const QString& entry) {
-        histories_.GotFocus(side);
+    box->offerToForget(
+        [this, side](const QString& entry) { return histories_.mayDelete(side, fromQt(entry)); });
+    connectTo(box, side);
+}
+
+/// `place` is what the histories know the box by: its field, or its side of the address book.
+template <class Place>
+void HistoryBoxes::connectTo(HistoryBox* box, Place place) {
+    QObject::connect(box, &HistoryBox::focused, box, [this, place] { histories_.GotFocus(place); });
+    QObject::connect(box, &HistoryBox::forget, box, [this, place](const QString& entry) {
+        histories_.GotFocus(place);
         histories_.CurrentHistoryText = fromQt(entry);
         histories_.RemoveHistoryEntry();
-    };
-    box->setForget(forget, [this, side](const QString& entry) {
-        return histories_.mayDelete(side, fromQt(entry));
     });
 }
 
 void HistoryBoxes::refresh() {
-    for (auto& bound : boxes_) {
-        if (bound.listed != histories_.entries(bound.field)) {
-            bound.listed = histories_.entries(bound.field);
-            bound.box->setEntries(*bound.listed);
-        }
-        bound.box->showText(open_.order.*bound.field);
+    for (Listed& list : lists_) {
+        if (list.entries == histories_.entries(list.field)) continue;
+        list.entries = histories_.entries(list.field);
+        list.box->setEntries(*list.entries);
     }
+    texts_.refresh();
 }
 
 }  // namespace bramblet

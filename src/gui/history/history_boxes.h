@@ -3,9 +3,10 @@
 #pragma once
 
 #include "core/history/field_histories.h"
+#include "gui/platform/boxes.h"
 #include "gui/platform/history_box.h"
 
-#include <array>
+#include <vector>
 
 namespace bramblet {
 
@@ -23,15 +24,18 @@ class HistoryBoxes {
     void refresh();
 
   private:
-    struct Bound {
-        HistoryBox* box;
-        OrderField field;
-        FieldHistory::Entries listed;
-    };
+    template <class Place>
+    void connectTo(HistoryBox* box, Place place);
 
     FieldHistories& histories_;
     const OpenOrder& open_;
-    std::vector<Bound> boxes_;
+    BoundBoxes texts_;
+    struct Listed {
+        HistoryBox* box;
+        OrderField field;
+        FieldHistory::Entries entries;
+    };
+    std::vector<Listed> lists_;
 };
 
 }  // namespace bramblet

@@ -1,6 +1,5 @@
 #include "gui/orders/line_dialog.h"
 
-#include "core/platform/fault.h"
 #include "gui/platform/boxes.h"
 #include "gui/platform/history_box.h"
 #include "gui/platform/literals.h"
@@ -9,35 +8,24 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
 
 namespace bramblet {
 namespace {
 
 QLineEdit* amountBox(const char* name, const std::string& text, const QString& tip) {
-    auto* box = new QLineEdit(toQt(text));
-    box->setObjectName(QLatin1String(name));
+    auto* box = lineEdit(name, tip);
+    box->setText(toQt(text));
     box->setAlignment(Qt::AlignRight);
-    box->setToolTip(tip);
     return box;
-}
-
-QPushButton* button(const char* name, const QString& caption, const QString& tip) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(tip);
-    button->setAutoDefault(false);
-    return button;
 }
 
 }  // namespace
 
 EditLineDialog::EditLineDialog(const LineEntry& entry, const std::string& caption,
                                const std::vector<std::string>& units,
-                               const RegionalFormats& formats, Prompts& prompts, QWidget* parent)
-    : QDialog(parent), formats_(formats), prompts_(prompts) {
+                               const RegionalFormats& formats, Commands& commands, QWidget* parent)
+    : QDialog(parent), formats_(formats), commands_(commands) {
     setObjectName(u"EditLineItem"_s);
     setWindowTitle(toQt(caption));
 
@@ -54,20 +42,16 @@ EditLineDialog::EditLineDialog(const LineEntry& entry, const std::string& captio
     unit_ = new HistoryBox("DescriptionUnitCombo", u"Unit"_s);
     unit_->setToolTip(u"The unit of measure, for example ea or box."_s);
     unit_->setEntries(units);
-    unit_->showText(entry.unit);
+    showText(unit_->lineEdit(), entry.unit);
 
-    auto* save = button("Save", u"&Save"_s, u"Store the line."_s);
-    auto* remove = button("Del", u"De&lete"_s, u"Remove the line from the order."_s);
-    auto* cancel = button("Cancel", u"Cancel"_s, u"Close without storing what was typed here."_s);
+    auto* save =
+        onClick(button("Save", u"&Save"_s, u"Store the line."_s), [this] { this->save(); });
+    auto* remove = onClick(button("Del", u"De&lete"_s, u"Remove the line from the order."_s),
+                           [this] { this->remove(); });
+    auto* cancel =
+        onClick(button("Cancel", u"Cancel"_s, u"Close without storing what was typed here."_s),
+                [this] { reject(); });
     save->setDefault(true);
-    connect(save, &QPushButton::clicked, this, &EditLineDialog::save);
-    connect(remove, &QPushButton::clicked, this, [this] {
-        LineEntry removed = storedEntry(boxes());
-        removed.quantity = "0";
-        stored_ = removed;
-        accept();
-    });
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
     auto* amounts = new QHBoxLayout;
     amounts->setSpacing(6);
@@ -106,12 +90,13 @@ LineEntry EditLineDialog::boxes() const {
 }
 
 void EditLineDialog::save() {
-    try {
-        stored_ = checkedEntry(boxes(), formats_);
-    } catch (const Fault& fault) {
-        prompts_.ask({fault.inWords() + ".", "Edit Line Item", Buttons::Ok, Icon::Exclamation});
-        return;
-    }
+    const auto check = [this] { stored_ = checkedEntry(boxes(), formats_); };
+    if (commands_.attemptOrAsk("", "Edit Line Item", check)) accept();
+}
+
+void EditLineDialog::remove() {
+    stored_ = storedEntry(boxes());
+    stored_->quantity = "0";
     accept();
 }
 

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "core/orders/line_items.h"
-#include "core/platform/prompts.h"
 
 #include <QDialog>
+
+#include <optional>
+#include <string>
+#include <vector>
 
 class QLineEdit;
 class QPlainTextEdit;
@@ -19,7 +22,7 @@ class EditLineDialog : public QDialog {
     /// `units` fills the list of units.
     EditLineDialog(const LineEntry& entry, const std::string& caption,
                    const std::vector<std::string>& units, const RegionalFormats& formats,
-                   Prompts& prompts, QWidget* parent);
+                   Commands& commands, QWidget* parent);
 
     /// What Save stored; empty until then.
     const std::optional<LineEntry>& stored() const { return stored_; }
@@ -27,10 +30,11 @@ class EditLineDialog : public QDialog {
   private:
     LineEntry boxes() const;
     void save();
+    void remove();
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     const RegionalFormats& formats_;
-    Prompts& prompts_;
+    Commands& commands_;
     QPlainTextEdit* description_;
     QLineEdit* quantity_;
     QLineEdit* unitCost_;

@@ -9,36 +9,29 @@ class QMenu;
 
 namespace bramblet {
 
-class GridModel;
 class GridView;
 
 class LinesPanel : public QWidget {
     Q_OBJECT
   public:
-    /// `stock` gives the units that the line dialog offers.
-    LinesPanel(LineItems& lines, const OpenOrder& open, const StockList& stock,
-               const RegionalFormats& formats, Prompts& prompts, QWidget* parent = nullptr);
+    LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFormats& formats,
+               QWidget* parent = nullptr);
 
     /// Shows the lines that the order holds now.
     void refresh();
 
-    void addOneTimeItem();
+    void addOneTimeItem() { lines_.OrderPop_OneTime_Click(); }
     void editCurrentLine();
-    void deleteCurrentLine();
-
-    /// Whether the data folder can be used; asked before a double-click edits a line.
-    std::function<bool()> dataAvailable = [] { return true; };
+    /// Makes a line current, and scrolls to it.
+    void showLine(int row);
 
     GridView* grid() const { return grid_; }
 
   private:
-    std::string widestAmount(std::size_t column) const;
-    LineDialog lineDialog(const StockList& stock, const RegionalFormats& formats, Prompts& prompts);
-
     LineItems& lines_;
     const OpenOrder& open_;
-    std::vector<OrderLine> shown_;
-    GridModel* model_;
+    LineTable table_;
+    std::string orderShown_;  ///< the number of the order whose lines the table holds
     GridView* grid_;
     QMenu* menu_;
 };

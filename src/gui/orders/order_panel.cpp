@@ -39,11 +39,7 @@ const std::array<TermsBox, 5> kTerms{{
 
 OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistories& histories,
                        const OpenOrder& open, int firstDayOfWeek, QWidget* parent)
-    : QFrame(parent),
-      editor_(editor),
-      open_(open),
-      boxes_(editor, open),
-      historyBoxes_(histories, open) {
+    : QFrame(parent), editor_(editor), open_(open), historyBoxes_(histories, open) {
     setObjectName(u"band"_s);
     calendar_ = new CalendarPopup(firstDayOfWeek, this);
     vendor_ = new AddressPanel(AddressSide::Vendor, addresses, open);
@@ -75,10 +71,10 @@ OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistori
 }
 
 void OrderPanel::refresh() {
-    const Order& order = open_.order;
+    const Order& order = open_.order();
     boxes_.refresh();
     historyBoxes_.refresh();
-    number_->setReadOnly(!open_.numberUnlocked);
+    number_->setReadOnly(!open_.numberUnlocked());
     (order.kind == OrderKind::Requisition ? requisition_ : purchaseOrder_)->setChecked(true);
     received_->setChecked(order.MarkReceivedCheck);
     markDates();
@@ -87,16 +83,14 @@ void OrderPanel::refresh() {
 }
 
 void OrderPanel::makeNumber() {
-    number_ = new QLineEdit;
-    number_->setObjectName(u"PONoEd"_s);
+    number_ = lineEdit("PONoEd", u"Number of the order shown; (PEND) until it is saved."_s);
     number_->setAccessibleName(u"Order number"_s);
-    number_->setToolTip(u"Number of the order shown; (PEND) until it is saved."_s);
     QFont bold = number_->font();
     bold.setBold(true);
     bold.setPointSizeF(bold.pointSizeF() * 1.25);
     number_->setFont(bold);
     number_->setFixedWidth(QFontMetrics(bold).horizontalAdvance(u"(PEND)00"_s) + 10);
-    boxes_.bind(number_, &Order::PONoEd);
+    bind(number_, &Order::PONoEd);
     numberLabel_ = new QLabel(u"Number"_s);
     numberLabel_->setObjectName(u"Label11"_s);
     numberLabel_->setToolTip(u"Double-click to unlock the number."_s);
@@ -104,19 +98,15 @@ void OrderPanel::makeNumber() {
 }
 
 void OrderPanel::makeKind() {
-    purchaseOrder_ = new QRadioButton(u"&Bramblet"_s);
-    purchaseOrder_->setObjectName(u"OptionPO"_s);
-    purchaseOrder_->setToolTip(u"Create a Bramblet"_s);
-    requisition_ = new QRadioButton(u"Re&quistion"_s);
-    requisition_->setObjectName(u"OptionRe"_s);
-    requisition_->setToolTip(u"Create a Requisition"_s);
-    received_ = new QCheckBox(u"Mar&k Received"_s);
-    received_->setObjectName(u"MarkReceivedCheck"_s);
-    received_->setToolTip(u"Check to mark order as Received"_s);
-    connect(purchaseOrder_, &QRadioButton::clicked, this, [this] { editor_.OptionPO_Click(); });
-    connect(requisition_, &QRadioButton::clicked, this, [this] { editor_.OptionRe_Click(); });
-    connect(received_, &QCheckBox::clicked, this,
-            [this](bool checked) { editor_.MarkReceivedCheck_Click(checked); });
+    purchaseOrder_ =
+        onClick(button<QRadioButton>("OptionPO", u"&Bramblet"_s, u"Create a Bramblet"_s),
+                [this] { editor_.chooseKind(OrderKind::PurchaseOrder); });
+    requisition_ =
+        onClick(button<QRadioButton>("OptionRe", u"Re&quistion"_s, u"Create a Requisition"_s),
+                [this] { editor_.chooseKind(OrderKind::Requisition); });
+    received_ = onClick(button<QCheckBox>("MarkReceivedCheck", u"Mar&k Received"_s,
+                                          u"Check to mark order as Received"_s),
+                        [this] { editor_.MarkReceivedCheck_Click(received_->isChecked()); });
 }
 
 void OrderPanel::makeDates() {
@@ -154,12 +144,16 @@ QLayout* OrderPanel::makeStrip() {
     return strip;
 }
 
+void OrderPanel::bind(QLineEdit* box, OrderField field) {
+    boxes_.bind(
+        box, [this, field] { return open_.order().*field; },
+        [this, field](const std::string& text) { editor_.edit(field, text); });
+}
+
 QLineEdit* OrderPanel::dateBox(const char* name, OrderField field, const QString& tip) {
-    auto* box = new QLineEdit;
-    box->setObjectName(QLatin1String(name));
-    box->setToolTip(tip);
+    auto* box = lineEdit(name, tip);
     box->setFixedWidth(fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 14);
-    boxes_.bind(box, field);
+    bind(box, field);
     dates_.push_back({box, field, tip});
     connect(box, &QLineEdit::editingFinished, this, &OrderPanel::markDates);
     return box;
@@ -169,7 +163,7 @@ QLineEdit* OrderPanel::dateBox(const char* name, OrderField field, const QString
 /// at once when a save has refused it.
 void OrderPanel::markDates() {
     for (const DateBox& date : dates_) {
-        const bool typing = date.box->hasFocus() && !open_.dateRefused;
+        const bool typing = date.box->hasFocus() && !open_.dateRefused();
         const bool refused = !typing && !editor_.isDate(date.field);
         const QString why = refused ? u"\"%1\" is not a date."_s.arg(date.box->text()) : QString();
         if (date.box->accessibleDescription() == why) continue;
@@ -181,13 +175,11 @@ void OrderPanel::markDates() {
 
 QToolButton* OrderPanel::datePicker(const char* name, const QString& tip, QLineEdit* box,
                                     OrderField field) {
-    auto* picker = toolButton(name, Drawing::Calendar, {}, tip);
-    connect(picker, &QToolButton::clicked, this, [this, box, field] {
+    return onClick(toolButton(name, Drawing::Calendar, {}, tip), [this, box, field] {
         calendar_->openUnder(box, editor_.calendarStart(field), [this, field](DayCount day) {
             editor_.MonthView1_DateClick(field, day);
         });
     });
-    return picker;
 }
 
 QLayout* OrderPanel::makeTerms() {
@@ -225,7 +217,7 @@ void OrderPanel::setTabs() {
 
 bool OrderPanel::eventFilter(QObject* watched, QEvent* event) {
     if (watched == numberLabel_ && event->type() == QEvent::MouseButtonDblClick) {
-        editor_.Label11_DblClick();
+        Label11_DblClick();
         return true;
     }
     return QFrame::eventFilter(watched, event);

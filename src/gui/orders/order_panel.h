@@ -2,8 +2,8 @@
 // and comments.
 #pragma once
 
+#include "core/orders/order_editor.h"
 #include "gui/history/history_boxes.h"
-#include "gui/orders/order_boxes.h"
 
 #include <QFrame>
 
@@ -28,6 +28,7 @@ class OrderPanel : public QFrame {
     void refresh();
 
   private:
+    void bind(QLineEdit* box, OrderField field);
     QLineEdit* dateBox(const char* name, OrderField field, const QString& tip);
     void markDates();
     QToolButton* datePicker(const char* name, const QString& tip, QLineEdit* box, OrderField field);
@@ -37,11 +38,12 @@ class OrderPanel : public QFrame {
     QLayout* makeStrip();
     QLayout* makeTerms();
     void setTabs();
+    void Label11_DblClick() { editor_.unlockNumber(); }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     OrderEditor& editor_;
     const OpenOrder& open_;
-    OrderBoxes boxes_;
+    BoundBoxes boxes_;
     HistoryBoxes historyBoxes_;
     CalendarPopup* calendar_;
     QLabel* numberLabel_;

@@ -9,7 +9,6 @@ class QMenu;
 
 namespace bramblet {
 
-class GridModel;
 class GridView;
 
 class SavedOrdersPanel : public QWidget {
@@ -22,7 +21,6 @@ class SavedOrdersPanel : public QWidget {
     void refreshList();
 
     void deleteCurrentOrder();
-    void sortBy(int column);
 
     GridView* grid() const { return grid_; }
 
@@ -34,7 +32,6 @@ class SavedOrdersPanel : public QWidget {
     OrderEditor& editor_;
     SavedOrders& orders_;
     const OpenOrder& open_;
-    GridModel* model_;
     GridView* grid_;
     QMenu* menu_;
 };

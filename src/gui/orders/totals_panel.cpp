@@ -1,6 +1,5 @@
 #include "gui/orders/totals_panel.h"
 
-#include "gui/platform/boxes.h"
 #include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
@@ -56,7 +55,7 @@ void TotalsPanel::ArrangeTaxAndShippingBoxes(std::vector<Row>& rows) {
 
 TotalsPanel::TotalsPanel(OrderEditor& editor, const OpenOrder& open, bool taxFreight,
                          const RegionalFormats& formats, QWidget* parent)
-    : QWidget(parent), formats_(formats), boxes_(editor, open) {
+    : QWidget(parent), formats_(formats), editor_(editor), open_(open) {
     std::vector<Row> rows = columnRows();
     if (taxFreight) ArrangeTaxAndShippingBoxes(rows);
     auto* grid = new QGridLayout(this);
@@ -109,18 +108,12 @@ void TotalsPanel::addRow(QGridLayout* grid, int line, const Row& row) {
 }
 
 QLineEdit* TotalsPanel::addBox(const char* name, const QString& tip, OrderField field, bool typed) {
-    auto* box = new QLineEdit;
-    box->setObjectName(QLatin1String(name));
-    box->setToolTip(tip);
+    auto* box = lineEdit(name, tip);
     box->setAlignment(Qt::AlignRight);
-    box->setReadOnly(!typed);
-    if (!typed) {
-        box->setFocusPolicy(Qt::ClickFocus);
-        QPalette computed = box->palette();
-        computed.setBrush(QPalette::Base, computed.window());
-        box->setPalette(computed);
-    }
-    boxes_.bind(box, field);
+    if (!typed) showOnly(box);
+    boxes_.bind(
+        box, [this, field] { return open_.order().*field; },
+        [this, field](const std::string& text) { editor_.edit(field, text); });
     return box;
 }
 

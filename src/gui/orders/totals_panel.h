@@ -1,13 +1,12 @@
 // The column of amounts beside the lines.
 #pragma once
 
-#include "gui/orders/order_boxes.h"
+#include "core/orders/order_editor.h"
+#include "gui/platform/boxes.h"
 
 #include <QWidget>
 
 class QGridLayout;
-class QLabel;
-class QLineEdit;
 
 namespace bramblet {
 
@@ -30,7 +29,9 @@ class TotalsPanel : public QWidget {
     QLineEdit* addBox(const char* name, const QString& tip, OrderField field, bool typed);
 
     const RegionalFormats& formats_;
-    OrderBoxes boxes_;
+    OrderEditor& editor_;
+    const OpenOrder& open_;
+    BoundBoxes boxes_;
 };
 
 }  // namespace bramblet

@@ -1,5 +1,6 @@
 #include "gui/platform/boxes.h"
 
+#include "gui/platform/history_box.h"
 #include "gui/platform/icons.h"
 #include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
@@ -10,10 +11,19 @@
 #include <QTextDocument>
 
 namespace bramblet {
+
 QLabel* boxLabel(const QString& caption, QWidget* buddy) {
     auto* label = new QLabel(caption);
     label->setBuddy(buddy);
     label->setObjectName(buddy->objectName() + u"Label"_s);
+    return label;
+}
+
+QLabel* quietLabel(const char* name, const QString& tip) {
+    auto* label = new QLabel;
+    label->setObjectName(QLatin1String(name));
+    label->setToolTip(tip);
+    label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
 
@@ -32,6 +42,22 @@ QToolButton* toolButton(const char* name, Drawing drawing, const QString& captio
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     }
     return button;
+}
+
+QLineEdit* lineEdit(const char* name, const QString& tip, int limit) {
+    auto* box = new QLineEdit;
+    box->setObjectName(QLatin1String(name));
+    box->setToolTip(tip);
+    if (limit > 0) box->setMaxLength(limit);
+    return box;
+}
+
+void showOnly(QLineEdit* box) {
+    box->setReadOnly(true);
+    box->setFocusPolicy(Qt::ClickFocus);
+    QPalette plain = box->palette();
+    plain.setBrush(QPalette::Base, plain.window());
+    box->setPalette(plain);
 }
 
 namespace {
@@ -77,6 +103,23 @@ void showText(QPlainTextEdit* box, const std::string& lines) {
     QTextCursor cursor = box->textCursor();
     cursor.setPosition(qMin(position, static_cast<int>(wanted.size())));
     box->setTextCursor(cursor);
+}
+
+void BoundBoxes::bind(QLineEdit* box, Held held, const Typed& typed) {
+    QObject::connect(box, &QLineEdit::textEdited, box,
+                     [typed](const QString& text) { typed(fromQt(text)); });
+    shows_.push_back([box, held = std::move(held)] { showText(box, held()); });
+}
+
+void BoundBoxes::bind(HistoryBox* box, Held held, const Typed& typed) {
+    bind(box->lineEdit(), std::move(held), typed);
+    QObject::connect(box, &QComboBox::textActivated, box,
+                     [typed](const QString& text) { typed(fromQt(text)); });
+}
+
+void BoundBoxes::refresh() const {
+    for (const auto& show : shows_)
+        show();
 }
 
 }  // namespace bramblet

@@ -1,25 +1,58 @@
-// Makes the small controls of the panels, and keeps a box showing the text that it should.
+// Makes the small controls of the panels and dialogs, and keeps boxes showing the texts that they
+// should.
 #pragma once
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QToolButton>
 
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <type_traits>
+#include <vector>
 
 class QPlainTextEdit;
 
 namespace bramblet {
 
+class HistoryBox;
 enum class Drawing;
 
 /// A label with a mnemonic for `buddy`.
 QLabel* boxLabel(const QString& caption, QWidget* buddy);
 
+/// A grey line of text.
+QLabel* quietLabel(const char* name, const QString& tip);
+
 /// A button with an icon, and a caption beside it unless `caption` is empty.
 QToolButton* toolButton(const char* name, Drawing drawing, const QString& caption,
                         const QString& tip);
+
+/// A push button, check box or radio button. Enter presses a push button only if it is the default.
+template <class Button = QPushButton>
+Button* button(const char* name, const QString& caption, const QString& tip) {
+    auto* button = new Button(caption);
+    button->setObjectName(QLatin1String(name));
+    button->setToolTip(tip);
+    if constexpr (std::is_same_v<Button, QPushButton>) button->setAutoDefault(false);
+    return button;
+}
+
+/// Makes a button run a command.
+template <class Button, class Command>
+Button* onClick(Button* button, Command command) {
+    QObject::connect(button, &QAbstractButton::clicked, button, [command] { command(); });
+    return button;
+}
+
+/// A box for one line of text, of at most `limit` characters if that is not 0.
+QLineEdit* lineEdit(const char* name, const QString& tip, int limit = 0);
+
+/// Makes a box that only shows its text look like it.
+void showOnly(QLineEdit* box);
 
 /// Puts `text` into a box that shows something else, leaving the cursor where it was. Sends no
 /// editing signal.
@@ -33,5 +66,34 @@ void markRefused(QLineEdit* box, bool refused);
 
 /// The lines of a box as they stand in it; no-break spaces are kept.
 QString linesIn(const QPlainTextEdit* box);
+
+/// Boxes that show what is held elsewhere, and pass on what is typed or chosen in them.
+class BoundBoxes {
+  public:
+    using Held = std::function<std::string()>;
+    using Typed = std::function<void(const std::string& text)>;
+    void bind(QLineEdit* box, Held held, const Typed& typed);
+    void bind(HistoryBox* box, Held held, const Typed& typed);
+
+    /// A box for a member of `values`.
+    template <class Box, class Values>
+    void bind(Box* box, Values& values, std::string Values::*member) {
+        bind(
+            box, [&values, member] { return values.*member; },
+            [&values, member](const std::string& text) { values.*member = text; });
+    }
+    template <class Values>
+    void bind(QCheckBox* box, Values& values, bool Values::*member) {
+        QObject::connect(box, &QCheckBox::toggled, box,
+                         [&values, member](bool checked) { values.*member = checked; });
+        shows_.push_back([box, &values, member] { box->setChecked(values.*member); });
+    }
+
+    /// Shows what is held now.
+    void refresh() const;
+
+  private:
+    std::vector<std::function<void()>> shows_;
+};
 
 }  // namespace bramblet

@@ -182,7 +182,7 @@ std::optional<std::filesystem::path> DialogPrompts::choose(const FileChoice& cho
 
 QWidget* DialogPrompts::parent() const {
     QWidget* const active = QApplication::activeModalWidget();
-    return active != nullptr ? active : parent_;
+    return active != nullptr ? active : parent_.data();
 }
 
 }  // namespace bramblet

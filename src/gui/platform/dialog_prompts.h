@@ -3,11 +3,12 @@
 
 #include "core/platform/prompts.h"
 
-#include <functional>
+#include <QPointer>
+#include <QWidget>
+
 #include <memory>
 
 class QProgressDialog;
-class QWidget;
 
 namespace bramblet {
 
@@ -19,10 +20,6 @@ class DialogPrompts : public Prompts {
     /// The window above which the dialogs open; null until it exists.
     void setParent(QWidget* parent) { parent_ = parent; }
 
-    /// Shows a line in the status bar; `lasting` when it reports a failure.
-    std::function<void(const std::string& line, bool lasting)> showLine = [](const std::string&,
-                                                                             bool) {};
-
     Answer ask(const Message& message) override;
     std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                      const std::string& preset) override;
@@ -33,17 +30,12 @@ class DialogPrompts : public Prompts {
     std::optional<std::string> chooseFont(const std::string& current) override;
     void progress(const std::string& what, int done, int total) override;
 
-  protected:
-    void showStatus(const std::string& line, Tone tone) override {
-        showLine(line, tone == Tone::Failure);
-    }
-
   private:
     enum class Purpose { Open, Save, Folder };
     std::optional<std::filesystem::path> choose(const FileChoice& choice, Purpose purpose);
     QWidget* parent() const;
 
-    QWidget* parent_ = nullptr;
+    QPointer<QWidget> parent_;
     std::unique_ptr<QProgressDialog> progress_;
 };
 

@@ -1,22 +1,23 @@
 #include "gui/platform/grid_model.h"
 
+#include "core/platform/list_table.h"
 #include "gui/platform/qt_text.h"
+
+#include <QApplication>
+#include <QPalette>
 
 namespace bramblet {
 
-GridModel::GridModel(std::vector<GridHeading> headings, GridSource source, QObject* parent)
-    : QAbstractTableModel(parent), headings_(std::move(headings)), source_(std::move(source)) {}
+GridModel::GridModel(const Table& table, QObject* parent)
+    : QAbstractTableModel(parent),
+      table_(table),
+      rows_(table.rowCount()),
+      columns_(table.columnCount()) {}
 
 void GridModel::refresh() {
     beginResetModel();
-    rows_ = source_.rows();
-    endResetModel();
-}
-
-void GridModel::refresh(std::vector<GridHeading> headings) {
-    beginResetModel();
-    headings_ = std::move(headings);
-    rows_ = source_.rows();
+    rows_ = table_.rowCount();
+    columns_ = table_.columnCount();
     endResetModel();
 }
 
@@ -25,41 +26,52 @@ int GridModel::rowCount(const QModelIndex& parent) const {
 }
 
 int GridModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(headings_.size());
+    return parent.isValid() ? 0 : columns_;
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    // The core may already hold fewer rows than were last shown.
-    if (index.row() >= source_.rows()) return {};
+    // The core may already hold less than was last shown.
+    if (index.row() >= table_.rowCount() || index.column() >= table_.columnCount()) return {};
     switch (role) {
         case Qt::DisplayRole:
-            return toQt(source_.cell(index.row(), index.column()));
+            return toQt(table_.cell(index.row(), index.column()));
         case Qt::TextAlignmentRole:
             return alignment(index.column());
-        case Qt::ForegroundRole: {
-            const QColor colour =
-                source_.colour ? source_.colour(index.row(), index.column()) : QColor();
-            return colour.isValid() ? QVariant(colour) : QVariant();
-        }
+        case Qt::ForegroundRole:
+            return index.column() == 0 ? colour(index.row()) : QVariant();
         default:
             return {};
     }
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) return {};
+    if (orientation != Qt::Horizontal || section >= table_.columnCount()) return {};
     if (role == Qt::TextAlignmentRole) return alignment(section);
-    if (role == Qt::DisplayRole) return headings_[static_cast<std::size_t>(section)].text;
-    if (role == kWidestTextRole && source_.widest) return toQt(source_.widest(section));
+    if (role == Qt::DisplayRole) return QString::fromLatin1(table_.look(section).heading);
+    if (role == kWidestTextRole) return toQt(table_.widest(section));
     return {};
 }
 
 QVariant GridModel::alignment(int column) const {
-    const GridHeading& heading = headings_[static_cast<std::size_t>(column)];
-    const Qt::AlignmentFlag side = heading.amount    ? Qt::AlignRight
-                                   : heading.centred ? Qt::AlignHCenter
-                                                     : Qt::AlignLeft;
+    const Align align = table_.look(column).align;
+    const Qt::AlignmentFlag side = align == Align::Right    ? Qt::AlignRight
+                                   : align == Align::Centre ? Qt::AlignHCenter
+                                                            : Qt::AlignLeft;
     return QVariant::fromValue(Qt::AlignVCenter | side);
+}
+
+/// Red for open requisitions, the button text's for orders that have been received, the grid's own
+/// for all other rows.
+QVariant GridModel::colour(int row) const {
+    switch (table_.mark(row)) {
+        case Table::Mark::Requisition:
+            return QColor(255, 0, 0);
+        case Table::Mark::Received:
+            return QApplication::palette().color(QPalette::ButtonText);
+        case Table::Mark::None:
+            break;
+    }
+    return {};
 }
 
 }  // namespace bramblet

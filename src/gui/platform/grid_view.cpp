@@ -1,5 +1,6 @@
 #include "gui/platform/grid_view.h"
 
+#include "core/platform/list_table.h"
 #include "gui/platform/grid_model.h"
 
 #include <QApplication>
@@ -18,7 +19,13 @@ constexpr int kMostGiven = 3;    ///< in a narrow view, columns give up to a thi
 
 }  // namespace
 
-GridView::GridView(QWidget* parent) : QTableView(parent) {
+GridView::GridView(const char* name, const QString& accessibleName, const QString& tip,
+                   const Table& table, int lines)
+    : table_(table), model_(new GridModel(table, this)) {
+    setObjectName(QLatin1String(name));
+    setAccessibleName(accessibleName);
+    setToolTip(tip);
+    setMinimumHeight(fontMetrics().height() * lines);
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
@@ -41,12 +48,17 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
             [this](const QModelIndex& index) { emit rowClicked(index.row()); });
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { emit rowDoubleClicked(index.row()); });
+    setModel(model_);
 }
 
-void GridView::setColumns(const std::vector<GridColumn>& columns) {
-    columns_ = columns;
-    resizedByHand_ = false;
-    layOutColumns();
+void GridView::refresh() {
+    if (model_->columnCount() != table_.columnCount()) resizedByHand_ = false;
+    model_->refresh();
+    const auto sorted = table_.sortColumn();
+    horizontalHeader()->setSortIndicatorShown(sorted.has_value());
+    if (!sorted) return;
+    horizontalHeader()->setSortIndicator(
+        *sorted, table_.sortedDescending() ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 int GridView::currentRow() const {
@@ -147,19 +159,17 @@ int GridView::widthOf(int column) const {
     for (QChar& c : widest) {
         if (c.isDigit()) c = QLatin1Char('0');  // as wide as any digit
     }
-    const int characters = columns_[static_cast<std::size_t>(column)].characters;
-    const int text = qMax(characters * fontMetrics().averageCharWidth(),
+    const int text = qMax(table_.look(column).characters * fontMetrics().averageCharWidth(),
                           fontMetrics().horizontalAdvance(widest));
     return qMax(headingWidth(column), text + kCellMargin);
 }
 
 void GridView::layOutColumns() {
-    if (model() == nullptr) return;
     layingOut_ = true;
     std::vector<int> shown;
     std::vector<int> widths;
-    for (int i = 0; i < qMin(static_cast<int>(columns_.size()), model()->columnCount()); ++i) {
-        const bool hidden = columns_[static_cast<std::size_t>(i)].characters == 0;
+    for (int i = 0; i < qMin(model_->columnCount(), table_.columnCount()); ++i) {
+        const bool hidden = table_.look(i).characters == 0;
         setColumnHidden(i, hidden);
         if (hidden) continue;
         shown.push_back(i);
@@ -179,14 +189,14 @@ void GridView::shareOut(const std::vector<int>& shown, std::vector<int>& widths)
     int givable = 0;
     for (std::size_t i = 0; i < shown.size(); ++i) {
         left -= widths[i];
-        const GridColumn& column = columns_[static_cast<std::size_t>(shown[i])];
+        const ColumnLook& column = table_.look(shown[i]);
         if (!column.stretches) continue;
         characters += column.characters;
         givable += widths[i] / kMostGiven;
     }
     if (left < -givable) return;
     for (std::size_t i = 0; i < shown.size(); ++i) {
-        const GridColumn& column = columns_[static_cast<std::size_t>(shown[i])];
+        const ColumnLook& column = table_.look(shown[i]);
         if (!column.stretches) continue;
         const int share = left * column.characters / characters;
         const int width = qMax(widths[i] + share, headingWidth(shown[i]));

@@ -8,18 +8,18 @@
 
 namespace bramblet {
 
-/// How a column of a grid is laid out.
-struct GridColumn {
-    int characters = 0;  ///< width in characters, if its heading needs no more; 0 hides the column
-    bool stretches = false;  ///< takes a share of spare width, and shrinks when there is too little
-};
+class GridModel;
+class Table;
 
 class GridView : public QTableView {
     Q_OBJECT
   public:
-    explicit GridView(QWidget* parent = nullptr);
+    /// Shows `table`, at least `lines` lines of it.
+    GridView(const char* name, const QString& accessibleName, const QString& tip,
+             const Table& table, int lines);
 
-    void setColumns(const std::vector<GridColumn>& columns);
+    /// Shows what the table holds now.
+    void refresh();
     int currentRow() const;
     /// Makes a row current without signalling that it has been reached.
     void showRow(int row);
@@ -57,7 +57,8 @@ class GridView : public QTableView {
     /// Tints the current row, more strongly in the grid that has the focus.
     void tintSelection(bool focused);
 
-    std::vector<GridColumn> columns_;
+    const Table& table_;
+    GridModel* model_;
     bool showingRow_ = false;
     bool layingOut_ = false;
     bool resizedByHand_ = false;

@@ -1,6 +1,5 @@
 #include "gui/platform/history_box.h"
 
-#include "gui/platform/boxes.h"
 #include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
@@ -43,9 +42,7 @@ HistoryBox::HistoryBox(const char* name, const QString& accessibleName)
     completer()->popup()->installEventFilter(this);
 }
 
-void HistoryBox::setForget(std::function<void(const QString&)> forget,
-                           std::function<bool(const QString&)> mayForget) {
-    forget_ = std::move(forget);
+void HistoryBox::offerToForget(std::function<MayForget> mayForget) {
     mayForget_ = std::move(mayForget);
     lineEdit()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(lineEdit(), &QWidget::customContextMenuRequested, this,
@@ -68,13 +65,8 @@ void HistoryBox::setEntries(const std::vector<std::string>& entries) {
     setEditText(shown);
 }
 
-void HistoryBox::showText(const std::string& text) {
-    const QSignalBlocker quiet(this);
-    bramblet::showText(lineEdit(), text);
-}
-
 void HistoryBox::showPopup() {
-    onDropDown();
+    emit opening();
     goToShownEntry();
     QComboBox::showPopup();
 }
@@ -106,8 +98,8 @@ bool HistoryBox::forgetSuggestion() {
     QAbstractItemView* const popup = completer()->popup();
     const int row = popup->currentIndex().row();
     const QString entry = popup->currentIndex().data().toString();
-    if (!forget_ || !mayForget_(entry)) return false;
-    forget_(entry);
+    if (!mayForget_ || !mayForget_(entry)) return false;
+    emit forget(entry);
     completer()->setCompletionPrefix(currentText());  // the list has changed
     const int left = currentText().isEmpty() ? 0 : completer()->completionCount();
     if (left == 0) {
@@ -135,7 +127,7 @@ void HistoryBox::goToShownEntry() {
 
 /// Shift+Delete forgets an entry, unless only part of the text is selected; then it cuts, as usual.
 bool HistoryBox::takesKey(const QKeyEvent& event) {
-    if (!isShiftDelete(event) || !forget_) return false;
+    if (!isShiftDelete(event) || !mayForget_) return false;
     const int row = view()->currentIndex().row();
     const bool open = view()->isVisible();
     const QString selected = lineEdit()->selectedText();
@@ -143,7 +135,7 @@ bool HistoryBox::takesKey(const QKeyEvent& event) {
     const QString entry = open && row >= 0 ? itemText(row) : currentText();
     if (!mayForget_(entry)) return false;
     if (entry.isEmpty()) return true;
-    forget_(entry);
+    emit forget(entry);
     // In the open list, the highlight goes to the entry that moved up.
     if (open) view()->setCurrentIndex(model()->index(qMin(row, count() - 1), 0));
     return true;
@@ -155,11 +147,11 @@ void HistoryBox::focusInEvent(QFocusEvent* event) {
     // if it had been taken.
     disconnect(completer(), qOverload<const QString&>(&QCompleter::highlighted), lineEdit(),
                nullptr);
-    onFocus();
+    emit focused();
 }
 
 void HistoryBox::contextMenuEvent(QContextMenuEvent* event) {
-    if (!forget_) return QComboBox::contextMenuEvent(event);
+    if (!mayForget_) return QComboBox::contextMenuEvent(event);
     openMenu(event->globalPos());
 }
 
@@ -175,7 +167,7 @@ void HistoryBox::openMenu(const QPoint& place) {
         disconnect(entry, nullptr, lineEdit(), nullptr);
         entry->setShortcut(QKeySequence(u"Shift+Del"_s));
         entry->setEnabled(!currentText().isEmpty());
-        connect(entry, &QAction::triggered, this, [this] { forget_(currentText()); });
+        connect(entry, &QAction::triggered, this, [this] { emit forget(currentText()); });
     }
     menu->popup(place);
 }

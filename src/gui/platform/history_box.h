@@ -19,24 +19,22 @@ class HistoryBox : public QComboBox {
   public:
     HistoryBox(const char* name, const QString& accessibleName);
 
-    /// Called when the box gets the focus, and when its list is about to open.
-    std::function<void()> onFocus = [] {};
-    std::function<void()> onDropDown = [] {};
-
     /// Makes "Delete" in the pop-up menu, and Shift+Delete, forget an entry: the one shown, or the
     /// one highlighted in the open list or among the suggestions. Where `mayForget` says no, both
     /// do what they do in any box.
-    void setForget(
-        std::function<void(const QString& entry)> forget,
-        std::function<bool(const QString& entry)> mayForget = [](const QString&) { return true; });
+    using MayForget = bool(const QString& entry);
+    void offerToForget(std::function<MayForget> mayForget = [](const QString&) { return true; });
 
     /// Sets what the list offers. The text shown stays.
     void setEntries(const std::vector<std::string>& entries);
 
-    /// Puts a text into the box, leaving the cursor where it was. Sends no editing signal.
-    void showText(const std::string& text);
-
     void showPopup() override;
+
+  signals:
+    void focused();
+    /// The list is about to open.
+    void opening();
+    void forget(const QString& entry);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -52,8 +50,7 @@ class HistoryBox : public QComboBox {
     bool takesKey(const QKeyEvent& event);
     void openMenu(const QPoint& place);
 
-    std::function<void(const QString&)> forget_;
-    std::function<bool(const QString&)> mayForget_;
+    std::function<MayForget> mayForget_;
     QStringListModel* model_;
     std::vector<std::string> entries_;
 };

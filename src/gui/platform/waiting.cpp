@@ -1,6 +1,8 @@
 #include "gui/platform/waiting.h"
 
 #include "core/platform/path_text.h"
+#include "gui/platform/literals.h"
+#include "gui/platform/qt_text.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -13,6 +15,7 @@ namespace bramblet {
 namespace {
 
 constexpr int kSecond = 1000;
+const QString kStopButton = u"StopWaiting"_s;
 
 /// What a person does to the windows, and what would make a box act on it.
 bool isInput(QEvent::Type type) {
@@ -58,26 +61,31 @@ class InputHeld {
 
 }  // namespace
 
-void Waiting::setNotice(Notice notice) {
-    notice_ = std::move(notice);
-    if (notice_.stopButton == nullptr) return;
-    connect(notice_.stopButton, &QToolButton::clicked, this, &Waiting::giveUp);
+QToolButton* Waiting::makeStopButton() {
+    auto* stop = new QToolButton;
+    stop->setObjectName(kStopButton);
+    stop->setText(u"Stop waiting"_s);
+    stop->setToolTip(u"Give up; the file is left as it is."_s);
+    stop->setFocusPolicy(Qt::NoFocus);
+    stop->hide();
+    connect(stop, &QToolButton::clicked, this, &Waiting::giveUp);
+    connect(this, &Waiting::began, stop, &QWidget::show);
+    connect(this, &Waiting::ended, stop, &QWidget::hide);
+    return stop;
 }
 
 void Waiting::waitForFile(const FileError& error) {
     if (givenUp_) throw error;
-    if (notice_.show) {
-        notice_.show("Waiting for " + shown(error.path().filename()) +
-                     ", which is in use or locked (" + error.description() +
-                     "). Esc stops waiting ...");
-    }
+    emit began(messageToQt("Waiting for " + shown(error.path().filename()) +
+                           ", which is in use or locked (" + error.description() +
+                           "). Esc stops waiting ..."));
     letASecondPass();
     // Once the command has ended and the program is idle again, the notice goes, and the next
     // command starts waiting afresh.
     QTimer::singleShot(0, this, [this] {
         if (waiting_) return;
         givenUp_ = false;
-        if (notice_.hide) notice_.hide();
+        emit ended();
     });
     if (givenUp_) throw error;
 }
@@ -102,7 +110,7 @@ void Waiting::giveUp() {
 }
 
 bool Waiting::eventFilter(QObject* watched, QEvent* event) {
-    if (!isInput(event->type()) || watched == notice_.stopButton) return false;
+    if (!isInput(event->type()) || watched->objectName() == kStopButton) return false;
     if (event->type() == QEvent::Close) event->ignore();
     const bool escape = event->type() == QEvent::KeyPress &&
                         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;

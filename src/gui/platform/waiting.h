@@ -6,23 +6,16 @@
 
 #include <QObject>
 
-#include <functional>
-#include <string>
-
 class QEventLoop;
 class QToolButton;
 
 namespace bramblet {
 
 class Waiting : public QObject {
+    Q_OBJECT
   public:
-    /// Where the waiting is shown: a line of text and a button that ends it.
-    struct Notice {
-        std::function<void(const std::string& line)> show;
-        std::function<void()> hide;
-        QToolButton* stopButton = nullptr;
-    };
-    void setNotice(Notice notice);
+    /// A button that ends the waiting; hidden until it is needed.
+    QToolButton* makeStopButton();
 
     /// Waits a second for the file that the error names. Throws the error once the user has pressed
     /// the stop button or Escape, and from then on until the command has ended.
@@ -33,6 +26,11 @@ class Waiting : public QObject {
 
     bool isWaiting() const { return waiting_ != nullptr; }
 
+  signals:
+    /// `line` says what is awaited.
+    void began(const QString& line);
+    void ended();
+
   protected:
     /// While waiting, keeps input from everything but the stop button.
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -41,7 +39,6 @@ class Waiting : public QObject {
     void letASecondPass();
     void giveUp();
 
-    Notice notice_;
     QEventLoop* waiting_ = nullptr;  ///< the loop that runs while waiting
     bool givenUp_ = false;           ///< by the user, for the rest of the command
 };

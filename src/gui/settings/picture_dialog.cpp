@@ -7,9 +7,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QGridLayout>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 
 #include <algorithm>
 
@@ -53,13 +51,10 @@ PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::pat
     preview_->setFrameShape(QFrame::StyledPanel);
     caption_ = new QLabel;
     caption_->setAlignment(Qt::AlignCenter);
-    take_ = new QPushButton(u"&Select"_s);
-    take_->setObjectName(u"Command1"_s);
-    take_->setToolTip(u"Use this picture."_s);
+    take_ = onClick(button("Command1", u"&Select"_s, u"Use this picture."_s), [this] { choose(); });
     take_->setDefault(true);
-    auto* cancel = new QPushButton(u"Cancel"_s);
-    cancel->setObjectName(u"Command2"_s);
-    cancel->setToolTip(u"Close without choosing a picture."_s);
+    auto* cancel = onClick(button("Command2", u"Cancel"_s, u"Close without choosing a picture."_s),
+                           [this] { reject(); });
 
     connect(drives_, &QComboBox::activated, this,
             [this] { goTo(pathFromQt(drives_->currentText())); });
@@ -69,17 +64,10 @@ PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::pat
     });
     connect(pictures_, &QListWidget::currentItemChanged, this, &PictureDialog::loadPicture);
     connect(pictures_, &QListWidget::itemActivated, this, &PictureDialog::choose);
-    connect(take_, &QPushButton::clicked, this, &PictureDialog::choose);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
-    place_ = new QLineEdit;
-    place_->setObjectName(u"Place"_s);
+    place_ = lineEdit("Place", {});
     place_->setAccessibleName(u"Folder shown"_s);
-    place_->setReadOnly(true);
-    place_->setFocusPolicy(Qt::ClickFocus);
-    QPalette plain = place_->palette();
-    plain.setBrush(QPalette::Base, plain.window());
-    place_->setPalette(plain);
+    showOnly(place_);
 
     auto* lists = new QGridLayout;
     lists->setHorizontalSpacing(10);

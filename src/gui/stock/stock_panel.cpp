@@ -1,7 +1,6 @@
 #include "gui/stock/stock_panel.h"
 
 #include "gui/platform/boxes.h"
-#include "gui/platform/grid_model.h"
 #include "gui/platform/grid_view.h"
 #include "gui/platform/history_box.h"
 #include "gui/platform/icons.h"
@@ -9,38 +8,10 @@
 #include "gui/platform/qt_text.h"
 
 #include <QGridLayout>
-#include <QHeaderView>
+#include <QHBoxLayout>
 #include <QMenu>
 
 namespace bramblet {
-namespace {
-
-/// What a column is called, and how wide it is.
-struct ColumnLook {
-    GridHeading heading;
-    GridColumn layout;
-};
-ColumnLook lookOf(StockColumn column) {
-    switch (column) {
-        case StockColumn::Category:
-            return {{u"Category"_s}, {12, true}};
-        case StockColumn::Vendor:
-            return {{u"Vendor"_s}, {16, true}};
-        case StockColumn::Unit:
-            return {{u"Unit"_s}, {8, false}};
-        case StockColumn::Description:
-            return {{u"Description"_s}, {30, true}};
-        case StockColumn::UnitCost:
-            return {{u"Unit Cost"_s, true}, {12, false}};
-        case StockColumn::OnHand:
-            return {{u"On Hand"_s, true}, {10, false}};
-        case StockColumn::FileNumber:
-            return {{u"File Number"_s, true}, {}};  // out of sight
-    }
-    return {};
-}
-
-}  // namespace
 
 StockPanel::StockPanel(StockList& stock, LineItems& lines, QWidget* parent)
     : QWidget(parent), stock_(stock), lines_(lines) {
@@ -53,23 +24,8 @@ StockPanel::StockPanel(StockList& stock, LineItems& lines, QWidget* parent)
 }
 
 void StockPanel::makeGrid() {
-    const GridSource source{
-        [this] { return stock_.rowCount(); },
-        [this](int row, int column) {
-            return stock_.cell(row, shownColumns_[static_cast<std::size_t>(column)]);
-        },
-        nullptr,
-        [this](int column) {
-            return stock_.widest(shownColumns_[static_cast<std::size_t>(column)]);
-        }};
-    model_ = new GridModel({}, source, this);
-    grid_ = new GridView;
-    grid_->setObjectName(u"StockGrid"_s);
-    grid_->setAccessibleName(u"Stock items"_s);
-    grid_->setToolTip(u"Stock items to pick from (double-click, add to order)."_s);
-    grid_->setModel(model_);
-    grid_->setMinimumHeight(fontMetrics().height() * 5);
-
+    grid_ = new GridView("StockGrid", u"Stock items"_s,
+                         u"Stock items to pick from (double-click, add to order)."_s, stock_, 5);
     menu_ = new QMenu(this);
     menu_->setObjectName(u"itemspop"_s);
     auto* remove = menu_->addAction(u"&Delete"_s, this, [this] { stock_.DeleteStockItem_Click(); });
@@ -84,7 +40,7 @@ void StockPanel::makeGrid() {
     connect(grid_, &GridView::rowEntered, this, &StockPanel::addCurrentItem);
     connect(grid_, &GridView::insertPressed, this, &StockPanel::addCurrentItem);
     connect(grid_, &GridView::deletePressed, this, [this] { stock_.DeleteStockItem_Click(); });
-    connect(grid_, &GridView::headingClicked, this, &StockPanel::sortBy);
+    connect(grid_, &GridView::headingClicked, this, [this](int column) { stock_.sortBy(column); });
     connect(grid_, &GridView::menuRequested, this, [this](const QPoint& place) {
         if (grid_->currentRow() >= 0) menu_->popup(place);
     });
@@ -98,17 +54,14 @@ QWidget* StockPanel::makeEditor() {
     unit_ = comboBox("StockUnitCombo", u"The unit of measure, for example ea or box."_s, 20,
                      &StockItemBoxes::StockUnitCombo);
     unit_->setMinimumContentsLength(4);
-    description_ = lineEdit("StockDescriptionEd", u"What the item is called on orders."_s,
-                            &StockItemBoxes::StockDescriptionEd);
-    description_->setMaxLength(120);
-    unitCost_ =
-        lineEdit("StockUnitCostEd", u"What one unit costs."_s, &StockItemBoxes::StockUnitCostEd);
+    auto* description =
+        lineEdit("StockDescriptionEd", u"What the item is called on orders."_s, 120);
+    boxes_.bind(description, stock_.boxes, &StockItemBoxes::StockDescriptionEd);
+    unitCost_ = lineEdit("StockUnitCostEd", u"What one unit costs."_s);
+    boxes_.bind(unitCost_, stock_.boxes, &StockItemBoxes::StockUnitCostEd);
     unitCost_->setAlignment(Qt::AlignRight);
     unitCost_->setMinimumWidth(fontMetrics().horizontalAdvance(u"000,000.0000"_s) + 14);
-    fileNumber_ = new QLabel;
-    fileNumber_->setObjectName(u"FileOrderTag"_s);
-    fileNumber_->setToolTip(u"File number of the item picked last"_s);
-    fileNumber_->setForegroundRole(QPalette::PlaceholderText);
+    fileNumber_ = quietLabel("FileOrderTag", u"File number of the item picked last"_s);
 
     auto* editor = new QWidget;
     auto* grid = new QGridLayout(editor);
@@ -125,7 +78,7 @@ QWidget* StockPanel::makeEditor() {
     addRow(2, u"Unit"_s, unit_, 1);
     grid->addWidget(boxLabel(u"Cost"_s, unitCost_), 2, 2);
     grid->addWidget(unitCost_, 2, 3);
-    addRow(3, u"Description"_s, description_, 3);
+    addRow(3, u"Description"_s, description, 3);
     grid->addWidget(makeButtons(), 4, 0, 1, 4);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(5, 1);
@@ -139,20 +92,8 @@ HistoryBox* StockPanel::comboBox(const char* name, const QString& tip, int limit
     auto* combo = new HistoryBox(name, tip);
     combo->setToolTip(tip);
     combo->lineEdit()->setMaxLength(limit);
-    const auto edited = [this, box](const QString& text) { stock_.boxes.*box = fromQt(text); };
-    connect(combo->lineEdit(), &QLineEdit::textEdited, this, edited);
-    connect(combo, &QComboBox::textActivated, this, edited);
+    boxes_.bind(combo, stock_.boxes, box);
     return combo;
-}
-
-QLineEdit* StockPanel::lineEdit(const char* name, const QString& tip,
-                                std::string StockItemBoxes::*box) {
-    auto* edit = new QLineEdit;
-    edit->setObjectName(QLatin1String(name));
-    edit->setToolTip(tip);
-    connect(edit, &QLineEdit::textEdited, this,
-            [this, box](const QString& text) { stock_.boxes.*box = fromQt(text); });
-    return edit;
 }
 
 QWidget* StockPanel::makeButtons() {
@@ -161,16 +102,13 @@ QWidget* StockPanel::makeButtons() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     const auto add = [&](const char* name, Drawing drawing, const QString& caption,
-                         const QString& tip, const std::function<void()>& command) {
-        auto* button = toolButton(name, drawing, caption, tip);
+                         const QString& tip, const auto& command) {
+        auto* button = onClick(toolButton(name, drawing, caption, tip), command);
         button->setAutoRaise(false);
-        connect(button, &QToolButton::clicked, this, [command] { command(); });
         layout->addWidget(button);
-        return button;
     };
-    addToOrder_ =
-        add("AddToOrder", Drawing::Up, u"Add to Order"_s,
-            u"Add the item picked in the list to the order."_s, [this] { addCurrentItem(); });
+    add("AddToOrder", Drawing::Up, u"Add to Order"_s,
+        u"Add the item picked in the list to the order."_s, [this] { addCurrentItem(); });
     layout->addStretch(1);
     // After a save, typing the next item starts at its category.
     add("SaveNewStockItem", Drawing::New, u"New"_s,
@@ -189,16 +127,8 @@ QWidget* StockPanel::makeButtons() {
 }
 
 void StockPanel::refreshList() {
-    refreshColumns();
-    QHeaderView* const header = grid_->horizontalHeader();
-    const auto sorted = stock_.sortColumn();
-    header->setSortIndicatorShown(sorted.has_value());
-    if (sorted) {
-        const auto place = std::find(shownColumns_.begin(), shownColumns_.end(), *sorted);
-        header->setSortIndicator(
-            static_cast<int>(place - shownColumns_.begin()),
-            stock_.sortedDescending() ? Qt::DescendingOrder : Qt::AscendingOrder);
-    }
+    grid_->refresh();
+    onHand_->setVisible(stock_.showsOnHand());
     category_->setEntries(stock_.entries().categories);
     vendor_->setEntries(stock_.entries().vendors);
     unit_->setEntries(stock_.entries().units);
@@ -208,42 +138,12 @@ void StockPanel::refreshList() {
 }
 
 void StockPanel::refreshEditor() {
-    category_->showText(stock_.boxes.StockCatCombo);
-    vendor_->showText(stock_.boxes.StockVendorCombo);
-    unit_->showText(stock_.boxes.StockUnitCombo);
-    showText(description_, stock_.boxes.StockDescriptionEd);
-    showText(unitCost_, stock_.boxes.StockUnitCostEd);
+    boxes_.refresh();
     fileNumber_->setText(toQt(stock_.FileOrderTag()));
 }
 
-/// The list gains or loses a column when the setting for quantities has changed.
-void StockPanel::refreshColumns() {
-    if (shownColumns_ == stock_.columns()) {
-        model_->refresh();
-    } else {
-        shownColumns_ = stock_.columns();
-        std::vector<GridHeading> headings;
-        std::vector<GridColumn> layout;
-        for (const StockColumn column : shownColumns_) {
-            headings.push_back(lookOf(column).heading);
-            layout.push_back(lookOf(column).layout);
-        }
-        model_->refresh(std::move(headings));
-        grid_->setColumns(layout);
-        const auto& columns = shownColumns_;
-        onHand_->setVisible(std::find(columns.begin(), columns.end(), StockColumn::OnHand) !=
-                            columns.end());
-    }
-}
-
 void StockPanel::addCurrentItem() {
-    if (dataAvailable()) lines_.StockGrid_DblClick(stock_, grid_->currentRow());
-}
-
-void StockPanel::sortBy(int column) {
-    if (column < columnCount()) {
-        stock_.sortByHeading(shownColumns_[static_cast<std::size_t>(column)]);
-    }
+    lines_.StockGrid_DblClick(stock_, grid_->currentRow());
 }
 
 }  // namespace bramblet

@@ -3,22 +3,17 @@
 
 #include "core/orders/line_items.h"
 #include "core/stock/stock_list.h"
+#include "gui/platform/boxes.h"
 
 #include <QWidget>
 
 class QAction;
-
-class QLabel;
-class QLineEdit;
 class QMenu;
-class QToolButton;
 
 namespace bramblet {
 
-class HistoryBox;
-
-class GridModel;
 class GridView;
+class HistoryBox;
 
 class StockPanel : public QWidget {
     Q_OBJECT
@@ -29,39 +24,29 @@ class StockPanel : public QWidget {
     void refreshList();
     void refreshEditor();
 
-    /// Adds the current row's item to the order, when the data folder can be used.
+    /// Adds the current row's item to the order.
     void addCurrentItem();
 
-    /// Whether the data folder can be used; asked before an item is added.
-    std::function<bool()> dataAvailable = [] { return true; };
-
     GridView* grid() const { return grid_; }
-    void sortBy(int column);
-    int columnCount() const { return static_cast<int>(stock_.columns().size()); }
 
   private:
     void makeGrid();
     QWidget* makeEditor();
     HistoryBox* comboBox(const char* name, const QString& tip, int limit,
                          std::string StockItemBoxes::*box);
-    QLineEdit* lineEdit(const char* name, const QString& tip, std::string StockItemBoxes::*box);
     QWidget* makeButtons();
-    void refreshColumns();
 
     StockList& stock_;
     LineItems& lines_;
-    GridModel* model_;
     GridView* grid_;
     QMenu* menu_;
     QAction* onHand_;
     HistoryBox* category_;
     HistoryBox* vendor_;
     HistoryBox* unit_;
-    QLineEdit* description_;
     QLineEdit* unitCost_;
     QLabel* fileNumber_;
-    QToolButton* addToOrder_;
-    std::vector<StockColumn> shownColumns_;
+    BoundBoxes boxes_;
 };
 
 }  // namespace bramblet

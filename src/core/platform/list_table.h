@@ -1,0 +1,138 @@
+// Lists as the grids show them: each column's heading, width, alignment, text and order of sorting
+// are in one table. Cells are turned into text when asked for.
+#pragma once
+
+#include "core/platform/currency.h"
+#include "core/platform/regional_formats.h"
+#include "core/platform/sorting.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace bramblet {
+
+enum class Align { Left, Centre, Right };
+
+/// How a column looks.
+struct ColumnLook {
+    const char* heading;
+    int characters;          ///< width, if the heading needs no more; 0 hides the column
+    bool stretches = false;  ///< takes a share of spare width, and shrinks when there is too little
+    Align align = Align::Left;
+};
+
+/// A list as a grid sees it. Rows and columns count from 0.
+class Table {
+  public:
+    virtual ~Table() = default;
+
+    virtual int rowCount() const = 0;
+    virtual int columnCount() const = 0;
+    virtual const ColumnLook& look(int column) const = 0;
+    virtual std::string cell(int row, int column) const = 0;
+    /// The widest text of a column whose texts must never be cut short; empty for other columns.
+    virtual std::string widest(int column) const = 0;
+
+    /// The column that the list is sorted by; nothing when it is in file order.
+    virtual std::optional<int> sortColumn() const = 0;
+    virtual bool sortedDescending() const = 0;
+
+    /// What sets a row apart in its first cell.
+    enum class Mark { None, Requisition, Received };
+    virtual Mark mark(int) const { return Mark::None; }
+};
+
+/// A column of a list of `Row`s. It holds either a text or an amount.
+template <class Row>
+struct Column : ColumnLook {
+    std::string (*text)(const Row& row, const RegionalFormats& formats) = nullptr;
+    Currency Row::*amount = nullptr;
+    std::string (*amountText)(Currency amount, const RegionalFormats& formats) = nullptr;
+    int decimals = 2;                        ///< of an amount, at the least
+    double (*number)(const Row&) = nullptr;  ///< to sort by; null for a column sorted by its texts
+    const char* exported = nullptr;          ///< its heading in exports; null when it is left out
+
+    std::string textOf(const Row& row, const RegionalFormats& formats) const {
+        return amount != nullptr ? amountText(row.*amount, formats) : text(row, formats);
+    }
+};
+
+template <class Row>
+class ListTable : public Table {
+  public:
+    explicit ListTable(const RegionalFormats& formats) : formats_(formats) {}
+
+    int rowCount() const override { return static_cast<int>(rows_.size()); }
+    int columnCount() const override { return static_cast<int>(shown_.size()); }
+    const ColumnLook& look(int place) const override { return column(place); }
+    std::string cell(int row, int place) const override {
+        return column(place).textOf(rows_[static_cast<std::size_t>(row)], formats_);
+    }
+    const Row& row(int row) const { return rows_[static_cast<std::size_t>(row)]; }
+
+    std::string widest(int place) const override {
+        const Column<Row>& wanted = column(place);
+        if (wanted.amount == nullptr) return {};
+        const std::int64_t lastShown = wanted.decimals == 0 ? kUnit : kUnit / 100;
+        std::int64_t least = 0;
+        std::int64_t most = 0;
+        bool moreDecimals = false;
+        for (const Row& row : rows_) {
+            const std::int64_t amount = (row.*wanted.amount).tenThousandths;
+            least = std::min(least, amount);
+            most = std::max(most, amount);
+            moreDecimals = moreDecimals || amount % lastShown != 0;
+        }
+        const auto text = [&](std::int64_t amount, std::int64_t decimals) {
+            constexpr std::int64_t kLargest = std::numeric_limits<std::int64_t>::max() - kUnit;
+            amount = std::clamp(amount, -kLargest, kLargest);
+            if (moreDecimals) amount = amount / kUnit * kUnit + decimals;
+            return wanted.amountText(Currency{amount}, formats_);
+        };
+        std::string low = text(least, least < 0 ? 1 - kUnit : 0);
+        std::string high = text(most, kUnit - 1);
+        return low.size() > high.size() ? low : high;
+    }
+
+    std::optional<int> sortColumn() const override {
+        const auto place = std::find(shown_.begin(), shown_.end(), sortedBy_);
+        if (place == shown_.end()) return std::nullopt;
+        return static_cast<int>(place - shown_.begin());
+    }
+    bool sortedDescending() const override { return descending_; }
+
+  protected:
+    /// What a click on a heading does: sorts by that column, first ascending, then alternating.
+    void sortByHeading(int place) {
+        sort(&column(place), sortedBy_ == &column(place) && !descending_);
+    }
+
+    void sort(const Column<Row>* by, bool descending) {
+        sortedBy_ = by;
+        descending_ = descending;
+        if (by->number != nullptr) {
+            sortRows(rows_, descending, by->number);
+        } else {
+            sortRows(rows_, descending,
+                     [&](const Row& row) { return sortKey(by->textOf(row, formats_)); });
+        }
+    }
+
+    const RegionalFormats& formats_;
+    std::vector<Row> rows_;
+    std::vector<const Column<Row>*> shown_;  ///< the columns, from left to right
+    const Column<Row>* sortedBy_ = nullptr;  ///< null for the file's own order
+
+  private:
+    static constexpr std::int64_t kUnit = 10000;  ///< 1, as Currency counts
+
+    const Column<Row>& column(int place) const { return *shown_[static_cast<std::size_t>(place)]; }
+
+    bool descending_ = false;
+};
+
+}  // namespace bramblet
