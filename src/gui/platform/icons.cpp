@@ -7,6 +7,7 @@
 #include <QPalette>
 
 #include <array>
+#include <sstream>
 
 namespace bramblet {
 namespace {
@@ -71,60 +72,71 @@ constexpr std::array kStrokes{
 };
 static_assert(kStrokes.size() == static_cast<std::size_t>(Drawing::Close) + 1);
 
+/// A sign: its strokes and the colour of its disc. In the order of Sign.
+struct SignLook {
+    const char* strokes;
+    const char* disc;
+};
+constexpr std::array kSigns{
+    SignLook{"M 8 7.3 L 8 11.6 M 8 4.5 L 8 4.7", "#2f6fb3"},
+    SignLook{"M 6 6.1 Q 6 4.2 8 4.2 Q 10 4.2 10 6 Q 10 7.3 8.6 8 Q 8 8.4 8 9.3 "
+             "M 8 11.5 L 8 11.7",
+             "#5b3f8c"},
+    SignLook{"M 8 4.2 L 8 8.9 M 8 11.4 L 8 11.6", "#c77a0a"},
+    SignLook{"M 5.6 5.6 L 10.4 10.4 M 10.4 5.6 L 5.6 10.4", "#b3261e"},
+};
+static_assert(kSigns.size() == static_cast<std::size_t>(Sign::Critical) + 1);
+
 QPainterPath pathOf(const char* strokes) {
     QPainterPath path;
-    const QStringList words = QString::fromLatin1(strokes).split(QLatin1Char(' '));
-    const auto number = [&](qsizetype i) { return words[i].toDouble(); };
-    for (qsizetype i = 0; i < words.size();) {
-        if (words[i] == QLatin1String("M")) {
-            path.moveTo(number(i + 1), number(i + 2));
-            i += 3;
-        } else if (words[i] == QLatin1String("L")) {
-            path.lineTo(number(i + 1), number(i + 2));
-            i += 3;
-        } else if (words[i] == QLatin1String("Q")) {
-            path.quadTo(number(i + 1), number(i + 2), number(i + 3), number(i + 4));
-            i += 5;
-        } else {
-            path.addEllipse(QPointF(number(i + 1), number(i + 2)), number(i + 3), number(i + 3));
-            i += 4;
+    std::istringstream in(strokes);
+    char stroke = 0;
+    double x = 0;
+    double y = 0;
+    while (in >> stroke >> x >> y) {
+        if (stroke == 'M') path.moveTo(x, y);
+        if (stroke == 'L') path.lineTo(x, y);
+        if (stroke == 'Q') {
+            double endX = 0;
+            double endY = 0;
+            in >> endX >> endY;
+            path.quadTo(x, y, endX, endY);
+        }
+        if (stroke == 'O') {
+            double radius = 0;
+            in >> radius;
+            path.addEllipse(QPointF(x, y), radius, radius);
         }
     }
     return path;
 }
 
-/// What a sign is drawn with: its strokes and the colour of its disc.
-struct SignLook {
-    const char* strokes;
-    const char* colour;
-};
-SignLook lookOf(Sign sign) {
-    switch (sign) {
-        case Sign::Information:
-            return {"M 8 7.3 L 8 11.6 M 8 4.5 L 8 4.7", "#2f6fb3"};
-        case Sign::Question:
-            return {
-                "M 6 6.1 Q 6 4.2 8 4.2 Q 10 4.2 10 6 Q 10 7.3 8.6 8 Q 8 8.4 8 9.3 "
-                "M 8 11.5 L 8 11.7",
-                "#5b3f8c"};
-        case Sign::Warning:
-            return {"M 8 4.2 L 8 8.9 M 8 11.4 L 8 11.6", "#c77a0a"};
-        case Sign::Critical:
-            return {"M 5.6 5.6 L 10.4 10.4 M 10.4 5.6 L 5.6 10.4", "#b3261e"};
-    }
-    return {"", "#000000"};
-}
-
-/// An icon drawn on a 16 by 16 grid, at whatever size is wanted.
-class PaintedIcon : public QIconEngine {
+/// Strokes at whatever size is wanted: in white on a disc, or without one in the colour of the
+/// text.
+class StrokedIcon : public QIconEngine {
   public:
+    explicit StrokedIcon(const char* strokes, const char* disc = nullptr)
+        : strokes_(strokes), disc_(disc) {}
+
+    QIconEngine* clone() const override { return new StrokedIcon(strokes_, disc_); }
+
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const qreal scale = qMin(rect.width(), rect.height()) / 16.0;
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(rect.topLeft());
         painter->scale(scale, scale);
-        draw(*painter, mode);
+        if (disc_ != nullptr) {
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(QColor(disc_));
+            painter->drawEllipse(QPointF(8, 8), 7, 7);
+        }
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const QColor text = QApplication::palette().color(group, QPalette::ButtonText);
+        painter->setPen(QPen(disc_ != nullptr ? Qt::white : text, disc_ != nullptr ? 1.5 : 1.3,
+                             Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawPath(pathOf(strokes_));
         painter->restore();
     }
 
@@ -136,58 +148,20 @@ class PaintedIcon : public QIconEngine {
         return pixmap;
     }
 
-  protected:
-    virtual void draw(QPainter& painter, QIcon::Mode mode) const = 0;
-
-    static void stroke(QPainter& painter, const char* strokes, const QColor& colour, qreal width) {
-        painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawPath(pathOf(strokes));
-    }
-};
-
-class DrawingIcon : public PaintedIcon {
-  public:
-    explicit DrawingIcon(Drawing drawing) : drawing_(drawing) {}
-    QIconEngine* clone() const override { return new DrawingIcon(drawing_); }
-
-  protected:
-    void draw(QPainter& painter, QIcon::Mode mode) const override {
-        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const QColor colour = QApplication::palette().color(group, QPalette::ButtonText);
-        stroke(painter, kStrokes[static_cast<std::size_t>(drawing_)], colour, 1.3);
-    }
-
   private:
-    Drawing drawing_;
-};
-
-class SignIcon : public PaintedIcon {
-  public:
-    explicit SignIcon(Sign sign) : sign_(sign) {}
-    QIconEngine* clone() const override { return new SignIcon(sign_); }
-
-  protected:
-    void draw(QPainter& painter, QIcon::Mode) const override {
-        const SignLook look = lookOf(sign_);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(look.colour));
-        painter.drawEllipse(QPointF(8, 8), 7, 7);
-        stroke(painter, look.strokes, Qt::white, 1.5);
-    }
-
-  private:
-    Sign sign_;
+    const char* strokes_;
+    const char* disc_;
 };
 
 }  // namespace
 
 QIcon icon(Drawing drawing) {
-    return QIcon(new DrawingIcon(drawing));
+    return QIcon(new StrokedIcon(kStrokes[static_cast<std::size_t>(drawing)]));
 }
 
 QIcon icon(Sign sign) {
-    return QIcon(new SignIcon(sign));
+    const SignLook& look = kSigns[static_cast<std::size_t>(sign)];
+    return QIcon(new StrokedIcon(look.strokes, look.disc));
 }
 
 }  // namespace bramblet
