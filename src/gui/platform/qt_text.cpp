@@ -6,28 +6,18 @@
 #include <QDir>
 
 namespace bramblet {
-namespace {
-
-QString toQString(const std::u16string& text) {
-    return QString::fromStdU16String(text);
-}
-
-std::string coded(const QString& text) {
-    return fromUnicode(text.normalized(QString::NormalizationForm_C).toStdU16String());
-}
-
-}  // namespace
 
 QString toQt(const std::string& text) {
-    return toQString(toUnicode(text));
+    return QString::fromStdU16String(toUnicode(text));
 }
 
 std::string fromQt(const QString& text) {
-    return withoutControls(coded(text));
+    const QString composed = text.normalized(QString::NormalizationForm_C);
+    return withoutControls(fromUnicode(composed.toStdU16String()));
 }
 
 QString linesToQt(const std::string& text) {
-    return toQt(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return toQt(text).replace(u"\r\n"_s, u"\n"_s);
 }
 
 std::string linesFromQt(const QString& text) {
@@ -39,7 +29,7 @@ std::string linesFromQt(const QString& text) {
 }
 
 QString pathToQt(const std::filesystem::path& path) {
-    return toQString(unicodeOf(path));
+    return QString::fromStdU16String(unicodeOf(path));
 }
 
 std::filesystem::path pathFromQt(const QString& text) {
@@ -48,7 +38,7 @@ std::filesystem::path pathFromQt(const QString& text) {
 }
 
 QString messageToQt(const std::string& message) {
-    return toQString(messageToUnicode(message)).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return QString::fromStdU16String(messageToUnicode(message)).replace(u"\r\n"_s, u"\n"_s);
 }
 
 }  // namespace bramblet

@@ -1,4 +1,4 @@
-// Converts between the core's code page texts and Qt's.
+// Qt's texts: u"Save"_s is one, and the core's code page texts become one here, and back.
 #pragma once
 
 #include <QString>
@@ -7,6 +7,8 @@
 #include <string>
 
 namespace bramblet {
+
+using namespace Qt::StringLiterals;
 
 QString toQt(const std::string& text);
 /// One line of text: letters are composed, then converted to the code page. What it lacks becomes
