@@ -2,7 +2,6 @@
 
 #include "core/platform/file_system.h"
 #include "core/platform/path_text.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QApplication>
@@ -10,65 +9,34 @@
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
-#include <QProgressDialog>
+
+#include <map>
 
 namespace bramblet {
 namespace {
 
-QMessageBox::Icon iconOf(Icon icon) {
-    switch (icon) {
-        case Icon::Information:
-            return QMessageBox::Information;
-        case Icon::Question:
-            return QMessageBox::Question;
-        case Icon::Exclamation:
-            return QMessageBox::Warning;
-        case Icon::Stop:
-            return QMessageBox::Critical;
-        case Icon::None:
-            break;
-    }
-    return QMessageBox::NoIcon;
-}
+const std::map<Icon, QMessageBox::Icon> kIcons{
+    {Icon::None, QMessageBox::NoIcon},       {Icon::Information, QMessageBox::Information},
+    {Icon::Question, QMessageBox::Question}, {Icon::Exclamation, QMessageBox::Warning},
+    {Icon::Stop, QMessageBox::Critical},
+};
 
-QMessageBox::StandardButton buttonOf(Answer answer) {
-    switch (answer) {
-        case Answer::Ok:
-            return QMessageBox::Ok;
-        case Answer::Cancel:
-            return QMessageBox::Cancel;
-        case Answer::Yes:
-            return QMessageBox::Yes;
-        case Answer::No:
-            return QMessageBox::No;
-        case Answer::Retry:
-            return QMessageBox::Retry;
-        case Answer::Ignore:
-            return QMessageBox::Ignore;
-        case Answer::Close:
-            return QMessageBox::Close;
-    }
-    return QMessageBox::Ok;
-}
+const std::map<Answer, QMessageBox::StandardButton> kButtons{
+    {Answer::Ok, QMessageBox::Ok},       {Answer::Cancel, QMessageBox::Cancel},
+    {Answer::Yes, QMessageBox::Yes},     {Answer::No, QMessageBox::No},
+    {Answer::Retry, QMessageBox::Retry}, {Answer::Ignore, QMessageBox::Ignore},
+    {Answer::Close, QMessageBox::Close},
+};
 
 /// The answers that a set of buttons offers, in order; the first is the default.
-std::vector<Answer> answersOf(Buttons buttons) {
-    switch (buttons) {
-        case Buttons::Ok:
-            return {Answer::Ok};
-        case Buttons::OkCancel:
-            return {Answer::Ok, Answer::Cancel};
-        case Buttons::YesNo:
-            return {Answer::Yes, Answer::No};
-        case Buttons::YesNoCancel:
-            return {Answer::Yes, Answer::No, Answer::Cancel};
-        case Buttons::RetryClose:
-            return {Answer::Retry, Answer::Close};
-        case Buttons::RetryIgnoreClose:
-            return {Answer::Retry, Answer::Ignore, Answer::Close};
-    }
-    return {Answer::Ok};
-}
+const std::map<Buttons, std::vector<Answer>> kAnswers{
+    {Buttons::Ok, {Answer::Ok}},
+    {Buttons::OkCancel, {Answer::Ok, Answer::Cancel}},
+    {Buttons::YesNo, {Answer::Yes, Answer::No}},
+    {Buttons::YesNoCancel, {Answer::Yes, Answer::No, Answer::Cancel}},
+    {Buttons::RetryClose, {Answer::Retry, Answer::Close}},
+    {Buttons::RetryIgnoreClose, {Answer::Retry, Answer::Ignore, Answer::Close}},
+};
 
 QStringList filtersOf(const FileChoice& choice) {
     QStringList filters;
@@ -90,21 +58,18 @@ QString suffixOf(const FileChoice& choice) {
 
 }  // namespace
 
-DialogPrompts::DialogPrompts() = default;
-DialogPrompts::~DialogPrompts() = default;
-
 Answer DialogPrompts::ask(const Message& message) {
-    const std::vector<Answer> answers = answersOf(message.buttons);
-    QMessageBox box(iconOf(message.icon), messageToQt(message.title), messageToQt(message.text),
+    const std::vector<Answer>& answers = kAnswers.at(message.buttons);
+    QMessageBox box(kIcons.at(message.icon), messageToQt(message.title), messageToQt(message.text),
                     QMessageBox::NoButton, parent());
     box.setTextFormat(Qt::PlainText);
     for (const Answer answer : answers)
-        box.addButton(buttonOf(answer));
-    box.setDefaultButton(buttonOf(message.preset.value_or(answers.front())));
+        box.addButton(kButtons.at(answer));
+    box.setDefaultButton(kButtons.at(message.preset.value_or(answers.front())));
     box.exec();
     const auto pressed = box.standardButton(box.clickedButton());
     for (const Answer answer : answers) {
-        if (buttonOf(answer) == pressed) return answer;
+        if (kButtons.at(answer) == pressed) return answer;
     }
     return answers.back();
 }
@@ -118,20 +83,9 @@ std::optional<std::string> DialogPrompts::input(const std::string& prompt, const
     return fromQt(text);
 }
 
-std::optional<std::filesystem::path> DialogPrompts::chooseFileToOpen(const FileChoice& choice) {
-    return choose(choice, Purpose::Open);
-}
-
-std::optional<std::filesystem::path> DialogPrompts::chooseFileToSave(const FileChoice& choice) {
-    return choose(choice, Purpose::Save);
-}
-
 std::optional<std::filesystem::path> DialogPrompts::chooseFolder(
     const std::string& title, const std::filesystem::path& start) {
-    FileChoice choice;
-    choice.title = title;
-    choice.folder = start;
-    auto folder = choose(choice, Purpose::Folder);
+    auto folder = choose({title, start, {}, {}}, Purpose::Folder);
     if (folder) folder = withSeparator(*folder);
     return folder;
 }

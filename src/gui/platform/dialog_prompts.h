@@ -4,27 +4,27 @@
 #include "core/platform/prompts.h"
 
 #include <QPointer>
+#include <QProgressDialog>
 #include <QWidget>
 
 #include <memory>
-
-class QProgressDialog;
 
 namespace bramblet {
 
 class DialogPrompts : public Prompts {
   public:
-    DialogPrompts();
-    ~DialogPrompts() override;
-
     /// The window above which the dialogs open; null until it exists.
     void setParent(QWidget* parent) { parent_ = parent; }
 
     Answer ask(const Message& message) override;
     std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                      const std::string& preset) override;
-    std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice& choice) override;
-    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) override;
+    std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice& choice) override {
+        return choose(choice, Purpose::Open);
+    }
+    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) override {
+        return choose(choice, Purpose::Save);
+    }
     std::optional<std::filesystem::path> chooseFolder(const std::string& title,
                                                       const std::filesystem::path& start) override;
     std::optional<std::string> chooseFont(const std::string& current) override;

@@ -1,7 +1,6 @@
 #include "gui/platform/waiting.h"
 
 #include "core/platform/path_text.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QApplication>
@@ -11,6 +10,9 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include <algorithm>
+#include <array>
+
 namespace bramblet {
 namespace {
 
@@ -18,45 +20,22 @@ constexpr int kSecond = 1000;
 const QString kStopButton = u"StopWaiting"_s;
 
 /// What a person does to the windows, and what would make a box act on it.
-bool isInput(QEvent::Type type) {
-    switch (type) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::Wheel:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::Shortcut:
-        case QEvent::ShortcutOverride:
-        case QEvent::ContextMenu:
-        case QEvent::InputMethod:
-        case QEvent::TouchBegin:
-        case QEvent::Drop:
-        case QEvent::FocusIn:
-        case QEvent::FocusOut:
-        case QEvent::Close:
-            return true;
-        default:
-            return false;
-    }
-}
-
-/// Holds input back while it lives, and shows the busy pointer.
-class InputHeld {
-  public:
-    explicit InputHeld(QObject& filter) : filter_(filter) {
-        QApplication::setOverrideCursor(Qt::BusyCursor);
-        qApp->installEventFilter(&filter_);
-    }
-    ~InputHeld() {
-        qApp->removeEventFilter(&filter_);
-        QApplication::restoreOverrideCursor();
-    }
-    InputHeld(const InputHeld&) = delete;
-    InputHeld& operator=(const InputHeld&) = delete;
-
-  private:
-    QObject& filter_;
+constexpr std::array kInput{
+    QEvent::MouseButtonPress,
+    QEvent::MouseButtonRelease,
+    QEvent::MouseButtonDblClick,
+    QEvent::Wheel,
+    QEvent::KeyPress,
+    QEvent::KeyRelease,
+    QEvent::Shortcut,
+    QEvent::ShortcutOverride,
+    QEvent::ContextMenu,
+    QEvent::InputMethod,
+    QEvent::TouchBegin,
+    QEvent::Drop,
+    QEvent::FocusIn,
+    QEvent::FocusOut,
+    QEvent::Close,
 };
 
 }  // namespace
@@ -97,10 +76,13 @@ void Waiting::waitOneSecond() {
 void Waiting::letASecondPass() {
     QEventLoop loop;
     QTimer::singleShot(kSecond, &loop, &QEventLoop::quit);
-    const InputHeld held(*this);
+    QApplication::setOverrideCursor(Qt::BusyCursor);
+    qApp->installEventFilter(this);
     waiting_ = &loop;
     loop.exec();
     waiting_ = nullptr;
+    qApp->removeEventFilter(this);
+    QApplication::restoreOverrideCursor();
 }
 
 void Waiting::giveUp() {
@@ -110,7 +92,8 @@ void Waiting::giveUp() {
 }
 
 bool Waiting::eventFilter(QObject* watched, QEvent* event) {
-    if (!isInput(event->type()) || watched->objectName() == kStopButton) return false;
+    const bool input = std::find(kInput.begin(), kInput.end(), event->type()) != kInput.end();
+    if (!input || watched->objectName() == kStopButton) return false;
     if (event->type() == QEvent::Close) event->ignore();
     const bool escape = event->type() == QEvent::KeyPress &&
                         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
