@@ -3,12 +3,9 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/history_box.h"
 #include "gui/platform/icons.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
-#include <QHBoxLayout>
 #include <QPlainTextEdit>
-#include <QVBoxLayout>
 
 namespace bramblet {
 namespace {
@@ -46,10 +43,11 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
     const Look look = lookOf(side);
     nameField_ = look.name;
     addressField_ = look.address;
-    name_ = new HistoryBox(look.nameBox, look.label);
+    name_ = new HistoryBox(
+        look.nameBox, look.label,
+        u"Pick the %1 from the list, or type the name of a new one."_s.arg(look.one));
     name_->lineEdit()->setMaxLength(kNameLimit);
     name_->setMaxVisibleItems(16);
-    name_->setToolTip(u"Pick the %1 from the list, or type the name of a new one."_s.arg(look.one));
     address_ = new QPlainTextEdit;
     address_->setObjectName(QLatin1String(look.addressBox));
     address_->setAccessibleName(u"Address of the %1"_s.arg(look.one));
@@ -60,26 +58,17 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
     counter_ = quietLabel(look.counter, u"Number of the %1 shown"_s.arg(look.one));
     counter_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     counter_->setMinimumWidth(fontMetrics().averageCharWidth() * 4);
-    save_ = onClick(toolButton(look.save, Drawing::Store, {},
-                               u"Save the %1 shown in the address book"_s.arg(look.one)),
-                    [this] { book_.Changed_Click(side_); });
-    remove_ = onClick(toolButton(look.remove, Drawing::Delete, {},
-                                 u"Delete the %1 shown from the address book"_s.arg(look.one)),
-                      [this] { book_.Delete_Click(side_); });
+    save_ = toolButton(look.save, Drawing::Store, {},
+                       u"Save the %1 shown in the address book"_s.arg(look.one),
+                       [this] { book_.Changed_Click(side_); });
+    remove_ = toolButton(look.remove, Drawing::Delete, {},
+                         u"Delete the %1 shown from the address book"_s.arg(look.one),
+                         [this] { book_.Delete_Click(side_); });
 
-    auto* top = new QHBoxLayout;
-    top->setSpacing(4);
-    top->addWidget(boxLabel(look.label, name_));
-    top->addWidget(name_, 1);
-    top->addWidget(counter_);
-    top->addWidget(save_);
-    top->addWidget(remove_);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addLayout(top);
-    layout->addWidget(address_);
-    layout->addStretch(1);
+    auto* top = row(4, {boxLabel(look.label, name_), grow(name_), counter_, save_, remove_});
+    fill(this, column(4, {top, address_, spring()}));
+    setTabOrder(name_, address_);
+    setTabOrder(address_, save_);
 
     connect(name_->lineEdit(), &QLineEdit::textEdited, this,
             [this](const QString& text) { book_.Combo_Change(side_, fromQt(text)); });

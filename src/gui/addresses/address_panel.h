@@ -24,10 +24,6 @@ class AddressPanel : public QWidget {
     void refresh();
 
     HistoryBox* nameBox() const { return name_; }
-    QPlainTextEdit* addressBox() const { return address_; }
-
-    QToolButton* saveButton() const { return save_; }
-    QToolButton* deleteButton() const { return remove_; }
 
   private:
     AddressSide side_;

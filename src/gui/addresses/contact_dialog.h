@@ -3,26 +3,11 @@
 
 #include "core/addresses/contact_import.h"
 
-#include <QDialog>
-
-class QLineEdit;
-class QPushButton;
+class QWidget;
 
 namespace bramblet {
 
-class ContactDialog : public QDialog {
-    Q_OBJECT
-  public:
-    ContactDialog(ContactImport& import, QWidget* parent);
-
-  private:
-    void Command1_Click();
-    void refresh();
-
-    ContactImport& import_;
-    QLineEdit* file_;
-    QPushButton* vendors_;
-    QPushButton* shipTos_;
-};
+/// Shows the dialog until it is closed.
+void showContactDialog(ContactImport& import, QWidget* parent);
 
 }  // namespace bramblet

@@ -1,19 +1,16 @@
 #include "gui/app/help_window.h"
 
-#include "gui/platform/literals.h"
+#include "gui/platform/boxes.h"
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
 
 #include <QAction>
 #include <QFile>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSplitter>
 #include <QTextBrowser>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -150,11 +147,10 @@ HelpWindow::HelpWindow(QWidget* parent) : QMainWindow(parent) {
 
 /// The search and the list of pages.
 QWidget* HelpWindow::makeSide() {
-    search_ = new QLineEdit;
-    search_->setObjectName(u"HelpSearch"_s);
+    search_ =
+        lineEdit("HelpSearch",
+                 u"Shows the pages that hold all these words; Enter goes to the next place."_s);
     search_->setPlaceholderText(u"Search"_s);
-    search_->setToolTip(
-        u"Shows the pages that hold all these words; Enter goes to the next place."_s);
     search_->setClearButtonEnabled(true);
     nothing_ = new QLabel(u"No page holds these words."_s);
     nothing_->setWordWrap(true);
@@ -163,14 +159,7 @@ QWidget* HelpWindow::makeSide() {
     pages_->setObjectName(u"HelpPages"_s);
     pages_->setAccessibleName(u"Pages"_s);
     pages_->setSpacing(2);
-
-    auto* side = new QWidget;
-    auto* layout = new QVBoxLayout(side);
-    layout->setContentsMargins(8, 8, 0, 8);
-    layout->addWidget(search_);
-    layout->addWidget(nothing_);
-    layout->addWidget(pages_, 1);
-    return side;
+    return fill(new QWidget, column(-1, {search_, nothing_, grow(pages_)}), QMargins(8, 8, 0, 8));
 }
 
 void HelpWindow::makeShortcuts() {

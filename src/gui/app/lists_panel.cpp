@@ -4,12 +4,10 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/grid_view.h"
 #include "gui/platform/icons.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/stock/stock_panel.h"
 
 #include <QCheckBox>
-#include <QHBoxLayout>
 #include <QStackedWidget>
 
 namespace bramblet {
@@ -22,11 +20,7 @@ ListsPanel::ListsPanel(Program& program, QWidget* parent) : QWidget(parent), pro
     views_->addWidget(stock_);
     connect(orders_->grid(), &GridView::rowDoubleClicked, this, &ListsPanel::HideOrders_Click);
 
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addWidget(views_, 1);
-    layout->addLayout(makeBar());
+    fill(this, column(4, {grow(views_), makeBar()}));
     showView();
 }
 
@@ -42,42 +36,27 @@ QLayout* ListsPanel::makeBar() {
         filterBox("ListCheckRecd", u"Received (Both)"_s,
                   u"Check to include items marked Received"_s, &SavedOrders::ListCheckRecd),
     };
-    vendorItems_ = onClick(
-        button<QCheckBox>("VendorItemsCheck", u"Show Only Stock Items For The Current Vendor"_s,
-                          u"If checked, show only stock items for current vendor."_s),
+    vendorItems_ = button<QCheckBox>(
+        "VendorItemsCheck", u"Show Only Stock Items For The Current Vendor"_s,
+        u"If checked, show only stock items for current vendor."_s,
         [this] { program_.stock.VendorItemsCheck_Click(vendorItems_->isChecked()); });
-    const auto viewButton = [](const char* name, const QString& caption, const QString& tip,
-                               const auto& command) {
-        auto* button = onClick(toolButton(name, Drawing::Lists, caption, tip), command);
-        button->setAutoRaise(false);
-        return button;
-    };
-    viewExisting_ =
-        viewButton("ViewExisting", u"Saved Orders"_s, u"Switch to existing purchase orders view."_s,
-                   [this] { program_.savedOrders.ViewExisting_Click(); });
-    hideOrders_ = viewButton("HideOrders", u"Stock Items List"_s, u"Switch to stock items view."_s,
-                             [this] { HideOrders_Click(); });
-
-    auto* bar = new QHBoxLayout;
-    bar->setSpacing(12);
-    bar->addWidget(label_);
-    bar->addWidget(count_);
-    bar->addStretch(1);
-    for (QCheckBox* filter : filters_)
-        bar->addWidget(filter);
-    bar->addWidget(vendorItems_);
-    bar->addWidget(viewExisting_);
-    bar->addWidget(hideOrders_);
-    return bar;
+    viewExisting_ = edgedButton("ViewExisting", Drawing::Lists, u"Saved Orders"_s,
+                                u"Switch to existing purchase orders view."_s,
+                                [this] { program_.savedOrders.ViewExisting_Click(); });
+    hideOrders_ = edgedButton("HideOrders", Drawing::Lists, u"Stock Items List"_s,
+                              u"Switch to stock items view."_s, [this] { HideOrders_Click(); });
+    return row(12, {label_, count_, spring(), filters_[0], filters_[1], filters_[2], vendorItems_,
+                    viewExisting_, hideOrders_});
 }
 
 QCheckBox* ListsPanel::filterBox(const char* name, const QString& caption, const QString& tip,
                                  bool SavedOrders::*filter) {
     auto* box = button<QCheckBox>(name, caption, tip);
     box->setChecked(program_.savedOrders.*filter);
-    return onClick(box, [this, box, filter] {
-        program_.savedOrders.ListCheck_Click(filter, box->isChecked());
+    connect(box, &QCheckBox::clicked, this, [this, filter](bool checked) {
+        program_.savedOrders.ListCheck_Click(filter, checked);
     });
+    return box;
 }
 
 void ListsPanel::refreshOrders() {

@@ -3,7 +3,6 @@
 #include "gui/app/main_window.h"
 #include "gui/app/start_notice.h"
 #include "gui/platform/dialog_prompts.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/system_desktop.h"
 #include "gui/platform/system_formats.h"

@@ -3,8 +3,9 @@
 #include "gui/app/lists_panel.h"
 #include "gui/orders/lines_panel.h"
 #include "gui/orders/saved_orders_panel.h"
+#include "gui/platform/boxes.h"
 #include "gui/platform/grid_view.h"
-#include "gui/platform/literals.h"
+#include "gui/platform/qt_text.h"
 #include "gui/stock/stock_panel.h"
 
 #include <QMainWindow>
@@ -14,7 +15,7 @@
 namespace bramblet {
 
 MainMenu::MainMenu(QMainWindow& window, Program& program, LinesPanel& lines, ListsPanel& lists)
-    : QObject(&window), window_(window), program_(program), lines_(lines), lists_(lists) {
+    : window_(window), program_(program), lines_(lines), lists_(lists) {
     addFileMenu();
     addItemsMenu();
     addListsMenu();
@@ -27,81 +28,68 @@ void MainMenu::refresh() {
     saveCopy_->setEnabled(program_.open.Save_POEnabled());
 }
 
-QMenu* MainMenu::addMenu(const QString& caption) {
-    return window_.menuBar()->addMenu(caption);
-}
-
-template <class Command>
-QAction* MainMenu::add(QMenu* menu, const char* name, const QString& caption,
-                       const QKeySequence& keys, Command command) {
-    QAction* entry = menu->addAction(caption);
-    entry->setObjectName(QLatin1String(name));
-    entry->setShortcut(keys);
-    connect(entry, &QAction::triggered, this, command);
-    return entry;
-}
-
 void MainMenu::addFileMenu() {
     OrderEditor& editor = program_.editor;
-    QMenu* menu = addMenu(u"&File"_s);
-    add(menu, "mu_NewPO", u"&New Order"_s, QKeySequence::New, [&] { editor.NewPO_Click(); });
-    saveChanges_ = add(menu, "mu_SaveChanges", u"&Save Changes"_s, QKeySequence::Save,
-                       [&] { editor.SaveChanges_Click(); });
-    saveCopy_ = add(menu, "mu_Save_PO", u"Save as &Copy"_s, QKeySequence(u"Ctrl+Shift+S"_s),
-                    [&] { editor.Save_PO_Click(); });
-    add(menu, "make10", u"&make 10 copies"_s, {}, [&] { editor.make10_Click(); });
-    add(menu, "mu_Clear", u"C&lear"_s, {}, [&] { editor.Clear_Click(); });
+    QMenu* menu = window_.menuBar()->addMenu(u"&File"_s);
+    addEntry(menu, "mu_NewPO", u"&New Order"_s, QKeySequence::New, [&] { editor.NewPO_Click(); });
+    saveChanges_ = addEntry(menu, "mu_SaveChanges", u"&Save Changes"_s, QKeySequence::Save,
+                            [&] { editor.SaveChanges_Click(); });
+    saveCopy_ = addEntry(menu, "mu_Save_PO", u"Save as &Copy"_s, QKeySequence(u"Ctrl+Shift+S"_s),
+                         [&] { editor.Save_PO_Click(); });
+    addEntry(menu, "make10", u"&make 10 copies"_s, {}, [&] { editor.make10_Click(); });
+    addEntry(menu, "mu_Clear", u"C&lear"_s, {}, [&] { editor.Clear_Click(); });
     menu->addSeparator();
-    add(menu, "mu_MakeOrder", u"&View, Print or Mail ..."_s, QKeySequence::Print,
-        [this] { program_.viewer.MakeOrder_Click(); });
-    add(menu, "mu_TotalUp", u"&Total Up"_s, QKeySequence(Qt::Key_F9),
-        [&] { editor.TotalUp_Click(); });
-    add(menu, "mu_UnlockNumber", u"&Unlock the Number ..."_s, {}, [&] { editor.unlockNumber(); });
+    addEntry(menu, "mu_MakeOrder", u"&View, Print or Mail ..."_s, QKeySequence::Print,
+             [this] { program_.viewer.MakeOrder_Click(); });
+    addEntry(menu, "mu_TotalUp", u"&Total Up"_s, QKeySequence(Qt::Key_F9),
+             [&] { editor.TotalUp_Click(); });
+    addEntry(menu, "mu_UnlockNumber", u"&Unlock the Number ..."_s, {},
+             [&] { editor.unlockNumber(); });
     menu->addSeparator();
-    add(menu, "mu_Configuration", u"Con&figuration ..."_s, {},
-        [this] { program_.configure(false); });
+    addEntry(menu, "mu_Configuration", u"Con&figuration ..."_s, {},
+             [this] { program_.configure(false); });
     menu->addSeparator();
-    add(menu, "mu_exit", u"E&xit"_s, QKeySequence(u"Ctrl+Q"_s), [this] { window_.close(); });
+    addEntry(menu, "mu_exit", u"E&xit"_s, QKeySequence(u"Ctrl+Q"_s), [this] { window_.close(); });
 }
 
 void MainMenu::addItemsMenu() {
-    QMenu* menu = addMenu(u"&Items"_s);
-    add(menu, "mu_OneTime", u"&Add one-time item"_s, QKeySequence(u"Ctrl+I"_s),
-        [this] { lines_.addOneTimeItem(); });
-    add(menu, "mu_EditItem", u"&Edit this item"_s, QKeySequence(Qt::Key_F2),
-        [this] { lines_.editCurrentLine(); });
-    add(menu, "mu_AddToOrder", u"Add the &stock item picked"_s, QKeySequence(Qt::Key_F8),
-        [this] { lists_.stock()->addCurrentItem(); });
+    QMenu* menu = window_.menuBar()->addMenu(u"&Items"_s);
+    addEntry(menu, "mu_OneTime", u"&Add one-time item"_s, QKeySequence(u"Ctrl+I"_s),
+             [this] { lines_.addOneTimeItem(); });
+    addEntry(menu, "mu_EditItem", u"&Edit this item"_s, QKeySequence(Qt::Key_F2),
+             [this] { lines_.editCurrentLine(); });
+    addEntry(menu, "mu_AddToOrder", u"Add the &stock item picked"_s, QKeySequence(Qt::Key_F8),
+             [this] { lists_.stock()->addCurrentItem(); });
 }
 
 void MainMenu::addListsMenu() {
-    QMenu* menu = addMenu(u"&Lists"_s);
-    add(menu, "mu_GoToLines", u"Go to the &Lines"_s, QKeySequence(Qt::Key_F6),
-        [this] { lines_.grid()->setFocus(); });
-    add(menu, "mu_GoToList", u"&Go to the List"_s, QKeySequence(Qt::Key_F7),
-        [this] { lists_.grid()->setFocus(); });
+    QMenu* menu = window_.menuBar()->addMenu(u"&Lists"_s);
+    addEntry(menu, "mu_GoToLines", u"Go to the &Lines"_s, QKeySequence(Qt::Key_F6),
+             [this] { lines_.grid()->setFocus(); });
+    addEntry(menu, "mu_GoToList", u"&Go to the List"_s, QKeySequence(Qt::Key_F7),
+             [this] { lists_.grid()->setFocus(); });
     menu->addSeparator();
-    add(menu, "mu_ViewExisting", u"Saved &Orders"_s, QKeySequence(u"Ctrl+1"_s),
-        [this] { program_.savedOrders.ViewExisting_Click(); });
-    add(menu, "mu_HideOrders", u"Stock &Items List"_s, QKeySequence(u"Ctrl+2"_s),
-        [this] { lists_.HideOrders_Click(); });
+    addEntry(menu, "mu_ViewExisting", u"Saved &Orders"_s, QKeySequence(u"Ctrl+1"_s),
+             [this] { program_.savedOrders.ViewExisting_Click(); });
+    addEntry(menu, "mu_HideOrders", u"Stock &Items List"_s, QKeySequence(u"Ctrl+2"_s),
+             [this] { lists_.HideOrders_Click(); });
     menu->addSeparator();
     addSortMenu(menu->addMenu(u"&Sort by"_s));
-    QAction* remove = add(menu, "mu_DeleteOrder", u"&Delete Order"_s, {},
-                          [this] { lists_.orders()->deleteCurrentOrder(); });
-    connect(menu, &QMenu::aboutToShow, this, [this, remove] {
+    QAction* remove = addEntry(menu, "mu_DeleteOrder", u"&Delete Order"_s, {},
+                               [this] { lists_.orders()->deleteCurrentOrder(); });
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [this, remove] {
         remove->setEnabled(lists_.showsOrders() && lists_.grid()->currentRow() >= 0);
     });
 }
 
 /// The headings of the list shown, for sorting without a mouse.
 void MainMenu::addSortMenu(QMenu* menu) {
-    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [this, menu] {
         menu->clear();
         const QAbstractItemModel* model = lists_.grid()->model();
         for (int column = 0; column < model->columnCount(); ++column) {
             const QString heading = model->headerData(column, Qt::Horizontal).toString();
-            menu->addAction(heading, this,
+            menu->addAction(heading, menu,
                             [this, column] { emit lists_.grid()->headingClicked(column); });
         }
     });
@@ -109,32 +97,32 @@ void MainMenu::addSortMenu(QMenu* menu) {
 
 void MainMenu::addDataMenu() {
     StockExchange& exchange = program_.stockExchange;
-    QMenu* menu = addMenu(u"&Data"_s);
-    add(menu, "mu_DataExport", u"Export Orders to a &Spreadsheet ..."_s, {},
-        [this] { program_.csvExport.mu_DataExport_Click(); });
+    QMenu* menu = window_.menuBar()->addMenu(u"&Data"_s);
+    addEntry(menu, "mu_DataExport", u"Export Orders to a &Spreadsheet ..."_s, {},
+             [this] { program_.csvExport.mu_DataExport_Click(); });
     menu->addSeparator();
-    add(menu, "mu_ExportStockItems", u"&Export Stock Items ..."_s, {},
-        [&] { exchange.mu_ExportStockItems_Click(); });
-    add(menu, "mu_ImportStockItems", u"&Import Stock Items ..."_s, {},
-        [&] { exchange.mu_ImportStockItems_Click(); });
+    addEntry(menu, "mu_ExportStockItems", u"&Export Stock Items ..."_s, {},
+             [&] { exchange.mu_ExportStockItems_Click(); });
+    addEntry(menu, "mu_ImportStockItems", u"&Import Stock Items ..."_s, {},
+             [&] { exchange.mu_ImportStockItems_Click(); });
     menu->addSeparator();
-    add(menu, "mu_DataBackup", u"&Back Up Data ..."_s, {},
-        [this] { program_.backup.mu_DataBackup_Click(); });
-    add(menu, "mu_DataRestore", u"&Restore Data ..."_s, {},
-        [this] { program_.backup.mu_DataRestore_Click(); });
+    addEntry(menu, "mu_DataBackup", u"&Back Up Data ..."_s, {},
+             [this] { program_.backup.mu_DataBackup_Click(); });
+    addEntry(menu, "mu_DataRestore", u"&Restore Data ..."_s, {},
+             [this] { program_.backup.mu_DataRestore_Click(); });
     menu->addSeparator();
-    add(menu, "mu_ImportKettleby", u"Import address from &Kettleby"_s, {},
-        [this] { program_.contactImport.mu_ImportKettleby_Click(); });
+    addEntry(menu, "mu_ImportKettleby", u"Import address from &Kettleby"_s, {},
+             [this] { program_.contactImport.mu_ImportKettleby_Click(); });
 }
 
 void MainMenu::addHelpMenu() {
-    QMenu* menu = addMenu(u"&Help"_s);
-    add(menu, "mu_HelpContents", u"&Contents"_s, QKeySequence::HelpContents,
-        [this] { program_.browser.mu_HelpContents_Click(); });
-    add(menu, "mu_WebSite", u"Bramblet on the &Web"_s, {},
-        [this] { program_.browser.mu_WebSite_Click(); });
+    QMenu* menu = window_.menuBar()->addMenu(u"&Help"_s);
+    addEntry(menu, "mu_HelpContents", u"&Contents"_s, QKeySequence::HelpContents,
+             [this] { program_.browser.mu_HelpContents_Click(); });
+    addEntry(menu, "mu_WebSite", u"Bramblet on the &Web"_s, {},
+             [this] { program_.browser.mu_WebSite_Click(); });
     menu->addSeparator();
-    add(menu, "mu_About", u"&About Bramblet"_s, {}, [this] { program_.mu_About(); });
+    addEntry(menu, "mu_About", u"&About Bramblet"_s, {}, [this] { program_.mu_About(); });
 }
 
 }  // namespace bramblet

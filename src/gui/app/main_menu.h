@@ -3,9 +3,6 @@
 
 #include "core/app/program.h"
 
-#include <QKeySequence>
-#include <QObject>
-
 class QAction;
 class QMainWindow;
 class QMenu;
@@ -15,8 +12,7 @@ namespace bramblet {
 class LinesPanel;
 class ListsPanel;
 
-class MainMenu : public QObject {
-    Q_OBJECT
+class MainMenu {
   public:
     MainMenu(QMainWindow& window, Program& program, LinesPanel& lines, ListsPanel& lists);
 
@@ -24,10 +20,6 @@ class MainMenu : public QObject {
     void refresh();
 
   private:
-    QMenu* addMenu(const QString& caption);
-    template <class Command>
-    QAction* add(QMenu* menu, const char* name, const QString& caption, const QKeySequence& keys,
-                 Command command);
     void addFileMenu();
     void addItemsMenu();
     void addListsMenu();

@@ -14,17 +14,14 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/dialog_prompts.h"
 #include "gui/platform/icons.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/settings/config_dialog.h"
 #include "gui/stock/stock_panel.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QHBoxLayout>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QVBoxLayout>
 
 namespace bramblet {
 
@@ -38,7 +35,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     lists_ = new ListsPanel(program);
     setCentralWidget(makeContent());
     makeStatusBar();
-    menu_ = new MainMenu(*this, program, *lines_, *lists_);
+    menu_ = std::make_unique<MainMenu>(*this, program, *lines_, *lists_);
     setWindowTitle(QLatin1String(kUsualCaption));
     prompts.setParent(this);
     program.commands.setScreen(this);
@@ -59,68 +56,44 @@ QWidget* MainWindow::makeContent() {
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->setChildrenCollapsible(false);
     splitter->setHandleWidth(8);
-    splitter->addWidget(makeLinesBand());
+    splitter->addWidget(fill(new QWidget, row(10, {grow(lines_), totals_})));
     splitter->addWidget(lists_);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 1);
 
-    auto* content = new QWidget;
-    auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(8, 4, 8, 4);
-    layout->setSpacing(6);
-    layout->addWidget(makeCommandBar());
-    layout->addWidget(order_);
-    layout->addWidget(splitter, 1);
-    return content;
+    auto* rows = column(6, {makeCommandBar(), order_, grow(splitter)});
+    return fill(new QWidget, rows, QMargins(8, 4, 8, 4));
 }
 
-QWidget* MainWindow::makeCommandBar() {
-    auto* bar = new QWidget;
-    auto* layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(2);
+QLayout* MainWindow::makeCommandBar() {
     OrderEditor& editor = program_.editor;
-    const auto add = [&](const char* name, Drawing drawing, const QString& caption,
-                         const QString& tip, const auto& command) {
-        auto* button = onClick(toolButton(name, drawing, caption, tip), command);
-        layout->addWidget(button);
-        return button;
-    };
-    add("NewPO", Drawing::New, u"Ne&w"_s, u"Clear all fields for new PO, new PO number"_s,
-        [&] { editor.NewPO_Click(); });
-    saveButton_ = add("SaveChanges", Drawing::Save, u"&Save Changes"_s,
-                      u"Save order as currently shown."_s, [&] { editor.SaveChanges_Click(); });
-    copyButton_ = add("Save_PO", Drawing::Copy, u"Save as &Copy"_s,
-                      u"Create a copy of current PO."_s, [&] { editor.Save_PO_Click(); });
-    add("Clear", Drawing::Clear, u"Clea&r"_s, u"Clear all fields except PO number"_s,
-        [&] { editor.Clear_Click(); });
-    layout->addSpacing(12);
-    add("TotalUp", Drawing::TotalUp, u"Total &Up"_s, u"Total up order."_s,
-        [&] { editor.TotalUp_Click(); });
-    add("MakeOrder", Drawing::View, u"View Order"_s,
-        u"Show the order as it is printed, to print or mail it."_s,
-        [this] { program_.viewer.MakeOrder_Click(); });
-    layout->addStretch(1);
-    add("HelpButton", Drawing::Help, u"Help"_s, u"How to use Bramblet."_s,
-        [this] { program_.browser.mu_HelpContents_Click(); });
-    return bar;
-}
-
-QWidget* MainWindow::makeLinesBand() {
-    auto* band = new QWidget;
-    auto* layout = new QHBoxLayout(band);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(10);
-    layout->addWidget(lines_, 1);
-    layout->addWidget(totals_);
-    return band;
+    saveButton_ =
+        toolButton("SaveChanges", Drawing::Save, u"&Save Changes"_s,
+                   u"Save order as currently shown."_s, [&] { editor.SaveChanges_Click(); });
+    copyButton_ = toolButton("Save_PO", Drawing::Copy, u"Save as &Copy"_s,
+                             u"Create a copy of current PO."_s, [&] { editor.Save_PO_Click(); });
+    return row(
+        2,
+        {toolButton("NewPO", Drawing::New, u"Ne&w"_s,
+                    u"Clear all fields for new PO, new PO number"_s, [&] { editor.NewPO_Click(); }),
+         saveButton_, copyButton_,
+         toolButton("Clear", Drawing::Clear, u"Clea&r"_s, u"Clear all fields except PO number"_s,
+                    [&] { editor.Clear_Click(); }),
+         gap(12),
+         toolButton("TotalUp", Drawing::TotalUp, u"Total &Up"_s, u"Total up order."_s,
+                    [&] { editor.TotalUp_Click(); }),
+         toolButton("MakeOrder", Drawing::View, u"View Order"_s,
+                    u"Show the order as it is printed, to print or mail it."_s,
+                    [this] { program_.viewer.MakeOrder_Click(); }),
+         spring(),
+         toolButton("HelpButton", Drawing::Help, u"Help"_s, u"How to use Bramblet."_s,
+                    [this] { program_.browser.mu_HelpContents_Click(); })});
 }
 
 void MainWindow::makeStatusBar() {
-    auto* dataLabel = new QLabel(u"Data Folder"_s);
-    dataLabel->setObjectName(u"Label16"_s);
-    dataLabel->setToolTip(u"Data Path = %1"_s.arg(pathToQt(program_.folder.DataPath())));
-    dataLabel->setForegroundRole(QPalette::PlaceholderText);
+    auto* dataLabel =
+        quietLabel("Label16", u"Data Path = %1"_s.arg(pathToQt(program_.folder.DataPath())));
+    dataLabel->setText(u"Data Folder"_s);
     statusBar()->addPermanentWidget(waiting_.makeStopButton());
     statusBar()->addPermanentWidget(dataLabel);
     connect(&waiting_, &Waiting::began, this, [this](const QString& line) {
@@ -179,19 +152,16 @@ void MainWindow::showLine(int row) {
 }
 
 std::optional<LineEntry> MainWindow::editLine(const LineEntry& entry, const std::string& caption) {
-    EditLineDialog dialog(entry, caption, program_.stock.entries().units, program_.formats(),
+    return showLineDialog(entry, caption, program_.stock.entries().units, program_.formats(),
                           program_.commands, this);
-    dialog.exec();
-    return dialog.stored();
 }
 
 void MainWindow::configure(bool fromViewer) {
-    ConfigDialog dialog(program_.settingsEditor, program_.files(), program_.folder.DataPath(),
-                        fromViewer, fromViewer ? viewer_.data() : static_cast<QWidget*>(this));
-    if (fromViewer) {
-        connect(&dialog, &ConfigDialog::ReWrite_Click, viewer_, &DisplayWindow::rewrite);
-    }
-    dialog.exec();
+    const std::filesystem::path pictures = program_.folder.DataPath();  // as it is now
+    const auto show = [&](const std::function<void()>& rewrite, QWidget* parent) {
+        showConfigDialog(program_.settingsEditor, program_.files(), pictures, rewrite, parent);
+    };
+    fromViewer ? show([this] { viewer_->rewrite(); }, viewer_) : show({}, this);
 }
 
 void MainWindow::showSavedOrders() {
@@ -217,7 +187,7 @@ void MainWindow::showHelp() {
 }
 
 void MainWindow::showContactImport() {
-    ContactDialog(program_.contactImport, this).exec();
+    showContactDialog(program_.contactImport, this);
 }
 
 void MainWindow::showBackup() {

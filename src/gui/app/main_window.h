@@ -8,6 +8,8 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <memory>
+
 class QToolButton;
 class QUrl;
 
@@ -34,8 +36,7 @@ class MainWindow : public QMainWindow, private Screen {
 
   private:
     QWidget* makeContent();
-    QWidget* makeCommandBar();
-    QWidget* makeLinesBand();
+    QLayout* makeCommandBar();
     void makeStatusBar();
     void showLine(const QString& line);
     void runBrowser(const QUrl& link);
@@ -60,7 +61,7 @@ class MainWindow : public QMainWindow, private Screen {
     LinesPanel* lines_;
     TotalsPanel* totals_;
     ListsPanel* lists_;
-    MainMenu* menu_;
+    std::unique_ptr<MainMenu> menu_;
     QToolButton* saveButton_;
     QToolButton* copyButton_;
     QPointer<HelpWindow> help_;

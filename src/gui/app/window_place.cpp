@@ -1,5 +1,7 @@
 #include "gui/app/window_place.h"
 
+#include "gui/platform/placement.h"
+
 #include <QGuiApplication>
 #include <QMainWindow>
 #include <QScreen>
@@ -24,14 +26,6 @@ const QScreen* screenOf(const QRect& frame) {
         if (visible.width() >= 100 && visible.height() >= 20) return screen;
     }
     return nullptr;
-}
-
-/// `frame` moved, and shrunk if necessary, so that it lies within `area`.
-QRect within(QRect frame, const QRect& area) {
-    frame.setSize(frame.size().boundedTo(area.size()));
-    frame.moveLeft(qBound(area.left(), frame.left(), area.right() - frame.width() + 1));
-    frame.moveTop(qBound(area.top(), frame.top(), area.bottom() - frame.height() + 1));
-    return frame;
 }
 
 }  // namespace

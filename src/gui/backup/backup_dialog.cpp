@@ -1,7 +1,5 @@
 #include "gui/backup/backup_dialog.h"
 
-#include "gui/platform/boxes.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QCoreApplication>
@@ -71,16 +69,8 @@ BackupDialog::BackupDialog(Backup& backup, QWidget* parent) : QDialog(parent), b
     keepsPlace.setRetainSizeWhenHidden(true);
     bar_->setSizePolicy(keepsPlace);
 
-    auto* status = new QHBoxLayout;
-    status->addWidget(progressText_, 1);
-    status->addWidget(counts_);
-    auto* layout = new QVBoxLayout(this);
-    layout->setSpacing(8);
-    layout->addLayout(makeFolders());
-    layout->addWidget(files_, 1);
-    layout->addLayout(status);
-    layout->addWidget(bar_);
-    layout->addLayout(makeButtons());
+    setLayout(column(8, {makeFolders(), grow(files_), row(-1, {grow(progressText_), counts_}), bar_,
+                         makeButtons()}));
     resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 28);
 
     refresh();
@@ -96,10 +86,9 @@ void BackupDialog::reject() {
 }
 
 /// A button that cannot be used during a run.
-template <class Command>
 QPushButton* BackupDialog::idleButton(const char* name, const QString& caption, const QString& tip,
-                                      Command command) {
-    auto* idle = onClick(button(name, caption, tip), [this, command] {
+                                      const Command& command) {
+    auto* idle = button(name, caption, tip, [this, command] {
         command();
         refresh();
     });
@@ -127,16 +116,16 @@ QLayout* BackupDialog::makeFolders() {
     grid->addWidget(boxLabel(u"&To"_s, target_), 1, 0);
     grid->addWidget(target_, 1, 1);
     if (restoring) {
-        auto* select = idleButton("SelectSource", u"Select S&ource ..."_s,
-                                  u"Choose the folder to copy from."_s,
-                                  [this] { backup_.SelectSource_Click(); });
-        grid->addWidget(select, 0, 2);
+        grid->addWidget(idleButton("SelectSource", u"Select S&ource ..."_s,
+                                   u"Choose the folder to copy from."_s,
+                                   [this] { backup_.SelectSource_Click(); }),
+                        0, 2);
     }
-    auto* select =
+    grid->addWidget(
         idleButton("SelectTarget", u"&Select Target ..."_s,
                    u"Choose the folder to copy to; it is remembered as the backup folder."_s,
-                   [this] { backup_.SelectTarget_Click(); });
-    grid->addWidget(select, 1, 2);
+                   [this] { backup_.SelectTarget_Click(); }),
+        1, 2);
     return grid;
 }
 
@@ -146,17 +135,12 @@ QLayout* BackupDialog::makeButtons() {
                       restoring ? u"Copy the files over those of the target folder."_s
                                 : u"Copy the files to the target folder."_s,
                       [this] { backup_.RunBackup_Click(); });
-    auto* row = new QHBoxLayout;
-    row->addWidget(run_);
-    if (!restoring) {
-        row->addWidget(idleButton("Verify", u"&Verify"_s,
-                                  u"Compare every file with its copy in the target folder."_s,
-                                  [this] { backup_.Verify_Click(); }));
-    }
-    row->addStretch(1);
-    stop_ = onClick(button("StopBackup", {}, {}), [this] { reject(); });
-    row->addWidget(stop_);
-    return row;
+    stop_ = button("StopBackup", {}, {}, [this] { reject(); });
+    if (restoring) return row(-1, {run_, spring(), stop_});
+    auto* verify = idleButton("Verify", u"&Verify"_s,
+                              u"Compare every file with its copy in the target folder."_s,
+                              [this] { backup_.Verify_Click(); });
+    return row(-1, {run_, verify, spring(), stop_});
 }
 
 /// Shows what the core holds.

@@ -2,15 +2,13 @@
 #pragma once
 
 #include "core/backup/backup.h"
+#include "gui/platform/boxes.h"
 
 #include <QDialog>
 #include <QElapsedTimer>
 
-class QLabel;
-class QLineEdit;
 class QListView;
 class QProgressBar;
-class QPushButton;
 class QStackedWidget;
 class QStringListModel;
 
@@ -30,9 +28,8 @@ class BackupDialog : public QDialog {
   private:
     QLayout* makeFolders();
     QLayout* makeButtons();
-    template <class Command>
     QPushButton* idleButton(const char* name, const QString& caption, const QString& tip,
-                            Command command);
+                            const Command& command);
     void refresh();
     void showNames();
 

@@ -3,12 +3,10 @@
 #include "core/platform/file_system.h"
 #include "gui/platform/boxes.h"
 #include "gui/platform/icons.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
 
 #include <QBuffer>
-#include <QHBoxLayout>
 #include <QLocale>
 #include <QMenuBar>
 #include <QPdfWriter>
@@ -85,11 +83,7 @@ DisplayWindow::DisplayWindow(OrderViewer& viewer, QWidget* parent)
     content->setAutoFillBackground(true);
     QPalette desk = content->palette();
     desk.setColor(QPalette::Window, desk.color(QPalette::Window).darker(112));
-    auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(makeBar());
-    layout->addWidget(browser_, 1);
+    fill(content, column(0, {makeBar(), grow(browser_)}));
     browser_->setBackgroundRole(QPalette::Window);
     content->setPalette(desk);
     setCentralWidget(content);
@@ -102,55 +96,40 @@ DisplayWindow::DisplayWindow(OrderViewer& viewer, QWidget* parent)
 QWidget* DisplayWindow::makeBar() {
     auto* bar = new QWidget;
     bar->setAutoFillBackground(true);
-    auto* layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(8, 4, 8, 4);
-    layout->setSpacing(2);
-    const auto add = [&](const char* name, Drawing drawing, const QString& caption,
-                         const QString& tip, const auto& command) {
-        layout->addWidget(onClick(toolButton(name, drawing, caption, tip), command));
-    };
-    add("Print", Drawing::Print, u"&Print ..."_s, u"Print this order."_s, [this] { print(); });
-    add("Preview", Drawing::Preview, u"Previe&w ..."_s, u"See the pages before printing."_s,
-        [this] { preview(); });
-    add("SavePdf", Drawing::Save, u"Save as P&DF ..."_s, u"Save this order as a PDF file."_s,
-        [this] { savePdf(); });
-    add("IE_Button", Drawing::Mail, u"&E-mail"_s, u"Send this order with your mail program."_s,
-        [this] { viewer_.IE_Button_Click(); });
-    add("Configuration", Drawing::Settings, u"&Configuration ..."_s, u"Change how orders look."_s,
-        [this] { emit configurationWanted(); });
-    layout->addStretch(1);
-    add("Leave", Drawing::Close, u"C&lose"_s, u"Close this window."_s, [this] { close(); });
-    return bar;
+    auto* buttons =
+        row(2, {toolButton("Print", Drawing::Print, u"&Print ..."_s, u"Print this order."_s,
+                           [this] { print(); }),
+                toolButton("Preview", Drawing::Preview, u"Previe&w ..."_s,
+                           u"See the pages before printing."_s, [this] { preview(); }),
+                toolButton("SavePdf", Drawing::Save, u"Save as P&DF ..."_s,
+                           u"Save this order as a PDF file."_s, [this] { savePdf(); }),
+                toolButton("IE_Button", Drawing::Mail, u"&E-mail"_s,
+                           u"Send this order with your mail program."_s,
+                           [this] { viewer_.IE_Button_Click(); }),
+                toolButton("Configuration", Drawing::Settings, u"&Configuration ..."_s,
+                           u"Change how orders look."_s, [this] { emit configurationWanted(); }),
+                spring(),
+                toolButton("Leave", Drawing::Close, u"C&lose"_s, u"Close this window."_s,
+                           [this] { close(); })});
+    return fill(bar, buttons, QMargins(8, 4, 8, 4));
 }
 
 void DisplayWindow::makeMenus() {
-    QMenu* menu = menuBar()->addMenu(u"&File"_s);
-    const auto add = [&](QMenu* to, const char* name, const QString& caption, const auto& command,
-                         const QKeySequence& keys) {
-        QAction* entry = to->addAction(caption, this, command);
-        entry->setObjectName(QLatin1String(name));
-        entry->setShortcut(keys);
-    };
-    add(
-        menu, "mu_Print", u"&Print ..."_s, [this] { print(); }, QKeySequence::Print);
-    add(menu, "mu_Preview", u"Print Previe&w ..."_s, [this] { preview(); }, {});
-    add(
-        menu, "mu_SavePdf", u"&Save as PDF ..."_s, [this] { savePdf(); }, QKeySequence::Save);
-    add(menu, "mu_Mail", u"&E-mail"_s, [this] { viewer_.IE_Button_Click(); }, {});
-    add(menu, "mu_conf", u"&Configuration ..."_s, [this] { emit configurationWanted(); }, {});
-    menu->addSeparator();
-    add(
-        menu, "mu_exit", u"C&lose"_s, [this] { close(); }, QKeySequence(Qt::Key_Escape));
+    QMenu* file = menuBar()->addMenu(u"&File"_s);
+    addEntry(file, "mu_Print", u"&Print ..."_s, QKeySequence::Print, [this] { print(); });
+    addEntry(file, "mu_Preview", u"Print Previe&w ..."_s, {}, [this] { preview(); });
+    addEntry(file, "mu_SavePdf", u"&Save as PDF ..."_s, QKeySequence::Save, [this] { savePdf(); });
+    addEntry(file, "mu_Mail", u"&E-mail"_s, {}, [this] { viewer_.IE_Button_Click(); });
+    addEntry(file, "mu_conf", u"&Configuration ..."_s, {}, [this] { emit configurationWanted(); });
+    file->addSeparator();
+    addEntry(file, "mu_exit", u"C&lose"_s, QKeySequence(Qt::Key_Escape), [this] { close(); });
     QMenu* view = menuBar()->addMenu(u"&View"_s);
-    add(
-        view, "mu_ZoomIn", u"Zoom &In"_s, [this] { setZoom(zoom_ * kZoomStep); },
-        QKeySequence::ZoomIn);
-    add(
-        view, "mu_ZoomOut", u"Zoom &Out"_s, [this] { setZoom(zoom_ / kZoomStep); },
-        QKeySequence::ZoomOut);
-    add(
-        view, "mu_ZoomUsual", u"&Usual Size"_s, [this] { setZoom(kUsualZoom); },
-        QKeySequence(u"Ctrl+0"_s));
+    addEntry(view, "mu_ZoomIn", u"Zoom &In"_s, QKeySequence::ZoomIn,
+             [this] { setZoom(zoom_ * kZoomStep); });
+    addEntry(view, "mu_ZoomOut", u"Zoom &Out"_s, QKeySequence::ZoomOut,
+             [this] { setZoom(zoom_ / kZoomStep); });
+    addEntry(view, "mu_ZoomUsual", u"&Usual Size"_s, QKeySequence(u"Ctrl+0"_s),
+             [this] { setZoom(kUsualZoom); });
 }
 
 void DisplayWindow::navigate() {

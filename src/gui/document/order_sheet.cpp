@@ -1,7 +1,6 @@
 #include "gui/document/order_sheet.h"
 
 #include "core/platform/file_system.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QAbstractTextDocumentLayout>

@@ -6,11 +6,12 @@
 
 namespace bramblet {
 
-HistoryBox* HistoryBoxes::make(OrderField field, const QString& accessibleName) {
+HistoryBox* HistoryBoxes::make(OrderField field, const QString& accessibleName,
+                               const QString& tip) {
     const auto facts =
         std::find_if(kHistories.begin(), kHistories.end(),
                      [&](const HistoryFacts& history) { return history.field == field; });
-    auto* box = new HistoryBox(facts->box, accessibleName);
+    auto* box = new HistoryBox(facts->box, accessibleName, tip);
     lists_.push_back({box, field, nullptr});
     texts_.bind(
         box, [this, field] { return open_.order().*field; },

@@ -16,7 +16,7 @@ class HistoryBoxes {
         : histories_(histories), open_(open) {}
 
     /// The box for a field that has a history.
-    HistoryBox* make(OrderField field, const QString& accessibleName);
+    HistoryBox* make(OrderField field, const QString& accessibleName, const QString& tip);
 
     /// Forgetting an entry of an address box deletes it from the address book.
     void bind(HistoryBox* box, AddressSide side);

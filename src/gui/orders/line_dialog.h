@@ -3,43 +3,19 @@
 
 #include "core/orders/line_items.h"
 
-#include <QDialog>
-
 #include <optional>
 #include <string>
 #include <vector>
 
-class QLineEdit;
-class QPlainTextEdit;
+class QWidget;
 
 namespace bramblet {
 
-class HistoryBox;
-
-class EditLineDialog : public QDialog {
-    Q_OBJECT
-  public:
-    /// `units` fills the list of units.
-    EditLineDialog(const LineEntry& entry, const std::string& caption,
-                   const std::vector<std::string>& units, const RegionalFormats& formats,
-                   Commands& commands, QWidget* parent);
-
-    /// What Save stored; empty until then.
-    const std::optional<LineEntry>& stored() const { return stored_; }
-
-  private:
-    LineEntry boxes() const;
-    void save();
-    void remove();
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-    const RegionalFormats& formats_;
-    Commands& commands_;
-    QPlainTextEdit* description_;
-    QLineEdit* quantity_;
-    QLineEdit* unitCost_;
-    HistoryBox* unit_;
-    std::optional<LineEntry> stored_;
-};
+/// Shows the dialog until it is closed; `units` fills the list of units. Returns what Save or
+/// Delete stored, or nothing.
+std::optional<LineEntry> showLineDialog(const LineEntry& entry, const std::string& caption,
+                                        const std::vector<std::string>& units,
+                                        const RegionalFormats& formats, Commands& commands,
+                                        QWidget* parent);
 
 }  // namespace bramblet

@@ -1,10 +1,10 @@
 #include "gui/orders/lines_panel.h"
 
+#include "gui/platform/boxes.h"
 #include "gui/platform/grid_view.h"
-#include "gui/platform/literals.h"
+#include "gui/platform/qt_text.h"
 
 #include <QMenu>
-#include <QVBoxLayout>
 
 namespace bramblet {
 
@@ -15,10 +15,9 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFo
                          u"Items being ordered (right click for options)."_s, table_, 6);
     menu_ = new QMenu(this);
     menu_->setObjectName(u"OrderPop"_s);
-    auto* oneTime = menu_->addAction(u"&Add one-time item"_s, this, &LinesPanel::addOneTimeItem);
-    oneTime->setObjectName(u"OrderPop_OneTime"_s);
-    auto* edit = menu_->addAction(u"&Edit this item"_s, this, &LinesPanel::editCurrentLine);
-    edit->setObjectName(u"OrderPop_DescriptionOverride"_s);
+    addEntry(menu_, "OrderPop_OneTime", u"&Add one-time item"_s, {}, [this] { addOneTimeItem(); });
+    auto* edit = addEntry(menu_, "OrderPop_DescriptionOverride", u"&Edit this item"_s, {},
+                          [this] { editCurrentLine(); });
 
     connect(grid_, &GridView::menuRequested, this, [this, edit](const QPoint& place) {
         edit->setEnabled(grid_->currentRow() >= 0);
@@ -29,10 +28,7 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFo
     connect(grid_, &GridView::rowEntered, this, &LinesPanel::editCurrentLine);
     connect(grid_, &GridView::insertPressed, this, &LinesPanel::addOneTimeItem);
     connect(grid_, &GridView::deletePressed, this, [this](int row) { lines_.removeLine(row); });
-
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(grid_);
+    fill(this, row(0, {grid_}));
 }
 
 void LinesPanel::refresh() {

@@ -4,16 +4,11 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/calendar_popup.h"
 #include "gui/platform/icons.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
-#include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
-#include <QHBoxLayout>
-#include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QVBoxLayout>
 
 namespace bramblet {
 namespace {
@@ -22,17 +17,17 @@ constexpr int kJobNumberLimit = 12;
 
 /// The boxes of the terms column, from top to bottom.
 struct TermsBox {
-    const char* label;
-    const char* tip;
+    QString label;
+    QString tip;
     OrderField field;
 };
 const std::array<TermsBox, 5> kTerms{{
-    {"&Job Number", "The job that the order belongs to; 12 characters at most.",
+    {u"&Job Number"_s, u"The job that the order belongs to; 12 characters at most."_s,
      &Order::JobNumberEd},
-    {"B&y:", "Who places the order.", &Order::ByEd},
-    {"&Via:", "How the goods are to be shipped.", &Order::ShipViaEd},
-    {"F&OB:", "The place from which freight is the buyer's.", &Order::FOBEd},
-    {"Ter&ms:", "Terms of payment.", &Order::TermsEd},
+    {u"B&y:"_s, u"Who places the order."_s, &Order::ByEd},
+    {u"&Via:"_s, u"How the goods are to be shipped."_s, &Order::ShipViaEd},
+    {u"F&OB:"_s, u"The place from which freight is the buyer's."_s, &Order::FOBEd},
+    {u"Ter&ms:"_s, u"Terms of payment."_s, &Order::TermsEd},
 }};
 
 }  // namespace
@@ -47,27 +42,15 @@ OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistori
     historyBoxes_.bind(vendor_->nameBox(), AddressSide::Vendor);
     historyBoxes_.bind(shipTo_->nameBox(), AddressSide::Destination);
 
-    auto* middle = new QHBoxLayout;
-    middle->setSpacing(14);
-    QLayout* const strip = makeStrip();
-    middle->addWidget(vendor_, 5);
-    middle->addWidget(shipTo_, 5);
-    middle->addLayout(makeTerms(), 4);
-
-    comments_ = historyBoxes_.make(&Order::CommentsEd, u"Comments"_s);
-    comments_->setToolTip(u"Printed below the lines of the order."_s);
-    auto* comments = new QHBoxLayout;
-    comments->addWidget(boxLabel(u"Comme&nts"_s, comments_));
-    comments->addWidget(comments_, 1);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(10, 8, 10, 8);
-    layout->setSpacing(8);
-    layout->addLayout(strip);
-    layout->addLayout(middle, 1);
-    layout->addLayout(comments);
+    auto* comments = historyBoxes_.make(&Order::CommentsEd, u"Comments"_s,
+                                        u"Printed below the lines of the order."_s);
+    auto* strip = makeStrip();
+    auto* middle = row(14, {grow(vendor_, 5), grow(shipTo_, 5), grow(makeTerms(), 4)});
+    fill(this,
+         column(8, {strip, grow(middle),
+                    row(-1, {boxLabel(u"Comme&nts"_s, comments), grow(comments)})}),
+         QMargins(10, 8, 10, 8));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    setTabs();
 }
 
 void OrderPanel::refresh() {
@@ -98,50 +81,29 @@ void OrderPanel::makeNumber() {
 }
 
 void OrderPanel::makeKind() {
-    purchaseOrder_ =
-        onClick(button<QRadioButton>("OptionPO", u"&Bramblet"_s, u"Create a Bramblet"_s),
-                [this] { editor_.chooseKind(OrderKind::PurchaseOrder); });
-    requisition_ =
-        onClick(button<QRadioButton>("OptionRe", u"Re&quistion"_s, u"Create a Requisition"_s),
-                [this] { editor_.chooseKind(OrderKind::Requisition); });
-    received_ = onClick(button<QCheckBox>("MarkReceivedCheck", u"Mar&k Received"_s,
-                                          u"Check to mark order as Received"_s),
-                        [this] { editor_.MarkReceivedCheck_Click(received_->isChecked()); });
-}
-
-void OrderPanel::makeDates() {
-    orderDate_ = dateBox("OrderDateEd", &Order::OrderDateEd, u"The date of the order."_s);
-    shipDate_ = dateBox("ShipDateEd", &Order::ShipDateEd,
-                        u"When the goods are to be on site; may be empty."_s);
-    orderDatePicker_ = datePicker("OrderDatePicker", u"Select order date from calendar."_s,
-                                  orderDate_, &Order::OrderDateEd);
-    shipDatePicker_ = datePicker("ShipDatePicker", u"Select on-site date from calendar."_s,
-                                 shipDate_, &Order::ShipDateEd);
+    purchaseOrder_ = button<QRadioButton>("OptionPO", u"&Bramblet"_s, u"Create a Bramblet"_s,
+                                          [this] { editor_.chooseKind(OrderKind::PurchaseOrder); });
+    requisition_ = button<QRadioButton>("OptionRe", u"Re&quistion"_s, u"Create a Requisition"_s,
+                                        [this] { editor_.chooseKind(OrderKind::Requisition); });
+    received_ = button<QCheckBox>(
+        "MarkReceivedCheck", u"Mar&k Received"_s, u"Check to mark order as Received"_s,
+        [this] { editor_.MarkReceivedCheck_Click(received_->isChecked()); });
 }
 
 QLayout* OrderPanel::makeStrip() {
     makeNumber();
     makeKind();
-    makeDates();
-    auto* strip = new QHBoxLayout;
-    strip->setSpacing(6);
-    strip->addWidget(numberLabel_);
-    strip->addWidget(number_);
-    strip->addSpacing(12);
-    strip->addWidget(purchaseOrder_);
-    strip->addSpacing(4);
-    strip->addWidget(requisition_);
-    strip->addSpacing(14);
-    strip->addWidget(received_);
-    strip->addStretch(1);
-    strip->addWidget(boxLabel(u"Order D&ate"_s, orderDate_));
-    strip->addWidget(orderDate_);
-    strip->addWidget(orderDatePicker_);
-    strip->addSpacing(8);
-    strip->addWidget(boxLabel(u"On Sit&e"_s, shipDate_));
-    strip->addWidget(shipDate_);
-    strip->addWidget(shipDatePicker_);
-    return strip;
+    auto* orderDate = dateBox("OrderDateEd", &Order::OrderDateEd, u"The date of the order."_s);
+    auto* shipDate = dateBox("ShipDateEd", &Order::ShipDateEd,
+                             u"When the goods are to be on site; may be empty."_s);
+    auto* orderDatePicker = datePicker("OrderDatePicker", u"Select order date from calendar."_s,
+                                       orderDate, &Order::OrderDateEd);
+    auto* shipDatePicker = datePicker("ShipDatePicker", u"Select on-site date from calendar."_s,
+                                      shipDate, &Order::ShipDateEd);
+    return row(
+        6, {numberLabel_, number_, gap(12), purchaseOrder_, gap(4), requisition_, gap(14),
+            received_, spring(), boxLabel(u"Order D&ate"_s, orderDate), orderDate, orderDatePicker,
+            gap(8), boxLabel(u"On Sit&e"_s, shipDate), shipDate, shipDatePicker});
 }
 
 void OrderPanel::bind(QLineEdit* box, OrderField field) {
@@ -175,7 +137,7 @@ void OrderPanel::markDates() {
 
 QToolButton* OrderPanel::datePicker(const char* name, const QString& tip, QLineEdit* box,
                                     OrderField field) {
-    return onClick(toolButton(name, Drawing::Calendar, {}, tip), [this, box, field] {
+    return toolButton(name, Drawing::Calendar, {}, tip, [this, box, field] {
         calendar_->openUnder(box, editor_.calendarStart(field), [this, field](DayCount day) {
             editor_.MonthView1_DateClick(field, day);
         });
@@ -187,32 +149,15 @@ QLayout* OrderPanel::makeTerms() {
     grid->setVerticalSpacing(4);
     for (std::size_t i = 0; i < kTerms.size(); ++i) {
         const TermsBox& terms = kTerms[i];
-        const OrderField field = terms.field;
-        auto* box =
-            historyBoxes_.make(field, QString::fromLatin1(terms.label).remove(QLatin1Char('&')));
-        box->setToolTip(QString::fromLatin1(terms.tip));
-        if (field == &Order::JobNumberEd) box->lineEdit()->setMaxLength(kJobNumberLimit);
-        terms_.push_back(box);
-        grid->addWidget(boxLabel(QString::fromLatin1(terms.label), box), static_cast<int>(i), 0);
+        auto* box = historyBoxes_.make(terms.field, QString(terms.label).remove(QLatin1Char('&')),
+                                       terms.tip);
+        if (terms.field == &Order::JobNumberEd) box->lineEdit()->setMaxLength(kJobNumberLimit);
+        grid->addWidget(boxLabel(terms.label, box), static_cast<int>(i), 0);
         grid->addWidget(box, static_cast<int>(i), 1);
     }
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(static_cast<int>(kTerms.size()), 1);
     return grid;
-}
-
-/// Tab goes along the strip, then down the two addresses, the terms and the comments.
-void OrderPanel::setTabs() {
-    std::vector<QWidget*> order{number_,    purchaseOrder_,   requisition_, received_,
-                                orderDate_, orderDatePicker_, shipDate_,    shipDatePicker_};
-    for (const AddressPanel* side : {vendor_, shipTo_}) {
-        order.insert(order.end(), {side->nameBox(), side->addressBox(), side->saveButton(),
-                                   side->deleteButton()});
-    }
-    order.insert(order.end(), terms_.begin(), terms_.end());
-    order.push_back(comments_);
-    for (std::size_t i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
 }
 
 bool OrderPanel::eventFilter(QObject* watched, QEvent* event) {

@@ -34,10 +34,8 @@ class OrderPanel : public QFrame {
     QToolButton* datePicker(const char* name, const QString& tip, QLineEdit* box, OrderField field);
     void makeNumber();
     void makeKind();
-    void makeDates();
     QLayout* makeStrip();
     QLayout* makeTerms();
-    void setTabs();
     void Label11_DblClick() { editor_.unlockNumber(); }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -59,12 +57,6 @@ class OrderPanel : public QFrame {
         QString tip;
     };
     std::vector<DateBox> dates_;
-    QLineEdit* orderDate_;
-    QLineEdit* shipDate_;
-    QToolButton* orderDatePicker_;
-    QToolButton* shipDatePicker_;
-    std::vector<HistoryBox*> terms_;
-    HistoryBox* comments_;
 };
 
 }  // namespace bramblet

@@ -1,10 +1,10 @@
 #include "gui/orders/saved_orders_panel.h"
 
+#include "gui/platform/boxes.h"
 #include "gui/platform/grid_view.h"
-#include "gui/platform/literals.h"
+#include "gui/platform/qt_text.h"
 
 #include <QMenu>
-#include <QVBoxLayout>
 
 namespace bramblet {
 
@@ -16,8 +16,7 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
     menu_ = new QMenu(this);
     menu_->setObjectName(u"POPop"_s);
     auto* remove =
-        menu_->addAction(u"&Delete Order"_s, this, &SavedOrdersPanel::deleteCurrentOrder);
-    remove->setObjectName(u"POPop_delete"_s);
+        addEntry(menu_, "POPop_delete", u"&Delete Order"_s, {}, [this] { deleteCurrentOrder(); });
 
     connect(grid_, &GridView::rowClicked, this, &SavedOrdersPanel::openRow);
     connect(grid_, &GridView::rowEntered, this, &SavedOrdersPanel::openRow);
@@ -27,10 +26,7 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
         remove->setEnabled(grid_->currentRow() >= 0);
         menu_->popup(place);
     });
-
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(grid_);
+    fill(this, row(0, {grid_}));
 }
 
 void SavedOrdersPanel::refreshList() {
@@ -58,7 +54,7 @@ void SavedOrdersPanel::highlightShownOrder() {
     const int current = grid_->currentRow();
     if (current >= 0 && orders_.number(current) == open_.storedNumber()) return;
     const int row = rowOfShownOrder();
-    row >= 0 ? grid_->showRow(row) : grid_->clearCurrentRow();
+    row >= 0 ? grid_->showRow(row) : grid_->selectionModel()->clear();
 }
 
 }  // namespace bramblet

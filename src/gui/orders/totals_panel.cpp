@@ -1,6 +1,5 @@
 #include "gui/orders/totals_panel.h"
 
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QGridLayout>
@@ -24,21 +23,20 @@ struct TotalsPanel::Row {
 };
 
 std::vector<TotalsPanel::Row> TotalsPanel::columnRows() {
-    constexpr const char* kNoFactor = nullptr;
     return {
-        {"Sub Total", "SubTotalLab", kNoFactor, nullptr, nullptr, "SubTotalEd",
+        {"Sub Total", "SubTotalLab", nullptr, nullptr, nullptr, "SubTotalEd",
          "The sum of the lines.", &Order::SubTotalEd, false},
         {"-  Discount", "DiscountLab", "DiscountFactorEd",
          "Discount multiplier (example .5 = 50%). Blank for none/manual.", &Order::DiscountFactorEd,
          "DiscountEd", "This is subtracted from Sub Total to show Net.", &Order::DiscountEd, true},
-        {"Total (Net)", "NetEdLab", kNoFactor, nullptr, nullptr, "NetTotalEd",
+        {"Total (Net)", "NetEdLab", nullptr, nullptr, nullptr, "NetTotalEd",
          "Sub Total less Discount.", &Order::NetTotalEd, false},
         {"+ Sales Tax", "Label6", "TaxFactorEd",
          "Tax multiplier (example .065 = 6.5%). Blank for none/manual.", &Order::TaxFactorEd,
          "SalesTaxEd", "This will be added to the Net.", &Order::SalesTaxEd, true},
-        {"+ Shipping", "Label4", kNoFactor, nullptr, nullptr, "ShippingEd", "What shipping costs.",
+        {"+ Shipping", "Label4", nullptr, nullptr, nullptr, "ShippingEd", "What shipping costs.",
          &Order::ShippingEd, true},
-        {"Total", "Label3", kNoFactor, nullptr, nullptr, "OrderTotalEd", "What the order comes to.",
+        {"Total", "Label3", nullptr, nullptr, nullptr, "OrderTotalEd", "What the order comes to.",
          &Order::OrderTotalEd, false},
     };
 }
@@ -83,28 +81,28 @@ QString TotalsPanel::inRegion(QString tip) const {
 }
 
 void TotalsPanel::addRow(QGridLayout* grid, int line, const Row& row) {
-    auto* label = new QLabel(QString::fromLatin1(row.label));
+    const QString caption = QString::fromLatin1(row.label);
+    auto* amount =
+        addBox(row.amount, QString::fromLatin1(row.amountTip), row.amountField, row.typed);
+    amount->setAccessibleName(caption);
+    amount->setMinimumWidth(fontMetrics().horizontalAdvance(u"000,000,000.00"_s) + 14);
+    auto* label = boxLabel(caption, amount);
     label->setObjectName(QLatin1String(row.labelName));
     grid->addWidget(label, line, 0);
     if (row.factor != nullptr) {
         auto* factor =
             addBox(row.factor, inRegion(QString::fromLatin1(row.factorTip)), row.factorField, true);
-        factor->setAccessibleName(u"Multiplier of %1"_s.arg(QString::fromLatin1(row.label)));
+        factor->setAccessibleName(u"Multiplier of %1"_s.arg(caption));
         factor->setFixedWidth(fontMetrics().horizontalAdvance(u"0.0000"_s) + 14);
         grid->addWidget(factor, line, 1);
     }
-    auto* amount =
-        addBox(row.amount, QString::fromLatin1(row.amountTip), row.amountField, row.typed);
-    amount->setAccessibleName(QString::fromLatin1(row.label));
-    amount->setMinimumWidth(fontMetrics().horizontalAdvance(u"000,000,000.00"_s) + 14);
-    label->setBuddy(amount);
+    grid->addWidget(amount, line, 2);
     if (row.amountField == &Order::OrderTotalEd) {
         QFont bold = amount->font();
         bold.setBold(true);
         amount->setFont(bold);
         label->setFont(bold);
     }
-    grid->addWidget(amount, line, 2);
 }
 
 QLineEdit* TotalsPanel::addBox(const char* name, const QString& tip, OrderField field, bool typed) {

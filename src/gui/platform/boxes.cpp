@@ -2,10 +2,11 @@
 
 #include "gui/platform/history_box.h"
 #include "gui/platform/icons.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/theme.h"
 
+#include <QApplication>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -28,7 +29,7 @@ QLabel* quietLabel(const char* name, const QString& tip) {
 }
 
 QToolButton* toolButton(const char* name, Drawing drawing, const QString& caption,
-                        const QString& tip) {
+                        const QString& tip, const Command& command) {
     auto* button = new QToolButton;
     button->setObjectName(QLatin1String(name));
     button->setIcon(icon(drawing));
@@ -41,7 +42,24 @@ QToolButton* toolButton(const char* name, Drawing drawing, const QString& captio
         button->setText(caption);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     }
+    QObject::connect(button, &QToolButton::clicked, button, command);
     return button;
+}
+
+QToolButton* edgedButton(const char* name, Drawing drawing, const QString& caption,
+                         const QString& tip, const Command& command) {
+    auto* button = toolButton(name, drawing, caption, tip, command);
+    button->setAutoRaise(false);
+    return button;
+}
+
+QAction* addEntry(QMenu* menu, const char* name, const QString& caption, const QKeySequence& keys,
+                  const Command& command) {
+    QAction* entry = menu->addAction(caption);
+    entry->setObjectName(QLatin1String(name));
+    entry->setShortcut(keys);
+    QObject::connect(entry, &QAction::triggered, entry, command);
+    return entry;
 }
 
 QLineEdit* lineEdit(const char* name, const QString& tip, int limit) {
@@ -58,6 +76,36 @@ void showOnly(QLineEdit* box) {
     QPalette plain = box->palette();
     plain.setBrush(QPalette::Base, plain.window());
     box->setPalette(plain);
+}
+
+Part gap(int pixels) {
+    return Part([=](QBoxLayout& box) { box.addSpacing(pixels); });
+}
+
+Part spring() {
+    return Part([](QBoxLayout& box) { box.addStretch(1); });
+}
+
+QHBoxLayout* row(int spacing, std::initializer_list<Part> parts) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    for (const Part& part : parts)
+        part.addTo(*row);
+    return row;
+}
+
+QVBoxLayout* column(int spacing, std::initializer_list<Part> parts) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(spacing);
+    for (const Part& part : parts)
+        part.addTo(*column);
+    return column;
+}
+
+QWidget* fill(QWidget* widget, QLayout* layout, const QMargins& margins) {
+    layout->setContentsMargins(margins);
+    widget->setLayout(layout);
+    return widget;
 }
 
 namespace {
@@ -82,7 +130,8 @@ void showPath(QLineEdit* box, const std::filesystem::path& path) {
 
 void markRefused(QLineEdit* box, bool refused) {
     QPalette palette;
-    if (refused) palette.setColor(QPalette::Base, refusedColour());
+    const QColor base = QApplication::palette().color(QPalette::Base);
+    if (refused) palette.setColor(QPalette::Base, blend(base, QColor("#d03030"), 0.3));
     box->setPalette(palette);
 }
 

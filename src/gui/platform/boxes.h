@@ -1,7 +1,8 @@
-// Makes the small controls of the panels and dialogs, and keeps boxes showing the texts that they
-// should.
+// Makes the small controls of the panels and dialogs, puts them in rows and columns, and keeps
+// boxes showing the texts that they should.
 #pragma once
 
+#include <QBoxLayout>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,10 +11,12 @@
 
 #include <filesystem>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <type_traits>
 #include <vector>
 
+class QMenu;
 class QPlainTextEdit;
 
 namespace bramblet {
@@ -27,32 +30,63 @@ QLabel* boxLabel(const QString& caption, QWidget* buddy);
 /// A grey line of text.
 QLabel* quietLabel(const char* name, const QString& tip);
 
+using Command = std::function<void()>;
+
 /// A button with an icon, and a caption beside it unless `caption` is empty.
 QToolButton* toolButton(const char* name, Drawing drawing, const QString& caption,
-                        const QString& tip);
+                        const QString& tip, const Command& command);
+
+/// The same with an edge that always shows.
+QToolButton* edgedButton(const char* name, Drawing drawing, const QString& caption,
+                         const QString& tip, const Command& command);
 
 /// A push button, check box or radio button. Enter presses a push button only if it is the default.
 template <class Button = QPushButton>
-Button* button(const char* name, const QString& caption, const QString& tip) {
+Button* button(const char* name, const QString& caption, const QString& tip,
+               const Command& command = {}) {
     auto* button = new Button(caption);
     button->setObjectName(QLatin1String(name));
     button->setToolTip(tip);
     if constexpr (std::is_same_v<Button, QPushButton>) button->setAutoDefault(false);
+    if (command) QObject::connect(button, &QAbstractButton::clicked, button, command);
     return button;
 }
 
-/// Makes a button run a command.
-template <class Button, class Command>
-Button* onClick(Button* button, Command command) {
-    QObject::connect(button, &QAbstractButton::clicked, button, [command] { command(); });
-    return button;
-}
+QAction* addEntry(QMenu* menu, const char* name, const QString& caption, const QKeySequence& keys,
+                  const Command& command);
 
 /// A box for one line of text, of at most `limit` characters if that is not 0.
 QLineEdit* lineEdit(const char* name, const QString& tip, int limit = 0);
 
 /// Makes a box that only shows its text look like it.
 void showOnly(QLineEdit* box);
+
+/// What stands in a row or a column: a control, another layout, or room.
+struct Part {
+    Part(QWidget* widget, int share = 0)
+        : addTo([=](QBoxLayout& box) { box.addWidget(widget, share); }) {}
+    Part(QLayout* layout, int share = 0)
+        : addTo([=](QBoxLayout& box) { box.addLayout(layout, share); }) {}
+    explicit Part(std::function<void(QBoxLayout& box)> room) : addTo(std::move(room)) {}
+
+    std::function<void(QBoxLayout& box)> addTo;
+};
+/// Room of so many pixels.
+Part gap(int pixels);
+/// The room that is left.
+Part spring();
+/// A control or a layout that takes the room that is left, or its share of it.
+template <class Shown>
+Part grow(Shown* shown, int share = 1) {
+    return {shown, share};
+}
+
+/// `spacing` is in pixels, or the style's if -1.
+QHBoxLayout* row(int spacing, std::initializer_list<Part> parts);
+QVBoxLayout* column(int spacing, std::initializer_list<Part> parts);
+
+/// Gives a widget its layout, which fills it but for `margins`.
+QWidget* fill(QWidget* widget, QLayout* layout, const QMargins& margins = {});
 
 /// Puts `text` into a box that shows something else, leaving the cursor where it was. Sends no
 /// editing signal.

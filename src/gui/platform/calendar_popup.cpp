@@ -1,7 +1,7 @@
 #include "gui/platform/calendar_popup.h"
 
 #include "gui/platform/icons.h"
-#include "gui/platform/literals.h"
+#include "gui/platform/qt_text.h"
 
 #include <QApplication>
 #include <QCalendarWidget>

@@ -1,7 +1,8 @@
 #include "gui/platform/grid_view.h"
 
 #include "core/platform/list_table.h"
-#include "gui/platform/grid_model.h"
+#include "gui/platform/qt_text.h"
+#include "gui/platform/theme.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -19,9 +20,70 @@ constexpr int kMostGiven = 3;    ///< in a narrow view, columns give up to a thi
 
 }  // namespace
 
+/// The core's list gives each cell's text when it is shown.
+class GridView::Model : public QAbstractTableModel {
+  public:
+    Model(const Table& table, QObject* parent) : QAbstractTableModel(parent), table_(table) {
+        refresh();
+    }
+
+    /// The rows have changed, and the columns perhaps as well.
+    void refresh() {
+        beginResetModel();
+        rows_ = table_.rowCount();
+        columns_ = table_.columnCount();
+        endResetModel();
+    }
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : rows_;
+    }
+    int columnCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : columns_;
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override {
+        // The core may already hold less than was last shown.
+        if (index.row() >= table_.rowCount() || index.column() >= table_.columnCount()) return {};
+        if (role == Qt::DisplayRole) return toQt(table_.cell(index.row(), index.column()));
+        if (role == Qt::TextAlignmentRole) return alignment(index.column());
+        if (role == Qt::ForegroundRole && index.column() == 0) return colour(index.row());
+        return {};
+    }
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (orientation != Qt::Horizontal || section >= table_.columnCount()) return {};
+        if (role == Qt::TextAlignmentRole) return alignment(section);
+        if (role == Qt::DisplayRole) return QString::fromLatin1(table_.look(section).heading);
+        return {};
+    }
+
+  private:
+    QVariant alignment(int column) const {
+        const Align align = table_.look(column).align;
+        const Qt::AlignmentFlag side = align == Align::Right    ? Qt::AlignRight
+                                       : align == Align::Centre ? Qt::AlignHCenter
+                                                                : Qt::AlignLeft;
+        return QVariant::fromValue(Qt::AlignVCenter | side);
+    }
+
+    /// Red for open requisitions, the button text's for orders that have been received, the grid's
+    /// own for all other rows.
+    QVariant colour(int row) const {
+        const Table::Mark mark = table_.mark(row);
+        if (mark == Table::Mark::Requisition) return QColor(255, 0, 0);
+        if (mark == Table::Mark::None) return {};
+        return QApplication::palette().color(QPalette::ButtonText);
+    }
+
+    const Table& table_;
+    int rows_ = 0;
+    int columns_ = 0;
+};
+
 GridView::GridView(const char* name, const QString& accessibleName, const QString& tip,
                    const Table& table, int lines)
-    : table_(table), model_(new GridModel(table, this)) {
+    : table_(table), model_(new Model(table, this)) {
     setObjectName(QLatin1String(name));
     setAccessibleName(accessibleName);
     setToolTip(tip);
@@ -61,18 +123,10 @@ void GridView::refresh() {
         *sorted, table_.sortedDescending() ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
-int GridView::currentRow() const {
-    return currentIndex().isValid() ? currentIndex().row() : -1;
-}
-
 void GridView::showRow(int row) {
     showingRow_ = true;
     selectRow(row);
     showingRow_ = false;
-}
-
-void GridView::clearCurrentRow() {
-    selectionModel()->clear();
 }
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -124,13 +178,9 @@ void GridView::focusOutEvent(QFocusEvent* event) {
 
 void GridView::tintSelection(bool focused) {
     QPalette tinted = QApplication::palette();
-    const QColor base = tinted.color(QPalette::Base);
-    const QColor accent = tinted.color(QPalette::Highlight);
-    const double share = focused ? 0.38 : 0.18;
-    const auto mixed = [share](int from, int to) { return qRound(from + share * (to - from)); };
     tinted.setColor(QPalette::Highlight,
-                    QColor(mixed(base.red(), accent.red()), mixed(base.green(), accent.green()),
-                           mixed(base.blue(), accent.blue())));
+                    blend(tinted.color(QPalette::Base), tinted.color(QPalette::Highlight),
+                          focused ? 0.38 : 0.18));
     tinted.setColor(QPalette::HighlightedText, tinted.color(QPalette::Text));
     setPalette(tinted);
 }
@@ -145,7 +195,7 @@ void GridView::reset() {
 /// takes when drawn: half the height, with a margin on both sides.
 int GridView::headingWidth(int column) const {
     const QHeaderView* header = horizontalHeader();
-    const QString text = model()->headerData(column, Qt::Horizontal).toString();
+    const QString text = QString::fromLatin1(table_.look(column).heading);
     const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
     return header->fontMetrics().horizontalAdvance(text) + 4 * margin +
            header->sizeHint().height() / 2 + 1;
@@ -154,7 +204,7 @@ int GridView::headingWidth(int column) const {
 /// The width of a column before the view's width is shared out: enough to elide neither its heading
 /// nor the widest of the texts that must not be cut short.
 int GridView::widthOf(int column) const {
-    QString widest = model()->headerData(column, Qt::Horizontal, kWidestTextRole).toString();
+    QString widest = toQt(table_.widest(column));
     widest.truncate(kMostFitted);
     for (QChar& c : widest) {
         if (c.isDigit()) c = QLatin1Char('0');  // as wide as any digit

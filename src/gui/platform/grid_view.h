@@ -8,7 +8,6 @@
 
 namespace bramblet {
 
-class GridModel;
 class Table;
 
 class GridView : public QTableView {
@@ -20,11 +19,10 @@ class GridView : public QTableView {
 
     /// Shows what the table holds now.
     void refresh();
-    int currentRow() const;
+    /// -1 when no row is current.
+    int currentRow() const { return currentIndex().row(); }
     /// Makes a row current without signalling that it has been reached.
     void showRow(int row);
-    /// Leaves no row current.
-    void clearCurrentRow();
     void reset() override;
 
   signals:
@@ -50,6 +48,7 @@ class GridView : public QTableView {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
+    class Model;
     void layOutColumns();
     void shareOut(const std::vector<int>& shown, std::vector<int>& widths) const;
     int headingWidth(int column) const;
@@ -58,7 +57,7 @@ class GridView : public QTableView {
     void tintSelection(bool focused);
 
     const Table& table_;
-    GridModel* model_;
+    Model* model_;
     bool showingRow_ = false;
     bool layingOut_ = false;
     bool resizedByHand_ = false;

@@ -1,6 +1,5 @@
 #include "gui/platform/history_box.h"
 
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QApplication>
@@ -13,21 +12,17 @@
 namespace bramblet {
 namespace {
 
-/// Lets long lists open at once: every row is known to be as high as the first.
-void expectManyRows(QAbstractItemView* view) {
-    if (auto* list = qobject_cast<QListView*>(view)) list->setUniformItemSizes(true);
-}
-
 bool isShiftDelete(const QKeyEvent& event) {
     return event.key() == Qt::Key_Delete && event.modifiers() == Qt::ShiftModifier;
 }
 
 }  // namespace
 
-HistoryBox::HistoryBox(const char* name, const QString& accessibleName)
+HistoryBox::HistoryBox(const char* name, const QString& accessibleName, const QString& tip)
     : model_(new QStringListModel(this)) {
     setObjectName(QLatin1String(name));
     setAccessibleName(accessibleName);
+    setToolTip(tip);
     setModel(model_);
     setEditable(true);
     setInsertPolicy(NoInsert);
@@ -37,8 +32,9 @@ HistoryBox::HistoryBox(const char* name, const QString& accessibleName)
     setMinimumContentsLength(8);
     completer()->setCompletionMode(QCompleter::PopupCompletion);
     completer()->setCaseSensitivity(Qt::CaseInsensitive);
-    expectManyRows(view());
-    expectManyRows(completer()->popup());
+    // Long lists open at once if every row is known to be as high as the first.
+    for (QAbstractItemView* list : {view(), completer()->popup()})
+        qobject_cast<QListView*>(list)->setUniformItemSizes(true);
     completer()->popup()->installEventFilter(this);
 }
 

@@ -17,7 +17,7 @@ namespace bramblet {
 class HistoryBox : public QComboBox {
     Q_OBJECT
   public:
-    HistoryBox(const char* name, const QString& accessibleName);
+    HistoryBox(const char* name, const QString& accessibleName, const QString& tip);
 
     /// Makes "Delete" in the pop-up menu, and Shift+Delete, forget an entry: the one shown, or the
     /// one highlighted in the open list or among the suggestions. Where `mayForget` says no, both

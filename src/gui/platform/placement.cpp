@@ -10,12 +10,14 @@ namespace {
 constexpr int kTitle = 40;
 constexpr int kBorder = 20;
 
-/// The place from `first` to `last` that is nearest to `wanted`.
-int nearest(int first, int wanted, int last) {
-    return qMax(first, qMin(wanted, last));
-}
-
 }  // namespace
+
+QRect within(QRect frame, const QRect& area) {
+    frame.setSize(frame.size().boundedTo(area.size()));
+    frame.moveLeft(qBound(area.left(), frame.left(), area.right() - frame.width() + 1));
+    frame.moveTop(qBound(area.top(), frame.top(), area.bottom() - frame.height() + 1));
+    return frame;
+}
 
 void placeOverParent(QWidget& window, const QSize& size) {
     const QRect room =
@@ -24,9 +26,7 @@ void placeOverParent(QWidget& window, const QSize& size) {
     if (window.parentWidget() == nullptr) return;
     QRect place(QPoint(), window.size());
     place.moveCenter(window.parentWidget()->window()->geometry().center());
-    place.moveTo(nearest(room.left(), place.left(), room.right() - place.width() + 1),
-                 nearest(room.top(), place.top(), room.bottom() - place.height() + 1));
-    window.setGeometry(place);
+    window.setGeometry(within(place, room));
 }
 
 }  // namespace bramblet

@@ -1,9 +1,14 @@
-// The desktop of this machine: the xdg tools, or the Windows shell.
+// The desktop of this machine: the xdg tools, or the Windows shell; and its look.
 #pragma once
 
 #include "core/platform/desktop.h"
 
 namespace bramblet {
+
+enum class Theme;
+
+/// Dark when the system's own windows are dark, or the user has asked for dark programs.
+Theme systemTheme();
 
 class SystemDesktop : public Desktop {
   public:

@@ -1,8 +1,11 @@
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/system_desktop.h"
+#include "gui/platform/theme.h"
 
+#include <QApplication>
+#include <QColor>
 #include <QEventLoop>
+#include <QPalette>
 #include <QProcess>
 #include <QTimer>
 
@@ -16,96 +19,83 @@ constexpr int kOpenPatience = 1500;
 // Exit code of the xdg tools when a program they need is missing.
 constexpr int kToolMissing = 3;
 
-/// A tool run to its end, or until our patience runs out; the windows stay alive meanwhile.
-class Tool {
-  public:
-    Tool(const char* name, const QStringList& arguments) : process_(new QProcess) {
-        QObject::connect(process_, &QProcess::finished, process_, &QObject::deleteLater);
-        process_->setProgram(QLatin1String(name));
-        process_->setArguments(arguments);
-    }
+/// How far a tool got, and what it wrote.
+struct Outcome {
+    bool started = false;
+    int exitCode = 0;
+    QByteArray output;
 
-    /// What it writes; empty if it fails.
-    QString answer() {
-        QObject::connect(process_, &QProcess::readyReadStandardOutput, &receiver_, [this] {
-            output_ += QString::fromUtf8(process_->readAllStandardOutput());
-        });
-        run(kAnswerPatience);
-        output_ = output_.trimmed();
-        return succeeded() ? output_ : QString();
-    }
-
-    /// The tool and what it opens live on without us: nothing connects them to this program, and a
-    /// process that is still running is never waited for again, nor ended with this program.
-    void open() {
-        process_->setStandardInputFile(QProcess::nullDevice());
-        process_->setStandardOutputFile(QProcess::nullDevice());
-        process_->setStandardErrorFile(QProcess::nullDevice());
-        run(kOpenPatience);
-    }
-
-    bool started() const { return started_; }
-    int exitCode() const { return exitCode_; }
-    bool succeeded() const { return started_ && exitCode_ == 0; }
-
-  private:
-    void run(int patience) {
-        QEventLoop loop;
-        QObject::connect(process_, &QProcess::finished, &loop, [&](int exitCode) {
-            exitCode_ = exitCode;
-            loop.quit();
-        });
-        process_->start(QIODevice::ReadOnly);
-        started_ = process_->waitForStarted();
-        if (!started_) {
-            process_->deleteLater();
-            return;
-        }
-        QTimer::singleShot(patience, &loop, &QEventLoop::quit);
-        loop.exec(QEventLoop::ExcludeUserInputEvents);
-    }
-
-    QProcess* process_;  ///< owns itself, since it may outlive the Tool
-    QObject receiver_;   ///< goes with the Tool, and its connections with it
-    bool started_ = false;
-    int exitCode_ = 0;
-    QString output_;
+    bool success() const { return started && exitCode == 0; }
 };
 
-bool opens(const QString& target) {
-    Tool tool("xdg-open", {target});
-    tool.open();
-    return tool.succeeded();
+/// Runs a tool to its end, or until our patience runs out; the windows stay alive meanwhile. The
+/// tool and what it opens live on without us: the process owns itself, and one that is still
+/// running is never waited for again, nor ended with this program.
+Outcome run(QProcess* tool, const char* name, const QStringList& arguments, int patience) {
+    Outcome outcome;
+    QEventLoop loop;  // the connections to it go with it
+    QObject::connect(tool, &QProcess::finished, tool, &QObject::deleteLater);
+    QObject::connect(tool, &QProcess::finished, &loop, [&](int exitCode) {
+        outcome.exitCode = exitCode;
+        loop.quit();
+    });
+    QObject::connect(tool, &QProcess::readyReadStandardOutput, &loop,
+                     [&] { outcome.output += tool->readAllStandardOutput(); });
+    tool->start(QLatin1String(name), arguments, QIODevice::ReadOnly);
+    outcome.started = tool->waitForStarted();
+    if (!outcome.started) {
+        tool->deleteLater();
+        return outcome;
+    }
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    return outcome;
+}
+
+/// What a tool writes; empty if it fails.
+QString answerOf(const char* name, const QStringList& arguments) {
+    const Outcome outcome = run(new QProcess, name, arguments, kAnswerPatience);
+    return outcome.success() ? QString::fromUtf8(outcome.output).trimmed() : QString();
+}
+
+/// Has a tool open something, with nothing that connects the two to this program.
+Outcome openWithTool(const char* name, const QStringList& arguments) {
+    auto* tool = new QProcess;
+    tool->setStandardInputFile(QProcess::nullDevice());
+    tool->setStandardOutputFile(QProcess::nullDevice());
+    tool->setStandardErrorFile(QProcess::nullDevice());
+    return run(tool, name, arguments, kOpenPatience);
 }
 
 }  // namespace
 
+Theme systemTheme() {
+    const QColor window = QApplication::palette().color(QPalette::Window);
+    return window.lightness() < 128 ? Theme::Dark : Theme::Light;
+}
+
 std::filesystem::path SystemDesktop::programFor(const std::filesystem::path& path) {
-    const auto query = [](const char* what, const QString& about) {
-        return Tool("xdg-mime", {u"query"_s, QLatin1String(what), about}).answer();
-    };
-    const QString type = query("filetype", pathToQt(path));
-    return type.isEmpty() ? std::filesystem::path() : pathFromQt(query("default", type));
+    const QString type = answerOf("xdg-mime", {u"query"_s, u"filetype"_s, pathToQt(path)});
+    if (type.isEmpty()) return {};
+    return pathFromQt(answerOf("xdg-mime", {u"query"_s, u"default"_s, type}));
 }
 
 bool SystemDesktop::openWith(const std::filesystem::path&, const std::string& address) {
-    return opens(toQt(address));
+    return openWithTool("xdg-open", {toQt(address)}).success();
 }
 
 bool SystemDesktop::open(const std::filesystem::path& path) {
-    return opens(pathToQt(path));
+    return openWithTool("xdg-open", {pathToQt(path)}).success();
 }
 
 MailResult SystemDesktop::compose(const Mail& mail) {
     QStringList arguments{u"--utf8"_s, u"--subject"_s, toQt(mail.subject), u"--body"_s,
                           toQt(mail.text)};
-    for (const auto& attachment : mail.attachments) {
+    for (const auto& attachment : mail.attachments)
         arguments << u"--attach"_s << pathToQt(attachment);
-    }
-    Tool mailer("xdg-email", arguments);
-    mailer.open();
-    if (!mailer.started() || mailer.exitCode() == kToolMissing) return MailResult::NoMailProgram;
-    return mailer.succeeded() ? MailResult::HandedOver : MailResult::Failed;
+    const Outcome mailer = openWithTool("xdg-email", arguments);
+    if (!mailer.started || mailer.exitCode == kToolMissing) return MailResult::NoMailProgram;
+    return mailer.success() ? MailResult::HandedOver : MailResult::Failed;
 }
 
 bool SystemDesktop::openHelpFile(const std::filesystem::path&) {

@@ -1,10 +1,12 @@
 #include "gui/platform/qt_text.h"
 #include "gui/platform/simple_mapi_windows.h"
 #include "gui/platform/system_desktop.h"
+#include "gui/platform/theme.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSettings>
 #include <QWidget>
 
 #include <array>
@@ -34,6 +36,15 @@ HWND activeWindow() {
 }
 
 }  // namespace
+
+Theme systemTheme() {
+    const QSettings colours(
+        u"HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\"
+        "Themes\\Personalize"_s,
+        QSettings::NativeFormat);
+    const bool light = colours.value(u"AppsUseLightTheme"_s, 1).toInt() != 0;
+    return light ? Theme::Light : Theme::Dark;
+}
 
 std::filesystem::path SystemDesktop::programFor(const std::filesystem::path& path) {
     constexpr INT_PTR kLastFault = 32;

@@ -1,7 +1,6 @@
 #include "gui/platform/system_formats.h"
 
 #include "core/platform/text.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QRegularExpression>

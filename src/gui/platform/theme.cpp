@@ -1,7 +1,7 @@
 #include "gui/platform/theme.h"
 
 #include "gui/platform/icons.h"
-#include "gui/platform/literals.h"
+#include "gui/platform/qt_text.h"
 
 #include <QApplication>
 #include <QColor>
@@ -10,54 +10,41 @@
 #include <QProxyStyle>
 #include <QStyleOption>
 
+#include <vector>
+
 namespace bramblet {
 namespace {
 
-struct Colours {
-    const char* window;
-    const char* base;
-    const char* alternate;
-    const char* text;
-    const char* muted;
-    const char* button;
-    const char* border;
-    const char* accent;
-    const char* accentText;
-    const char* link;
-    const char* tip;
+/// A colour of both themes, and all that has it.
+struct Colour {
+    const char* light;
+    const char* dark;
+    std::vector<QPalette::ColorRole> roles;
+};
+const std::vector<Colour> kColours{
+    {"#f3f4f6", "#202226", {QPalette::Window}},
+    {"#ffffff", "#282b30", {QPalette::Base}},
+    {"#f8f8fb", "#2c2f35", {QPalette::AlternateBase}},
+    {"#1c2128",
+     "#e7e9ec",
+     {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}},
+    {"#8a919b", "#7d848e", {QPalette::PlaceholderText}},
+    {"#fafafb", "#31343a", {QPalette::Button}},
+    {"#d3d7de", "#41454d", {QPalette::Mid, QPalette::Midlight}},
+    {"#5b3f8c", "#7c5fb5", {QPalette::Highlight}},
+    {"#ffffff", "#ffffff", {QPalette::HighlightedText, QPalette::BrightText}},
+    {"#5b3f8c", "#b49be6", {QPalette::Link, QPalette::LinkVisited}},
+    {"#fffdf2", "#33363d", {QPalette::ToolTipBase}},
 };
 
-constexpr Colours kLight{"#f3f4f6", "#ffffff", "#f8f8fb", "#1c2128", "#8a919b", "#fafafb",
-                         "#d3d7de", "#5b3f8c", "#ffffff", "#5b3f8c", "#fffdf2"};
-constexpr Colours kDark{"#202226", "#282b30", "#2c2f35", "#e7e9ec", "#7d848e", "#31343a",
-                        "#41454d", "#7c5fb5", "#ffffff", "#b49be6", "#33363d"};
-
-QPalette paletteOf(const Colours& colours) {
+QPalette paletteOf(Theme theme) {
     QPalette palette;
-    const auto set = [&](QPalette::ColorRole role, const char* colour) {
-        palette.setColor(role, QColor(colour));
-    };
-    set(QPalette::Window, colours.window);
-    set(QPalette::WindowText, colours.text);
-    set(QPalette::Base, colours.base);
-    set(QPalette::AlternateBase, colours.alternate);
-    set(QPalette::Text, colours.text);
-    set(QPalette::Button, colours.button);
-    set(QPalette::ButtonText, colours.text);
-    set(QPalette::BrightText, colours.accentText);
-    set(QPalette::Highlight, colours.accent);
-    set(QPalette::HighlightedText, colours.accentText);
-    set(QPalette::Link, colours.link);
-    set(QPalette::LinkVisited, colours.link);
-    set(QPalette::ToolTipBase, colours.tip);
-    set(QPalette::ToolTipText, colours.text);
-    set(QPalette::PlaceholderText, colours.muted);
-    set(QPalette::Mid, colours.border);
-    set(QPalette::Midlight, colours.border);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, QColor(colours.muted));
+    for (const Colour& colour : kColours) {
+        for (const auto role : colour.roles)
+            palette.setColor(role, QColor(theme == Theme::Dark ? colour.dark : colour.light));
     }
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(colours.accent));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::PlaceholderText));
     return palette;
 }
 
@@ -130,7 +117,7 @@ class RoomyStyle : public QProxyStyle {
 
 void applyTheme(QApplication& application, Theme theme) {
     QApplication::setStyle(new RoomyStyle);
-    QApplication::setPalette(paletteOf(theme == Theme::Dark ? kDark : kLight));
+    QApplication::setPalette(paletteOf(theme));
     application.setStyleSheet(
         u"QToolTip { padding: 3px; border: 1px solid palette(mid); }"
         "QFrame#band { border: 1px solid palette(mid); border-radius: 5px;"
@@ -141,13 +128,10 @@ QColor borderColour() {
     return QApplication::palette().color(QPalette::Mid);
 }
 
-QColor refusedColour() {
-    constexpr double kShare = 0.3;
-    const QColor base = QApplication::palette().color(QPalette::Base);
-    const QColor red("#d03030");
-    const auto mixed = [](int from, int to) { return qRound(from + kShare * (to - from)); };
-    return {mixed(base.red(), red.red()), mixed(base.green(), red.green()),
-            mixed(base.blue(), red.blue())};
+QColor blend(const QColor& from, const QColor& to, double share) {
+    const auto mixed = [share](int a, int b) { return qRound(a + share * (b - a)); };
+    return {mixed(from.red(), to.red()), mixed(from.green(), to.green()),
+            mixed(from.blue(), to.blue())};
 }
 
 }  // namespace bramblet

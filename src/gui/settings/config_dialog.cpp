@@ -1,59 +1,84 @@
 #include "gui/settings/config_dialog.h"
 
 #include "core/platform/path_text.h"
-#include "gui/platform/literals.h"
+#include "gui/platform/boxes.h"
 #include "gui/platform/qt_text.h"
 #include "gui/settings/picture_dialog.h"
 
+#include <QDialog>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QRadioButton>
 
+#include <array>
+
 namespace bramblet {
 
+namespace {
+
+class ConfigDialog : public QDialog {
+  public:
+    ConfigDialog(SettingsEditor& editor, const FileSystem& files,
+                 const std::filesystem::path& pictureFolder, const Command& rewrite,
+                 QWidget* parent);
+
+  private:
+    using TextField = std::string SettingsBoxes::*;
+    using FlagField = bool SettingsBoxes::*;
+    using Effect = void (SettingsEditor::*)();
+
+    QGroupBox* makeCompany();
+    QGroupBox* makeForm();
+    QGroupBox* makeOrders();
+    QLayout* makeButtons(const Command& rewrite);
+    QLineEdit* textBox(const char* name, const QString& tip, int limit, TextField field);
+    QCheckBox* checkBox(const char* name, const QString& caption, const QString& tip,
+                        FlagField field);
+    QPushButton* effect(const char* name, const QString& caption, const QString& tip,
+                        Effect command);
+    void addStepper(QFormLayout* form, const QString& label, const char* name, TextField field,
+                    const std::array<QPushButton*, 3>& buttons);
+    void chooseGraphic();
+    void Command1_Click();
+    void refresh();
+
+    SettingsEditor& editor_;
+    const FileSystem& files_;
+    const std::filesystem::path& pictureFolder_;
+    QRadioButton* useGraphic_;
+    QRadioButton* useTexts_;
+    QCheckBox* useReqNumber_;
+    QLineEdit* folder_;
+    BoundBoxes boxes_;
+};
+
 ConfigDialog::ConfigDialog(SettingsEditor& editor, const FileSystem& files,
-                           const std::filesystem::path& pictureFolder, bool canRewrite,
+                           const std::filesystem::path& pictureFolder, const Command& rewrite,
                            QWidget* parent)
     : QDialog(parent), editor_(editor), files_(files), pictureFolder_(pictureFolder) {
     setObjectName(u"TandrilConfigForm"_s);
     setWindowTitle(u"Configuration"_s);
     editor_.load();
 
-    auto* left = new QVBoxLayout;
-    left->addWidget(makeCompany());
-    left->addStretch(1);
-    auto* right = new QVBoxLayout;
-    right->addWidget(makeForm());
-    right->addWidget(makeOrders());
-    right->addStretch(1);
-    auto* columns = new QHBoxLayout;
-    columns->setSpacing(12);
-    columns->addLayout(left, 1);
-    columns->addLayout(right, 1);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(columns, 1);
-    layout->addLayout(makeButtons(canRewrite));
+    auto* left = column(-1, {makeCompany(), spring()});
+    auto* right = column(-1, {makeForm(), makeOrders(), spring()});
+    setLayout(column(-1, {grow(row(12, {grow(left), grow(right)})), makeButtons(rewrite)}));
     refresh();
 }
 
 QGroupBox* ConfigDialog::makeCompany() {
     auto* group = new QGroupBox(u"Your company on the form"_s);
-    auto* layout = new QVBoxLayout(group);
-    useGraphic_ = onClick(
-        button<QRadioButton>("Option1", u"Use the top &graphic for company identification"_s, {}),
-        [this] { editor_.Option_Click(true); });
-    useTexts_ = onClick(
-        button<QRadioButton>("Option2", u"Use &text below for company identification"_s, {}),
-        [this] { editor_.Option_Click(false); });
+    useGraphic_ =
+        button<QRadioButton>("Option1", u"Use the top &graphic for company identification"_s, {},
+                             [this] { editor_.Option_Click(true); });
+    useTexts_ = button<QRadioButton>("Option2", u"Use &text below for company identification"_s, {},
+                                     [this] { editor_.Option_Click(false); });
 
     auto* graphic = textBox("TopGraphicEd", u"Top Graphic"_s, 200, &SettingsBoxes::TopGraphicEd);
-    auto* select = onClick(button("SelectGraphic", u"Se&lect ..."_s, u"Select a graphic file"_s),
-                           [this] { chooseGraphic(); });
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(22, 0, 0, 6);
-    row->addWidget(boxLabel(u"Top Graphic"_s, graphic));
-    row->addWidget(graphic, 1);
-    row->addWidget(select);
+    auto* select = button("SelectGraphic", u"Se&lect ..."_s, u"Select a graphic file"_s,
+                          [this] { chooseGraphic(); });
+    auto* choice = row(-1, {boxLabel(u"Top Graphic"_s, graphic), grow(graphic), select});
+    choice->setContentsMargins(22, 0, 0, 6);
 
     auto* lines = new QFormLayout;
     lines->setContentsMargins(22, 0, 0, 0);
@@ -67,10 +92,7 @@ QGroupBox* ConfigDialog::makeCompany() {
         line->setMinimumWidth(fontMetrics().averageCharWidth() * 34);
         lines->addRow(label, line);
     }
-    layout->addWidget(useGraphic_);
-    layout->addLayout(row);
-    layout->addWidget(useTexts_);
-    layout->addLayout(lines);
+    group->setLayout(column(-1, {useGraphic_, choice, useTexts_, lines}));
     return group;
 }
 
@@ -81,13 +103,11 @@ QGroupBox* ConfigDialog::makeForm() {
     using B = SettingsBoxes;
     auto* font = textBox("FontNameEd", u"Font"_s, 200, &B::FontNameEd);
     font->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
-    auto* fontRow = new QHBoxLayout;
-    fontRow->addWidget(font, 1);
-    fontRow->addWidget(
-        effect("SelectFont", u"&Font ..."_s, u"Select a font"_s, &S::SelectFont_Click));
-    fontRow->addWidget(
-        effect("DefaultFont", u"Default"_s, u"Default font"_s, &S::DefaultFont_Click));
-    form->addRow(boxLabel(u"Font"_s, font), fontRow);
+    form->addRow(
+        boxLabel(u"Font"_s, font),
+        row(-1, {grow(font),
+                 effect("SelectFont", u"&Font ..."_s, u"Select a font"_s, &S::SelectFont_Click),
+                 effect("DefaultFont", u"Default"_s, u"Default font"_s, &S::DefaultFont_Click)}));
     const QString less = u"-"_s;
     const QString more = u"+"_s;
     const QString usual = u"Default"_s;
@@ -111,12 +131,7 @@ QGroupBox* ConfigDialog::makeForm() {
     connect(quote, &QCheckBox::toggled, this, [this] { refresh(); });
     useReqNumber_ = checkBox("UseReqNumberCheck", u"Use &No."_s,
                              u"Put the number on a request for quote."_s, &B::UseReqNumberCheck);
-    auto* quoteRow = new QHBoxLayout;
-    quoteRow->addWidget(quote);
-    quoteRow->addSpacing(10);
-    quoteRow->addWidget(useReqNumber_);
-    quoteRow->addStretch(1);
-    form->addRow(quoteRow);
+    form->addRow(row(-1, {quote, gap(10), useReqNumber_, spring()}));
     return group;
 }
 
@@ -124,21 +139,15 @@ QGroupBox* ConfigDialog::makeOrders() {
     auto* group = new QGroupBox(u"Orders and data"_s);
     auto* form = new QFormLayout(group);
     auto* prefix = textBox("PrefixEd", u"Bramblet Number Prefix"_s, 10, &SettingsBoxes::PrefixEd);
-    auto* prefixRow = new QHBoxLayout;
-    prefixRow->addWidget(prefix);
-    prefixRow->addWidget(new QLabel(u"(10 chr. max)"_s));
-    prefixRow->addStretch(1);
-    form->addRow(boxLabel(u"Bramblet Number &Prefix"_s, prefix), prefixRow);
+    form->addRow(boxLabel(u"Bramblet Number &Prefix"_s, prefix),
+                 row(-1, {prefix, new QLabel(u"(10 chr. max)"_s), spring()}));
     folder_ = lineEdit("DataDirectoryEd", u"Data Directory"_s, 300);
     connect(folder_, &QLineEdit::textEdited, this, [this](const QString& text) {
         editor_.boxes.DataDirectoryEd = folderText(pathFromQt(text)).value_or("");
     });
-    auto* folderRow = new QHBoxLayout;
-    folderRow->addWidget(folder_, 1);
-    folderRow->addWidget(effect("SelectDataDirectory", u"Select ..."_s,
-                                u"Select a data directory"_s,
-                                &SettingsEditor::SelectDataDirectory_Click));
-    form->addRow(boxLabel(u"&Data Directory"_s, folder_), folderRow);
+    auto* select = effect("SelectDataDirectory", u"Select ..."_s, u"Select a data directory"_s,
+                          &SettingsEditor::SelectDataDirectory_Click);
+    form->addRow(boxLabel(u"&Data Directory"_s, folder_), row(-1, {grow(folder_), select}));
     form->addRow(checkBox("UseQuantitiesCheck", u"Use \"On &Hand\" column in stock items listing"_s,
                           {}, &SettingsBoxes::UseQuantitiesCheck));
     form->addRow(checkBox("TaxFreightCheck",
@@ -147,25 +156,17 @@ QGroupBox* ConfigDialog::makeOrders() {
     return group;
 }
 
-QLayout* ConfigDialog::makeButtons(bool canRewrite) {
+QLayout* ConfigDialog::makeButtons(const Command& rewrite) {
     const QString what = u"Rewrite and display with current settings"_s;
-    auto* rewrite = onClick(button("ReWrite", u"&Rewrite"_s,
-                                   canRewrite ? what : what + u" (when an order is viewed)"_s),
-                            [this] { emit ReWrite_Click(); });
-    rewrite->setEnabled(canRewrite);
-    auto* save =
-        onClick(button("Command1", u"&Save"_s, u"Save and exit"_s), [this] { Command1_Click(); });
+    auto* again = button("ReWrite", u"&Rewrite"_s,
+                         rewrite ? what : what + u" (when an order is viewed)"_s, rewrite);
+    again->setEnabled(rewrite != nullptr);
+    auto* save = button("Command1", u"&Save"_s, u"Save and exit"_s, [this] { Command1_Click(); });
     save->setDefault(true);
-    auto* close =
-        onClick(button("Close", u"Close"_s,
-                       u"Close without saving what was typed; what the buttons changed stays."_s),
-                [this] { reject(); });
-    auto* row = new QHBoxLayout;
-    row->addWidget(rewrite);
-    row->addStretch(1);
-    row->addWidget(save);
-    row->addWidget(close);
-    return row;
+    auto* close = button("Close", u"Close"_s,
+                         u"Close without saving what was typed; what the buttons changed stays."_s,
+                         [this] { reject(); });
+    return row(-1, {again, spring(), save, close});
 }
 
 void ConfigDialog::Command1_Click() {
@@ -187,36 +188,31 @@ QCheckBox* ConfigDialog::checkBox(const char* name, const QString& caption, cons
 
 /// A button that takes effect at once.
 QPushButton* ConfigDialog::effect(const char* name, const QString& caption, const QString& tip,
-                                  Command command) {
-    auto* effect = onClick(button(name, caption, tip), [this, command] {
+                                  Effect command) {
+    auto* button = bramblet::button(name, caption, tip, [this, command] {
         (editor_.*command)();
         refresh();
     });
-    effect->setAccessibleName(tip);
-    return effect;
+    button->setAccessibleName(tip);
+    return button;
 }
 
+/// A row for a number, with the buttons that step it and restore its default.
 void ConfigDialog::addStepper(QFormLayout* form, const QString& label, const char* name,
                               TextField field, const std::array<QPushButton*, 3>& buttons) {
     auto* box = textBox(name, QString(label).remove(QLatin1Char('&')), 0, field);
     box->setAlignment(Qt::AlignRight);
     box->setFixedWidth(fontMetrics().averageCharWidth() * 10);
-    auto* row = new QHBoxLayout;
-    row->addWidget(box);
-    for (QPushButton* step : {buttons[0], buttons[1]}) {
+    const auto [less, more, usual] = buttons;
+    for (QPushButton* step : {less, more}) {
         step->setFixedWidth(step->sizeHint().height() + 4);
         step->setAutoRepeat(true);
-        row->addWidget(step);
     }
-    row->addStretch(1);
-    row->addWidget(buttons[2]);
-    form->addRow(boxLabel(label, box), row);
+    form->addRow(boxLabel(label, box), row(-1, {box, less, more, spring(), usual}));
 }
 
 void ConfigDialog::chooseGraphic() {
-    PictureDialog chooser(files_, pictureFolder_, this);
-    chooser.exec();
-    editor_.SelectGraphic_Click(chooser.path());
+    editor_.SelectGraphic_Click(choosePicture(files_, pictureFolder_, this));
     refresh();
 }
 
@@ -225,6 +221,14 @@ void ConfigDialog::refresh() {
     showPath(folder_, pathOfFolder(editor_.boxes.DataDirectoryEd));
     (editor_.boxes.Option1 ? useGraphic_ : useTexts_)->setChecked(true);
     useReqNumber_->setEnabled(editor_.boxes.RequestForQuoteCheck);
+}
+
+}  // namespace
+
+void showConfigDialog(SettingsEditor& editor, const FileSystem& files,
+                      const std::filesystem::path& pictureFolder,
+                      const std::function<void()>& rewrite, QWidget* parent) {
+    ConfigDialog(editor, files, pictureFolder, rewrite, parent).exec();
 }
 
 }  // namespace bramblet

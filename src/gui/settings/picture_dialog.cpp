@@ -1,10 +1,10 @@
 #include "gui/settings/picture_dialog.h"
 
 #include "gui/platform/boxes.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QGridLayout>
 #include <QListWidget>
@@ -29,32 +29,54 @@ void fill(QListWidget* list, const std::vector<std::filesystem::path>& names) {
         list->addItem(pathToQt(name));
 }
 
-}  // namespace
+class PictureDialog : public QDialog {
+  public:
+    PictureDialog(const FileSystem& files, const std::filesystem::path& folder, QWidget* parent);
+
+    /// The picture chosen; empty when none was.
+    const std::filesystem::path& path() const { return path_; }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void goTo(const std::filesystem::path& folder);
+    void showFolder();
+    void showDrive();
+    void loadPicture();
+    void showPicture();
+    const std::filesystem::path& currentPicture() const;
+    void choose();
+
+    PictureFolder folder_;
+    QComboBox* drives_ = new QComboBox;
+    QLineEdit* place_ = lineEdit("Place", {});
+    QListWidget* folders_ = list("Dir1", u"Folders"_s);
+    QListWidget* pictures_ = list("File1", u"Pictures"_s);
+    QLabel* preview_ = new QLabel;
+    QLabel* caption_ = new QLabel;
+    QPushButton* take_ =
+        button("Command1", u"&Select"_s, u"Use this picture."_s, [this] { choose(); });
+    QImage image_;
+    QString pictureCaption_;
+    std::filesystem::path path_;
+};
 
 PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::path& folder,
                              QWidget* parent)
     : QDialog(parent), folder_(files) {
     setObjectName(u"SelectPicForm"_s);
     setWindowTitle(u"Graphic Selector"_s);
-    drives_ = new QComboBox;
     drives_->setObjectName(u"Drive1"_s);
     drives_->setAccessibleName(u"Drive"_s);
-    for (const QFileInfo& drive : QDir::drives()) {
+    for (const QFileInfo& drive : QDir::drives())
         drives_->addItem(QDir::toNativeSeparators(drive.absoluteFilePath()));
-    }
     drives_->addItem(pathToQt(withSeparator(pathFromQt(QDir::homePath()))));
-    folders_ = list("Dir1", u"Folders"_s);
-    pictures_ = list("File1", u"Pictures"_s);
-    preview_ = new QLabel;
     preview_->setAlignment(Qt::AlignCenter);
     preview_->setMinimumSize(240, 180);
     preview_->setFrameShape(QFrame::StyledPanel);
-    caption_ = new QLabel;
     caption_->setAlignment(Qt::AlignCenter);
-    take_ = onClick(button("Command1", u"&Select"_s, u"Use this picture."_s), [this] { choose(); });
     take_->setDefault(true);
-    auto* cancel = onClick(button("Command2", u"Cancel"_s, u"Close without choosing a picture."_s),
-                           [this] { reject(); });
 
     connect(drives_, &QComboBox::activated, this,
             [this] { goTo(pathFromQt(drives_->currentText())); });
@@ -65,7 +87,6 @@ PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::pat
     connect(pictures_, &QListWidget::currentItemChanged, this, &PictureDialog::loadPicture);
     connect(pictures_, &QListWidget::itemActivated, this, &PictureDialog::choose);
 
-    place_ = lineEdit("Place", {});
     place_->setAccessibleName(u"Folder shown"_s);
     showOnly(place_);
 
@@ -82,13 +103,9 @@ PictureDialog::PictureDialog(const FileSystem& files, const std::filesystem::pat
     lists->setRowStretch(2, 1);
     for (int column = 0; column < 3; ++column)
         lists->setColumnStretch(column, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(take_);
-    buttons->addWidget(cancel);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(lists, 1);
-    layout->addLayout(buttons);
+    auto* cancel = button("Command2", u"Cancel"_s, u"Close without choosing a picture."_s,
+                          [this] { reject(); });
+    setLayout(column(-1, {grow(lists), row(-1, {spring(), take_, cancel})}));
     goTo(folder);
 }
 
@@ -160,6 +177,15 @@ void PictureDialog::choose() {
     if (pictures_->currentItem() == nullptr) return;
     path_ = folder_.path() / currentPicture();
     accept();
+}
+
+}  // namespace
+
+std::filesystem::path choosePicture(const FileSystem& files, const std::filesystem::path& folder,
+                                    QWidget* parent) {
+    PictureDialog dialog(files, folder, parent);
+    dialog.exec();
+    return dialog.path();
 }
 
 }  // namespace bramblet

@@ -3,49 +3,14 @@
 
 #include "core/settings/picture_folder.h"
 
-#include <QDialog>
-
 #include <filesystem>
 
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QListWidget;
-class QPushButton;
+class QWidget;
 
 namespace bramblet {
 
-class PictureDialog : public QDialog {
-    Q_OBJECT
-  public:
-    PictureDialog(const FileSystem& files, const std::filesystem::path& folder, QWidget* parent);
-
-    /// The picture chosen; empty when none was.
-    const std::filesystem::path& path() const { return path_; }
-
-  protected:
-    void resizeEvent(QResizeEvent* event) override;
-
-  private:
-    void goTo(const std::filesystem::path& folder);
-    void showFolder();
-    void showDrive();
-    void loadPicture();
-    void showPicture();
-    const std::filesystem::path& currentPicture() const;
-    void choose();
-
-    PictureFolder folder_;
-    QComboBox* drives_;
-    QLineEdit* place_;
-    QListWidget* folders_;
-    QListWidget* pictures_;
-    QLabel* preview_;
-    QLabel* caption_;
-    QPushButton* take_;
-    QImage image_;
-    QString pictureCaption_;
-    std::filesystem::path path_;
-};
+/// Lets the user choose a picture, beginning in `folder`. Empty when none was chosen.
+std::filesystem::path choosePicture(const FileSystem& files, const std::filesystem::path& folder,
+                                    QWidget* parent);
 
 }  // namespace bramblet

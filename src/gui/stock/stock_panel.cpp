@@ -4,11 +4,9 @@
 #include "gui/platform/grid_view.h"
 #include "gui/platform/history_box.h"
 #include "gui/platform/icons.h"
-#include "gui/platform/literals.h"
 #include "gui/platform/qt_text.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QMenu>
 
 namespace bramblet {
@@ -16,11 +14,7 @@ namespace bramblet {
 StockPanel::StockPanel(StockList& stock, LineItems& lines, QWidget* parent)
     : QWidget(parent), stock_(stock), lines_(lines) {
     makeGrid();
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(10);
-    layout->addWidget(grid_, 1);
-    layout->addWidget(makeEditor());
+    fill(this, row(10, {grow(grid_), makeEditor()}));
 }
 
 void StockPanel::makeGrid() {
@@ -28,11 +22,9 @@ void StockPanel::makeGrid() {
                          u"Stock items to pick from (double-click, add to order)."_s, stock_, 5);
     menu_ = new QMenu(this);
     menu_->setObjectName(u"itemspop"_s);
-    auto* remove = menu_->addAction(u"&Delete"_s, this, [this] { stock_.DeleteStockItem_Click(); });
-    remove->setObjectName(u"ItemsPopDelete"_s);
-    onHand_ = menu_->addAction(u"&On Hand"_s, this,
-                               [this] { stock_.ItemsPopOnHand_Click(grid_->currentRow()); });
-    onHand_->setObjectName(u"ItemsPopOnHand"_s);
+    addEntry(menu_, "ItemsPopDelete", u"&Delete"_s, {}, [this] { stock_.DeleteStockItem_Click(); });
+    onHand_ = addEntry(menu_, "ItemsPopOnHand", u"&On Hand"_s, {},
+                       [this] { stock_.ItemsPopOnHand_Click(grid_->currentRow()); });
 
     connect(grid_, &GridView::rowClicked, this, [this](int row) { stock_.StockGrid_Click(row); });
     connect(grid_, &GridView::rowReached, this, [this](int row) { stock_.StockGrid_Click(row); });
@@ -63,9 +55,7 @@ QWidget* StockPanel::makeEditor() {
     unitCost_->setMinimumWidth(fontMetrics().horizontalAdvance(u"000,000.0000"_s) + 14);
     fileNumber_ = quietLabel("FileOrderTag", u"File number of the item picked last"_s);
 
-    auto* editor = new QWidget;
-    auto* grid = new QGridLayout(editor);
-    grid->setContentsMargins(0, 0, 0, 0);
+    auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(6);
     grid->setVerticalSpacing(4);
     const auto addRow = [&](int row, const QString& caption, QWidget* box, int span) {
@@ -79,9 +69,10 @@ QWidget* StockPanel::makeEditor() {
     grid->addWidget(boxLabel(u"Cost"_s, unitCost_), 2, 2);
     grid->addWidget(unitCost_, 2, 3);
     addRow(3, u"Description"_s, description, 3);
-    grid->addWidget(makeButtons(), 4, 0, 1, 4);
+    grid->addLayout(makeButtons(), 4, 0, 1, 4);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(5, 1);
+    QWidget* editor = fill(new QWidget, grid);
     editor->setFixedWidth(
         qMax(fontMetrics().averageCharWidth() * 44, editor->minimumSizeHint().width()));
     return editor;
@@ -89,41 +80,33 @@ QWidget* StockPanel::makeEditor() {
 
 HistoryBox* StockPanel::comboBox(const char* name, const QString& tip, int limit,
                                  std::string StockItemBoxes::*box) {
-    auto* combo = new HistoryBox(name, tip);
-    combo->setToolTip(tip);
+    auto* combo = new HistoryBox(name, tip, tip);
     combo->lineEdit()->setMaxLength(limit);
     boxes_.bind(combo, stock_.boxes, box);
     return combo;
 }
 
-QWidget* StockPanel::makeButtons() {
-    auto* bar = new QWidget;
-    auto* layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    const auto add = [&](const char* name, Drawing drawing, const QString& caption,
-                         const QString& tip, const auto& command) {
-        auto* button = onClick(toolButton(name, drawing, caption, tip), command);
-        button->setAutoRaise(false);
-        layout->addWidget(button);
-    };
-    add("AddToOrder", Drawing::Up, u"Add to Order"_s,
-        u"Add the item picked in the list to the order."_s, [this] { addCurrentItem(); });
-    layout->addStretch(1);
+QLayout* StockPanel::makeButtons() {
     // After a save, typing the next item starts at its category.
-    add("SaveNewStockItem", Drawing::New, u"New"_s,
-        u"Save what stands in the boxes as a new item."_s, [this] {
-            stock_.SaveNewStockItem_Click();
+    const auto saving = [this](void (StockList::*save)()) {
+        return [this, save] {
+            (stock_.*save)();
             category_->setFocus();
-        });
-    add("SaveChangedStockItem", Drawing::Store, u"Save"_s,
-        u"Save what stands in the boxes as the item picked in the list."_s, [this] {
-            stock_.SaveChangedStockItem_Click();
-            category_->setFocus();
-        });
-    add("DeleteStockItem", Drawing::Delete, {}, u"Delete the item picked in the list"_s,
-        [this] { stock_.DeleteStockItem_Click(); });
-    return bar;
+        };
+    };
+    return row(4, {edgedButton("AddToOrder", Drawing::Up, u"Add to Order"_s,
+                               u"Add the item picked in the list to the order."_s,
+                               [this] { addCurrentItem(); }),
+                   spring(),
+                   edgedButton("SaveNewStockItem", Drawing::New, u"New"_s,
+                               u"Save what stands in the boxes as a new item."_s,
+                               saving(&StockList::SaveNewStockItem_Click)),
+                   edgedButton("SaveChangedStockItem", Drawing::Store, u"Save"_s,
+                               u"Save what stands in the boxes as the item picked in the list."_s,
+                               saving(&StockList::SaveChangedStockItem_Click)),
+                   edgedButton("DeleteStockItem", Drawing::Delete, {},
+                               u"Delete the item picked in the list"_s,
+                               [this] { stock_.DeleteStockItem_Click(); })});
 }
 
 void StockPanel::refreshList() {

@@ -34,7 +34,7 @@ class StockPanel : public QWidget {
     QWidget* makeEditor();
     HistoryBox* comboBox(const char* name, const QString& tip, int limit,
                          std::string StockItemBoxes::*box);
-    QWidget* makeButtons();
+    QLayout* makeButtons();
 
     StockList& stock_;
     LineItems& lines_;
