@@ -1,8 +1,7 @@
 #include "tour/guide.h"
 
-#include "gui/platform/theme.h"
-
 #include <QAbstractButton>
+#include <QApplication>
 #include <QPainter>
 
 #include <iostream>
@@ -28,7 +27,7 @@ QPixmap cut(const QPixmap& picture, const QRect& part) {
 
 QPixmap framed(QPixmap picture) {
     QPainter painter(&picture);
-    painter.setPen(borderColour());
+    painter.setPen(QApplication::palette().color(QPalette::Mid));
     const QSize size = (picture.size() / picture.devicePixelRatio());
     painter.drawRect(0, 0, size.width() - 1, size.height() - 1);
     return picture;
@@ -117,7 +116,8 @@ QPixmap Guide::windowWith(QWidget& front, int shade) {
     QPainter painter(&whole);
     const QPoint place = front.mapToGlobal(QPoint()) - window_.mapToGlobal(QPoint());
     painter.fillRect(window_.rect(), QColor(0, 0, 0, shade));
-    painter.fillRect(QRect(place, front.size()).adjusted(-1, -1, 1, 1), borderColour());
+    painter.fillRect(QRect(place, front.size()).adjusted(-1, -1, 1, 1),
+                     QApplication::palette().color(QPalette::Mid));
     painter.drawPixmap(place, above);
     painter.end();
     return whole;

@@ -85,8 +85,8 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
 void AddressPanel::refresh() {
     const AddressBook::Shown& shown = book_.shown(side_);
     name_->setEntries(shown.names);
-    showText(name_->lineEdit(), open_.order().*nameField_);
-    showText(address_, open_.order().*addressField_);
+    showText(name_->lineEdit(), toQt(open_.order().*nameField_));
+    showText(address_, linesToQt(open_.order().*addressField_));
     counter_->setText(toQt(shown.counter));
     save_->setEnabled(shown.changedEnabled);
     remove_->setEnabled(shown.deleteEnabled);

@@ -5,34 +5,19 @@
 
 class QAction;
 class QMainWindow;
-class QMenu;
 
 namespace bramblet {
 
 class LinesPanel;
 class ListsPanel;
 
-class MainMenu {
-  public:
-    MainMenu(QMainWindow& window, Program& program, LinesPanel& lines, ListsPanel& lists);
-
-    /// Enables what can be done now.
-    void refresh();
-
-  private:
-    void addFileMenu();
-    void addItemsMenu();
-    void addListsMenu();
-    void addSortMenu(QMenu* menu);
-    void addDataMenu();
-    void addHelpMenu();
-
-    QMainWindow& window_;
-    Program& program_;
-    LinesPanel& lines_;
-    ListsPanel& lists_;
-    QAction* saveChanges_;
-    QAction* saveCopy_;
+/// The entries that cannot always be chosen.
+struct MainMenu {
+    QAction* saveChanges;
+    QAction* saveCopy;
 };
+
+/// Adds the menus to the window, which all the others must outlive.
+MainMenu makeMainMenu(QMainWindow& window, Program& program, LinesPanel& lines, ListsPanel& lists);
 
 }  // namespace bramblet

@@ -3,8 +3,6 @@
 #include "gui/addresses/contact_dialog.h"
 #include "gui/app/help_window.h"
 #include "gui/app/lists_panel.h"
-#include "gui/app/main_menu.h"
-#include "gui/app/window_place.h"
 #include "gui/backup/backup_dialog.h"
 #include "gui/document/display_window.h"
 #include "gui/orders/line_dialog.h"
@@ -14,6 +12,7 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/dialog_prompts.h"
 #include "gui/platform/icons.h"
+#include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
 #include "gui/settings/config_dialog.h"
 #include "gui/stock/stock_panel.h"
@@ -35,7 +34,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     lists_ = new ListsPanel(program);
     setCentralWidget(makeContent());
     makeStatusBar();
-    menu_ = std::make_unique<MainMenu>(*this, program, *lines_, *lists_);
+    menu_ = makeMainMenu(*this, program, *lines_, *lists_);
     setWindowTitle(QLatin1String(kUsualCaption));
     prompts.setParent(this);
     program.commands.setScreen(this);
@@ -128,9 +127,10 @@ void MainWindow::refreshOrder() {
     order_->refresh();
     lines_->refresh();
     totals_->refresh();
-    menu_->refresh();
     saveButton_->setEnabled(open.SaveChangesEnabled());
+    menu_.saveChanges->setEnabled(open.SaveChangesEnabled());
     copyButton_->setEnabled(open.Save_POEnabled());
+    menu_.saveCopy->setEnabled(open.Save_POEnabled());
     // "Order 000123 is saved" is no longer true once it has been edited again.
     if (open.OrderDirty() && !doneLine_.isEmpty()) {
         if (statusBar()->currentMessage() == doneLine_) statusBar()->clearMessage();

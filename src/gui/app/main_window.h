@@ -3,12 +3,11 @@
 
 #include "core/app/program.h"
 #include "core/platform/screen.h"
+#include "gui/app/main_menu.h"
 #include "gui/platform/waiting.h"
 
 #include <QMainWindow>
 #include <QPointer>
-
-#include <memory>
 
 class QToolButton;
 class QUrl;
@@ -19,9 +18,6 @@ class BackupDialog;
 class DialogPrompts;
 class DisplayWindow;
 class HelpWindow;
-class LinesPanel;
-class ListsPanel;
-class MainMenu;
 class OrderPanel;
 class TotalsPanel;
 
@@ -61,7 +57,7 @@ class MainWindow : public QMainWindow, private Screen {
     LinesPanel* lines_;
     TotalsPanel* totals_;
     ListsPanel* lists_;
-    std::unique_ptr<MainMenu> menu_;
+    MainMenu menu_;
     QToolButton* saveButton_;
     QToolButton* copyButton_;
     QPointer<HelpWindow> help_;

@@ -148,7 +148,7 @@ void BackupDialog::refresh() {
     const bool running = backup_.running();
     const Backup::Progress& progress = backup_.progress();
     source_->setText(pathToQt(backup_.Backuplist));
-    showPath(target_, backup_.BackUpTarget);
+    showText(target_, pathToQt(backup_.BackUpTarget));
     if (running) {
         list_->setCurrentIndex(names_->index(static_cast<int>(progress.files)));
     } else {

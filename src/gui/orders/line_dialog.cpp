@@ -41,7 +41,7 @@ class EditLineDialog : public QDialog {
         description_->setFixedHeight(fontMetrics().lineSpacing() * 4 + 14);
         description_->selectAll();
         unit_->setEntries(units);
-        showText(unit_->lineEdit(), entry.unit);
+        showText(unit_->lineEdit(), toQt(entry.unit));
 
         auto* save = button("Save", u"&Save"_s, u"Store the line."_s, [this] { this->save(); });
         auto* remove = button("Del", u"De&lete"_s, u"Remove the line from the order."_s,

@@ -93,17 +93,14 @@ void OrderPanel::makeKind() {
 QLayout* OrderPanel::makeStrip() {
     makeNumber();
     makeKind();
-    auto* orderDate = dateBox("OrderDateEd", &Order::OrderDateEd, u"The date of the order."_s);
-    auto* shipDate = dateBox("ShipDateEd", &Order::ShipDateEd,
-                             u"When the goods are to be on site; may be empty."_s);
-    auto* orderDatePicker = datePicker("OrderDatePicker", u"Select order date from calendar."_s,
-                                       orderDate, &Order::OrderDateEd);
-    auto* shipDatePicker = datePicker("ShipDatePicker", u"Select on-site date from calendar."_s,
-                                      shipDate, &Order::ShipDateEd);
-    return row(
-        6, {numberLabel_, number_, gap(12), purchaseOrder_, gap(4), requisition_, gap(14),
-            received_, spring(), boxLabel(u"Order D&ate"_s, orderDate), orderDate, orderDatePicker,
-            gap(8), boxLabel(u"On Sit&e"_s, shipDate), shipDate, shipDatePicker});
+    auto* orderDate =
+        makeDate(u"Order D&ate"_s, "OrderDateEd", u"The date of the order."_s, &Order::OrderDateEd,
+                 "OrderDatePicker", u"Select order date from calendar."_s);
+    auto* shipDate =
+        makeDate(u"On Sit&e"_s, "ShipDateEd", u"When the goods are to be on site; may be empty."_s,
+                 &Order::ShipDateEd, "ShipDatePicker", u"Select on-site date from calendar."_s);
+    return row(6, {numberLabel_, number_, gap(12), purchaseOrder_, gap(4), requisition_, gap(14),
+                   received_, spring(), orderDate, gap(8), shipDate});
 }
 
 void OrderPanel::bind(QLineEdit* box, OrderField field) {
@@ -112,13 +109,21 @@ void OrderPanel::bind(QLineEdit* box, OrderField field) {
         [this, field](const std::string& text) { editor_.edit(field, text); });
 }
 
-QLineEdit* OrderPanel::dateBox(const char* name, OrderField field, const QString& tip) {
+/// A box for a date, with its label and the button that opens the calendar.
+QLayout* OrderPanel::makeDate(const QString& caption, const char* name, const QString& tip,
+                              OrderField field, const char* picker, const QString& pickerTip) {
     auto* box = lineEdit(name, tip);
     box->setFixedWidth(fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 14);
     bind(box, field);
     dates_.push_back({box, field, tip});
     connect(box, &QLineEdit::editingFinished, this, &OrderPanel::markDates);
-    return box;
+    const auto pick = [this, box, field] {
+        calendar_->openUnder(box, editor_.calendarStart(field), [this, field](DayCount day) {
+            editor_.MonthView1_DateClick(field, day);
+        });
+    };
+    return row(6, {boxLabel(caption, box), box,
+                   toolButton(picker, Drawing::Calendar, {}, pickerTip, pick)});
 }
 
 /// A date that is still being typed is not judged yet: a bad one is marked when its box is left, or
@@ -133,15 +138,6 @@ void OrderPanel::markDates() {
         date.box->setToolTip(refused ? why : date.tip);
         date.box->setAccessibleDescription(why);
     }
-}
-
-QToolButton* OrderPanel::datePicker(const char* name, const QString& tip, QLineEdit* box,
-                                    OrderField field) {
-    return toolButton(name, Drawing::Calendar, {}, tip, [this, box, field] {
-        calendar_->openUnder(box, editor_.calendarStart(field), [this, field](DayCount day) {
-            editor_.MonthView1_DateClick(field, day);
-        });
-    });
 }
 
 QLayout* OrderPanel::makeTerms() {

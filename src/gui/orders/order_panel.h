@@ -11,7 +11,6 @@ class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QRadioButton;
-class QToolButton;
 
 namespace bramblet {
 
@@ -29,9 +28,9 @@ class OrderPanel : public QFrame {
 
   private:
     void bind(QLineEdit* box, OrderField field);
-    QLineEdit* dateBox(const char* name, OrderField field, const QString& tip);
+    QLayout* makeDate(const QString& caption, const char* name, const QString& tip,
+                      OrderField field, const char* picker, const QString& pickerTip);
     void markDates();
-    QToolButton* datePicker(const char* name, const QString& tip, QLineEdit* box, OrderField field);
     void makeNumber();
     void makeKind();
     QLayout* makeStrip();

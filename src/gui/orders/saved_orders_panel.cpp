@@ -44,13 +44,9 @@ void SavedOrdersPanel::deleteCurrentOrder() {
     if (row >= 0) editor_.POPop_delete_Click(orders_.number(row));
 }
 
-void SavedOrdersPanel::openRow(int row) {
-    editor_.POGrid_Click(orders_.number(row));
-    highlightShownOrder();
-}
-
-/// The order in the clicked row may not have been opened.
-void SavedOrdersPanel::highlightShownOrder() {
+void SavedOrdersPanel::openRow(int clicked) {
+    editor_.POGrid_Click(orders_.number(clicked));
+    // The order in the clicked row may not have been opened.
     const int current = grid_->currentRow();
     if (current >= 0 && orders_.number(current) == open_.storedNumber()) return;
     const int row = rowOfShownOrder();

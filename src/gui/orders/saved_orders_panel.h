@@ -27,7 +27,6 @@ class SavedOrdersPanel : public QWidget {
   private:
     void openRow(int row);
     int rowOfShownOrder() const;
-    void highlightShownOrder();
 
     OrderEditor& editor_;
     SavedOrders& orders_;

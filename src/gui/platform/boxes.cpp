@@ -108,24 +108,12 @@ QWidget* fill(QWidget* widget, QLayout* layout, const QMargins& margins) {
     return widget;
 }
 
-namespace {
-
-void show(QLineEdit* box, const QString& wanted) {
-    if (box->text() == wanted) return;
+void showText(QLineEdit* box, const QString& text) {
+    if (box->text() == text) return;
     const int cursor = box->cursorPosition();
     const QSignalBlocker quiet(box);
-    box->setText(wanted);
+    box->setText(text);
     box->setCursorPosition(box->hasFocus() ? cursor : 0);
-}
-
-}  // namespace
-
-void showText(QLineEdit* box, const std::string& text) {
-    show(box, toQt(text));
-}
-
-void showPath(QLineEdit* box, const std::filesystem::path& path) {
-    show(box, pathToQt(path));
 }
 
 void markRefused(QLineEdit* box, bool refused) {
@@ -142,22 +130,21 @@ QString linesIn(const QPlainTextEdit* box) {
         .replace(QChar::LineSeparator, QLatin1Char('\n'));
 }
 
-void showText(QPlainTextEdit* box, const std::string& lines) {
-    const QString wanted = linesToQt(lines);
-    if (linesIn(box) == wanted) return;
+void showText(QPlainTextEdit* box, const QString& lines) {
+    if (linesIn(box) == lines) return;
     const int position = box->textCursor().position();
     const QSignalBlocker quiet(box);
-    box->setPlainText(wanted);
+    box->setPlainText(lines);
     if (!box->hasFocus()) return;
     QTextCursor cursor = box->textCursor();
-    cursor.setPosition(qMin(position, static_cast<int>(wanted.size())));
+    cursor.setPosition(qMin(position, static_cast<int>(lines.size())));
     box->setTextCursor(cursor);
 }
 
 void BoundBoxes::bind(QLineEdit* box, Held held, const Typed& typed) {
     QObject::connect(box, &QLineEdit::textEdited, box,
                      [typed](const QString& text) { typed(fromQt(text)); });
-    shows_.push_back([box, held = std::move(held)] { showText(box, held()); });
+    shows_.push_back([box, held = std::move(held)] { showText(box, toQt(held())); });
 }
 
 void BoundBoxes::bind(HistoryBox* box, Held held, const Typed& typed) {

@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QToolButton>
 
-#include <filesystem>
 #include <functional>
 #include <initializer_list>
 #include <string>
@@ -22,7 +21,7 @@ class QPlainTextEdit;
 namespace bramblet {
 
 class HistoryBox;
-enum class Drawing;
+struct Drawing;
 
 /// A label with a mnemonic for `buddy`.
 QLabel* boxLabel(const QString& caption, QWidget* buddy);
@@ -90,10 +89,8 @@ QWidget* fill(QWidget* widget, QLayout* layout, const QMargins& margins = {});
 
 /// Puts `text` into a box that shows something else, leaving the cursor where it was. Sends no
 /// editing signal.
-void showText(QLineEdit* box, const std::string& text);
-/// The same for a path.
-void showPath(QLineEdit* box, const std::filesystem::path& path);
-void showText(QPlainTextEdit* box, const std::string& lines);
+void showText(QLineEdit* box, const QString& text);
+void showText(QPlainTextEdit* box, const QString& lines);
 
 /// Tints a box whose text cannot be accepted, or shows it as usual again.
 void markRefused(QLineEdit* box, bool refused);

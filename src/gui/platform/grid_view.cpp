@@ -10,6 +10,10 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include <functional>
+#include <numeric>
+#include <vector>
+
 namespace bramblet {
 namespace {
 
@@ -214,46 +218,39 @@ int GridView::widthOf(int column) const {
     return qMax(headingWidth(column), text + kCellMargin);
 }
 
-void GridView::layOutColumns() {
-    layingOut_ = true;
-    std::vector<int> shown;
-    std::vector<int> widths;
-    for (int i = 0; i < qMin(model_->columnCount(), table_.columnCount()); ++i) {
-        const bool hidden = table_.look(i).characters == 0;
-        setColumnHidden(i, hidden);
-        if (hidden) continue;
-        shown.push_back(i);
-        widths.push_back(widthOf(i));
-    }
-    shareOut(shown, widths);
-    for (std::size_t i = 0; i < shown.size(); ++i)
-        setColumnWidth(shown[i], widths[i]);
-    layingOut_ = false;
-}
-
 /// Spare width goes to the columns that stretch. If the view is a little too narrow, they shrink to
 /// fit; if it is narrower than that, it scrolls sideways.
-void GridView::shareOut(const std::vector<int>& shown, std::vector<int>& widths) const {
-    int left = viewport()->width();
-    int characters = 0;  // of the columns that stretch
+void GridView::layOutColumns() {
+    layingOut_ = true;
+    const int columns = qMin(model_->columnCount(), table_.columnCount());
+    std::vector<int> widths;
     int givable = 0;
-    for (std::size_t i = 0; i < shown.size(); ++i) {
-        left -= widths[i];
-        const ColumnLook& column = table_.look(shown[i]);
+    int characters = 0;  // of the columns that stretch
+    for (int i = 0; i < columns; ++i) {
+        const ColumnLook& column = table_.look(i);
+        const bool hidden = column.characters == 0;
+        setColumnHidden(i, hidden);
+        widths.push_back(hidden ? 0 : widthOf(i));
         if (!column.stretches) continue;
+        givable += widths.back() / kMostGiven;
         characters += column.characters;
-        givable += widths[i] / kMostGiven;
     }
-    if (left < -givable) return;
-    for (std::size_t i = 0; i < shown.size(); ++i) {
-        const ColumnLook& column = table_.look(shown[i]);
-        if (!column.stretches) continue;
-        const int share = left * column.characters / characters;
-        const int width = qMax(widths[i] + share, headingWidth(shown[i]));
-        left -= width - widths[i];
-        characters -= column.characters;
-        widths[i] = width;
+    int left = std::accumulate(widths.begin(), widths.end(), viewport()->width(), std::minus());
+    const bool scrolls = left < -givable;
+    for (int i = 0; i < columns; ++i) {
+        const ColumnLook& column = table_.look(i);
+        if (column.characters == 0) continue;
+        int width = widths[static_cast<std::size_t>(i)];
+        if (column.stretches && !scrolls) {
+            const int share = left * column.characters / characters;
+            const int shared = qMax(width + share, headingWidth(i));
+            left -= shared - width;
+            characters -= column.characters;
+            width = shared;
+        }
+        setColumnWidth(i, width);
     }
+    layingOut_ = false;
 }
 
 }  // namespace bramblet

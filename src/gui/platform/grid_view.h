@@ -4,8 +4,6 @@
 
 #include <QTableView>
 
-#include <vector>
-
 namespace bramblet {
 
 class Table;
@@ -50,7 +48,6 @@ class GridView : public QTableView {
   private:
     class Model;
     void layOutColumns();
-    void shareOut(const std::vector<int>& shown, std::vector<int>& widths) const;
     int headingWidth(int column) const;
     int widthOf(int column) const;
     /// Tints the current row, more strongly in the grid that has the focus.

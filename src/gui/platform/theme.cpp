@@ -98,18 +98,8 @@ class RoomyStyle : public QProxyStyle {
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
                        const QWidget* widget) const override {
-        switch (which) {
-            case SP_MessageBoxInformation:
-                return icon(Sign::Information);
-            case SP_MessageBoxQuestion:
-                return icon(Sign::Question);
-            case SP_MessageBoxWarning:
-                return icon(Sign::Warning);
-            case SP_MessageBoxCritical:
-                return icon(Sign::Critical);
-            default:
-                return QProxyStyle::standardIcon(which, option, widget);
-        }
+        const QIcon sign = signIcon(which);
+        return sign.isNull() ? QProxyStyle::standardIcon(which, option, widget) : sign;
     }
 };
 
@@ -122,10 +112,6 @@ void applyTheme(QApplication& application, Theme theme) {
         u"QToolTip { padding: 3px; border: 1px solid palette(mid); }"
         "QFrame#band { border: 1px solid palette(mid); border-radius: 5px;"
         "              background: palette(alternate-base); }"_s);
-}
-
-QColor borderColour() {
-    return QApplication::palette().color(QPalette::Mid);
 }
 
 QColor blend(const QColor& from, const QColor& to, double share) {

@@ -11,9 +11,6 @@ enum class Theme { Light, Dark };
 /// Gives the application its style and colours.
 void applyTheme(QApplication& application, Theme theme);
 
-/// The thin lines around panels, in the colours of the theme applied last.
-QColor borderColour();
-
 /// The colour that lies `share` of the way between two.
 QColor blend(const QColor& from, const QColor& to, double share);
 

@@ -58,7 +58,7 @@ void Waiting::waitForFile(const FileError& error) {
     emit began(messageToQt("Waiting for " + shown(error.path().filename()) +
                            ", which is in use or locked (" + error.description() +
                            "). Esc stops waiting ..."));
-    letASecondPass();
+    waitOneSecond();
     // Once the command has ended and the program is idle again, the notice goes, and the next
     // command starts waiting afresh.
     QTimer::singleShot(0, this, [this] {
@@ -70,10 +70,6 @@ void Waiting::waitForFile(const FileError& error) {
 }
 
 void Waiting::waitOneSecond() {
-    letASecondPass();
-}
-
-void Waiting::letASecondPass() {
     QEventLoop loop;
     QTimer::singleShot(kSecond, &loop, &QEventLoop::quit);
     QApplication::setOverrideCursor(Qt::BusyCursor);

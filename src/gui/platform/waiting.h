@@ -36,7 +36,6 @@ class Waiting : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void letASecondPass();
     void giveUp();
 
     QEventLoop* waiting_ = nullptr;  ///< the loop that runs while waiting
