@@ -15,7 +15,6 @@ namespace bramblet {
 class HistoryBox;
 
 class AddressPanel : public QWidget {
-    Q_OBJECT
   public:
     AddressPanel(AddressSide side, AddressBook& book, const OpenOrder& open,
                  QWidget* parent = nullptr);

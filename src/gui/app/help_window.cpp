@@ -4,13 +4,14 @@
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
 
-#include <QAction>
 #include <QFile>
 #include <QListWidget>
 #include <QPainter>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QSplitter>
 #include <QTextBrowser>
+#include <QTextDocumentFragment>
 
 #include <algorithm>
 
@@ -35,15 +36,7 @@ QString contentOf(const QString& page) {
 }
 
 QString titleOf(const QString& content) {
-    const auto start = content.indexOf(u"<h1>"_s) + 4;
-    return content.mid(start, content.indexOf(u"</h1>"_s) - start);
-}
-
-/// The page's words without its tags.
-QString wordsOf(const QString& content) {
-    QTextDocument document;
-    document.setHtml(content);
-    return document.toPlainText();
+    return content.section(u"<h1>"_s, 1).section(u"</h1>"_s, 0, 0);
 }
 
 bool isDark(const QPalette& palette) {
@@ -163,18 +156,12 @@ QWidget* HelpWindow::makeSide() {
 }
 
 void HelpWindow::makeShortcuts() {
-    const auto shortcut = [this](const QKeySequence& keys, const auto& command) {
-        auto* action = new QAction(this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, this, command);
-        addAction(action);
-    };
-    shortcut(QKeySequence::Find, [this] {
+    new QShortcut(QKeySequence(QKeySequence::Find), this, [this] {
         search_->setFocus();
         search_->selectAll();
     });
-    shortcut(QKeySequence::FindNext, [this] { findNext(); });
-    shortcut(QKeySequence(Qt::Key_Escape), [this] { close(); });
+    new QShortcut(QKeySequence(QKeySequence::FindNext), this, [this] { findNext(); });
+    new QShortcut(QKeySequence(Qt::Key_Escape), this, [this] { close(); });
 }
 
 void HelpWindow::listPages() {
@@ -182,7 +169,7 @@ void HelpWindow::listPages() {
         const QString content = contentOf(page);
         auto* item = new QListWidgetItem(titleOf(content), pages_);
         item->setData(Qt::UserRole, page);
-        item->setData(kContentRole, wordsOf(content));
+        item->setData(kContentRole, QTextDocumentFragment::fromHtml(content).toPlainText());
     }
 }
 

@@ -7,7 +7,6 @@
 #include "gui/platform/qt_text.h"
 #include "gui/stock/stock_panel.h"
 
-#include <QCheckBox>
 #include <QStackedWidget>
 
 namespace bramblet {
@@ -25,8 +24,7 @@ ListsPanel::ListsPanel(Program& program, QWidget* parent) : QWidget(parent), pro
 }
 
 QLayout* ListsPanel::makeBar() {
-    label_ = new QLabel;
-    label_->setObjectName(u"BottomLabel"_s);
+    label_ = namedLabel("BottomLabel");
     count_ = quietLabel("", {});
     filters_ = {
         filterBox("ListCheckPO", u"Purchase Orders"_s,

@@ -18,7 +18,6 @@ class SavedOrdersPanel;
 class StockPanel;
 
 class ListsPanel : public QWidget {
-    Q_OBJECT
   public:
     explicit ListsPanel(Program& program, QWidget* parent = nullptr);
 

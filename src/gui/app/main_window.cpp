@@ -17,7 +17,6 @@
 #include "gui/settings/config_dialog.h"
 #include "gui/stock/stock_panel.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QSplitter>
 #include <QStatusBar>

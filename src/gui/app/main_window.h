@@ -22,7 +22,6 @@ class OrderPanel;
 class TotalsPanel;
 
 class MainWindow : public QMainWindow, private Screen {
-    Q_OBJECT
   public:
     MainWindow(Program& program, DialogPrompts& prompts, Waiting& waiting);
     ~MainWindow() override;

@@ -7,7 +7,6 @@
 #include <QListView>
 #include <QLocale>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QStringListModel>
 #include <QTimer>
@@ -53,11 +52,9 @@ BackupDialog::BackupDialog(Backup& backup, QWidget* parent) : QDialog(parent), b
     files_ = new QStackedWidget;
     files_->addWidget(list_);
     files_->addWidget(runningNote(u"Stop ends this before the next file."_s));
-    progressText_ = new QLabel;
-    progressText_->setObjectName(u"BackUpProgress"_s);
+    progressText_ = namedLabel("BackUpProgress");
     progressText_->setWordWrap(true);
-    counts_ = new QLabel;
-    counts_->setObjectName(u"BackUpCounts"_s);
+    counts_ = namedLabel("BackUpCounts");
     counts_->setAlignment(Qt::AlignRight);
     bar_ = new QProgressBar;
     bar_->setObjectName(u"BackUpBar"_s);
@@ -98,11 +95,9 @@ QPushButton* BackupDialog::idleButton(const char* name, const QString& caption, 
 
 QLayout* BackupDialog::makeFolders() {
     const bool restoring = backup_.kind() == Backup::Kind::Restore;
-    source_ = new QLabel;
-    source_->setObjectName(u"Backuplist"_s);
+    source_ = namedLabel("Backuplist", u"The folder that is copied from."_s);
     source_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     source_->setMinimumWidth(1);  // a long path is cut off rather than widening the window
-    source_->setToolTip(u"The folder that is copied from."_s);
     target_ = lineEdit("BackUpTarget", u"The folder that is copied to; it may be typed."_s);
     target_->setAccessibleName(u"Target folder"_s);
     connect(target_, &QLineEdit::textEdited, this,
@@ -162,10 +157,8 @@ void BackupDialog::refresh() {
                          .arg(progress.fileCount)
                          .arg(sizeText(progress.bytes), sizeText(progress.byteCount)));
     bar_->setVisible(begun);
-    const double share = progress.byteCount == 0 ? 0
-                                                 : static_cast<double>(progress.bytes) /
-                                                       static_cast<double>(progress.byteCount);
-    bar_->setValue(static_cast<int>(share * kBarSteps));
+    const auto whole = static_cast<double>(qMax(progress.byteCount, std::uint64_t{1}));
+    bar_->setValue(static_cast<int>(static_cast<double>(progress.bytes) / whole * kBarSteps));
     for (QWidget* control : idleControls_)
         control->setEnabled(!running);
     stop_->setText(running ? u"Stop"_s : u"Close"_s);

@@ -15,7 +15,6 @@ class QStringListModel;
 namespace bramblet {
 
 class BackupDialog : public QDialog {
-    Q_OBJECT
   public:
     BackupDialog(Backup& backup, QWidget* parent);
 

@@ -20,7 +20,6 @@ namespace bramblet {
 using PictureSource = std::function<std::string(const std::string& name)>;
 
 class OrderSheet : public QTextDocument {
-    Q_OBJECT
   public:
     explicit OrderSheet(PictureSource pictures, QObject* parent = nullptr);
 

@@ -13,15 +13,15 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFo
     : QWidget(parent), lines_(lines), open_(open), table_(formats) {
     grid_ = new GridView("OrderGrid", u"Lines of the order"_s,
                          u"Items being ordered (right click for options)."_s, table_, 6);
-    menu_ = new QMenu(this);
-    menu_->setObjectName(u"OrderPop"_s);
-    addEntry(menu_, "OrderPop_OneTime", u"&Add one-time item"_s, {}, [this] { addOneTimeItem(); });
-    auto* edit = addEntry(menu_, "OrderPop_DescriptionOverride", u"&Edit this item"_s, {},
+    auto* menu = new QMenu(this);
+    menu->setObjectName(u"OrderPop"_s);
+    addEntry(menu, "OrderPop_OneTime", u"&Add one-time item"_s, {}, [this] { addOneTimeItem(); });
+    auto* edit = addEntry(menu, "OrderPop_DescriptionOverride", u"&Edit this item"_s, {},
                           [this] { editCurrentLine(); });
 
-    connect(grid_, &GridView::menuRequested, this, [this, edit](const QPoint& place) {
+    connect(grid_, &GridView::menuRequested, this, [this, menu, edit](const QPoint& place) {
         edit->setEnabled(grid_->currentRow() >= 0);
-        menu_->popup(place);
+        menu->popup(place);
     });
     connect(grid_, &GridView::rowDoubleClicked, this,
             [this](int row) { lines_.OrderGrid_DblClick(row); });

@@ -5,14 +5,11 @@
 
 #include <QWidget>
 
-class QMenu;
-
 namespace bramblet {
 
 class GridView;
 
 class LinesPanel : public QWidget {
-    Q_OBJECT
   public:
     LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFormats& formats,
                QWidget* parent = nullptr);
@@ -33,7 +30,6 @@ class LinesPanel : public QWidget {
     LineTable table_;
     std::string orderShown_;  ///< the number of the order whose lines the table holds
     GridView* grid_;
-    QMenu* menu_;
 };
 
 }  // namespace bramblet

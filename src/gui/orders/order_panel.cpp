@@ -1,7 +1,6 @@
 #include "gui/orders/order_panel.h"
 
 #include "gui/addresses/address_panel.h"
-#include "gui/platform/boxes.h"
 #include "gui/platform/calendar_popup.h"
 #include "gui/platform/icons.h"
 #include "gui/platform/qt_text.h"
@@ -74,9 +73,8 @@ void OrderPanel::makeNumber() {
     number_->setFont(bold);
     number_->setFixedWidth(QFontMetrics(bold).horizontalAdvance(u"(PEND)00"_s) + 10);
     bind(number_, &Order::PONoEd);
-    numberLabel_ = new QLabel(u"Number"_s);
-    numberLabel_->setObjectName(u"Label11"_s);
-    numberLabel_->setToolTip(u"Double-click to unlock the number."_s);
+    numberLabel_ = namedLabel("Label11", u"Double-click to unlock the number."_s);
+    numberLabel_->setText(u"Number"_s);
     numberLabel_->installEventFilter(this);
 }
 

@@ -4,12 +4,10 @@
 
 #include "core/orders/order_editor.h"
 #include "gui/history/history_boxes.h"
+#include "gui/platform/boxes.h"
 
 #include <QFrame>
 
-class QCheckBox;
-class QLabel;
-class QLineEdit;
 class QRadioButton;
 
 namespace bramblet {
@@ -18,7 +16,6 @@ class AddressPanel;
 class CalendarPopup;
 
 class OrderPanel : public QFrame {
-    Q_OBJECT
   public:
     OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistories& histories,
                const OpenOrder& open, int firstDayOfWeek, QWidget* parent = nullptr);

@@ -13,18 +13,18 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
     : QWidget(parent), editor_(editor), orders_(orders), open_(open) {
     grid_ = new GridView("POGrid", u"Saved orders"_s,
                          u"Saved orders (click to open, right click for options)."_s, orders, 5);
-    menu_ = new QMenu(this);
-    menu_->setObjectName(u"POPop"_s);
+    auto* menu = new QMenu(this);
+    menu->setObjectName(u"POPop"_s);
     auto* remove =
-        addEntry(menu_, "POPop_delete", u"&Delete Order"_s, {}, [this] { deleteCurrentOrder(); });
+        addEntry(menu, "POPop_delete", u"&Delete Order"_s, {}, [this] { deleteCurrentOrder(); });
 
     connect(grid_, &GridView::rowClicked, this, &SavedOrdersPanel::openRow);
     connect(grid_, &GridView::rowEntered, this, &SavedOrdersPanel::openRow);
     connect(grid_, &GridView::deletePressed, this, &SavedOrdersPanel::deleteCurrentOrder);
     connect(grid_, &GridView::headingClicked, this, [this](int column) { orders_.sortBy(column); });
-    connect(grid_, &GridView::menuRequested, this, [this, remove](const QPoint& place) {
+    connect(grid_, &GridView::menuRequested, this, [this, menu, remove](const QPoint& place) {
         remove->setEnabled(grid_->currentRow() >= 0);
-        menu_->popup(place);
+        menu->popup(place);
     });
     fill(this, row(0, {grid_}));
 }

@@ -5,14 +5,11 @@
 
 #include <QWidget>
 
-class QMenu;
-
 namespace bramblet {
 
 class GridView;
 
 class SavedOrdersPanel : public QWidget {
-    Q_OBJECT
   public:
     SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, const OpenOrder& open,
                      QWidget* parent = nullptr);
@@ -32,7 +29,6 @@ class SavedOrdersPanel : public QWidget {
     SavedOrders& orders_;
     const OpenOrder& open_;
     GridView* grid_;
-    QMenu* menu_;
 };
 
 }  // namespace bramblet

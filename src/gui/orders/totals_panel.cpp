@@ -68,10 +68,6 @@ TotalsPanel::TotalsPanel(OrderEditor& editor, const OpenOrder& open, bool taxFre
     setFixedWidth(fontMetrics().averageCharWidth() * 44);
 }
 
-void TotalsPanel::refresh() {
-    boxes_.refresh();
-}
-
 /// The tip with its example written as in the region. Before a decimal comma people write a zero.
 QString TotalsPanel::inRegion(QString tip) const {
     if (formats_.decimalSeparator == ".") return tip;

@@ -11,14 +11,13 @@ class QGridLayout;
 namespace bramblet {
 
 class TotalsPanel : public QWidget {
-    Q_OBJECT
   public:
     /// With `taxFreight` the shipping row stands above the tax row.
     TotalsPanel(OrderEditor& editor, const OpenOrder& open, bool taxFreight,
                 const RegionalFormats& formats, QWidget* parent = nullptr);
 
     /// Shows the order's amounts.
-    void refresh();
+    void refresh() { boxes_.refresh(); }
 
   private:
     struct Row;

@@ -20,10 +20,15 @@ QLabel* boxLabel(const QString& caption, QWidget* buddy) {
     return label;
 }
 
-QLabel* quietLabel(const char* name, const QString& tip) {
+QLabel* namedLabel(const char* name, const QString& tip) {
     auto* label = new QLabel;
     label->setObjectName(QLatin1String(name));
     label->setToolTip(tip);
+    return label;
+}
+
+QLabel* quietLabel(const char* name, const QString& tip) {
+    auto* label = namedLabel(name, tip);
     label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
@@ -86,20 +91,24 @@ Part spring() {
     return Part([](QBoxLayout& box) { box.addStretch(1); });
 }
 
-QHBoxLayout* row(int spacing, std::initializer_list<Part> parts) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(spacing);
+namespace {
+
+QBoxLayout* line(QBoxLayout::Direction direction, int spacing, std::initializer_list<Part> parts) {
+    auto* line = new QBoxLayout(direction);
+    line->setSpacing(spacing);
     for (const Part& part : parts)
-        part.addTo(*row);
-    return row;
+        part.addTo(*line);
+    return line;
 }
 
-QVBoxLayout* column(int spacing, std::initializer_list<Part> parts) {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(spacing);
-    for (const Part& part : parts)
-        part.addTo(*column);
-    return column;
+}  // namespace
+
+QBoxLayout* row(int spacing, std::initializer_list<Part> parts) {
+    return line(QBoxLayout::LeftToRight, spacing, parts);
+}
+
+QBoxLayout* column(int spacing, std::initializer_list<Part> parts) {
+    return line(QBoxLayout::TopToBottom, spacing, parts);
 }
 
 QWidget* fill(QWidget* widget, QLayout* layout, const QMargins& margins) {

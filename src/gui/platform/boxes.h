@@ -26,6 +26,8 @@ struct Drawing;
 /// A label with a mnemonic for `buddy`.
 QLabel* boxLabel(const QString& caption, QWidget* buddy);
 
+QLabel* namedLabel(const char* name, const QString& tip = {});
+
 /// A grey line of text.
 QLabel* quietLabel(const char* name, const QString& tip);
 
@@ -81,8 +83,8 @@ Part grow(Shown* shown, int share = 1) {
 }
 
 /// `spacing` is in pixels, or the style's if -1.
-QHBoxLayout* row(int spacing, std::initializer_list<Part> parts);
-QVBoxLayout* column(int spacing, std::initializer_list<Part> parts);
+QBoxLayout* row(int spacing, std::initializer_list<Part> parts);
+QBoxLayout* column(int spacing, std::initializer_list<Part> parts);
 
 /// Gives a widget its layout, which fills it but for `margins`.
 QWidget* fill(QWidget* widget, QLayout* layout, const QMargins& margins = {});

@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
-#include <QGuiApplication>
 #include <QScreen>
 #include <QTextCharFormat>
 #include <QToolButton>

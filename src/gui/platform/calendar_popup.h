@@ -13,7 +13,6 @@ namespace bramblet {
 
 /// Closes on Escape or a click elsewhere.
 class CalendarPopup : public QFrame {
-    Q_OBJECT
   public:
     /// `firstDayOfWeek` is 1 for Monday to 7 for Sunday.
     explicit CalendarPopup(int firstDayOfWeek, QWidget* parent);

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCompleter>
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QStringListModel>

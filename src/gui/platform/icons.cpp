@@ -37,7 +37,6 @@ constexpr Drawing Drawing::Delete{
 constexpr Drawing Drawing::Help{
     "O 8 8 6.5 M 6 6.2 Q 6 4.2 8 4.2 Q 10.2 4.2 10.2 6.1 Q 10.2 7.6 8.6 8.2 "
     "Q 8 8.5 8 9.6 M 8 11.6 L 8 11.9"};
-constexpr Drawing Drawing::Folder{"M 1.5 3 L 6 3 L 7.5 5 L 14.5 5 L 14.5 13.5 L 1.5 13.5 L 1.5 3"};
 constexpr Drawing Drawing::Previous{"M 10 3 L 5 8 L 10 13"};
 constexpr Drawing Drawing::Next{"M 6 3 L 11 8 L 6 13"};
 constexpr Drawing Drawing::Up{"M 8 13 L 8 3 M 4 7 L 8 3 L 12 7"};

@@ -11,8 +11,8 @@ namespace bramblet {
 struct Drawing {
     const char* strokes;
 
-    static const Drawing New, Save, Copy, Clear, TotalUp, Calendar, Store, Delete, Help, Folder,
-        Previous, Next, Up, Lists, View, Print, Preview, Mail, Settings, Close;
+    static const Drawing New, Save, Copy, Clear, TotalUp, Calendar, Store, Delete, Help, Previous,
+        Next, Up, Lists, View, Print, Preview, Mail, Settings, Close;
 };
 
 /// The drawing in the current palette's text colours, greyed when disabled.

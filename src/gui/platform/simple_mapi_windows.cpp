@@ -52,12 +52,6 @@ struct LibraryCloser {
 };
 using Library = std::unique_ptr<void, LibraryCloser>;
 
-template <class Function>
-Function functionOf(const Library& library, const char* name) {
-    return reinterpret_cast<Function>(
-        reinterpret_cast<void*>(::GetProcAddress(library.get(), name)));
-}
-
 /// Whether the user or the machine has a mail program. Without one the system's library would show
 /// a message of its own.
 bool hasMailProgram() {
@@ -90,26 +84,18 @@ ULONG sendWide(SendWide send, const Mail& mail, ULONG_PTR parent) {
     return send(0, parent, &message, kHow, 0);
 }
 
-MailResult resultOf(ULONG code) {
-    switch (code) {
-        case SUCCESS_SUCCESS:
-            return MailResult::HandedOver;
-        case MAPI_E_USER_ABORT:
-            return MailResult::Cancelled;
-        default:
-            return MailResult::Failed;
-    }
-}
-
 }  // namespace
 
 MailResult composeBySimpleMapi(const Mail& mail, HWND parent) {
     if (!hasMailProgram()) return MailResult::NoMailProgram;
     const Library library(::LoadLibraryExW(L"mapi32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
     if (!library) return MailResult::NoMailProgram;
-    const auto send = functionOf<SendWide>(library, "MAPISendMailW");
+    const auto send = reinterpret_cast<SendWide>(
+        reinterpret_cast<void*>(::GetProcAddress(library.get(), "MAPISendMailW")));
     if (send == nullptr) return MailResult::NoMailProgram;
-    return resultOf(sendWide(send, mail, reinterpret_cast<ULONG_PTR>(parent)));
+    const ULONG code = sendWide(send, mail, reinterpret_cast<ULONG_PTR>(parent));
+    if (code == SUCCESS_SUCCESS) return MailResult::HandedOver;
+    return code == MAPI_E_USER_ABORT ? MailResult::Cancelled : MailResult::Failed;
 }
 
 }  // namespace bramblet

@@ -4,7 +4,6 @@
 #include "gui/platform/theme.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 #include <QWidget>
@@ -17,13 +16,14 @@
 namespace bramblet {
 namespace {
 
+constexpr INT_PTR kLastFault = 32;  // on failure the shell returns a number up to this
+
 std::wstring quoted(const std::wstring& text) {
     return L'"' + text + L'"';
 }
 
 /// Starts a program, or opens a file with its associated program, in a normal window.
 bool shellOpen(const std::wstring& what, const std::wstring& parameters) {
-    constexpr INT_PTR kLastFault = 32;  // on failure the shell returns a number up to this
     const HINSTANCE result =
         ::ShellExecuteW(nullptr, L"open", what.c_str(),
                         parameters.empty() ? nullptr : parameters.c_str(), nullptr, SW_SHOWNORMAL);
@@ -47,7 +47,6 @@ Theme systemTheme() {
 }
 
 std::filesystem::path SystemDesktop::programFor(const std::filesystem::path& path) {
-    constexpr INT_PTR kLastFault = 32;
     std::array<wchar_t, MAX_PATH + 1> program{};
     const HINSTANCE result = ::FindExecutableW(path.c_str(), nullptr, program.data());
     if (reinterpret_cast<INT_PTR>(result) <= kLastFault) return {};

@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 
 namespace bramblet {
 namespace {
@@ -23,13 +25,9 @@ QString withoutMarks(QString text) {
 /// With 0 to 9 in place of the region's own digits.
 QString withPlainDigits(const QString& text) {
     QString plain;
-    for (const char32_t point : text.toUcs4()) {
-        if (QChar::isDigit(point)) {
-            plain += QString::number(QChar::digitValue(point));
-        } else {
-            plain += QStringView(QChar::fromUcs4(point));
-        }
-    }
+    for (const char32_t point : text.toUcs4())
+        plain += QChar::isDigit(point) ? QString::number(QChar::digitValue(point))
+                                       : QString::fromUcs4(&point, 1);
     return plain;
 }
 
@@ -60,12 +58,10 @@ int currencyDecimals(const QLocale& locale) {
     return decimals;
 }
 
-/// What the locale writes around the digits of an amount, with the currency sign as `sign` has it.
-struct Around {
-    std::string prefix;
-    std::string suffix;
-};
-Around around(const QLocale& locale, double amount, const std::string& sign) {
+/// What the locale writes before and after the digits of an amount, with the currency sign as
+/// `sign` has it.
+std::pair<std::string, std::string> around(const QLocale& locale, double amount,
+                                           const std::string& sign) {
     const QString text = withPlainDigits(locale.toCurrencyString(amount));
     const auto isDigit = [](QChar c) { return c.isDigit(); };
     const auto first = std::find_if(text.begin(), text.end(), isDigit) - text.begin();
@@ -122,12 +118,10 @@ RegionalFormats regionalFormats(const QLocale& locale) {
     formats.grouping = grouping(locale);
     formats.currencySign = currencySign(locale);
     formats.currencyDecimals = currencyDecimals(locale);
-    const Around positive = around(locale, 1, formats.currencySign);
-    const Around negative = around(locale, -1, formats.currencySign);
-    formats.currencyPrefix = positive.prefix;
-    formats.currencySuffix = positive.suffix;
-    formats.currencyNegativePrefix = negative.prefix;
-    formats.currencyNegativeSuffix = negative.suffix;
+    std::tie(formats.currencyPrefix, formats.currencySuffix) =
+        around(locale, 1, formats.currencySign);
+    std::tie(formats.currencyNegativePrefix, formats.currencyNegativeSuffix) =
+        around(locale, -1, formats.currencySign);
     formats.shortDate = shortDate(locale);
     for (int month = 1; month <= 12; ++month) {
         const QString name = locale.standaloneMonthName(month, QLocale::LongFormat);

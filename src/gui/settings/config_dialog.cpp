@@ -13,7 +13,6 @@
 #include <array>
 
 namespace bramblet {
-
 namespace {
 
 class ConfigDialog : public QDialog {
@@ -47,8 +46,11 @@ class ConfigDialog : public QDialog {
 
         auto* graphic =
             textBox("TopGraphicEd", u"Top Graphic"_s, 200, &SettingsBoxes::TopGraphicEd);
-        auto* select = button("SelectGraphic", u"Se&lect ..."_s, u"Select a graphic file"_s,
-                              [this] { chooseGraphic(); });
+        auto* select =
+            button("SelectGraphic", u"Se&lect ..."_s, u"Select a graphic file"_s, [this] {
+                editor_.SelectGraphic_Click(choosePicture(files_, pictureFolder_, this));
+                refresh();
+            });
         auto* choice = row(-1, {boxLabel(u"Top Graphic"_s, graphic), grow(graphic), select});
         choice->setContentsMargins(22, 0, 0, 6);
 
@@ -188,11 +190,6 @@ class ConfigDialog : public QDialog {
             step->setAutoRepeat(true);
         }
         form->addRow(boxLabel(label, box), row(-1, {box, less, more, spring(), usual}));
-    }
-
-    void chooseGraphic() {
-        editor_.SelectGraphic_Click(choosePicture(files_, pictureFolder_, this));
-        refresh();
     }
 
     void refresh() {

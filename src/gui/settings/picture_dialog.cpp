@@ -9,8 +9,6 @@
 #include <QGridLayout>
 #include <QListWidget>
 
-#include <algorithm>
-
 namespace bramblet {
 namespace {
 
@@ -22,7 +20,7 @@ QListWidget* list(const char* name, const QString& accessibleName) {
     return list;
 }
 
-void fill(QListWidget* list, const std::vector<std::filesystem::path>& names) {
+void showNames(QListWidget* list, const std::vector<std::filesystem::path>& names) {
     const QSignalBlocker quiet(list);
     list->clear();
     for (const auto& name : names)
@@ -96,8 +94,8 @@ class PictureDialog : public QDialog {
         place_->setText(pathToQt(folder_.path()));
         place_->setToolTip(pathToQt(folder_.path()));
         showDrive();
-        fill(folders_, folder_.folders());
-        fill(pictures_, folder_.pictures());
+        showNames(folders_, folder_.folders());
+        showNames(pictures_, folder_.pictures());
         loadPicture();
     }
 

@@ -1,6 +1,5 @@
 #include "gui/stock/stock_panel.h"
 
-#include "gui/platform/boxes.h"
 #include "gui/platform/grid_view.h"
 #include "gui/platform/history_box.h"
 #include "gui/platform/icons.h"
@@ -20,10 +19,10 @@ StockPanel::StockPanel(StockList& stock, LineItems& lines, QWidget* parent)
 void StockPanel::makeGrid() {
     grid_ = new GridView("StockGrid", u"Stock items"_s,
                          u"Stock items to pick from (double-click, add to order)."_s, stock_, 5);
-    menu_ = new QMenu(this);
-    menu_->setObjectName(u"itemspop"_s);
-    addEntry(menu_, "ItemsPopDelete", u"&Delete"_s, {}, [this] { stock_.DeleteStockItem_Click(); });
-    onHand_ = addEntry(menu_, "ItemsPopOnHand", u"&On Hand"_s, {},
+    auto* menu = new QMenu(this);
+    menu->setObjectName(u"itemspop"_s);
+    addEntry(menu, "ItemsPopDelete", u"&Delete"_s, {}, [this] { stock_.DeleteStockItem_Click(); });
+    onHand_ = addEntry(menu, "ItemsPopOnHand", u"&On Hand"_s, {},
                        [this] { stock_.ItemsPopOnHand_Click(grid_->currentRow()); });
 
     connect(grid_, &GridView::rowClicked, this, [this](int row) { stock_.StockGrid_Click(row); });
@@ -33,8 +32,8 @@ void StockPanel::makeGrid() {
     connect(grid_, &GridView::insertPressed, this, &StockPanel::addCurrentItem);
     connect(grid_, &GridView::deletePressed, this, [this] { stock_.DeleteStockItem_Click(); });
     connect(grid_, &GridView::headingClicked, this, [this](int column) { stock_.sortBy(column); });
-    connect(grid_, &GridView::menuRequested, this, [this](const QPoint& place) {
-        if (grid_->currentRow() >= 0) menu_->popup(place);
+    connect(grid_, &GridView::menuRequested, this, [this, menu](const QPoint& place) {
+        if (grid_->currentRow() >= 0) menu->popup(place);
     });
 }
 

@@ -8,15 +8,12 @@
 #include <QWidget>
 
 class QAction;
-class QMenu;
-
 namespace bramblet {
 
 class GridView;
 class HistoryBox;
 
 class StockPanel : public QWidget {
-    Q_OBJECT
   public:
     StockPanel(StockList& stock, LineItems& lines, QWidget* parent = nullptr);
 
@@ -39,7 +36,6 @@ class StockPanel : public QWidget {
     StockList& stock_;
     LineItems& lines_;
     GridView* grid_;
-    QMenu* menu_;
     QAction* onHand_;
     HistoryBox* category_;
     HistoryBox* vendor_;
