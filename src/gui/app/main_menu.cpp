@@ -13,7 +13,6 @@
 #include <QMenuBar>
 
 namespace bramblet {
-
 namespace {
 
 MainMenu addFileMenu(QMenu* menu, Program& program, QMainWindow& window) {

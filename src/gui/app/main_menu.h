@@ -17,7 +17,7 @@ struct MainMenu {
     QAction* saveCopy;
 };
 
-/// Adds the menus to the window, which all the others must outlive.
+/// Adds the menus to the window. What their commands act on has to live as long as it does.
 MainMenu makeMainMenu(QMainWindow& window, Program& program, LinesPanel& lines, ListsPanel& lists);
 
 }  // namespace bramblet
