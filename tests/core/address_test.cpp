@@ -16,7 +16,8 @@ class AddressFileTest : public ::testing::Test {
     /// "V3 Acme" for each record.
     Entries entries() {
         Entries entries;
-        for (const auto& record : file_.readAll()) {
+        for (const AddressRow row : file_.readAll()) {
+            const AddressRecord record = row.record();
             entries.push_back(record.Kind + std::to_string(static_cast<int>(record.Tag)) + " " +
                               trimmedField(record.Name));
         }
@@ -101,7 +102,7 @@ TEST_F(AddressFileTest, NamesWithControlCharactersAreFoundAsTheyAreListed) {
     EXPECT_EQ(file_.findNamed(file_.readAll(), "Acme Tools")->Address.front(), '3');
     file_.removeNamed("Acme Tools");  // the one that is stored so
     EXPECT_EQ(bytes(), imported);
-    EXPECT_EQ(file_.rewrite(kVendor, "ACME TOOLS", "4"), file_.readAll()[0].Tag);
+    EXPECT_EQ(file_.rewrite(kVendor, "ACME TOOLS", "4"), file_.readAll()[0].record().Tag);
     EXPECT_EQ(bytes().size(), imported.size());
     file_.removeNamed("Bolt");
     EXPECT_EQ(bytes().substr(10, 60), fitted("ACME TOOLS", 60));

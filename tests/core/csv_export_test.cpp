@@ -10,23 +10,30 @@ const std::string kHeadings =
     "\"Number\",\"Job\",\"Order Date\",\"Vendor\",\"Ship To\",\"Ship Date\",\"Total\","
     "\"Shipping\",\"Tax\",\"Net\",\"Discount\",\"List\"\r\n";
 
+std::string csvOf(const std::vector<OrderIndexRecord>& records, const RegionalFormats& formats) {
+    OrderRecords rows(records.size());
+    for (const auto& record : records)
+        rows.put(rows.size(), encodeRecord(kOrderIndexLayout, record));
+    return ordersAsCsv(rows, formats);
+}
+
 TEST(OrdersAsCsv, EachOrderIsOneLineInTheFormatsOfTheRegion) {
     const std::string vendor = fitted("Acme, \"Supply\"", 60);
     OrderIndexRecord record{"A",          "000123",  "J-7         ", kToday,   vendor,
                             "Depot     ", 46101.5,   {12981250},     {100000}, {73100},
                             {1125000},    {-125000}, {1250000}};
-    EXPECT_EQ(ordersAsCsv({record}, enUS()),
+    EXPECT_EQ(csvOf({record}, enUS()),
               kHeadings +
                   "\"000123\",\"J-7\",\"3/4/2026\",\"Acme, \"Supply\"\",\"Depot\","
                   "\"3/20/2026\",\"$1,298.13\",\"$10.00\",\"$7.31\",\"$112.50\","
                   "\"($12.50)\",\"$125.00\"\r\n");
-    EXPECT_TRUE(contains(ordersAsCsv({record}, deDE()), "\"1.298,13\xA0\x80\""));
+    EXPECT_TRUE(contains(csvOf({record}, deDE()), "\"1.298,13\xA0\x80\""));
     record.Status = "D";
-    EXPECT_EQ(ordersAsCsv({record}, enUS()), kHeadings) << "a deleted order is left out";
+    EXPECT_EQ(csvOf({record}, enUS()), kHeadings) << "a deleted order is left out";
     OrderIndexRecord blank;
     blank.Status = "a";
     blank.Job = std::string(12, '\0');
-    EXPECT_EQ(ordersAsCsv({record, blank, record}, enUS()),
+    EXPECT_EQ(csvOf({record, blank, record}, enUS()),
               kHeadings +
                   "\"\",\"\",\"\",\"\",\"\",\"\",\"$0.00\",\"$0.00\",\"$0.00\","
                   "\"$0.00\",\"$0.00\",\"$0.00\"\r\n");

@@ -16,7 +16,8 @@ class OrderFlows : public Office {
     std::string orders() const {
         const auto named = [](const std::string& job) { return " " + (job.empty() ? "-" : job); };
         std::string text = order().PONoEd + named(order().JobNumberEd);
-        for (const OrderIndexRecord& record : program().index.readAll()) {
+        for (const OrderRow row : program().index.readAll()) {
+            const OrderIndexRecord record = row.record();
             const std::string document = stored(record.Number + ".htm");
             const auto start = document.find("<!-- JOB ") + 9;
             text += " | " + record.Number + named(trimmedField(record.Job)) +

@@ -112,7 +112,7 @@ TEST_F(OrderIndexTest, AmountsOfOtherRegionsAreReadAsShown) {
     index().RecordData(orderWith({{&Order::PONoEd, "000001"},
                                   {&Order::OrderTotalEd, "1.234,50"},
                                   {&Order::OrderDateEd, "04.03.2026"}}));
-    const OrderIndexRecord record = index().readAll().front();
+    const OrderIndexRecord record = index().readAll()[0].record();
     EXPECT_EQ(record.OrderTotal.tenThousandths, 12345000);
     EXPECT_EQ(record.OrderDate, kToday);
 }

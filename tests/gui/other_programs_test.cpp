@@ -41,7 +41,10 @@ TEST(OtherPrograms, PythonReadsTheListOfOrdersAsItIs) {
     OrderIndexRecord second = order;
     second.Number = "000124";
     const TemporaryFolder folder;
-    writeFile(folder / "Orders.csv", ordersAsCsv({order, second}, {}));
+    OrderRecords records(2);
+    records.put(0, encodeRecord(kOrderIndexLayout, order));
+    records.put(1, encodeRecord(kOrderIndexLayout, second));
+    writeFile(folder / "Orders.csv", ordersAsCsv(records, {}));
     const QString script =
         "import csv, sys\n"
         "rows = list(csv.reader(open(sys.argv[1], newline='', encoding='cp1252')))\n"

@@ -61,6 +61,10 @@ int fsync(int file) {
     return oddities.flushError != 0 ? refused(oddities.flushError) : own(&fsync, "fsync")(file);
 }
 
+int syncfs(int disk) noexcept {
+    return oddities.flushError != 0 ? refused(oddities.flushError) : own(&syncfs, "syncfs")(disk);
+}
+
 int rename(const char* from, const char* to) noexcept {
     return isOpen(from) ? refused(EBUSY) : ::renameat(AT_FDCWD, from, AT_FDCWD, to);
 }

@@ -49,7 +49,7 @@ void AddressBook::clearLeftover() {
 }
 
 void AddressBook::PopAddyLists() {
-    std::vector<AddressRecord> records;
+    AddressRecords records;
     if (!readAll(records)) return;
     for (const AddressSide side : kAddressSides) {
         fillList(side, records);
@@ -61,7 +61,7 @@ void AddressBook::PopAddyLists() {
 }
 
 void AddressBook::refreshNames() {
-    std::vector<AddressRecord> records;
+    AddressRecords records;
     if (!readAll(records)) return;
     for (const AddressSide side : kAddressSides)
         fillList(side, records);
@@ -177,7 +177,7 @@ void AddressBook::Delete_Click(AddressSide side) {
     });
 }
 
-bool AddressBook::readAll(std::vector<AddressRecord>& records) {
+bool AddressBook::readAll(AddressRecords& records) {
     return commands_.attempt(
         "The address book was not read: ", [&] { records = file_.readAll(); }, Loss::List);
 }
@@ -204,7 +204,7 @@ void AddressBook::deleteEntry(AddressSide side, const std::string& entry) {
     });
 }
 
-void AddressBook::showPicked(AddressSide side, const std::vector<AddressRecord>& records) {
+void AddressBook::showPicked(AddressSide side, const AddressRecords& records) {
     Shown& shown = changing(side);
     const auto record = file_.findNamed(records, name(side));
     open_.fill(facts(side).address, record ? trimmedField(record->Address) : "");
@@ -213,11 +213,12 @@ void AddressBook::showPicked(AddressSide side, const std::vector<AddressRecord>&
     shown.addressEdited = false;
 }
 
-void AddressBook::fillList(AddressSide side, const std::vector<AddressRecord>& records) {
+void AddressBook::fillList(AddressSide side, const AddressRecords& records) {
     std::vector<std::string>& names = changing(side).names;
     names.clear();
-    for (const auto& record : records) {
-        if (record.Kind == facts(side).kind) names.push_back(listedName(record));
+    for (const AddressRow record : records) {
+        if (record.field<&AddressRecord::Kind>() == facts(side).kind)
+            names.push_back(listedName(record));
     }
 }
 

@@ -85,10 +85,10 @@ class AddressBook {
     /// Whether no address has been typed for this name: the one shown is as it was looked up, or is
     /// blank while the name differs from the one looked up.
     bool addressIsUntouched(AddressSide side) const;
-    bool readAll(std::vector<AddressRecord>& records);
+    bool readAll(AddressRecords& records);
     bool removeNamed(const std::string& name);
-    void showPicked(AddressSide side, const std::vector<AddressRecord>& records);
-    void fillList(AddressSide side, const std::vector<AddressRecord>& records);
+    void showPicked(AddressSide side, const AddressRecords& records);
+    void fillList(AddressSide side, const AddressRecords& records);
     bool hasUnsavedEdits(AddressSide side) const { return shown_[index(side)].changedEnabled; }
 
     /// What a side shows, about to be changed.

@@ -8,7 +8,7 @@
 namespace bramblet {
 namespace {
 
-using File = RecordFile<AddressRecord, kAddressLayout>;
+using File = RecordFile<kAddressLayout>;
 
 /// Whether a file is empty or definitely not there; a share that does not answer is another matter.
 bool isGone(const FileSystem& files, const std::filesystem::path& path) {
@@ -25,46 +25,56 @@ std::string asItIs(std::string_view name) {
 }
 
 /// Recognizes the records of a name; `folded` makes names equal that count as the same.
-auto isNamed(const std::vector<AddressRecord>& records, const std::string& name,
+auto isNamed(const AddressRecords& records, const std::string& name,
              std::string (*folded)(std::string_view)) {
     const std::string wanted = folded(trimmed(name));
-    const auto stored = [=](const AddressRecord& record) {
-        return folded(trimmedField(record.Name)) == wanted;
+    const auto stored = [=](const AddressRow& record) {
+        return folded(record.get<&AddressRecord::Name>()) == wanted;
     };
     // A blank name never means a name made only of control characters.
     const bool isStored = wanted.empty() || std::any_of(records.begin(), records.end(), stored);
-    return [=](const AddressRecord& record) {
+    return [=](const AddressRow& record) {
         return isStored ? stored(record) : folded(listedName(record)) == wanted;
     };
 }
 
+/// The place of the first record of a name; the end when there is none.
+std::size_t placeOf(const AddressRecords& records, const std::string& name,
+                    std::string (*folded)(std::string_view)) {
+    const auto named = isNamed(records, name, folded);
+    std::size_t place = 0;
+    while (place < records.size() && !named(records[place]))
+        ++place;
+    return place;
+}
+
 }  // namespace
 
-std::string listedName(const AddressRecord& record) {
-    return trimmed(withoutControls(record.Name));
+std::string listedName(const AddressRow& record) {
+    return trimmed(withoutControls(record.field<&AddressRecord::Name>()));
 }
 
 AddressFile::AddressFile(FileSystem files, std::filesystem::path path)
     : files_(std::move(files)), path_(std::move(path)) {}
 
-std::vector<AddressRecord> AddressFile::readAll() {
-    std::vector<AddressRecord> records = File(files_, path_).readAll();
-    if (!records.empty()) buffer_ = records.back();
+AddressRecords AddressFile::readAll() {
+    AddressRecords records = File(files_, path_).readAll();
+    if (!records.empty()) buffer_ = records.back().record();
     return records;
 }
 
-std::optional<AddressRecord> AddressFile::findNamed(const std::vector<AddressRecord>& records,
+std::optional<AddressRecord> AddressFile::findNamed(const AddressRecords& records,
                                                     const std::string& name) {
-    const auto found = std::find_if(records.begin(), records.end(), isNamed(records, name, asItIs));
-    if (found != records.end()) return buffer_ = *found;
-    if (!records.empty()) buffer_ = records.back();
+    const std::size_t place = placeOf(records, name, asItIs);
+    if (place < records.size()) return buffer_ = records[place].record();
+    if (!records.empty()) buffer_ = records.back().record();
     return std::nullopt;
 }
 
 double AddressFile::GetNextAddyTag() {
     double highest = 0;
-    for (const auto& record : readAll())
-        highest = std::max(highest, record.Tag);
+    for (const AddressRow record : readAll())
+        highest = std::max(highest, record.get<&AddressRecord::Tag>());
     return highest + 1;
 }
 
@@ -75,26 +85,27 @@ std::optional<double> AddressFile::append(const std::string& kind, const std::st
     buffer_.Tag = tag;
     fill(kind, name, address);
     File file(files_, path_);
-    file.append(buffer_);
+    file.append(encodeRecord(kAddressLayout, buffer_));
     file.flush();
     return tag;
 }
 
 std::optional<AddressRecord> AddressFile::findToRewrite(const std::string& name) {
-    const std::vector<AddressRecord> records = readAll();
-    const auto match = std::find_if(records.begin(), records.end(), isNamed(records, name, upper));
-    return match == records.end() ? std::nullopt : std::optional(*match);
+    const AddressRecords records = readAll();
+    const std::size_t place = placeOf(records, name, upper);
+    if (place == records.size()) return std::nullopt;
+    return records[place].record();
 }
 
 std::optional<double> AddressFile::rewrite(const std::string& kind, const std::string& name,
                                            const std::string& address) {
-    const std::vector<AddressRecord> records = readAll();
-    const auto match = std::find_if(records.begin(), records.end(), isNamed(records, name, upper));
-    if (match == records.end()) return append(kind, name, address);
-    buffer_ = *match;
+    const AddressRecords records = readAll();
+    const std::size_t place = placeOf(records, name, upper);
+    if (place == records.size()) return append(kind, name, address);
+    buffer_ = records[place].record();
     fill(kind, name, address);
     File file(files_, path_);
-    file.write(static_cast<int>(match - records.begin()) + 1, buffer_);
+    file.write(static_cast<int>(place) + 1, encodeRecord(kAddressLayout, buffer_));
     file.flush();
     return buffer_.Tag;
 }
@@ -105,7 +116,7 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
     for (std::size_t i = 0; i < entries.size(); ++i) {
         reached(static_cast<int>(i));
         fill(kind, entries[i].name, entries[i].address);
-        file.append(buffer_);
+        file.append(encodeRecord(kAddressLayout, buffer_));
     }
     reached(static_cast<int>(entries.size()));
     file.flush();
@@ -114,12 +125,12 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
 void AddressFile::removeNamed(const std::string& name) {
     const FileSystem once = files_.withoutRetry();
     std::string kept;
-    const std::vector<AddressRecord> records = File(once, path_).readAll();
+    const AddressRecords records = File(once, path_).readAll();
     const auto isRemoved = isNamed(records, name, asItIs);
-    for (const auto& record : records) {
-        buffer_ = record;
-        if (!isRemoved(record)) kept += encodeRecord(kAddressLayout, record);
+    for (const AddressRow record : records) {
+        if (!isRemoved(record)) kept += record.bytes();
     }
+    if (!records.empty()) buffer_ = records.back().record();
     once.replace(path_, kept);
 }
 

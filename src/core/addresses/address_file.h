@@ -30,6 +30,9 @@ inline constexpr std::array kAddressLayout{
 };
 static_assert(recordSize(kAddressLayout) == 570);
 
+using AddressRecords = Records<kAddressLayout>;
+using AddressRow = RecordView<kAddressLayout>;
+
 inline constexpr const char* kVendor = "V";
 inline constexpr const char* kDestination = "T";
 
@@ -41,7 +44,7 @@ struct NameAndAddress {
 
 /// A record's name as it is listed and as the boxes hold it: imported names may contain control
 /// characters, which become blanks there.
-std::string listedName(const AddressRecord& record);
+std::string listedName(const AddressRow& record);
 
 /// Each operation opens the file, does its work and closes it, and throws FileError. A name stands
 /// for the records stored under it, or if there are none, those listed under it.
@@ -50,12 +53,11 @@ class AddressFile {
     /// `path` ends in "po_addy.dat".
     AddressFile(FileSystem files, std::filesystem::path path);
 
-    std::vector<AddressRecord> readAll();
+    AddressRecords readAll();
 
     /// The first of `records` with exactly this name, whatever its kind; nothing when there is
     /// none.
-    std::optional<AddressRecord> findNamed(const std::vector<AddressRecord>& records,
-                                           const std::string& name);
+    std::optional<AddressRecord> findNamed(const AddressRecords& records, const std::string& name);
 
     /// The number for a new address: the highest in the file, of either kind, plus one.
     double GetNextAddyTag();

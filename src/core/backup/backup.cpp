@@ -261,10 +261,18 @@ bool Backup::copyAll() {
     const std::vector<Item> all = items();
     checkSpace(all);
     start(all);
-    for (const auto& item : all) {
-        begin("Copying: ", item);
-        files_.copy(Backuplist / item.name, BackUpTarget / item.name);
-        finish(item);
+    CopyBatch batch(files_, BackUpTarget);
+    try {
+        for (const auto& item : all) {
+            begin("Copying: ", item);
+            batch.copy(Backuplist / item.name, item.name);
+            finish(item);
+        }
+        batch.putInPlace();
+    } catch (...) {
+        batch.putInPlace();  // what was copied before this
+        progress_.files = batch.placed();
+        throw;
     }
     BackUpProgress = counted(all.size(), "file") + " copied";
     return true;
@@ -300,17 +308,20 @@ void Backup::compare(const std::filesystem::path& name, Comparison& result) cons
 }
 
 /// Throws FileError (DiskFull) when the files will not fit, as far as the system can tell. They
-/// need what they take beyond the files they replace, and one of them twice while it is being
-/// replaced.
+/// need what they take beyond the files they replace, and those of one batch twice while they are
+/// being replaced.
 void Backup::checkSpace(const std::vector<Item>& items) {
     std::uint64_t more = 0;
+    std::uint64_t replaced = 0;
     std::uint64_t largest = 0;
     for (const auto& item : items) {
         step();
         const std::filesystem::path target = BackUpTarget / item.name;
         const std::uint64_t old = files_.exists(target) ? files_.status(target).length : 0;
-        more += item.length - std::min(item.length, old);
-        largest = std::max(largest, std::min(item.length, old));
+        const std::uint64_t again = std::min(item.length, old);
+        more += item.length - again;
+        replaced += again;
+        largest = std::max(largest, again);
     }
     std::optional<std::uint64_t> free;
     try {
@@ -318,7 +329,8 @@ void Backup::checkSpace(const std::vector<Item>& items) {
     } catch (const Fault&) {
         return;
     }
-    if (free && more + largest > *free) throw FileError(FaultNumber::DiskFull, BackUpTarget);
+    const std::uint64_t twice = std::min(replaced, CopyBatch::kMost + largest);
+    if (free && more + twice > *free) throw FileError(FaultNumber::DiskFull, BackUpTarget);
 }
 
 bool Backup::isSame(const std::filesystem::path& name) const {

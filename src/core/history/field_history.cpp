@@ -9,16 +9,16 @@ namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 
-/// Lines end with CR LF; a file written by another program may use only one of the two.
-std::vector<std::string> linesOf(const std::string& content) {
-    std::vector<std::string> lines;
+/// Shows each line to `look`. Lines end with CR LF; a file written by another program may use only
+/// one of the two.
+template <class Look>
+void forEachLine(std::string_view content, Look look) {
     for (std::size_t start = 0; start < content.size();) {
         const auto end = std::min(content.find_first_of(kLineEnd, start), content.size());
-        lines.push_back(content.substr(start, end - start));
+        look(content.substr(start, end - start));
         const bool both = content.compare(end, 2, kLineEnd) == 0;
         start = end + (both ? 2 : 1);
     }
-    return lines;
 }
 
 /// The value as one line: with a blank for every line end in it, and then trimmed, as the lines of
@@ -31,33 +31,45 @@ std::string asLine(std::string value) {
 
 }  // namespace
 
+const FieldHistory::Entries& FieldHistory::entries() const {
+    if (!entries_) {
+        auto lines = std::make_shared<std::vector<std::string>>();
+        forEachLine(content_, [&](std::string_view line) { lines->emplace_back(line); });
+        entries_ = std::move(lines);
+    }
+    return entries_;
+}
+
 void FieldHistory::remember(const FileSystem& files, const std::string& value) {
     // Opened for writing only when necessary, so that the values of a read-only file are still
     // listed.
     if (!files.exists(path_)) files.touch(path_);
-    if (std::string content = files.read(path_); content != content_) {
-        entries_ = std::make_shared<const std::vector<std::string>>(linesOf(content));
-        content_ = std::move(content);
-    }
-    const std::string line = asLine(value);
-    const bool known =
-        std::any_of(entries_->begin(), entries_->end(),
-                    [&](const std::string& entry) { return trimmed(entry) == line; });
-    if (line.empty() || known) return;
+    take(files.read(path_));
+    const std::string wanted = asLine(value);
+    if (wanted.empty()) return;
+    bool known = false;
+    forEachLine(content_,
+                [&](std::string_view line) { known = known || withoutEnds(line, " ") == wanted; });
+    if (known) return;
     const bool lineOpen = content_.find_last_of(kLineEnd) + 1 != content_.size();
-    const std::string added = (lineOpen ? kLineEnd : "") + line + kLineEnd;
+    const std::string added = (lineOpen ? kLineEnd : "") + wanted + kLineEnd;
     files.append(path_, added);
-    content_ += added;
-    entries_ = std::make_shared<const std::vector<std::string>>(linesOf(content_));
+    take(content_ + added);
 }
 
 void FieldHistory::forget(const FileSystem& files, const std::string& value) const {
-    const std::string line = asLine(value);
+    const std::string dropped = asLine(value);
     std::string kept;
-    for (const auto& entry : linesOf(files.read(path_))) {
-        if (trimmed(entry) != line) kept += entry + kLineEnd;
-    }
+    forEachLine(files.read(path_), [&](std::string_view line) {
+        if (withoutEnds(line, " ") != dropped) kept.append(line).append(kLineEnd);
+    });
     files.replace(path_, kept);
+}
+
+void FieldHistory::take(std::string content) {
+    if (content == content_) return;
+    content_ = std::move(content);
+    entries_.reset();
 }
 
 }  // namespace bramblet

@@ -18,8 +18,9 @@ class FieldHistory {
 
     explicit FieldHistory(std::filesystem::path path) : path_(std::move(path)) {}
 
-    /// What the list offers; the same object until the file's content changes.
-    const Entries& entries() const { return entries_; }
+    /// What the list offers; the same object until the file's content changes. Made when it is
+    /// first asked for.
+    const Entries& entries() const;
 
     /// Adds a value, trimmed, unless it is blank or already there (letter case matters), and
     /// rereads the file, which is created empty when missing. Throws FileError.
@@ -32,9 +33,11 @@ class FieldHistory {
     void forget(const FileSystem& files, const std::string& value) const;
 
   private:
+    void take(std::string content);
+
     std::filesystem::path path_;
-    std::string content_;  ///< of the file, from which `entries_` were made
-    Entries entries_ = std::make_shared<const std::vector<std::string>>();
+    std::string content_;      ///< of the file
+    mutable Entries entries_;  ///< made from it, or null
 };
 
 }  // namespace bramblet

@@ -6,8 +6,7 @@
 
 namespace bramblet {
 
-std::string ordersAsCsv(const std::vector<OrderIndexRecord>& orders,
-                        const RegionalFormats& formats) {
+std::string ordersAsCsv(const OrderRecords& orders, const RegionalFormats& formats) {
     std::string csv;
     const auto addLine = [&](const auto& textOf) {
         std::string line;
@@ -20,8 +19,8 @@ std::string ordersAsCsv(const std::vector<OrderIndexRecord>& orders,
         csv += line + "\r\n";
     };
     addLine([](const auto& column) { return std::string(column.exported); });
-    for (const auto& order : orders) {
-        if (order.Status == kDeletedOrder) continue;
+    for (const OrderRow order : orders) {
+        if (order.get<&OrderIndexRecord::Status>() == kDeletedOrder) continue;
         addLine([&](const auto& column) { return column.textOf(order, formats); });
     }
     return csv;

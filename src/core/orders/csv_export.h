@@ -7,15 +7,13 @@
 
 #include <filesystem>
 #include <string>
-#include <vector>
 
 namespace bramblet {
 
 /// The file's text: a line of headings, then one line for each order that is not deleted, with
 /// every field in double quotes and lines ending in CR LF. Quotes within a field are not doubled;
 /// unset dates are empty.
-std::string ordersAsCsv(const std::vector<OrderIndexRecord>& orders,
-                        const RegionalFormats& formats);
+std::string ordersAsCsv(const OrderRecords& orders, const RegionalFormats& formats);
 
 class CsvExport {
   public:

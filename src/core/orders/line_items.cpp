@@ -176,8 +176,8 @@ OrderLine LineItems::itemLine(const StockList& list, int row, int quantity) cons
     line[kUnit] = textCell(list.text(row, StockColumn::Unit));
     line[kDescription] = textCell(list.text(row, StockColumn::Description));
     line[kUnitCost] = list.text(row, StockColumn::UnitCost);
-    line[kLineTotal] =
-        standardText(toCurrency(toDouble(list.row(row).UnitCost) * quantity), formats_);
+    line[kLineTotal] = standardText(
+        toCurrency(toDouble(list.row(row).get<&StockItemRecord::UnitCost>()) * quantity), formats_);
     line[kFileNumber] = list.text(row, StockColumn::FileNumber);
     return line;
 }

@@ -38,7 +38,6 @@ void OrderEditor::SaveChanges_Click() {
         } else if (open_.recompute()) {
             write(Histories::Remember);
         }
-        savedOrders_.PopPOGrid();
     });
 }
 
@@ -55,7 +54,6 @@ void OrderEditor::NewPO_Click() {
         clearOrder();
         stock_.PopStockList();
         saveAs(*number, Histories::LeaveAlone);
-        savedOrders_.PopPOGrid();
     });
 }
 
@@ -72,7 +70,6 @@ void OrderEditor::Save_PO_Click() {
         if (!saveAs(*number, Histories::LeaveAlone) && open_.order().PONoEd != *number) {
             markReceived(received);  // no copy was made: the source is as it was
         }
-        savedOrders_.PopPOGrid();
     });
 }
 
@@ -94,7 +91,6 @@ void OrderEditor::make10_Click() {
                 commands_.showCaption(kUsualCaption);
                 return;
             }
-            savedOrders_.PopPOGrid();
             commands_.showChanges();
             clock_.waitOneSecond();
             commands_.showCaption("making number " + std::to_string(copy));
@@ -289,19 +285,23 @@ bool OrderEditor::write(Histories histories) {
     return true;
 }
 
-/// Goes on after a failure, so that as much as possible is saved.
+/// Goes on after a failure, so that as much as possible is saved. The list of saved orders is made
+/// from the records among which the order's own was entered.
 bool OrderEditor::writeFiles(const std::filesystem::path& path, Histories histories) {
     const std::string& number = open_.order().PONoEd;
     open_.markStored();
     const bool entered =
-        commands_.attempt("Order " + number + " was not entered in the list of orders: ",
-                          [&] { index_.RecordData(open_.order()); });
+        commands_.attempt("Order " + number + " was not entered in the list of orders: ", [&] {
+            if (auto records = index_.RecordData(open_.order()))
+                savedOrders_.take(std::move(*records));
+        });
     if (histories == Histories::Remember) histories_.trimTexts();
     const bool documented = commands_.attempt(
         "The document of order " + number + " was not saved: ", [&] { MakeSnap(path); },
         Loss::Order);
     // Done last: a mere convenience must not keep an order from being saved.
     if (histories == Histories::Remember) histories_.AddToUserFields();
+    if (!entered) savedOrders_.PopPOGrid();
     return entered && documented;
 }
 

@@ -4,22 +4,36 @@
 #include "core/platform/record_file.h"
 #include "core/platform/text.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdint>
+
 namespace bramblet {
 namespace {
 
-using IndexFile = RecordFile<OrderIndexRecord, kOrderIndexLayout>;
+using IndexFile = RecordFile<kOrderIndexLayout>;
 
 IndexFile openIndex(const FileSystem& files, const std::filesystem::path& path) {
     return IndexFile(files, path, RecordCount::Rounded, kMostRecords);
 }
 
-/// The number of the first record with the order number; 0 when there is none.
-int find(const std::vector<OrderIndexRecord>& records, const std::string& number) {
+/// The place of the first record with the order number; the end when there is none.
+std::size_t find(const OrderRecords& records, const std::string& number) {
     const std::string wanted = trimmed(number);
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        if (trimmedField(records[i].Number) == wanted) return static_cast<int>(i) + 1;
-    }
-    return 0;
+    std::size_t place = 0;
+    while (place < records.size() && records[place].get<&OrderIndexRecord::Number>() != wanted)
+        ++place;
+    return place;
+}
+
+/// Records of other programs may hold letters in their numbers; they are skipped. Throws Fault.
+double numberIn(std::string_view text, const RegionalFormats& formats) {
+    std::uint32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto plain = std::from_chars(text.data(), end, number);
+    if (plain.ec == std::errc{} && plain.ptr == end) return number;
+    return numberOf(cleanedNumber(text), formats);
 }
 
 /// The amounts of a record, each with the box it is read from and that box's label.
@@ -49,40 +63,44 @@ OrderIndex::OrderIndex(FileSystem files, std::filesystem::path path, const Regio
       formats_(formats),
       clock_(std::move(clock)) {}
 
-void OrderIndex::RecordData(const Order& order) const {
-    if (trimmed(order.PONoEd) == kPendingNumber) return;
-    const OrderIndexRecord record = recordOf(order);
+std::optional<OrderRecords> OrderIndex::RecordData(const Order& order) const {
+    if (trimmed(order.PONoEd) == kPendingNumber) return std::nullopt;
+    const std::string record = encodeRecord(kOrderIndexLayout, recordOf(order));
     IndexFile index = openIndex(files_, path_);
-    const int found = find(index.readAll(), order.PONoEd);
-    index.write(found != 0 ? found : index.count() + 1, record);
+    OrderRecords records = index.readAll();
+    const std::size_t place = find(records, order.PONoEd);
+    index.write(static_cast<int>(place) + 1, record);
     index.flush();
+    records.put(place, record);
+    return records;
 }
 
 double OrderIndex::NextPONumber() const {
     double highest = 0;
-    for (const auto& record : readAll()) {
+    openIndex(files_, path_).forEach([&](const OrderRow& record) {
         try {
-            highest = std::max(highest, numberOf(cleanedNumber(record.Number), formats_));
+            const auto number = record.get<&OrderIndexRecord::Number>();
+            highest = std::max(highest, numberIn(number, formats_));
         } catch (const Fault&) {
-            continue;
+            return;
         }
-    }
+    });
     return highest + 1;
 }
 
 bool OrderIndex::markDeleted(const std::string& number) const {
     IndexFile index = openIndex(files_, path_);
-    std::vector<OrderIndexRecord> records = index.readAll();
-    const int found = find(records, number);
-    if (found == 0) return false;
-    OrderIndexRecord& record = records[static_cast<std::size_t>(found) - 1];
+    const OrderRecords records = index.readAll();
+    const std::size_t place = find(records, number);
+    if (place == records.size()) return false;
+    OrderIndexRecord record = records[place].record();
     record.Status = kDeletedOrder;
-    index.write(found, record);
+    index.write(static_cast<int>(place) + 1, encodeRecord(kOrderIndexLayout, record));
     index.flush();
     return true;
 }
 
-std::vector<OrderIndexRecord> OrderIndex::readAll() const {
+OrderRecords OrderIndex::readAll() const {
     return openIndex(files_, path_).readAll();
 }
 

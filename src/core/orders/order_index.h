@@ -12,7 +12,6 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace bramblet {
 
@@ -39,6 +38,9 @@ static_assert(recordSize(kOrderIndexLayout) == 203);
 
 inline constexpr const char* kDeletedOrder = "D";
 
+using OrderRecords = Records<kOrderIndexLayout>;
+using OrderRow = RecordView<kOrderIndexLayout>;
+
 /// Each operation opens the file, does its work and closes it. All throw Fault: FileError for the
 /// file, Overflow when it holds more than 32,767 records.
 class OrderIndex {
@@ -48,8 +50,9 @@ class OrderIndex {
 
     /// Writes the record of an order: in place of the first one with its number, or at the end. An
     /// order without a number is not written. Throws BoxFault for a date or an amount that cannot
-    /// be read; the file is then unchanged.
-    void RecordData(const Order& order) const;
+    /// be read; the file is then unchanged. Returns all records as they are now, if one was
+    /// written.
+    std::optional<OrderRecords> RecordData(const Order& order) const;
 
     /// Throws BoxFault for a date that `RecordData` could not read.
     void checkDates(const Order& order) const;
@@ -63,7 +66,7 @@ class OrderIndex {
     /// Marks the first record with the number as deleted; false when there is none.
     bool markDeleted(const std::string& number) const;
 
-    std::vector<OrderIndexRecord> readAll() const;
+    OrderRecords readAll() const;
 
   private:
     OrderIndexRecord recordOf(const Order& order) const;

@@ -10,13 +10,13 @@ namespace bramblet {
 namespace {
 
 using Record = OrderIndexRecord;
-using IndexColumn = Column<Record>;
+using IndexColumn = Column<OrderRow>;
 
 template <auto Field>
 constexpr IndexColumn text(ColumnLook look, const char* exported) {
     IndexColumn column{look};
-    column.text = [](const Record& record, const RegionalFormats&) {
-        return trimmedField(record.*Field);
+    column.text = [](const OrderRow& row, const RegionalFormats&) {
+        return std::string(row.get<Field>());
     };
     column.exported = exported;
     return column;
@@ -24,24 +24,25 @@ constexpr IndexColumn text(ColumnLook look, const char* exported) {
 
 constexpr IndexColumn number(ColumnLook look, const char* exported) {
     IndexColumn column = text<&Record::Number>(look, exported);
-    column.number = [](const Record& record) { return leadingNumber(trimmedField(record.Number)); };
+    column.number = [](const OrderRow& row) { return leadingNumber(row.get<&Record::Number>()); };
     return column;
 }
 
 template <auto Field>
 constexpr IndexColumn date(const char* heading, const char* exported) {
     IndexColumn column{{heading, 11}};
-    column.text = [](const Record& record, const RegionalFormats& formats) {
-        return record.*Field == 0 ? std::string() : shortDateText(record.*Field, formats);
+    column.text = [](const OrderRow& row, const RegionalFormats& formats) {
+        const double day = row.get<Field>();
+        return day == 0 ? std::string() : shortDateText(day, formats);
     };
     column.exported = exported;
     return column;
 }
 
-constexpr IndexColumn amount(const char* heading, int characters, Currency Record::*field,
-                             const char* exported) {
+template <auto Field>
+constexpr IndexColumn amount(const char* heading, int characters, const char* exported) {
     IndexColumn column{{heading, characters, false, Align::Right}};
-    column.amount = field;
+    column.amount = [](const OrderRow& row) { return row.get<Field>(); };
     column.amountText = [](Currency value, const RegionalFormats& formats) {
         return currencyText(value, formats);
     };
@@ -58,12 +59,12 @@ constexpr std::array<IndexColumn, kSavedOrderColumns> kOrderColumnTable{
     text<&Record::Vendor>({"Vendor", 24, true}, "Vendor"),
     text<&Record::ShipTo>({"Ship To", 24, true}, "Ship To"),
     date<&Record::ShipDate>("Ship Date", "Ship Date"),
-    amount("Order Total", 14, &Record::OrderTotal, "Total"),
-    amount("Shipping", 12, &Record::Shipping, "Shipping"),
-    amount("Sales Tax", 12, &Record::SalesTax, "Tax"),
-    amount("Net", 14, &Record::NetTotal, "Net"),
-    amount("Discount", 12, &Record::Discount, "Discount"),
-    amount("Sub Total", 14, &Record::SubTotal, "List"),
+    amount<&Record::OrderTotal>("Order Total", 14, "Total"),
+    amount<&Record::Shipping>("Shipping", 12, "Shipping"),
+    amount<&Record::SalesTax>("Sales Tax", 12, "Tax"),
+    amount<&Record::NetTotal>("Net", 14, "Net"),
+    amount<&Record::Discount>("Discount", 12, "Discount"),
+    amount<&Record::SubTotal>("Sub Total", 14, "List"),
     text<&Record::Status>({"Status", 7, false, Align::Centre}, nullptr),
 };
 
@@ -77,10 +78,25 @@ SavedOrders::SavedOrders(Commands& commands, const OrderIndex& index,
 void SavedOrders::PopPOGrid() {
     // What is shown changes in one go: reading may have to wait, and the windows stay live
     // meanwhile.
-    read_ = commands_.attempt(
-        "The list of saved orders was not read: ", [&] { rows_ = index_.readAll(); }, Loss::List);
-    if (read_) collectNumbers();
-    std::erase_if(rows_, [this](const auto& record) { return !isListed(record); });
+    OrderRecords records;
+    const bool read = commands_.attempt(
+        "The list of saved orders was not read: ", [&] { records = index_.readAll(); }, Loss::List);
+    if (read) return take(std::move(records));
+    read_ = false;
+    refill();
+}
+
+void SavedOrders::take(OrderRecords records) {
+    records_ = std::move(records);
+    read_ = true;
+    refill();
+}
+
+void SavedOrders::refill() {
+    rows_.clear();
+    for (const OrderRow record : records_) {
+        if (isListed(record)) rows_.push_back(record);
+    }
     sort(&kOrderColumnTable[kNumberColumn], true);
     commands_.changed(&Views::savedOrders);
 }
@@ -110,34 +126,27 @@ Table::Mark SavedOrders::mark(int row) const {
 }
 
 int SavedOrders::rowOf(const std::string& orderNumber) const {
-    const auto row = std::find_if(rows_.begin(), rows_.end(), [&](const Record& record) {
-        return trimmedField(record.Number) == orderNumber;
+    const auto row = std::find_if(rows_.begin(), rows_.end(), [&](const OrderRow& record) {
+        return record.get<&Record::Number>() == orderNumber;
     });
     return row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
 }
 
-void SavedOrders::collectNumbers() {
-    numbers_.clear();
-    for (const auto& record : rows_) {
-        const bool deleted = trimmedField(record.Status) == kDeletedOrder;
-        numbers_.push_back(
-            {trimmedField(record.Number), deleted ? NumberUse::TakenByDeleted : NumberUse::Taken});
-    }
-}
-
 NumberUse SavedOrders::useOf(const std::string& orderNumber) const {
-    const auto known =
-        std::find_if(numbers_.begin(), numbers_.end(),
-                     [&](const KnownNumber& entry) { return entry.number == orderNumber; });
-    return known == numbers_.end() ? NumberUse::Free : known->use;
+    for (const OrderRow record : records_) {
+        if (record.get<&Record::Number>() != orderNumber) continue;
+        const bool deleted = record.get<&Record::Status>() == kDeletedOrder;
+        return deleted ? NumberUse::TakenByDeleted : NumberUse::Taken;
+    }
+    return NumberUse::Free;
 }
 
 std::string SavedOrders::countText() const {
     return listedText(rows_.size(), "orders", read_);
 }
 
-bool SavedOrders::isListed(const OrderIndexRecord& record) const {
-    const std::string status = trimmedField(record.Status);
+bool SavedOrders::isListed(const OrderRow& record) const {
+    const std::string_view status = record.field<&Record::Status>();
     if (status == kDeletedOrder) return false;
     if (status == "A") return ListCheckPO;
     if (status == "R") return ListCheckRE;

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <string>
-#include <vector>
 
 namespace bramblet {
 
@@ -28,12 +27,12 @@ enum SavedOrderColumn : int {
     kStatusColumn,
     kSavedOrderColumns
 };
-extern const std::array<Column<OrderIndexRecord>, kSavedOrderColumns> kOrderColumnTable;
+extern const std::array<Column<OrderRow>, kSavedOrderColumns> kOrderColumnTable;
 
 /// Whether the index held an order number when it was last read.
 enum class NumberUse { Free, Taken, TakenByDeleted };
 
-class SavedOrders : public ListTable<OrderIndexRecord> {
+class SavedOrders : public ListTable<OrderRow> {
   public:
     SavedOrders(Commands& commands, const OrderIndex& index, const RegionalFormats& formats);
 
@@ -45,6 +44,8 @@ class SavedOrders : public ListTable<OrderIndexRecord> {
     /// Rereads the index; the highest order number comes first. If it cannot be read, the previous
     /// list stays.
     void PopPOGrid();
+    /// The same with records that have just been read.
+    void take(OrderRecords records);
 
     /// Switches to this list, and rereads it.
     void ViewExisting_Click();
@@ -67,17 +68,13 @@ class SavedOrders : public ListTable<OrderIndexRecord> {
     std::string countText() const;
 
   private:
-    bool isListed(const OrderIndexRecord& record) const;
-    void collectNumbers();
+    bool isListed(const OrderRow& record) const;
+    void refill();
 
     Commands& commands_;
     const OrderIndex& index_;
-    struct KnownNumber {
-        std::string number;
-        NumberUse use;
-    };
-    std::vector<KnownNumber> numbers_;  ///< of all records
-    bool read_ = false;                 ///< whether the rows come from the last reading
+    OrderRecords records_;
+    bool read_ = false;  ///< whether the records come from the last reading
 };
 
 }  // namespace bramblet

@@ -37,7 +37,7 @@ class Fault : public std::runtime_error {
     std::string description() const { return what(); }
 
     /// One clause for a status line, for example "Disk full (error 61)".
-    virtual std::string inWords() const;
+    std::string inWords() const;
 
   private:
     FaultNumber number_;

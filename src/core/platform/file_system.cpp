@@ -6,6 +6,7 @@
 #include <array>
 #include <optional>
 #include <random>
+#include <utility>
 
 namespace bramblet {
 namespace {
@@ -17,6 +18,8 @@ std::filesystem::path temporaryNameFor(const std::filesystem::path& path) {
     const std::string name = "~bramblet-" + std::to_string(numbers()) + ".tmp";
     return std::filesystem::path(path).replace_filename(name);
 }
+
+}  // namespace
 
 /// A file written beside another one to take its place. It is removed again if it does not get that
 /// far.
@@ -41,12 +44,31 @@ class Replacement {
     void write(std::uint64_t offset, std::string_view bytes) {
         run([&] { file_->write(offset, bytes); });
     }
-    /// Unless `modified` is given, the time stamp is that of the last `write`.
-    void putInPlace(std::optional<std::int64_t> modified = {}) {
+    std::uint64_t takeContentOf(const std::filesystem::path& from) {
+        constexpr std::size_t kBlock = 1 << 20;
+        modified_ = files_.status(from).modified;
+        const RandomFile input(files_, from, os::Open::Read);
+        const auto bytes = std::make_unique_for_overwrite<char[]>(kBlock);
+        std::uint64_t offset = 0;
+        for (std::size_t got = kBlock; got == kBlock; offset += got) {
+            got = input.read(offset, std::span(bytes.get(), kBlock));
+            write(offset, std::string_view(bytes.get(), got));
+        }
+        return offset;
+    }
+    void flush() {
         run([&] { file_->flush(); });
+    }
+    /// A copy keeps the time stamp of its original.
+    void rename() {
         file_.reset();
-        if (modified) run([&] { os::setModified(path_, *modified); });
+        if (modified_) run([&] { os::setModified(path_, *modified_); });
         run([&] { os::rename(path_, target_); });
+    }
+    void putInPlace() {
+        flush();
+        rename();
+        os::flushFolder(target_.parent_path());
     }
 
   private:
@@ -65,9 +87,8 @@ class Replacement {
     std::filesystem::path target_;
     std::filesystem::path path_;
     std::optional<os::File> file_;
+    std::optional<std::int64_t> modified_;
 };
-
-}  // namespace
 
 RandomFile FileSystem::openRandom(const std::filesystem::path& path) const {
     return RandomFile(*this, path, os::Open::ReadWrite);
@@ -96,17 +117,9 @@ void FileSystem::replace(const std::filesystem::path& path, std::string_view con
 }
 
 void FileSystem::copy(const std::filesystem::path& from, const std::filesystem::path& to) const {
-    constexpr std::size_t kBlock = 1 << 20;
-    const os::FileStatus source = status(from);
-    const RandomFile input(*this, from, os::Open::Read);
     Replacement replacement(*this, to);
-    for (std::uint64_t offset = 0;;) {
-        const std::string block = input.read(offset, kBlock);
-        if (block.empty()) break;
-        replacement.write(offset, block);
-        offset += block.size();
-    }
-    replacement.putInPlace(source.modified);
+    replacement.takeContentOf(from);
+    replacement.putInPlace();
 }
 
 void FileSystem::createFolders(const std::filesystem::path& path) const {
@@ -117,6 +130,34 @@ void FileSystem::createFolders(const std::filesystem::path& path) const {
         missing.push_back(folder);
     for (auto next = missing.rbegin(); next != missing.rend(); ++next)
         run([&] { os::createFolder(*next); });
+}
+
+CopyBatch::CopyBatch(const FileSystem& files, std::filesystem::path folder)
+    : files_(files), folder_(std::move(folder)) {}
+
+CopyBatch::~CopyBatch() = default;
+
+void CopyBatch::copy(const std::filesystem::path& from, const std::filesystem::path& name) {
+    constexpr std::size_t kMostFiles = 256;
+    if (bytes_ >= kMost || copies_.size() == kMostFiles) putInPlace();
+    auto copy = std::make_unique<Replacement>(files_, folder_ / name);
+    bytes_ += copy->takeContentOf(from);
+    copies_.push_back(std::move(copy));
+}
+
+void CopyBatch::putInPlace() {
+    const auto copies = std::exchange(copies_, {});
+    bytes_ = 0;
+    if (copies.empty()) return;
+    if (!os::flushDisk(folder_)) {
+        for (const auto& copy : copies)
+            copy->flush();
+    }
+    for (const auto& copy : copies) {
+        copy->rename();
+        ++placed_;
+    }
+    os::flushFolder(folder_);
 }
 
 std::filesystem::path withSeparator(std::filesystem::path folder) {

@@ -7,6 +7,8 @@
 #include "core/platform/os_files.h"
 
 #include <functional>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,6 +77,7 @@ class FileSystem {
     }
     void rename(const std::filesystem::path& from, const std::filesystem::path& to) const {
         run([&] { os::rename(from, to); });
+        os::flushFolder(to.parent_path());
     }
     /// Creates a folder and any missing folders above it.
     void createFolders(const std::filesystem::path& path) const;
@@ -108,8 +111,13 @@ class RandomFile {
         return files_.run([&] { return file_.length(); });
     }
     /// The bytes at `offset`; fewer at the end of the file.
+    std::size_t read(std::uint64_t offset, std::span<char> bytes) const {
+        return files_.run([&] { return file_.read(offset, bytes); });
+    }
     std::string read(std::uint64_t offset, std::size_t count) const {
-        return files_.run([&] { return file_.read(offset, count); });
+        std::string bytes(count, '\0');
+        bytes.resize(read(offset, bytes));
+        return bytes;
     }
     /// One write call.
     void write(std::uint64_t offset, std::string_view bytes) {
@@ -123,6 +131,33 @@ class RandomFile {
   private:
     FileSystem files_;
     os::File file_;
+};
+
+class Replacement;
+
+/// Copies of files into one folder, under temporary names until they are put in place together: the
+/// disk is then flushed once for all of them.
+class CopyBatch {
+  public:
+    CopyBatch(const FileSystem& files, std::filesystem::path folder);
+    ~CopyBatch();
+
+    /// Copies a file, in the same way as FileSystem::copy. A full batch is put in place first.
+    void copy(const std::filesystem::path& from, const std::filesystem::path& name);
+    /// After a fault, the files that are not yet in place are dropped.
+    void putInPlace();
+    /// How many have been put in place.
+    std::size_t placed() const { return placed_; }
+
+    /// The most bytes of a batch without its last file.
+    static constexpr std::uint64_t kMost = 16 << 20;
+
+  private:
+    const FileSystem& files_;
+    std::filesystem::path folder_;
+    std::vector<std::unique_ptr<Replacement>> copies_;
+    std::uint64_t bytes_ = 0;
+    std::size_t placed_ = 0;
 };
 
 /// The folder with a trailing separator.

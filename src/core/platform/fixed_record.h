@@ -7,44 +7,67 @@
 //         numberField<&Part::Tag>(30),
 //     };
 //     static_assert(recordSize(kPartLayout) == 38);
+//
+// The records of a file stay the bytes that were read; a view looks at a field where it stands:
+//
+//     RecordView<kPartLayout> part = ...;
+//     std::string_view name = part.get<&Part::Name>();
 #pragma once
 
+#include "core/platform/currency.h"
 #include "core/platform/text.h"
 
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstdint>
+#include <cstring>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <variant>
+#include <vector>
 
 namespace bramblet {
 
-/// One field: its place in the record in bytes, and how the struct's member is copied from and to
-/// them.
+/// One field: its place in the record in bytes, and the struct's member that it is.
 template <class Record>
 struct RecordField {
     std::size_t offset;
     std::size_t width;
-    void (*read)(Record& record, std::string_view bytes);
-    std::string (*bytesOf)(const Record& record, std::size_t width);
+    std::variant<std::string Record::*, double Record::*, Currency Record::*,
+                 std::int16_t Record::*>
+        member;
 };
 
 namespace detail {
 
-template <auto Member>
+template <class Member>
 struct MemberOf;
-template <class Record, class Value, Value Record::*Member>
-struct MemberOf<Member> {
-    using RecordType = Record;
-    using ValueType = Value;
+template <class R, class V>
+struct MemberOf<V R::*> {
+    using Record = R;
+    using Value = V;
 };
 
-/// Takes a number's bytes from the machine's order to little-endian, or back.
-template <std::size_t Size>
-std::array<char, Size> littleEndian(std::array<char, Size> bytes) {
+template <class Value>
+std::array<char, sizeof(Value)> littleEndian(std::array<char, sizeof(Value)> bytes) {
     if constexpr (std::endian::native == std::endian::big) std::ranges::reverse(bytes);
     return bytes;
+}
+
+template <class Value>
+Value numberFrom(const char* bytes) {
+    std::array<char, sizeof(Value)> copy;
+    std::memcpy(copy.data(), bytes, copy.size());
+    return std::bit_cast<Value>(littleEndian<Value>(copy));
+}
+
+template <class Value>
+void writeNumber(char* bytes, Value value) {
+    const auto copy = littleEndian<Value>(std::bit_cast<std::array<char, sizeof(Value)>>(value));
+    std::memcpy(bytes, copy.data(), copy.size());
 }
 
 }  // namespace detail
@@ -53,31 +76,16 @@ std::array<char, Size> littleEndian(std::array<char, Size> bytes) {
 /// whole, so that zero bytes and anything else in it are carried along.
 template <auto Member>
 constexpr auto textField(std::size_t offset, std::size_t width) {
-    using Record = typename detail::MemberOf<Member>::RecordType;
-    static_assert(std::is_same_v<typename detail::MemberOf<Member>::ValueType, std::string>);
-    return RecordField<Record>{
-        offset, width,
-        [](Record& record, std::string_view bytes) { record.*Member = std::string(bytes); },
-        [](const Record& record, std::size_t bytes) { return fitted(record.*Member, bytes); }};
+    using Record = typename detail::MemberOf<decltype(Member)>::Record;
+    return RecordField<Record>{offset, width, Member};
 }
 
 /// A number stored as it is in memory, little-endian: 16-bit integer, double or Currency.
 template <auto Member>
 constexpr auto numberField(std::size_t offset) {
-    using Record = typename detail::MemberOf<Member>::RecordType;
-    using Value = typename detail::MemberOf<Member>::ValueType;
-    static_assert(std::is_trivially_copyable_v<Value>);
-    return RecordField<Record>{
-        offset, sizeof(Value),
-        [](Record& record, std::string_view bytes) {
-            std::array<char, sizeof(Value)> copy{};
-            bytes.copy(copy.data(), copy.size());
-            record.*Member = std::bit_cast<Value>(detail::littleEndian(copy));
-        },
-        [](const Record& record, std::size_t) {
-            const auto copy = std::bit_cast<std::array<char, sizeof(Value)>>(record.*Member);
-            return std::string(detail::littleEndian(copy).data(), sizeof(Value));
-        }};
+    using Record = typename detail::MemberOf<decltype(Member)>::Record;
+    using Value = typename detail::MemberOf<decltype(Member)>::Value;
+    return RecordField<Record>{offset, sizeof(Value), Member};
 }
 
 /// The record's length in bytes; 0 when the fields do not follow one another without gaps.
@@ -91,6 +99,20 @@ constexpr std::size_t recordSize(const std::array<RecordField<Record>, Count>& l
     return end;
 }
 
+/// Reads one field from a record's bytes, which must reach to its end.
+template <class Record>
+void decodeField(const RecordField<Record>& field, std::string_view bytes, Record& record) {
+    const auto read = [&](auto member) {
+        using Value = std::remove_cvref_t<decltype(record.*member)>;
+        if constexpr (std::is_same_v<Value, std::string>) {
+            record.*member = bytes.substr(field.offset, field.width);
+        } else {
+            record.*member = detail::numberFrom<Value>(bytes.data() + field.offset);
+        }
+    };
+    std::visit(read, field.member);
+}
+
 /// Reads a record; bytes missing at the end count as zero bytes.
 template <class Record, std::size_t Count>
 Record decodeRecord(const std::array<RecordField<Record>, Count>& layout, std::string_view bytes) {
@@ -98,7 +120,7 @@ Record decodeRecord(const std::array<RecordField<Record>, Count>& layout, std::s
     whole.resize(recordSize(layout), '\0');
     Record record{};
     for (const auto& field : layout)
-        field.read(record, std::string_view(whole).substr(field.offset, field.width));
+        decodeField(field, whole, record);
     return record;
 }
 
@@ -106,11 +128,111 @@ Record decodeRecord(const std::array<RecordField<Record>, Count>& layout, std::s
 template <class Record, std::size_t Count>
 std::string encodeRecord(const std::array<RecordField<Record>, Count>& layout,
                          const Record& record) {
-    std::string bytes;
-    bytes.reserve(recordSize(layout));
-    for (const auto& field : layout)
-        bytes += field.bytesOf(record, field.width);
+    std::string bytes(recordSize(layout), ' ');
+    for (const auto& field : layout) {
+        const auto write = [&](auto member) {
+            const auto& value = record.*member;
+            if constexpr (std::is_same_v<decltype(value), const std::string&>) {
+                value.copy(bytes.data() + field.offset, field.width);
+            } else {
+                detail::writeNumber(bytes.data() + field.offset, value);
+            }
+        };
+        std::visit(write, field.member);
+    }
     return bytes;
 }
+
+/// A record where it stands among the bytes of its file, which must outlive it.
+template <auto& Layout>
+class RecordView {
+  public:
+    static constexpr std::size_t kSize = recordSize(Layout);
+    static_assert(kSize > 0, "the fields of a record follow one another without gaps");
+
+    explicit RecordView(const char* bytes) : bytes_(bytes) {}
+
+    /// A number, or a text without the blanks and zero bytes at its ends.
+    template <auto Member>
+    auto get() const {
+        using Value = typename detail::MemberOf<decltype(Member)>::Value;
+        if constexpr (std::is_same_v<Value, std::string>) {
+            return withoutBlanks(field<Member>());
+        } else {
+            return detail::numberFrom<Value>(field<Member>().data());
+        }
+    }
+
+    /// The bytes of a field.
+    template <auto Member>
+    std::string_view field() const {
+        constexpr auto kField = fieldOf<Member>();
+        return {bytes_ + kField.offset, kField.width};
+    }
+
+    std::string_view bytes() const { return {bytes_, kSize}; }
+    auto record() const { return decodeRecord(Layout, bytes()); }
+
+    template <auto Member>
+    static consteval auto fieldOf() {
+        for (const auto& field : Layout) {
+            const auto* member = std::get_if<decltype(Member)>(&field.member);
+            if (member != nullptr && *member == Member) return field;
+        }
+        throw "the layout has no such field";
+    }
+
+    /// Puts a number or a text into a record's bytes.
+    template <auto Member, class Value>
+    static void set(char* bytes, const Value& value) {
+        constexpr auto kField = fieldOf<Member>();
+        if constexpr (std::is_convertible_v<Value, std::string_view>) {
+            std::fill_n(bytes + kField.offset, kField.width, ' ');
+            std::string_view(value).copy(bytes + kField.offset, kField.width);
+        } else {
+            detail::writeNumber(bytes + kField.offset, value);
+        }
+    }
+
+  private:
+    const char* bytes_;
+};
+
+/// The records of a file, as they were read. Views of them stay valid until they go or change.
+template <auto& Layout>
+class Records {
+  public:
+    using View = RecordView<Layout>;
+
+    /// Room for `most` records, and one more behind them.
+    explicit Records(std::size_t most = 0)
+        : bytes_(std::make_unique_for_overwrite<char[]>((most + 1) * View::kSize)) {
+        views_.reserve(most + 1);
+    }
+
+    std::size_t size() const { return views_.size(); }
+    bool empty() const { return views_.empty(); }
+    const View& operator[](std::size_t place) const { return views_[place]; }
+    const View& back() const { return views_.back(); }
+    auto begin() const { return views_.begin(); }
+    auto end() const { return views_.end(); }
+
+    /// Where the next record's bytes go, and those behind it as far as there is room.
+    char* room() { return bytes_.get() + size() * View::kSize; }
+    /// Adds the record whose bytes are in the room, at the front of it or farther behind.
+    void add(const char* record) {
+        if (record != room()) std::memmove(room(), record, View::kSize);
+        views_.emplace_back(room());
+    }
+    /// Puts a record in place of another, or once behind the last.
+    void put(std::size_t place, std::string_view record) {
+        record.copy(bytes_.get() + place * View::kSize, View::kSize);
+        if (place == size()) views_.emplace_back(room());
+    }
+
+  private:
+    std::unique_ptr<char[]> bytes_;
+    std::vector<View> views_;
+};
 
 }  // namespace bramblet

@@ -50,14 +50,14 @@ class Table {
 template <class Row>
 struct Column : ColumnLook {
     std::string (*text)(const Row& row, const RegionalFormats& formats) = nullptr;
-    Currency Row::*amount = nullptr;
+    Currency (*amount)(const Row& row) = nullptr;
     std::string (*amountText)(Currency amount, const RegionalFormats& formats) = nullptr;
     int decimals = 2;                        ///< of an amount, at the least
     double (*number)(const Row&) = nullptr;  ///< to sort by; null for a column sorted by its texts
     const char* exported = nullptr;          ///< its heading in exports; null when it is left out
 
     std::string textOf(const Row& row, const RegionalFormats& formats) const {
-        return amount != nullptr ? amountText(row.*amount, formats) : text(row, formats);
+        return amount != nullptr ? amountText(amount(row), formats) : text(row, formats);
     }
 };
 
@@ -82,7 +82,7 @@ class ListTable : public Table {
         std::int64_t most = 0;
         bool moreDecimals = false;
         for (const Row& row : rows_) {
-            const std::int64_t amount = (row.*wanted.amount).tenThousandths;
+            const std::int64_t amount = wanted.amount(row).tenThousandths;
             least = std::min(least, amount);
             most = std::max(most, amount);
             moreDecimals = moreDecimals || amount % lastShown != 0;

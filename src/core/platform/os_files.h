@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,8 +31,9 @@ class File {
     File& operator=(const File&) = delete;
 
     std::uint64_t length() const;
-    /// Reads up to `count` bytes at `offset`; fewer only at the end of the file.
-    std::string read(std::uint64_t offset, std::size_t count) const;
+    /// Reads what is at `offset` into `bytes`; returns how many they are, fewer only at the end of
+    /// the file.
+    std::size_t read(std::uint64_t offset, std::span<char> bytes) const;
     void write(std::uint64_t offset, std::string_view bytes);
     /// Hands what was written to the disk, where the file system supports that.
     void flush();
@@ -54,9 +56,14 @@ FileStatus status(const std::filesystem::path& path);
 /// Does nothing when the file system refuses to set times.
 void setModified(const std::filesystem::path& path, std::int64_t modified);
 void remove(const std::filesystem::path& path);
-/// Renames, and flushes the folder to the disk. A file with the new name is replaced; its access
-/// rights are kept as far as the file system allows.
+/// A file with the new name is replaced; its access rights are kept as far as the file system
+/// allows.
 void rename(const std::filesystem::path& from, const std::filesystem::path& to);
+/// Hands a folder to the disk: without this a power cut may undo a rename in it. A folder that
+/// cannot be flushed is left as it is.
+void flushFolder(const std::filesystem::path& folder);
+/// Hands everything written to the disk of `folder` to it; false where the system cannot do that.
+bool flushDisk(const std::filesystem::path& folder);
 void createFolder(const std::filesystem::path& path);
 enum class Kind { File, Folder, Other };
 /// Names (no path) of the plain files or the subfolders in a folder, in no particular order and

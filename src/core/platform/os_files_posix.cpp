@@ -106,12 +106,8 @@ Kind kindOf(const dirent& entry, const std::filesystem::path& folder) {
                                      : Kind::Other;
 }
 
-/// Without this a power cut may undo a rename. A folder that cannot be flushed is left as it is.
-void flushFolder(const std::filesystem::path& folder) {
-    const int handle = uninterrupted([&] { return ::open(folder.c_str(), O_RDONLY | O_CLOEXEC); });
-    if (handle == -1) return;
-    uninterrupted([&] { return ::fsync(handle); });
-    ::close(handle);
+int openFolder(const std::filesystem::path& folder) {
+    return uninterrupted([&] { return ::open(folder.c_str(), O_RDONLY | O_CLOEXEC); });
 }
 
 /// Gives a file the group and mode of another one, as far as that exists and we are allowed to.
@@ -138,20 +134,18 @@ std::uint64_t File::length() const {
     return static_cast<std::uint64_t>(information.st_size);
 }
 
-std::string File::read(std::uint64_t offset, std::size_t count) const {
-    std::string bytes(count, '\0');
+std::size_t File::read(std::uint64_t offset, std::span<char> bytes) const {
     std::size_t done = 0;
-    while (done < count) {
+    while (done < bytes.size()) {
         const auto got = uninterrupted([&] {
-            return ::pread(descriptor(handle_), bytes.data() + done, count - done,
+            return ::pread(descriptor(handle_), bytes.data() + done, bytes.size() - done,
                            static_cast<off_t>(offset + done));
         });
         if (got == -1) fail(path_);
         if (got == 0) break;
         done += static_cast<std::size_t>(got);
     }
-    bytes.resize(done);
-    return bytes;
+    return done;
 }
 
 void File::write(std::uint64_t offset, std::string_view bytes) {
@@ -202,7 +196,25 @@ void remove(const std::filesystem::path& path) {
 void rename(const std::filesystem::path& from, const std::filesystem::path& to) {
     takeOverRights(to, from);
     if (::rename(from.c_str(), to.c_str()) != 0) fail(to);
-    flushFolder(parentOf(to));
+}
+
+void flushFolder(const std::filesystem::path& folder) {
+    const int handle = openFolder(folder);
+    if (handle == -1) return;
+    uninterrupted([&] { return ::fsync(handle); });
+    ::close(handle);
+}
+
+bool flushDisk([[maybe_unused]] const std::filesystem::path& folder) {
+#ifdef __linux__
+    const int handle = openFolder(folder);
+    if (handle == -1) return false;
+    const int result = uninterrupted([&] { return ::syncfs(handle); });
+    ::close(handle);
+    return result == 0;
+#else
+    return false;
+#endif
 }
 
 void createFolder(const std::filesystem::path& path) {

@@ -170,13 +170,12 @@ std::uint64_t File::length() const {
     return static_cast<std::uint64_t>(length.QuadPart);
 }
 
-std::string File::read(std::uint64_t offset, std::size_t count) const {
-    std::string bytes(count, '\0');
+std::size_t File::read(std::uint64_t offset, std::span<char> bytes) const {
     std::size_t done = 0;
-    while (done < count) {
+    while (done < bytes.size()) {
         OVERLAPPED place = placeOf(offset + done);
         DWORD got = 0;
-        if (!::ReadFile(handleOf(handle_), bytes.data() + done, portion(count - done), &got,
+        if (!::ReadFile(handleOf(handle_), bytes.data() + done, portion(bytes.size() - done), &got,
                         &place)) {
             if (::GetLastError() == ERROR_HANDLE_EOF) break;
             fail(path_);
@@ -184,8 +183,7 @@ std::string File::read(std::uint64_t offset, std::size_t count) const {
         if (got == 0) break;
         done += got;
     }
-    bytes.resize(done);
-    return bytes;
+    return done;
 }
 
 void File::write(std::uint64_t offset, std::string_view bytes) {
@@ -248,6 +246,12 @@ void rename(const std::filesystem::path& from, const std::filesystem::path& to) 
     // when the new name is on the disk. A file has the rights of its folder, whoever creates it.
     constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     if (!::MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), kHow)) fail(to);
+}
+
+void flushFolder(const std::filesystem::path&) {}  // a rename has done that
+
+bool flushDisk(const std::filesystem::path&) {
+    return false;
 }
 
 void createFolder(const std::filesystem::path& path) {

@@ -5,10 +5,11 @@
 #include "core/platform/file_system.h"
 #include "core/platform/fixed_record.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <string>
-#include <vector>
 
 namespace bramblet {
 
@@ -19,11 +20,10 @@ enum class RecordCount { Whole, Rounded };
 inline constexpr int kMostRecords = std::numeric_limits<std::int16_t>::max();
 
 /// `Layout` is a record's table of fields (fixed_record.h).
-template <class Record, auto& Layout>
+template <auto& Layout>
 class RecordFile {
   public:
-    static constexpr std::size_t kSize = recordSize(Layout);
-    static_assert(kSize > 0, "the fields of a record follow one another without gaps");
+    static constexpr std::size_t kSize = RecordView<Layout>::kSize;
 
     /// Opens the file, creating it empty when it is missing. `most` is the largest count that the
     /// operation can handle; a larger one throws Fault(Overflow), and so does a file of more than
@@ -42,42 +42,72 @@ class RecordFile {
 
     int count() const { return count_; }
 
-    /// Record `number`; throws BadRecordNumber below 1 and PastEndOfFile after the last.
-    Record read(int number) const {
-        if (number < 1) throw FileError(FaultNumber::BadRecordNumber, path_);
-        const std::string bytes = file_.read(offsetOf(number), kSize);
+    /// The bytes of record `number`, fewer at the end of the file; throws BadRecordNumber below 1
+    /// and PastEndOfFile after the last.
+    std::string read(int number) const {
+        checkNumber(number);
+        std::string bytes = file_.read(offsetOf(number), kSize);
         if (bytes.empty()) throw FileError(FaultNumber::PastEndOfFile, path_);
-        return decodeRecord(Layout, bytes);
+        return bytes;
     }
 
-    /// All records, first to last, in one read of the file.
-    std::vector<Record> readAll() const {
-        const std::string bytes = file_.read(0, static_cast<std::size_t>(count_) * kSize);
-        std::vector<Record> records;
-        records.reserve(static_cast<std::size_t>(count_));
-        for (std::size_t offset = 0; offset < bytes.size(); offset += kSize) {
-            records.push_back(decodeRecord(Layout, std::string_view(bytes).substr(offset, kSize)));
+    /// The records that are to be kept, first to last. If the file has become shorter since it was
+    /// opened, of those that are still there; bytes missing at the end count as zero bytes.
+    ///
+    /// The file is read in blocks that stay in the processor's cache while they are looked at. Each
+    /// is read behind the records kept so far, and those kept of it move up to them.
+    template <class Keep>
+    Records<Layout> readThose(Keep keep) const {
+        constexpr std::size_t kBlock = 128 * 1024 / kSize * kSize;
+        const std::size_t length = static_cast<std::size_t>(count_) * kSize;
+        Records<Layout> kept(static_cast<std::size_t>(count_));
+        for (std::size_t offset = 0; offset < length; offset += kBlock) {
+            const std::span block(kept.room(), std::min(kBlock, length - offset));
+            const std::size_t got = file_.read(offset, block);
+            std::fill(block.begin() + static_cast<std::ptrdiff_t>(got), block.end(), '\0');
+            for (std::size_t place = 0; place < got; place += kSize) {
+                const char* const record = block.data() + place;
+                if (keep(RecordView<Layout>(record))) kept.add(record);
+            }
+            if (got < block.size()) break;
         }
-        return records;
+        return kept;
     }
 
-    /// Writes record `number`, which may be the one after the last, in one call. Throws
-    /// BadRecordNumber for any other: a damaged number must not stretch the file over the whole
-    /// disk.
-    void write(int number, const Record& record) {
-        const bool apart = number < 1 || number > count_ + 1;
-        if (apart) throw FileError(FaultNumber::BadRecordNumber, path_);
-        if (number > most_) throw Fault(FaultNumber::Overflow);
-        file_.write(offsetOf(number), encodeRecord(Layout, record));
-        if (number > count_) count_ = number;
+    Records<Layout> readAll() const {
+        return readThose([](const auto&) { return true; });
     }
 
-    void append(const Record& record) { write(count_ + 1, record); }
+    /// Shows each record to `look`.
+    template <class Look>
+    void forEach(Look look) const {
+        readThose([&](const RecordView<Layout>& record) {
+            look(record);
+            return false;
+        });
+    }
+
+    /// Writes the bytes of record `number` and those that follow it, the first of which may be the
+    /// one after the last, in one call. Throws BadRecordNumber for one farther on: a damaged number
+    /// must not stretch the file over the whole disk.
+    void write(int number, std::string_view records) {
+        checkNumber(number);
+        if (number > count_ + 1) throw FileError(FaultNumber::BadRecordNumber, path_);
+        const int last = number - 1 + static_cast<int>(records.size() / kSize);
+        if (last > most_) throw Fault(FaultNumber::Overflow);
+        file_.write(offsetOf(number), records);
+        if (last > count_) count_ = last;
+    }
+
+    void append(std::string_view record) { write(count_ + 1, record); }
 
     /// To be called when an operation has written everything.
     void flush() { file_.flush(); }
 
   private:
+    void checkNumber(int number) const {
+        if (number < 1) throw FileError(FaultNumber::BadRecordNumber, path_);
+    }
     static std::uint64_t offsetOf(int number) {
         return static_cast<std::uint64_t>(number - 1) * kSize;
     }

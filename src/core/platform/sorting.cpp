@@ -2,8 +2,10 @@
 
 #include "core/platform/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 namespace bramblet {
 namespace {
@@ -34,19 +36,31 @@ constexpr Spelling kSpellings[]{
     {0x0401, u"\u0415"},
 };
 
-void appendBase(std::u16string& key, char16_t letter) {
-    if (letter < kFirstAccented) return key.push_back(letter);
+void append(std::string& key, char16_t letter) {
+    const auto add = [&key](int byte) { key.push_back(static_cast<char>(byte)); };
+    if (letter < 0x80) return add(letter);
+    if (letter < 0x800) {
+        add(0xC0 | (letter >> 6));
+    } else {
+        add(0xE0 | (letter >> 12));
+        add(0x80 | ((letter >> 6) & 0x3F));
+    }
+    add(0x80 | (letter & 0x3F));
+}
+
+void appendBase(std::string& key, char16_t letter) {
+    if (letter < kFirstAccented) return append(key, letter);
     const std::size_t place = letter - kFirstAccented;
     if (place < kBaseLetters.size() && kBaseLetters[place] != '.') {
-        return key.push_back(static_cast<unsigned char>(kBaseLetters[place]));
+        return append(key, static_cast<unsigned char>(kBaseLetters[place]));
     }
     for (const Spelling& spelling : kSpellings) {
-        if (spelling.letter == letter) {
-            key += spelling.base;
-            return;
-        }
+        if (spelling.letter != letter) continue;
+        for (const char16_t base : spelling.base)
+            append(key, base);
+        return;
     }
-    key.push_back(letter);
+    append(key, letter);
 }
 
 }  // namespace
@@ -55,22 +69,31 @@ double leadingNumber(std::string_view text) {
     const auto start = text.find_first_not_of(' ');
     if (start == std::string_view::npos) return 0;
     text.remove_prefix(start);
+    const char* const end = text.data() + text.size();
+    std::uint32_t whole = 0;
+    const auto digits = std::from_chars(text.data(), end, whole);
+    if (digits.ec == std::errc{} && digits.ptr == end) return whole;
     double value = 0;
-    std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+    std::from_chars(text.data(), end, value, std::chars_format::fixed);
     return std::isfinite(value) ? value : 0;
 }
 
-std::u16string sortKey(std::string_view text) {
-    return sortKey(toUnicode(upper(text)));
+std::string sortKey(std::string text) {
+    makeUpper(text);
+    const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (std::all_of(text.begin(), text.end(), isPlain)) return text;
+    return sortKey(toUnicode(text));
 }
 
-std::u16string sortKey(std::u16string_view letters) {
-    std::u16string key;
+std::string sortKey(std::u16string_view letters) {
+    std::string key;
     key.reserve(2 * letters.size() + 1);
     for (const char16_t letter : letters)
         appendBase(key, letter);
-    key.push_back(u'\0');
-    return key.append(letters);
+    key.push_back('\0');
+    for (const char16_t letter : letters)
+        append(key, letter);
+    return key;
 }
 
 }  // namespace bramblet

@@ -2,14 +2,20 @@
 
 #include "core/platform/code_page.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace bramblet {
 
 std::string_view withoutEnds(std::string_view text, std::string_view dropped) {
-    const auto first = text.find_first_not_of(dropped);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(dropped) + 1 - first);
+    const auto isDropped = [dropped](char c) {
+        return std::any_of(dropped.begin(), dropped.end(), [c](char each) { return each == c; });
+    };
+    while (!text.empty() && isDropped(text.back()))
+        text.remove_suffix(1);
+    while (!text.empty() && isDropped(text.front()))
+        text.remove_prefix(1);
+    return text;
 }
 
 std::string trimmed(std::string_view text) {
@@ -17,8 +23,7 @@ std::string trimmed(std::string_view text) {
 }
 
 std::string trimmedField(std::string_view field) {
-    using namespace std::string_view_literals;
-    return std::string(withoutEnds(field, " \0"sv));
+    return std::string(withoutBlanks(field));
 }
 
 std::string withoutControls(std::string_view text) {
@@ -29,11 +34,15 @@ std::string withoutControls(std::string_view text) {
     return out;
 }
 
-std::string upper(std::string_view text) {
+void makeUpper(std::string& text) {
     const CodePage& page = systemCodePage();
-    std::string out(text);
-    for (char& c : out)
+    for (char& c : text)
         c = static_cast<char>(page.upper[static_cast<unsigned char>(c)]);
+}
+
+std::string upper(std::string_view text) {
+    std::string out(text);
+    makeUpper(out);
     return out;
 }
 

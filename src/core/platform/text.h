@@ -20,6 +20,17 @@ std::string trimmed(std::string_view text);
 
 /// The value of a record's text field, without blanks or zero bytes at either end, so that a field
 /// that was never assigned (all zero bytes) reads as empty.
+inline std::string_view withoutBlanks(std::string_view field) {
+    constexpr std::string_view kMany = "        ";  // most of a field is blanks at its end
+    while (field.ends_with(kMany))
+        field.remove_suffix(kMany.size());
+    const auto isBlank = [](char c) { return c == ' ' || c == '\0'; };
+    while (!field.empty() && isBlank(field.back()))
+        field.remove_suffix(1);
+    while (!field.empty() && isBlank(field.front()))
+        field.remove_prefix(1);
+    return field;
+}
 std::string trimmedField(std::string_view field);
 
 /// The text with a blank for every control character, as the boxes of the windows hold it.
@@ -27,6 +38,7 @@ std::string withoutControls(std::string_view text);
 
 /// Upper case by the letters of the code page (é becomes É).
 std::string upper(std::string_view text);
+void makeUpper(std::string& text);
 
 /// The text at exactly `width` bytes: cut when longer, padded with blanks when shorter.
 std::string fitted(std::string_view text, std::size_t width);

@@ -25,7 +25,7 @@ Settings withFieldsOf(std::string bytes, Settings settings) {
     if (bytes.size() < kDirectoryEnd && directoryHasEnded(bytes)) bytes.resize(kDirectoryEnd, ' ');
     for (const auto& field : kSettingsLayout) {
         if (field.offset + field.width > bytes.size()) break;
-        field.read(settings, std::string_view(bytes).substr(field.offset, field.width));
+        decodeField(field, bytes, settings);
     }
     return settings;
 }

@@ -5,35 +5,47 @@
 #include "core/platform/save_target.h"
 #include "core/platform/text.h"
 
-#include <set>
+#include <algorithm>
+#include <string>
 #include <unordered_map>
 
 namespace bramblet {
 namespace {
 
-using File = RecordFile<StockItemRecord, kStockItemLayout>;
+using File = RecordFile<kStockItemLayout>;
+using Item = StockItemRecord;
 constexpr std::size_t kSize = File::kSize;
 
 const FileChoice::Filter kFilter{"Stock Item Data", "*.sid"};
 
-/// What identifies an item: description and vendor, ignoring case.
-std::string keyOf(const StockItemRecord& record) {
-    return upper(trimmedField(record.Description)) + '\0' + upper(trimmedField(record.Vendor));
+/// Whether these are the bytes of an export file: every record has the status of an exported item,
+/// and the length is a whole number of records.
+bool isExport(const std::string& bytes) {
+    if (bytes.size() % kSize != 0) return false;
+    for (std::size_t offset = 0; offset < bytes.size(); offset += kSize) {
+        const StockRow record(bytes.data() + offset);
+        if (record.field<&Item::Status>() != kExportedItem) return false;
+    }
+    return true;
 }
 
-/// The records of an export file; nothing when the file is not one. In an export file every record
-/// has the status of an exported item, and the length is a whole number of records.
-std::optional<std::vector<StockItemRecord>> exportedRecords(const std::string& bytes) {
-    if (bytes.size() % kSize != 0) return std::nullopt;
-    std::vector<StockItemRecord> records;
-    records.reserve(bytes.size() / kSize);
-    for (std::size_t offset = 0; offset < bytes.size(); offset += kSize) {
-        records.push_back(
-            decodeRecord(kStockItemLayout, std::string_view(bytes).substr(offset, kSize)));
-        if (records.back().Status != kExportedItem) return std::nullopt;
+/// What identifies an item: description and vendor, ignoring case. One that is used again and again
+/// needs no new memory.
+class ItemKey {
+  public:
+    ItemKey& of(const StockRow& item) {
+        text_ = item.get<&Item::Description>();
+        text_ += '\0';
+        text_ += item.get<&Item::Vendor>();
+        makeUpper(text_);
+        return *this;
     }
-    return records;
-}
+    std::size_t hash() const { return std::hash<std::string>()(text_); }
+    bool operator==(const ItemKey& other) const = default;
+
+  private:
+    std::string text_;
+};
 
 /// A 16-bit count.
 class Count {
@@ -49,52 +61,60 @@ class Count {
 };
 
 /// An item whose number, which says where it is to be replaced, does not exist in the catalogue.
-class NumberOutOfRange : public Fault {
-  public:
-    explicit NumberOutOfRange(const StockItemRecord& item)
-        : Fault(FaultNumber::BadRecordNumber),
-          words_("the item \"" + trimmedField(item.Description) + "\" of \"" +
-                 trimmedField(item.Vendor) +
-                 "\" cannot be replaced, the catalogue has no record of its number") {}
-
-    std::string inWords() const override { return words_; }
-
-  private:
-    std::string words_;
-};
+Fault numberOutOfRange(const StockRow& item) {
+    return Fault(FaultNumber::BadRecordNumber,
+                 "the item \"" + std::string(item.get<&Item::Description>()) + "\" of \"" +
+                     std::string(item.get<&Item::Vendor>()) +
+                     "\" cannot be replaced, the catalogue has no record of its number");
+}
 
 /// The catalogue during an import. The first live item with a key is found at once, with the same
-/// result as a search from the first record to the last.
+/// result as a search from the first record to the last. Records are written in runs, each with one
+/// call.
 class Merge {
   public:
-    Merge(const FileSystem& files, const std::filesystem::path& path) : file_(files, path) {
-        records_ = file_.readAll();
+    /// `most` is the number of records that may come.
+    Merge(const FileSystem& files, const std::filesystem::path& path, std::size_t most)
+        : file_(files, path), old_(file_.readAll()) {
+        numbers_.reserve(old_.size() + most);
+        new_.reserve(most * kSize);
         for (int number = 1; number <= count(); ++number)
-            enter(number);
+            enter(number, key_.of(at(number)).hash());
     }
 
-    /// Replaces the item that the record matches, or adds it. `record` is consumed.
-    void take(StockItemRecord& record) {
-        const auto found = numbers_.find(keyOf(record));
-        if (found != numbers_.end() && !found->second.empty()) {
-            const StockItemRecord& old = at(*found->second.begin());
+    /// Replaces the item that the record matches, or adds it.
+    void take(const StockRow& item) {
+        const std::size_t hash = key_.of(item).hash();
+        record_ = item.bytes();
+        if (const int first = firstOf(hash); first != 0) {
+            const StockRow found = at(first);
             // The number comes from the tag; the two agree in every file that the program wrote.
-            const int number = recordNumberOf(old.Tag);
-            if (number < 1 || number > count()) throw NumberOutOfRange(old);
-            record.Tag = old.Tag;
-            record.Status = old.Status;
-            put(number, record);
+            const double tag = found.get<&Item::Tag>();
+            const int number = recordNumberOf(tag);
+            if (number < 1 || number > count()) throw numberOutOfRange(found);
+            StockRow::set<&Item::Tag>(record_.data(), tag);
+            StockRow::set<&Item::Status>(record_.data(), found.field<&Item::Status>());
+            replace(number, hash);
             replaced_.increase();
         } else {
-            record.Tag = count() + 1;
-            record.Status = kLiveItem;
-            records_.emplace_back();
-            put(count(), record);
+            StockRow::set<&Item::Tag>(record_.data(), count() + 1.0);
+            StockRow::set<&Item::Status>(record_.data(), kLiveItem);
+            new_ += record_;
+            enter(count(), hash);
+            write(count());
             added_.increase();
         }
     }
 
-    void finish() { file_.flush(); }
+    /// Writes what has been taken so far.
+    void writeRun() {
+        if (!run_.empty()) file_.write(runStart_, run_);
+        run_.clear();
+    }
+    void finish() {
+        writeRun();
+        file_.flush();
+    }
 
     std::string result() const {
         return "Added " + added_.text() + " new items.\r\nReplaced " + replaced_.text() +
@@ -102,25 +122,61 @@ class Merge {
     }
 
   private:
-    int count() const { return static_cast<int>(records_.size()); }
-    StockItemRecord& at(int number) { return records_[static_cast<std::size_t>(number) - 1]; }
-
-    void enter(int number) {
-        if (at(number).Status != kDeletedItem) numbers_[keyOf(at(number))].insert(number);
+    int count() const { return static_cast<int>(old_.size() + new_.size() / kSize); }
+    StockRow at(int number) const {
+        const std::size_t place = static_cast<std::size_t>(number) - 1;
+        if (place < old_.size()) return old_[place];
+        return StockRow(new_.data() + (place - old_.size()) * kSize);
     }
 
-    void put(int number, const StockItemRecord& record) {
-        file_.write(number, record);
-        const auto old = numbers_.find(keyOf(at(number)));
-        if (old != numbers_.end()) old->second.erase(number);
-        at(number) = record;
-        enter(number);
+    void enter(int number, std::size_t hash) {
+        if (at(number).field<&Item::Status>() != kDeletedItem) numbers_.emplace(hash, number);
+    }
+
+    /// The lowest number of a live item with `key_`; 0 when there is none.
+    int firstOf(std::size_t hash) {
+        int lowest = 0;
+        const auto [begin, end] = numbers_.equal_range(hash);
+        for (auto entry = begin; entry != end; ++entry) {
+            const int number = entry->second;
+            if ((lowest == 0 || number < lowest) && other_.of(at(number)) == key_) lowest = number;
+        }
+        return lowest;
+    }
+
+    /// Puts `record_` in place of another one.
+    void replace(int number, std::size_t hash) {
+        const auto [begin, end] = numbers_.equal_range(other_.of(at(number)).hash());
+        const auto isIt = [number](const auto& entry) { return entry.second == number; };
+        if (const auto entry = std::find_if(begin, end, isIt); entry != end) numbers_.erase(entry);
+        const std::size_t place = static_cast<std::size_t>(number) - 1;
+        if (place < old_.size()) {
+            old_.put(place, record_);
+        } else {
+            new_.replace((place - old_.size()) * kSize, kSize, record_);
+        }
+        enter(number, hash);
+        write(number);
+    }
+
+    void write(int number) {
+        constexpr std::size_t kLongestRun = 1 << 20;
+        const bool follows = number == runStart_ + static_cast<int>(run_.size() / kSize);
+        if (!follows || run_.size() > kLongestRun) writeRun();
+        if (run_.empty()) runStart_ = number;
+        run_ += record_;
     }
 
     File file_;
-    std::vector<StockItemRecord> records_;
-    /// The numbers of the live records with each key, lowest first.
-    std::unordered_map<std::string, std::set<int>> numbers_;
+    StockRecords old_;  ///< those that were there
+    std::string new_;   ///< the bytes of those that have come
+    /// The numbers of the live records, by the hash of their key.
+    std::unordered_multimap<std::size_t, int> numbers_;
+    std::string record_;  ///< the one being taken
+    ItemKey key_;         ///< its key
+    ItemKey other_;       ///< of one that it is compared with
+    std::string run_;     ///< the bytes that are still to be written, from record `runStart_` on
+    int runStart_ = 1;
     Count added_;
     Count replaced_;
 };
@@ -173,16 +229,17 @@ void StockExchange::exportTo(const std::filesystem::path& path) {
     }
     const FileSystem target = files_.withoutRetry();
     if (!mayReplace(target, path, commands_.prompts())) return;
-    const std::vector<StockItemRecord> records = list_.file().readAll();
+    const StockRecords records = list_.file().readAll();
     std::string content;
     int exported = 0;
     for (int row = 0; row < list_.rowCount(); ++row) {
-        const int number = recordNumberOf(list_.row(row).Tag);
+        const int number = recordNumberOf(list_.row(row).get<&Item::Tag>());
         if (number < 1 || static_cast<std::size_t>(number) > records.size()) continue;
-        StockItemRecord record = records[static_cast<std::size_t>(number) - 1];
-        if (record.Status == kDeletedItem) continue;  // deleted elsewhere since it was listed
-        record.Status = kExportedItem;
-        content += encodeRecord(kStockItemLayout, record);
+        std::string record(records[static_cast<std::size_t>(number) - 1].bytes());
+        // It may have been deleted elsewhere since it was listed.
+        if (StockRow(record.data()).field<&Item::Status>() == kDeletedItem) continue;
+        StockRow::set<&Item::Status>(record.data(), kExportedItem);
+        content += record;
         ++exported;
     }
     target.replace(path, content);
@@ -197,8 +254,8 @@ void StockExchange::importFrom(const std::filesystem::path& path) {
         commands_.say("The catalogue cannot be imported into itself");
         return;
     }
-    auto records = exportedRecords(files_.withoutRetry().read(path));
-    if (!records) {
+    const std::string bytes = files_.withoutRetry().read(path);
+    if (!isExport(bytes)) {
         commands_.tell(
             "This file does not contain valid Stock Item data. Data must be created by version 1.5 "
             "or later of Quenmoor \"Bramblet\" or \"Hollowmere\". Simply re-naming an earlier "
@@ -206,14 +263,18 @@ void StockExchange::importFrom(const std::filesystem::path& path) {
             "Import Failed", Icon::Stop);
         return;
     }
-    Merge merge(files_, list_.file().path());
-    {
-        const int total = static_cast<int>(records->size());
-        LongOperation operation(commands_.prompts(), "Importing stock items", total);
-        for (int i = 0; i < total; ++i) {
-            operation.reached(i);
-            merge.take((*records)[static_cast<std::size_t>(i)]);
+    const std::size_t count = bytes.size() / kSize;
+    Merge merge(files_, list_.file().path(), count);
+    try {
+        LongOperation operation(commands_.prompts(), "Importing stock items",
+                                static_cast<int>(count));
+        for (std::size_t i = 0; i < count; ++i) {
+            operation.reached(static_cast<int>(i));
+            merge.take(StockRow(bytes.data() + i * kSize));
         }
+    } catch (...) {
+        merge.writeRun();  // what came before the item that could not be taken
+        throw;
     }
     merge.finish();
     list_.PopStockList();

@@ -11,7 +11,16 @@
 namespace bramblet {
 namespace {
 
-using File = RecordFile<StockItemRecord, kStockItemLayout>;
+using File = RecordFile<kStockItemLayout>;
+
+/// Whether an item is not the vendor's; nothing is, if `vendor` is empty.
+bool isOfAnother(const StockRow& item, const std::string& vendor) {
+    if (vendor.empty()) return false;
+    const std::string_view field = item.field<&StockItemRecord::Vendor>();
+    const bool indented = withoutBlanks(field.substr(0, 1)).empty();
+    if (!indented && !field.starts_with(vendor)) return true;  // so for most, at a glance
+    return withoutBlanks(field) != vendor;
+}
 
 }  // namespace
 
@@ -23,16 +32,29 @@ int recordNumberOf(double tag) {
 StockFile::StockFile(FileSystem files, std::filesystem::path path, const RegionalFormats& formats)
     : files_(std::move(files)), path_(std::move(path)), formats_(formats) {}
 
-std::vector<StockItemRecord> StockFile::readAll() {
-    std::vector<StockItemRecord> records = File(files_, path_).readAll();
-    if (!records.empty()) buffer_ = records.back();
+StockRecords StockFile::readAll() {
+    StockRecords records = File(files_, path_).readAll();
+    if (!records.empty()) buffer_ = records.back().record();
+    return records;
+}
+
+StockRecords StockFile::readItems(const std::string& vendor) {
+    std::optional<StockItemRecord> last;
+    const File file(files_, path_);
+    int left = file.count();
+    StockRecords records = file.readThose([&](const StockRow& item) {
+        if (--left == 0) last = item.record();
+        return item.field<&StockItemRecord::Status>() != kDeletedItem &&
+               !isOfAnother(item, vendor);
+    });
+    if (last) buffer_ = *last;
     return records;
 }
 
 double StockFile::GetNextTag() {
     double highest = 0;
-    for (const auto& record : readAll())
-        highest = std::max(highest, record.Tag);
+    for (const StockRow record : readAll())
+        highest = std::max(highest, record.get<&StockItemRecord::Tag>());
     return highest + 1;
 }
 
@@ -41,22 +63,23 @@ void StockFile::SaveNewStockItem(const StockItemBoxes& boxes) {
     fill(boxes, cleanedNumber(boxes.StockUnitCostEd));
     buffer_.Tag = tag;
     File file(files_, path_);
-    file.append(buffer_);
+    file.append(encodeRecord(kStockItemLayout, buffer_));
     file.flush();
 }
 
 std::optional<StockItemRecord> StockFile::SaveChangedStockItem(double tag,
                                                                const StockItemBoxes& boxes) {
     File file(files_, path_);
-    const std::vector<StockItemRecord> records = file.readAll();
-    const auto match = std::find_if(records.begin(), records.end(),
-                                    [tag](const auto& record) { return record.Tag == tag; });
-    if (match == records.end()) return std::nullopt;
-    buffer_ = *match;
+    const StockRecords records = file.readAll();
+    std::size_t place = 0;
+    while (place < records.size() && records[place].get<&StockItemRecord::Tag>() != tag)
+        ++place;
+    if (place == records.size()) return std::nullopt;
+    buffer_ = records[place].record();
     fill(boxes, trimmed(boxes.StockUnitCostEd));
-    file.write(static_cast<int>(match - records.begin()) + 1, buffer_);
+    file.write(static_cast<int>(place) + 1, encodeRecord(kStockItemLayout, buffer_));
     file.flush();
-    return *match;
+    return records[place].record();
 }
 
 StockItemRecord StockFile::markDeleted(int recordNumber) {
@@ -83,10 +106,10 @@ void StockFile::fill(const StockItemBoxes& boxes, const std::string& unitCost) {
 template <class Change>
 StockItemRecord StockFile::rewrite(int recordNumber, Change change) {
     File file(files_, path_);
-    StockItemRecord before = file.read(recordNumber);
+    const StockItemRecord before = decodeRecord(kStockItemLayout, file.read(recordNumber));
     buffer_ = before;
     change(buffer_);
-    file.write(recordNumber, buffer_);
+    file.write(recordNumber, encodeRecord(kStockItemLayout, buffer_));
     file.flush();
     return before;
 }

@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace bramblet {
 
@@ -38,6 +37,9 @@ inline constexpr std::array kStockItemLayout{
 };
 static_assert(recordSize(kStockItemLayout) == 383);
 
+using StockRecords = Records<kStockItemLayout>;
+using StockRow = RecordView<kStockItemLayout>;
+
 inline constexpr const char* kLiveItem = "1";
 inline constexpr const char* kDeletedItem = "D";
 inline constexpr const char* kExportedItem = "i";
@@ -58,7 +60,9 @@ class StockFile {
 
     const std::filesystem::path& path() const { return path_; }
 
-    std::vector<StockItemRecord> readAll();
+    StockRecords readAll();
+    /// The live items of a vendor, or all live ones if `vendor` is empty.
+    StockRecords readItems(const std::string& vendor);
 
     /// The number for a new item: the highest in the file, deleted items included, plus one.
     double GetNextTag();

@@ -12,13 +12,13 @@ namespace bramblet {
 namespace {
 
 using Item = StockItemRecord;
-using ItemColumn = Column<Item>;
+using ItemColumn = Column<StockRow>;
 
 template <auto Field>
 constexpr ItemColumn text(ColumnLook look) {
     ItemColumn column{look};
-    column.text = [](const Item& item, const RegionalFormats&) {
-        return trimmedField(item.*Field);
+    column.text = [](const StockRow& row, const RegionalFormats&) {
+        return std::string(row.get<Field>());
     };
     return column;
 }
@@ -27,10 +27,10 @@ template <auto Field>
 constexpr ItemColumn amount(const char* heading, int characters, int decimals,
                             std::string (*amountText)(Currency, const RegionalFormats&)) {
     ItemColumn column{{heading, characters, false, Align::Right}};
-    column.amount = Field;
+    column.amount = [](const StockRow& row) { return row.get<Field>(); };
     column.amountText = amountText;
     column.decimals = decimals;
-    column.number = [](const Item& item) { return toDouble(item.*Field); };
+    column.number = [](const StockRow& row) { return toDouble(row.get<Field>()); };
     return column;
 }
 
@@ -45,8 +45,13 @@ std::string quantityText(Currency quantity, const RegionalFormats& formats) {
 /// Out of sight.
 constexpr ItemColumn fileNumber() {
     ItemColumn column{{"File Number", 0, false, Align::Right}};
-    column.text = [](const Item& item, const RegionalFormats&) { return tagText(item.Tag); };
-    column.number = [](const Item& item) { return std::isnan(item.Tag) ? 0 : item.Tag; };
+    column.text = [](const StockRow& row, const RegionalFormats&) {
+        return tagText(row.get<&Item::Tag>());
+    };
+    column.number = [](const StockRow& row) {
+        const double tag = row.get<&Item::Tag>();
+        return std::isnan(tag) ? 0 : tag;
+    };
     return column;
 }
 
@@ -68,15 +73,15 @@ const ItemColumn& facts(StockColumn column) {
 /// The distinct values met, in the order in which they were met.
 class Distinct {
   public:
-    explicit Distinct(std::vector<std::string>& values) : values_(values) { values_.clear(); }
+    explicit Distinct(std::vector<std::string>& values) : values_(values) {}
 
-    void add(const std::string& value) {
-        if (known_.insert(value).second) values_.push_back(value);
+    void add(std::string_view value) {
+        if (known_.insert(value).second) values_.emplace_back(value);
     }
 
   private:
     std::vector<std::string>& values_;
-    std::unordered_set<std::string> known_;
+    std::unordered_set<std::string_view> known_;
 };
 
 }  // namespace
@@ -97,24 +102,43 @@ void StockList::VendorItemsCheck_Click(bool checked) {
 void StockList::PopStockList() {
     // What is shown changes in one go: reading may have to wait, and the windows stay live
     // meanwhile. The items now listed stay when the catalogue cannot be read.
-    std::vector<StockItemRecord> records;
     if (commands_.folder().DataPathOK()) {
+        const std::string vendor =
+            VendorItemsCheck ? trimmed(open_.order().ToCombo) : std::string();
+        StockRecords items;
         read_ = commands_.attempt(
-            "The list of stock items was not read: ", [&] { records = file_.readAll(); },
+            "The list of stock items was not read: ", [&] { items = file_.readItems(vendor); },
             Loss::List);
-        if (read_) {
-            sortedBy_ = nullptr;
-        } else {
-            records = rows_;
-        }
+        if (read_) list(std::move(items));
     }
     shown_.clear();
     for (const ItemColumn& column : kColumns) {
         if (&column != &facts(StockColumn::OnHand) || isOn(settings_.UseQuantities))
             shown_.push_back(&column);
     }
-    list(records);
     commands_.changed(&Views::stockList);
+}
+
+void StockList::list(StockRecords items) {
+    records_ = std::move(items);
+    rows_.assign(records_.begin(), records_.end());
+    sortedBy_ = nullptr;
+    entries_.reset();
+}
+
+const StockList::Entries& StockList::entries() const {
+    if (!entries_) {
+        entries_.emplace();
+        Distinct categories(entries_->categories);
+        Distinct vendors(entries_->vendors);
+        Distinct units(entries_->units);
+        for (const StockRow item : records_) {
+            categories.add(item.get<&Item::Category>());
+            vendors.add(item.get<&Item::Vendor>());
+            units.add(item.get<&Item::Unit>());
+        }
+    }
+    return *entries_;
 }
 
 bool StockList::showsOnHand() const {
@@ -123,8 +147,9 @@ bool StockList::showsOnHand() const {
 
 int StockList::rowOf(const std::string& fileNumber) const {
     const double tag = leadingNumber(fileNumber);
-    const auto row = std::find_if(rows_.begin(), rows_.end(),
-                                  [tag](const auto& record) { return record.Tag == tag; });
+    const auto row = std::find_if(rows_.begin(), rows_.end(), [tag](const StockRow& item) {
+        return item.get<&Item::Tag>() == tag;
+    });
     return row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
 }
 
@@ -140,7 +165,7 @@ void StockList::sortBy(int column) {
 
 void StockList::StockGrid_Click(int row) {
     if (row < 0 || row >= rowCount()) return;
-    picked_ = this->row(row);
+    picked_ = this->row(row).record();
     boxes.StockCatCombo = text(row, StockColumn::Category);
     boxes.StockVendorCombo = text(row, StockColumn::Vendor);
     boxes.StockUnitCombo = text(row, StockColumn::Unit);
@@ -194,30 +219,13 @@ void StockList::ItemsPopOnHand_Click(int row) {
             const Currency quantity = amountOf(cleanedNumber(*answer), formats_);
             const StockItemRecord before = file_.setOnHand(pickedRecord(), quantity);
             tellIfNotPicked(before, "its quantity has been changed from " +
-                                        textIn(before, StockColumn::OnHand) +
+                                        quantityText(before.OnHand, formats_) +
                                         ", not that of the item shown");
         });
     });
 }
 
-void StockList::list(const std::vector<StockItemRecord>& records) {
-    const std::string vendor = VendorItemsCheck ? trimmed(open_.order().ToCombo) : std::string();
-    Distinct categories(entries_.categories);
-    Distinct vendors(entries_.vendors);
-    Distinct units(entries_.units);
-    rows_.clear();
-    for (const auto& record : records) {
-        if (record.Status == kDeletedItem) continue;
-        const std::string itemVendor = trimmedField(record.Vendor);
-        if (!vendor.empty() && itemVendor != vendor) continue;
-        categories.add(trimmedField(record.Category));
-        vendors.add(itemVendor);
-        units.add(trimmedField(record.Unit));
-        rows_.push_back(record);
-    }
-}
-
-std::string StockList::textIn(const StockItemRecord& record, StockColumn column) const {
+std::string StockList::textIn(const StockRow& record, StockColumn column) const {
     return facts(column).textOf(record, formats_);
 }
 

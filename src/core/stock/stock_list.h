@@ -8,6 +8,7 @@
 #include "core/settings/settings.h"
 #include "core/stock/stock_file.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,7 @@ namespace bramblet {
 /// file number is the sixth or the seventh column.
 enum class StockColumn { Category, Vendor, Unit, Description, UnitCost, OnHand, FileNumber };
 
-class StockList : public ListTable<StockItemRecord> {
+class StockList : public ListTable<StockRow> {
   public:
     StockList(FileSystem files, Commands& commands, const Settings& settings, const OpenOrder& open,
               const RegionalFormats& formats);
@@ -26,8 +27,7 @@ class StockList : public ListTable<StockItemRecord> {
     bool VendorItemsCheck = false;
     void VendorItemsCheck_Click(bool checked);
 
-    /// Rereads the catalogue, in file order, and collects the entries of the editor's lists. If it
-    /// cannot be read, the previous list stays.
+    /// Rereads the catalogue, in file order. If it cannot be read, the previous list stays.
     void PopStockList();
 
     /// The text of a column, shown or not.
@@ -50,7 +50,8 @@ class StockList : public ListTable<StockItemRecord> {
     struct Entries {
         std::vector<std::string> categories, vendors, units;
     };
-    const Entries& entries() const { return entries_; }
+    /// Collected from the list when they are asked for.
+    const Entries& entries() const;
     const std::string& FileOrderTag() const { return fileOrderTag_; }
 
     void SaveNewStockItem_Click();
@@ -63,8 +64,8 @@ class StockList : public ListTable<StockItemRecord> {
     StockFile& file() { return file_; }
 
   private:
-    void list(const std::vector<StockItemRecord>& records);
-    std::string textIn(const StockItemRecord& record, StockColumn column) const;
+    void list(StockRecords items);
+    std::string textIn(const StockRow& record, StockColumn column) const;
     int pickedRecord() const;
     std::string pickedInWords() const;
     /// If `record`, found at the number of the picked item, is not that item, says which item it is
@@ -77,8 +78,9 @@ class StockList : public ListTable<StockItemRecord> {
     const Settings& settings_;
     const OpenOrder& open_;
     StockFile file_;
-    bool read_ = false;  ///< whether the rows come from the last reading
-    Entries entries_;
+    StockRecords records_;
+    bool read_ = false;  ///< whether the records come from the last reading
+    mutable std::optional<Entries> entries_;
     std::string fileOrderTag_ = "0";
     StockItemRecord picked_;  ///< as the list held it when it was picked, or as saved since then
 };
