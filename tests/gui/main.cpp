@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
 #endif
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
-    bramblet::applyTheme(application, bramblet::Theme::Light);
+    bramblet::applyTheme(bramblet::Theme::Light);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

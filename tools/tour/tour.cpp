@@ -148,7 +148,7 @@ int main(int argc, char** argv) {
     parser.addOption({"docs", "Make the documentation's pictures too.", "DOCS"});
     parser.process(application);
     if (parser.positionalArguments().size() != 1) parser.showHelp(2);
-    applyTheme(application, parser.isSet("dark") ? Theme::Dark : Theme::Light);
+    applyTheme(parser.isSet("dark") ? Theme::Dark : Theme::Light);
     const auto absolute = [](const QString& path) {
         return path.isEmpty() ? path : QDir(path).absolutePath();
     };

@@ -13,6 +13,7 @@
 #include <QIcon>
 #include <QMessageBox>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include <cstdlib>
 
@@ -44,11 +45,12 @@ int main(int argc, char** argv) {
     using namespace bramblet;
     Application application(argc, argv);
     QApplication::setApplicationName(u"Bramblet"_s);
-    applyTheme(application, systemTheme());
+    applyTheme(systemTheme());
 #ifndef _WIN32
     // Windows takes the icon from the executable; elsewhere it is installed alongside the program.
     QApplication::setDesktopFileName(u"bramblet"_s);
-    QApplication::setWindowIcon(QIcon::fromTheme(u"bramblet"_s));
+    // Searching the themes for it takes a while: the first window need not wait.
+    QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon::fromTheme(u"bramblet"_s)); });
 #endif
 
     Waiting waiting;

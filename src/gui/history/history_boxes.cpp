@@ -12,7 +12,10 @@ HistoryBox* HistoryBoxes::make(OrderField field, const QString& accessibleName,
         std::find_if(kHistories.begin(), kHistories.end(),
                      [&](const HistoryFacts& history) { return history.field == field; });
     auto* box = new HistoryBox(facts->box, accessibleName, tip);
+    const std::size_t place = lists_.size();
     lists_.push_back({box, field, nullptr});
+    for (const auto needed : {&HistoryBox::focused, &HistoryBox::opening})
+        QObject::connect(box, needed, box, [this, place] { fillList(place); });
     texts_.bind(
         box, [this, field] { return open_.order().*field; },
         [this, field](const std::string& text) { histories_.Change(field, text); });
@@ -40,12 +43,17 @@ void HistoryBoxes::connectTo(HistoryBox* box, Place place) {
 }
 
 void HistoryBoxes::refresh() {
-    for (Listed& list : lists_) {
-        if (list.entries == histories_.entries(list.field)) continue;
-        list.entries = histories_.entries(list.field);
-        list.box->setEntries(*list.entries);
+    for (std::size_t place = 0; place < lists_.size(); ++place) {
+        if (lists_[place].entries) fillList(place);
     }
     texts_.refresh();
+}
+
+void HistoryBoxes::fillList(std::size_t place) {
+    Listed& list = lists_[place];
+    if (list.entries == histories_.entries(list.field)) return;
+    list.entries = histories_.entries(list.field);
+    list.box->setEntries(*list.entries);
 }
 
 }  // namespace bramblet

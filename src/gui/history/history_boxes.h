@@ -24,6 +24,7 @@ class HistoryBoxes {
     void refresh();
 
   private:
+    void fillList(std::size_t place);
     template <class Place>
     void connectTo(HistoryBox* box, Place place);
 
@@ -33,7 +34,7 @@ class HistoryBoxes {
     struct Listed {
         HistoryBox* box;
         OrderField field;
-        FieldHistory::Entries entries;
+        FieldHistory::Entries entries;  ///< null until the list is needed for the first time
     };
     std::vector<Listed> lists_;
 };

@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QPainter>
 #include <QRadioButton>
 
 namespace bramblet {
@@ -33,9 +34,12 @@ const std::array<TermsBox, 5> kTerms{{
 
 OrderPanel::OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistories& histories,
                        const OpenOrder& open, int firstDayOfWeek, QWidget* parent)
-    : QFrame(parent), editor_(editor), open_(open), historyBoxes_(histories, open) {
+    : QWidget(parent),
+      editor_(editor),
+      open_(open),
+      historyBoxes_(histories, open),
+      firstDayOfWeek_(firstDayOfWeek) {
     setObjectName(u"band"_s);
-    calendar_ = new CalendarPopup(firstDayOfWeek, this);
     vendor_ = new AddressPanel(AddressSide::Vendor, addresses, open);
     shipTo_ = new AddressPanel(AddressSide::Destination, addresses, open);
     historyBoxes_.bind(vendor_->nameBox(), AddressSide::Vendor);
@@ -116,6 +120,7 @@ QLayout* OrderPanel::makeDate(const QString& caption, const char* name, const QS
     dates_.push_back({box, field, tip});
     connect(box, &QLineEdit::editingFinished, this, &OrderPanel::markDates);
     const auto pick = [this, box, field] {
+        if (calendar_ == nullptr) calendar_ = new CalendarPopup(firstDayOfWeek_, this);
         calendar_->openUnder(box, editor_.calendarStart(field), [this, field](DayCount day) {
             editor_.MonthView1_DateClick(field, day);
         });
@@ -154,12 +159,21 @@ QLayout* OrderPanel::makeTerms() {
     return grid;
 }
 
+/// A band with round corners.
+void OrderPanel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.setBrush(palette().alternateBase());
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
+}
+
 bool OrderPanel::eventFilter(QObject* watched, QEvent* event) {
     if (watched == numberLabel_ && event->type() == QEvent::MouseButtonDblClick) {
         Label11_DblClick();
         return true;
     }
-    return QFrame::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
 }  // namespace bramblet

@@ -6,7 +6,7 @@
 #include "gui/history/history_boxes.h"
 #include "gui/platform/boxes.h"
 
-#include <QFrame>
+#include <QWidget>
 
 class QRadioButton;
 
@@ -15,7 +15,7 @@ namespace bramblet {
 class AddressPanel;
 class CalendarPopup;
 
-class OrderPanel : public QFrame {
+class OrderPanel : public QWidget {
   public:
     OrderPanel(OrderEditor& editor, AddressBook& addresses, FieldHistories& histories,
                const OpenOrder& open, int firstDayOfWeek, QWidget* parent = nullptr);
@@ -34,12 +34,14 @@ class OrderPanel : public QFrame {
     QLayout* makeTerms();
     void Label11_DblClick() { editor_.unlockNumber(); }
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
     OrderEditor& editor_;
     const OpenOrder& open_;
     BoundBoxes boxes_;
     HistoryBoxes historyBoxes_;
-    CalendarPopup* calendar_;
+    int firstDayOfWeek_;
+    CalendarPopup* calendar_ = nullptr;  ///< made when it is first opened
     QLabel* numberLabel_;
     QLineEdit* number_;
     QRadioButton* purchaseOrder_;

@@ -60,6 +60,7 @@ class RoomyStyle : public QProxyStyle {
                     const QWidget* widget) const override {
         if (metric == PM_FocusFrameHMargin) return 4;
         if (metric == PM_HeaderMargin) return 5;
+        if (metric == PM_ToolTipLabelFrameWidth) return 3;
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
 
@@ -80,9 +81,16 @@ class RoomyStyle : public QProxyStyle {
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
 
-    /// Fusion's outlines are darker than the window, which hides unchecked boxes on a dark one.
+    /// Tips have a quiet border. Fusion's outlines are darker than the window, which hides
+    /// unchecked boxes on a dark one.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
+        if (element == PE_PanelTipLabel) {
+            painter->setPen(option->palette.color(QPalette::Mid));
+            painter->setBrush(option->palette.toolTipBase());
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            return;
+        }
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         const bool round = element == PE_IndicatorRadioButton;
         if (!round && element != PE_IndicatorCheckBox) return;
@@ -105,13 +113,10 @@ class RoomyStyle : public QProxyStyle {
 
 }  // namespace
 
-void applyTheme(QApplication& application, Theme theme) {
+// No style sheet: each widget would be looked up in it when it is made.
+void applyTheme(Theme theme) {
     QApplication::setStyle(new RoomyStyle);
     QApplication::setPalette(paletteOf(theme));
-    application.setStyleSheet(
-        u"QToolTip { padding: 3px; border: 1px solid palette(mid); }"
-        "QFrame#band { border: 1px solid palette(mid); border-radius: 5px;"
-        "              background: palette(alternate-base); }"_s);
 }
 
 QColor blend(const QColor& from, const QColor& to, double share) {

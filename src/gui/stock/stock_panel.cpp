@@ -82,6 +82,8 @@ HistoryBox* StockPanel::comboBox(const char* name, const QString& tip, int limit
     auto* combo = new HistoryBox(name, tip, tip);
     combo->lineEdit()->setMaxLength(limit);
     boxes_.bind(combo, stock_.boxes, box);
+    for (const auto needed : {&HistoryBox::focused, &HistoryBox::opening})
+        connect(combo, needed, this, [this, combo] { fillList(combo); });
     return combo;
 }
 
@@ -111,12 +113,20 @@ QLayout* StockPanel::makeButtons() {
 void StockPanel::refreshList() {
     grid_->refresh();
     onHand_->setVisible(stock_.showsOnHand());
-    category_->setEntries(stock_.entries().categories);
-    vendor_->setEntries(stock_.entries().vendors);
-    unit_->setEntries(stock_.entries().units);
+    for (HistoryBox* combo : {category_, vendor_, unit_}) {
+        if (combo->hasFocus()) fillList(combo);
+    }
     const int row = stock_.rowOf(stock_.FileOrderTag());
     if (row >= 0) grid_->showRow(row);
     refreshEditor();
+}
+
+/// The entries are collected from the whole list, so only when they are needed.
+void StockPanel::fillList(HistoryBox* combo) {
+    const StockList::Entries& entries = stock_.entries();
+    combo->setEntries(combo == category_ ? entries.categories
+                      : combo == vendor_ ? entries.vendors
+                                         : entries.units);
 }
 
 void StockPanel::refreshEditor() {

@@ -32,6 +32,7 @@ class StockPanel : public QWidget {
     HistoryBox* comboBox(const char* name, const QString& tip, int limit,
                          std::string StockItemBoxes::*box);
     QLayout* makeButtons();
+    void fillList(HistoryBox* combo);
 
     StockList& stock_;
     LineItems& lines_;
