@@ -1,216 +1,209 @@
-// How long the core takes with the largest files that its formats allow.
-//
-//     cmake --preset release -DBRAMBLET_BENCH=ON && cmake --build --preset release
-//     build/release/bench/core_bench
+// What the user waits for, without the windows: each command as the program runs it, in data
+// folders of three sizes. The yardsticks are in the two other files of this program. scripts/bench
+// runs all of it; the names here are the ones that bench/report.py looks for.
 
-#include "core/app/program.h"
-#include "core/document/document_reader.h"
-#include "core/document/document_writer.h"
-#include "core/document/totals.h"
-#include "core/platform/record_file.h"
-#include "support/recording_desktop.h"
-#include "support/temporary_folder.h"
+#include "office.h"
 
 #include <benchmark/benchmark.h>
+#include <chrono>
+#include <fstream>
 
-namespace bramblet {
+namespace bramblet::bench {
 namespace {
 
-using test::TemporaryFolder;
-using test::writeFile;
+/// The rows that a large screen shows of a list.
+constexpr int kScreenful = 40;
 
-/// Says yes to everything and chooses one file.
-class Agreeable : public Prompts {
-  public:
-    std::filesystem::path file;
-    Answer ask(const Message& message) override {
-        return message.buttons == Buttons::OkCancel || message.buttons == Buttons::Ok ? Answer::Ok
-                                                                                      : Answer::Yes;
-    }
-    std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice&) override {
-        return file;
-    }
-};
-
-/// A data folder with full files, and the program on it.
-class FullOffice {
-  public:
-    FullOffice() {
-        path_ = Program::homeFolderIn(documents_.path()) / "po_data";
-        FileSystem().createFolders(path_);
-        writeFile(path_ / "po_data.dat", orders());
-        writeFile(path_ / "po_stock.dat", items(kLiveItem, 1));
-        program_ = std::make_unique<Program>(
-            Environment{desktop_, documents_.path(), {}, {[] { return 46085; }, [] {}}, nullptr},
-            prompts_);
-        program_->start();
-    }
-
-    static std::string orders() {
-        std::string bytes;
-        for (int i = 1; i <= kMostRecords; ++i) {
-            OrderIndexRecord record;
-            record.Status = i % 7 == 0 ? "R" : "A";
-            std::string number = std::to_string(i);
-            record.Number = std::string(6 - number.size(), '0') + number;
-            record.Job = "J-" + std::to_string(i % 500);
-            record.OrderDate = 40000 + i / 10;
-            record.Vendor = "Vendor number " + std::to_string(i * 7919 % 300);
-            record.ShipTo = "Destination " + std::to_string(i % 20);
-            record.OrderTotal = record.SubTotal = Currency{i * 12345};
-            bytes += encodeRecord(kOrderIndexLayout, record);
-        }
-        return bytes;
-    }
-
-    static std::string items(const char* status, int first) {
-        std::string bytes;
-        for (int i = first; i < first + kMostRecords; ++i) {
-            StockItemRecord record = decodeRecord(kStockItemLayout, "");
-            record.Status = status;
-            record.Category = "Category " + std::to_string(i % 40);
-            record.Tag = i;
-            record.Description = "Item " + std::to_string(i * 7919 % 1000003) + " of the catalogue";
-            record.Unit = "ea";
-            record.Vendor = "Vendor number " + std::to_string(i % 300);
-            record.UnitCost = Currency{i * 125};
-            bytes += encodeRecord(kStockItemLayout, record);
-        }
-        return bytes;
-    }
-
-    Program& program() { return *program_; }
-    Agreeable& prompts() { return prompts_; }
-    std::filesystem::path file(const std::string& name) const { return path_ / name; }
-
-  private:
-    TemporaryFolder documents_;
-    Agreeable prompts_;
-    test::RecordingDesktop desktop_;
-    std::filesystem::path path_;
-    std::unique_ptr<Program> program_;
-};
-
-void listOrders(benchmark::State& state) {
-    FullOffice office;
-    for (auto _ : state)
-        office.program().savedOrders.PopPOGrid();
+int countOf(const benchmark::State& state) {
+    return static_cast<int>(state.range(0));
 }
-BENCHMARK(listOrders)->Unit(benchmark::kMillisecond);
 
-void sortOrdersByVendor(benchmark::State& state) {
-    FullOffice office;
-    for (auto _ : state)
-        office.program().savedOrders.sortBy(kVendorColumn);
+void atAllSizes(benchmark::internal::Benchmark* benchmark) {
+    for (const int size : kSizes)
+        benchmark->Arg(size);
+    benchmark->Unit(benchmark::kMillisecond);
 }
-BENCHMARK(sortOrdersByVendor)->Unit(benchmark::kMillisecond);
 
-void sortOrdersByTotal(benchmark::State& state) {
-    FullOffice office;
-    for (auto _ : state)
-        office.program().savedOrders.sortBy(kOrderTotalColumn);
+/// Makes the texts of the first rows of a list.
+void makeCells(const Table& list, int rows) {
+    for (int row = 0; row < std::min(rows, list.rowCount()); ++row) {
+        for (int column = 0; column < list.columnCount(); ++column)
+            benchmark::DoNotOptimize(list.cell(row, column));
+    }
 }
-BENCHMARK(sortOrdersByTotal)->Unit(benchmark::kMillisecond);
+
+/// Everything is only worth measuring as long as it is right.
+bool holds(benchmark::State& state, bool right) {
+    if (!right) state.SkipWithError("The result is wrong");
+    return right;
+}
+
+void listOrders(benchmark::State& state, bool allCells) {
+    const int count = countOf(state);
+    SavedOrders& orders = Office::withLists(count).program().savedOrders;
+    for (auto _ : state) {
+        orders.PopPOGrid();
+        makeCells(orders, allCells ? count : kScreenful);
+    }
+    holds(state, orders.rowCount() == count && orders.number(0) == orderRow(count).number);
+}
+BENCHMARK_CAPTURE(listOrders, screenful, false)->Name("list_orders/bramblet")->Apply(atAllSizes);
+BENCHMARK_CAPTURE(listOrders, all, true)->Name("list_orders_all/bramblet")->Apply(atAllSizes);
 
 void nextNumber(benchmark::State& state) {
-    FullOffice office;
+    const OrderIndex& index = Office::withLists(countOf(state)).program().index;
+    double number = 0;
     for (auto _ : state)
-        benchmark::DoNotOptimize(office.program().index.NextPONumber());
+        benchmark::DoNotOptimize(number = index.NextPONumber());
+    holds(state, number == countOf(state) + 1);
 }
-BENCHMARK(nextNumber)->Unit(benchmark::kMillisecond);
+BENCHMARK(nextNumber)->Name("next_number/bramblet")->Apply(atAllSizes);
 
-void saveAnOrder(benchmark::State& state) {
-    FullOffice office;
-    office.program().open.set(&Order::PONoEd, "020000");
+/// How many bytes the process has read from files so far; nothing where the system does not tell.
+std::optional<double> bytesRead() {
+    std::ifstream counts("/proc/self/io");
+    std::string name;
+    double bytes = 0;
+    if (!(counts >> name >> bytes)) return std::nullopt;
+    return bytes;
+}
+
+void saveIn(Office& office, benchmark::State& state) {
+    office.save(kLongOrder, 200);
+    const auto before = bytesRead();
     for (auto _ : state)
         office.program().editor.SaveChanges_Click();
+    const auto after = bytesRead();
+    if (!before || !after) return;
+    // Everything else that is read here is small.
+    const auto length = static_cast<double>(std::filesystem::file_size(office.file("po_data.dat")));
+    state.counters["index_reads"] =
+        (*after - *before) / length / static_cast<double>(state.iterations());
 }
-BENCHMARK(saveAnOrder)->Unit(benchmark::kMillisecond);
 
-void listStock(benchmark::State& state) {
-    FullOffice office;
-    for (auto _ : state)
-        office.program().stock.PopStockList();
+void saveOrder(benchmark::State& state) {
+    saveIn(Office::withLists(countOf(state)), state);
 }
-BENCHMARK(listStock)->Unit(benchmark::kMillisecond);
+BENCHMARK(saveOrder)->Name("save_order/bramblet")->Apply(atAllSizes);
 
-void listOneVendorsStock(benchmark::State& state) {
-    FullOffice office;
-    office.program().open.set(&Order::ToCombo, "Vendor number 7");
-    office.program().stock.VendorItemsCheck = true;
-    for (auto _ : state)
-        office.program().stock.PopStockList();
+void saveOrderWithHistories(benchmark::State& state) {
+    static Office office({kFull, kFull, 5000, 10000});
+    saveIn(office, state);
 }
-BENCHMARK(listOneVendorsStock)->Unit(benchmark::kMillisecond);
+BENCHMARK(saveOrderWithHistories)
+    ->Name("save_order_full/bramblet")
+    ->Arg(kFull)
+    ->Unit(benchmark::kMillisecond);
 
-void sortStockByDescription(benchmark::State& state) {
-    FullOffice office;
-    for (auto _ : state)
-        office.program().stock.sortBy(static_cast<int>(StockColumn::Description));
+void listItems(benchmark::State& state, bool allCells) {
+    const int count = countOf(state);
+    StockList& stock = Office::withLists(count).program().stock;
+    stock.VendorItemsCheck = false;
+    for (auto _ : state) {
+        stock.PopStockList();
+        makeCells(stock, allCells ? count : kScreenful);
+    }
+    holds(state, stock.rowCount() == count);
 }
-BENCHMARK(sortStockByDescription)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(listItems, screenful, false)->Name("list_items/bramblet")->Apply(atAllSizes);
+BENCHMARK_CAPTURE(listItems, all, true)->Name("list_items_all/bramblet")->Apply(atAllSizes);
 
-void pickAnItem(benchmark::State& state) {
-    FullOffice office;
-    for (auto _ : state)
-        office.program().lines.StockGrid_DblClick(office.program().stock, 20000);
+void listVendorsItems(benchmark::State& state) {
+    const int count = countOf(state);
+    Program& program = Office::withLists(count).program();
+    program.open.set(&Order::ToCombo, vendorName(1));
+    program.stock.VendorItemsCheck = true;
+    for (auto _ : state) {
+        program.stock.PopStockList();
+        makeCells(program.stock, kScreenful);
+    }
+    const int rows = program.stock.rowCount();
+    holds(state, rows > 0 && rows < count / 100);
 }
-BENCHMARK(pickAnItem)->Unit(benchmark::kMicrosecond)->Iterations(1000);
+BENCHMARK(listVendorsItems)->Name("list_vendor/bramblet")->Apply(atAllSizes);
 
-/// 32,767 items into 32,767: all of them known, or all of them new.
-void importStock(benchmark::State& state) {
-    const bool known = state.range(0) == 0;
+/// The list is newest first before each sorting.
+void sortOrders(benchmark::State& state) {
+    SavedOrders& orders = Office::withLists(countOf(state)).program().savedOrders;
     for (auto _ : state) {
         state.PauseTiming();
-        auto office = std::make_unique<FullOffice>();
-        office->prompts().file = office->file("items.sid");
-        writeFile(office->prompts().file,
-                  FullOffice::items(kExportedItem, known ? 1 : 1 + kMostRecords));
+        orders.PopPOGrid();
         state.ResumeTiming();
-        office->program().stockExchange.mu_ImportStockItems_Click();
+        orders.sortBy(kVendorColumn);
+    }
+    const int last = orders.rowCount() - 1;
+    holds(state, orders.cell(0, kVendorColumn) < orders.cell(last, kVendorColumn));
+}
+BENCHMARK(sortOrders)->Name("sort_orders/bramblet")->Apply(atAllSizes);
+
+void importItems(benchmark::State& state, bool known) {
+    const int count = countOf(state);
+    Office office({0, count, 0, 0});
+    office.prompts.file = office.file("items.sid");
+    writeFlushed(office.prompts.file, itemFile(count, known ? 1 : count + 1, 'i'));
+    const std::string catalogue = itemFile(count);
+    for (auto _ : state) {
         state.PauseTiming();
-        office.reset();
+        writeFlushed(office.file("po_stock.dat"), catalogue);
         state.ResumeTiming();
+        office.program().stockExchange.mu_ImportStockItems_Click();
     }
+    holds(state, office.program().stock.rowCount() == (known ? count : 2 * count));
 }
-BENCHMARK(importStock)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK_CAPTURE(importItems, known, true)->Name("import_known/bramblet")->Apply(atAllSizes);
+BENCHMARK_CAPTURE(importItems, new, false)->Name("import_new/bramblet")->Apply(atAllSizes);
 
-Order longOrder() {
-    Order order;
-    for (int i = 0; i < 200; ++i) {
-        order.lines.push_back({"2", "", "", "ea",
-                               "A line of the order, number " + std::to_string(i), "12.50", "25.00",
-                               "special"});
-    }
-    return order;
-}
-
-void totalUp200Lines(benchmark::State& state) {
-    Order order = longOrder();
+void openIn(Office& office, benchmark::State& state) {
+    Program& program = office.program();
     for (auto _ : state)
-        TotalUp(order, false, {});
+        program.editor.POGrid_Click(kLongOrder);
+    const Order& order = program.open.order();
+    holds(state, order.lines.size() == 200 && order.SubTotalEd == "5,000.00");
 }
-BENCHMARK(totalUp200Lines)->Unit(benchmark::kMicrosecond);
 
-void writeDocumentOf200Lines(benchmark::State& state) {
-    const Order order = longOrder();
-    const Settings settings = defaultSettings("/");
+void openOrder(benchmark::State& state) {
+    openIn(officeOfLongOrder(), state);
+}
+BENCHMARK(openOrder)->Name("open_order/bramblet")->Arg(1)->Unit(benchmark::kMillisecond);
+
+void openOrderWithLists(benchmark::State& state) {
+    static Office office({kFull, kFull, 5000, 10000});
+    office.save(kLongOrder, 200);
+    openIn(office, state);
+}
+BENCHMARK(openOrderWithLists)
+    ->Name("open_order_full/bramblet")
+    ->Arg(kFull)
+    ->Unit(benchmark::kMillisecond);
+
+/// Into an empty folder, with nothing else waiting to be written.
+void backUp(benchmark::State& state) {
+    const int count = countOf(state);
+    Office& office = officeWithDocuments(count);
+    Backup& backup = office.program().backup;
+    const test::TemporaryFolder target;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(orderDocument(order, {settings, false, RegionalFormats{}}));
+        std::filesystem::remove_all(target.path());
+        std::filesystem::create_directories(target.path());
+        flushAll(target.path());
+        backup.mu_DataBackup_Click();
+        backup.BackUpTarget = target.path();
+        const auto start = std::chrono::steady_clock::now();
+        const bool done = backup.RunBackup_Click();
+        const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+        state.SetIterationTime(taken.count());
+        if (!holds(state,
+                   done && std::filesystem::exists(target / (orderRow(count).number + ".htm"))))
+            break;
     }
 }
-BENCHMARK(writeDocumentOf200Lines)->Unit(benchmark::kMicrosecond);
-
-void readDocumentOf200Lines(benchmark::State& state) {
-    const Settings settings = defaultSettings("/");
-    const RegionalFormats formats;
-    const std::string document = orderDocument(longOrder(), {settings, false, formats});
-    for (auto _ : state) {
-        Order order;
-        benchmark::DoNotOptimize(readMarkers(document, order));
-    }
-}
-BENCHMARK(readDocumentOf200Lines)->Unit(benchmark::kMicrosecond);
+BENCHMARK(backUp)
+    ->Name("back_up/bramblet")
+    ->Arg(1000)
+    ->Arg(5000)
+    ->Iterations(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
-}  // namespace bramblet
+}  // namespace bramblet::bench

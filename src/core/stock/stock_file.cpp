@@ -44,8 +44,7 @@ StockRecords StockFile::readItems(const std::string& vendor) {
     int left = file.count();
     StockRecords records = file.readThose([&](const StockRow& item) {
         if (--left == 0) last = item.record();
-        return item.field<&StockItemRecord::Status>() != kDeletedItem &&
-               !isOfAnother(item, vendor);
+        return item.field<&StockItemRecord::Status>() != kDeletedItem && !isOfAnother(item, vendor);
     });
     if (last) buffer_ = *last;
     return records;
