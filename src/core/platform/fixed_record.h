@@ -176,8 +176,9 @@ class RecordView {
     template <auto Member>
     static consteval auto fieldOf() {
         for (const auto& field : Layout) {
-            const auto* member = std::get_if<decltype(Member)>(&field.member);
-            if (member != nullptr && *member == Member) return field;
+            using Wanted = decltype(Member);
+            if (!std::holds_alternative<Wanted>(field.member)) continue;
+            if (std::get<Wanted>(field.member) == Member) return field;
         }
         throw "the layout has no such field";
     }

@@ -11,6 +11,7 @@
 #include <QRadioButton>
 
 #include <array>
+#include <functional>
 
 namespace bramblet {
 namespace {
@@ -171,7 +172,7 @@ class ConfigDialog : public QDialog {
     QPushButton* effect(const char* name, const QString& caption, const QString& tip,
                         Effect command) {
         auto* button = bramblet::button(name, caption, tip, [this, command] {
-            (editor_.*command)();
+            std::invoke(command, editor_);
             refresh();
         });
         button->setAccessibleName(tip);

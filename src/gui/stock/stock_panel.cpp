@@ -88,26 +88,30 @@ HistoryBox* StockPanel::comboBox(const char* name, const QString& tip, int limit
 }
 
 QLayout* StockPanel::makeButtons() {
-    // After a save, typing the next item starts at its category.
-    const auto saving = [this](void (StockList::*save)()) {
-        return [this, save] {
-            (stock_.*save)();
-            category_->setFocus();
-        };
-    };
     return row(4, {edgedButton("AddToOrder", Drawing::Up, u"Add to Order"_s,
                                u"Add the item picked in the list to the order."_s,
                                [this] { addCurrentItem(); }),
                    spring(),
                    edgedButton("SaveNewStockItem", Drawing::New, u"New"_s,
                                u"Save what stands in the boxes as a new item."_s,
-                               saving(&StockList::SaveNewStockItem_Click)),
+                               [this] {
+                                   stock_.SaveNewStockItem_Click();
+                                   startNext();
+                               }),
                    edgedButton("SaveChangedStockItem", Drawing::Store, u"Save"_s,
                                u"Save what stands in the boxes as the item picked in the list."_s,
-                               saving(&StockList::SaveChangedStockItem_Click)),
+                               [this] {
+                                   stock_.SaveChangedStockItem_Click();
+                                   startNext();
+                               }),
                    edgedButton("DeleteStockItem", Drawing::Delete, {},
                                u"Delete the item picked in the list"_s,
                                [this] { stock_.DeleteStockItem_Click(); })});
+}
+
+/// After a save, typing the next item starts at its category.
+void StockPanel::startNext() {
+    category_->setFocus();
 }
 
 void StockPanel::refreshList() {

@@ -33,6 +33,7 @@ class StockPanel : public QWidget {
                          std::string StockItemBoxes::*box);
     QLayout* makeButtons();
     void fillList(HistoryBox* combo);
+    void startNext();
 
     StockList& stock_;
     LineItems& lines_;
