@@ -200,9 +200,13 @@ TEST_F(XdgTools, FilesAreOpenedAndAFailureIsSeen) {
 
 TEST_F(XdgTools, AToolThatBecomesTheProgramIsLeftToItself) {
     const std::filesystem::path alive = folder / "alive";
-    tool("xdg-open", "sleep 3; echo noise >&2 && touch '" + alive.string() + "'");
+    const std::filesystem::path closed = folder / "closed";
+    tool("xdg-open", "until [ -e '" + closed.string() +
+                         "' ]; do sleep 0.1; done; echo noise >&2 && touch '" + alive.string() +
+                         "'");
     EXPECT_TRUE(desktop.open("/data/Orders.csv"));
-    EXPECT_FALSE(std::filesystem::exists(alive)) << "it was waited for to its end";
+    EXPECT_FALSE(std::filesystem::exists(alive));
+    writeFile(closed, "");
     EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(alive); }, 10000));
 }
 
