@@ -235,6 +235,34 @@ TEST_F(BackupTest, AnErrorEndsTheRunAndLeavesNoHalfFile) {
     expectFailure("Path not found\r\n\r\nError number: 76", documents / "nowhere");
 }
 
+TEST_F(BackupTest, WhatWasCopiedBeforeAnErrorIsThereInALargeFolderToo) {
+    wipeData();
+    for (int i = 1000; i < 1600; ++i)
+        writeFile(data("f" + std::to_string(i) + ".dat"), "content");
+    std::filesystem::create_directory(target() / "f1589.dat");
+    expectFailure("Error number: 75", target());
+    EXPECT_EQ(inTarget().size(), 589u);
+    EXPECT_EQ(backup().progress().files, 589u);
+}
+
+TEST_F(BackupTest, AStopAfterTheLastFileChangesNothing) {
+    screen.onBackupProgress = [this] {
+        if (backup().BackUpProgress == "5 files copied") backup().StopBackup_Click();
+    };
+    backUp();
+    EXPECT_EQ(screen.lastLine, "");
+}
+
+TEST_F(BackupTest, ASourceThatGoesAwayIsNotBlamedOnTheCopy) {
+    backUp();
+    screen.onBackupProgress = [this] {
+        if (backup().BackUpProgress == "Comparing: a.dat") os::remove(data("a.dat"));
+    };
+    prompts.expectSaying("Error number: 53");
+    backup().Verify_Click();
+    EXPECT_EQ(backup().BackUpProgress, "Aborted at a.dat: File not found (error 53)");
+}
+
 TEST_F(BackupTest, VerifyTellsWhatAgreesDiffersAndIsMissing) {
     backUp();
     verify("5 files agree, 0 differ, 0 missing.");

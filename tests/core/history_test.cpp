@@ -115,7 +115,7 @@ TEST_F(HistoryFlows, ARemovedValueIsGoneFromBoxListAndFile) {
     writeFile(data("ter_field.dat"), "Net 10\r\nNet 30\r\nNet 10 \r\n");
     newOrder();
     histories().Change(&Order::ByEd, "Ann");
-    histories().Click(&Order::TermsEd, "Net 10");
+    histories().Change(&Order::TermsEd, "Net 10");
     EXPECT_EQ(histories().CurrentHistoryText, "Net 10");
     givenUnchanged();
     removeShown(&Order::TermsEd);

@@ -1,5 +1,6 @@
 #include "core/orders/order_index.h"
 
+#include "core/platform/record_file.h"
 #include "support/office.h"
 #include "support/regions.h"
 #include "support/sample_orders.h"
@@ -105,6 +106,19 @@ TEST_F(OrderIndexTest, CountsAreRoundedAndSixteenBit) {
     EXPECT_EQ(recordsIn(32767 * 203), 32767u);
     EXPECT_THROW(index().RecordData(numbered("000001")), Fault);
     EXPECT_THROW(recordsIn(32768 * 203), Fault);
+}
+
+TEST_F(OrderIndexTest, AFileThatIsCutWhileItIsOpenIsReadToItsEnd) {
+    constexpr std::size_t kSize = recordSize(kOrderIndexLayout);
+    write(std::string(1000 * kSize, 'x'));
+    const RecordFile<kOrderIndexLayout> file(FileSystem(), folder_ / "po_data.dat");
+    EXPECT_EQ(file.readAll().size(), 1000u);
+    for (const std::size_t whole : {900, 3, 0}) {
+        std::filesystem::resize_file(folder_ / "po_data.dat", whole * kSize + 50);
+        const OrderRecords records = file.readAll();
+        ASSERT_EQ(records.size(), whole + 1);
+        EXPECT_EQ(records.back().bytes(), std::string(50, 'x') + std::string(kSize - 50, '\0'));
+    }
 }
 
 TEST_F(OrderIndexTest, AmountsOfOtherRegionsAreReadAsShown) {

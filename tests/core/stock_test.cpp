@@ -202,6 +202,23 @@ TEST_F(Stock, TheListFollowsTheVendorTheSettingAndTheFile) {
     EXPECT_EQ(list().boxes.StockDescriptionEd, "bolt");
 }
 
+TEST_F(Stock, AListOfManyBlocksOfTheFileKeepsWhatItIsAskedFor) {
+    Records items;
+    Rows ofBolt;
+    for (int i = 1; i <= 2000; ++i) {
+        StockItemRecord item = decodeRecord(kStockItemLayout, "");
+        item.Tag = i;
+        item.Vendor = i % 3 == 0 ? "Bolt Co" : "Acme";
+        item.Description = "item " + std::to_string(i);
+        items.push_back(item);
+        if (i % 3 == 0) ofBolt.push_back(item.Description);
+    }
+    writeFile(data("po_stock.dat"), bytesOf(items));
+    typeName(Vendor, "Bolt Co");
+    list().VendorItemsCheck_Click(true);
+    EXPECT_EQ(descriptions(), ofBolt);
+}
+
 TEST_F(Stock, HeadingsSortNumbersAsNumbersAndTextWithoutCase) {
     program().settings.UseQuantities = "Y";  // all columns are there
     saveItem("ten", "V", "10", "b");
@@ -347,6 +364,10 @@ TEST_F(Exchange, WhatIsCancelledOrCannotBeDoneTouchesNothing) {
     import({}, Answer::Ok, false);
     exportTo("Stock Items", data("po_stock.dat"));
     expectSaid("The catalogue cannot be exported to its own file.");
+    prompts.expectSaying("Have you run a backup today?");
+    prompts.expectChoice("", data("po_stock.dat"));
+    program().stockExchange.mu_ImportStockItems_Click();
+    expectSaid("The catalogue cannot be imported into itself.");
     exportTo("Stock Items", documents / "none/items.sid");
     expectSaid("Path not found");
     import();  // a file that is not there
@@ -388,16 +409,31 @@ TEST_F(Exchange, ItemsAreReplacedByDescriptionAndVendorAndOthersAdded) {
               "6: Caf\xE9 table x7, 7: NEW x7");
 }
 
+TEST_F(Exchange, ManyNewItemsAreAddedInTheirOrder) {
+    saveItem("bolt", "Acme");
+    Records imported{item("BOLT", "Acme", 1)};
+    for (int i = 2; i <= 6000; ++i)
+        imported.push_back(item("item " + std::to_string(i), "Acme", 1));
+    writeFile(file, bytesOf(imported));
+    import(result(5999, 1));
+    for (std::size_t i = 0; i < imported.size(); ++i) {
+        imported[i].Status = kLiveItem;
+        imported[i].Tag = static_cast<double>(i) + 1;
+    }
+    EXPECT_EQ(bytes(), bytesOf(imported));
+}
+
 TEST_F(Exchange, AnItemOfADamagedNumberDoesNotStretchTheFile) {
     saveItem("chair", "Acme");
     saveItem("lamp", "Acme");
-    writeFile(file, bytesOf({item("CHAIR", "acme", 1)}));
+    writeFile(file, bytesOf({item("LAMP", "acme", 1), item("CHAIR", "acme", 2)}));
+    Records merged{record(1), item("LAMP", "acme", 2, kLiveItem)};
     for (const double number : {0.0, -1.0, 3.0, 2'147'000'000.0, 1e300, std::nan(""),
                                 std::numeric_limits<double>::infinity()}) {
         rewrite(1, &StockItemRecord::Tag, number);
-        const std::string before = bytes();
         import();
-        EXPECT_EQ(bytes(), before) << number;
+        merged[0].Tag = number;
+        EXPECT_EQ(bytes(), bytesOf(merged)) << number << ": what came before it is kept";
         EXPECT_EQ(screen.lastLine,
                   "The import ended early: the item \"chair\" of \"Acme\" cannot be replaced, the "
                   "catalogue has no record of its number.");

@@ -41,11 +41,7 @@ auto isNamed(const AddressRecords& records, const std::string& name,
 /// The place of the first record of a name; the end when there is none.
 std::size_t placeOf(const AddressRecords& records, const std::string& name,
                     std::string (*folded)(std::string_view)) {
-    const auto named = isNamed(records, name, folded);
-    std::size_t place = 0;
-    while (place < records.size() && !named(records[place]))
-        ++place;
-    return place;
+    return records.placeOf(isNamed(records, name, folded));
 }
 
 }  // namespace

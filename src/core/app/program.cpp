@@ -110,9 +110,9 @@ WindowPlace Program::windowPlace() const {
             twips(settings.WindowLeft)};
 }
 
-void Program::configure(bool fromViewer) {
+void Program::configure() {
     commands.run([&] {
-        commands.screen().configure(fromViewer);
+        commands.screen().configure();
         // The list of stock items may have gained or lost a column.
         if (folder.DataPathOK()) stock.PopStockList();
     });

@@ -37,14 +37,6 @@ struct Environment {
     FileWait waitForFile;
 };
 
-/// Place and size of the main window in twips, 15 to a pixel.
-struct WindowPlace {
-    double height;
-    double width;
-    double top;
-    double left;
-};
-
 class Program {
   public:
     /// Loads the settings and checks the data folder; both may prompt the user. Throws StartGivenUp
@@ -65,7 +57,7 @@ class Program {
     WindowPlace windowPlace() const;
 
     /// Shows the settings dialog.
-    void configure(bool fromViewer);
+    void configure();
     void mu_About();
 
     /// The home folder, with a trailing separator.

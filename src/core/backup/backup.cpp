@@ -95,17 +95,21 @@ std::optional<std::filesystem::path> Backup::chooseFolder() {
 }
 
 void Backup::SelectTarget_Click() {
-    const auto folder = chooseFolder();
-    if (!folder) return;
-    BackUpTarget = withSeparator(*folder);
-    rememberTarget();
+    commands_.run([&] {
+        const auto folder = chooseFolder();
+        if (!folder) return;
+        BackUpTarget = withSeparator(*folder);
+        rememberTarget();
+    });
 }
 
 void Backup::SelectSource_Click() {
-    const auto folder = chooseFolder();
-    if (!folder) return;
-    Backuplist = withSeparator(*folder);
-    list();
+    commands_.run([&] {
+        const auto folder = chooseFolder();
+        if (!folder) return;
+        Backuplist = withSeparator(*folder);
+        list();
+    });
 }
 
 bool Backup::RunBackup_Click() {
@@ -164,7 +168,7 @@ void Backup::Verify_Click() {
 bool Backup::run(const std::function<bool()>& work) {
     try {
         const bool done = during(work);
-        if (stopped_) commands_.say(BackUpProgress);
+        if (stopped_ && !done) commands_.say(BackUpProgress);
         return done;
     } catch (const Fault& fault) {
         sayAborted(fault);
@@ -270,7 +274,11 @@ bool Backup::copyAll() {
         }
         batch.putInPlace();
     } catch (...) {
-        batch.putInPlace();  // what was copied before this
+        try {
+            batch.putInPlace();  // what was copied before this
+        } catch (const Fault&) {
+            // the first fault is the one to tell of
+        }
         progress_.files = batch.placed();
         throw;
     }
@@ -298,6 +306,7 @@ void Backup::compare(const std::filesystem::path& name, Comparison& result) cons
     try {
         (isSame(name) ? result.agreeing : result.differing).push_back(shown(name));
     } catch (const FileError& error) {
+        if (error.path() != BackUpTarget / name) throw;  // the copy is not to blame
         if (error.number() == FaultNumber::FileNotFound ||
             error.number() == FaultNumber::PathNotFound) {
             result.missing.push_back(shown(name));

@@ -6,7 +6,6 @@
 #include "core/platform/regional_formats.h"
 #include "core/settings/commands.h"
 
-#include <cstddef>
 #include <string>
 
 namespace bramblet {

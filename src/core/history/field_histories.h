@@ -54,8 +54,6 @@ class FieldHistories {
 
     // The events of the boxes.
     void Change(OrderField field, const std::string& text);
-    /// An entry was chosen from the list.
-    void Click(OrderField field, const std::string& text) { Change(field, text); }
     void DropDown();
     void GotFocus(OrderField field);
     /// ToCombo or ShipToCombo has the focus.

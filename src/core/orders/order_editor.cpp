@@ -27,17 +27,16 @@ std::string orderNumberText(double number) {
 void OrderEditor::SaveChanges_Click() {
     commands_.onData([&] {
         pickTypedNames();
-        if (open_.isPending()) {
-            const Message question{"Save new Bramblet Number?", "Save PO?", Buttons::YesNo,
-                                   Icon::Question};
-            if (commands_.prompts().ask(question) != Answer::Yes || !checkDates()) return;
-            for (const AddressSide side : kAddressSides) {
-                if (addresses_.shown(side).changedEnabled) addresses_.Changed_Click(side);
-            }
-            if (const auto number = nextNumber()) saveAs(*number, Histories::Remember);
-        } else if (open_.recompute()) {
-            write(Histories::Remember);
+        if (!open_.isPending())
+            return relistUnless(open_.recompute() && write(Histories::Remember));
+        const Message question{"Save new Bramblet Number?", "Save PO?", Buttons::YesNo,
+                               Icon::Question};
+        if (commands_.prompts().ask(question) != Answer::Yes || !checkDates()) return;
+        for (const AddressSide side : kAddressSides) {
+            if (addresses_.shown(side).changedEnabled) addresses_.Changed_Click(side);
         }
+        const auto number = nextNumber();
+        relistUnless(number && saveAs(*number, Histories::Remember));
     });
 }
 
@@ -53,7 +52,7 @@ void OrderEditor::NewPO_Click() {
         addresses_.PopAddyLists();
         clearOrder();
         stock_.PopStockList();
-        saveAs(*number, Histories::LeaveAlone);
+        relistUnless(saveAs(*number, Histories::LeaveAlone));
     });
 }
 
@@ -67,9 +66,11 @@ void OrderEditor::Save_PO_Click() {
         if (!number) return;
         const bool received = open_.order().MarkReceivedCheck;
         markReceived(false);
-        if (!saveAs(*number, Histories::LeaveAlone) && open_.order().PONoEd != *number) {
+        const bool saved = saveAs(*number, Histories::LeaveAlone);
+        if (!saved && open_.order().PONoEd != *number) {
             markReceived(received);  // no copy was made: the source is as it was
         }
+        relistUnless(saved);
     });
 }
 
@@ -89,7 +90,7 @@ void OrderEditor::make10_Click() {
             const auto number = nextNumber();
             if (!number || !saveAs(*number, Histories::Remember)) {
                 commands_.showCaption(kUsualCaption);
-                return;
+                return relistUnless(false);
             }
             commands_.showChanges();
             clock_.waitOneSecond();
@@ -169,8 +170,6 @@ Order OrderEditor::clearedOrder() const {
     cleared.PONoEd = open_.order().PONoEd;
     cleared.kind = open_.order().kind;
     cleared.OrderDateEd = shortDateText(clock_.today(), formats_);
-    cleared.DiscountFactorEd = "0";
-    cleared.TaxFactorEd = "0";
     const std::string zero = standardText(Currency{}, formats_);
     for (const auto box : {&Order::SubTotalEd, &Order::DiscountEd, &Order::NetTotalEd,
                            &Order::SalesTaxEd, &Order::ShippingEd, &Order::OrderTotalEd}) {
@@ -237,6 +236,11 @@ bool OrderEditor::checkDates() {
     return readable;
 }
 
+/// A save has made the list anew; without one, it is reread.
+void OrderEditor::relistUnless(bool saved) {
+    if (!saved) savedOrders_.PopPOGrid();
+}
+
 bool OrderEditor::confirm(const std::string& question) {
     const Message message{question, "Confirm", Buttons::YesNo, Icon::Question};
     return commands_.prompts().ask(message) == Answer::Yes;
@@ -301,7 +305,6 @@ bool OrderEditor::writeFiles(const std::filesystem::path& path, Histories histor
         Loss::Order);
     // Done last: a mere convenience must not keep an order from being saved.
     if (histories == Histories::Remember) histories_.AddToUserFields();
-    if (!entered) savedOrders_.PopPOGrid();
     return entered && documented;
 }
 

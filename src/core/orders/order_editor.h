@@ -77,6 +77,7 @@ class OrderEditor : private OrderWorkplace {
 
   private:
     bool confirm(const std::string& question);
+    void relistUnless(bool saved);
     void tellOfNumber();
     std::string doubtAboutNumber() const;
     void markReceived(bool received);

@@ -6,8 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstdint>
 
 namespace bramblet {
 namespace {
@@ -20,19 +18,14 @@ IndexFile openIndex(const FileSystem& files, const std::filesystem::path& path) 
 
 /// The place of the first record with the order number; the end when there is none.
 std::size_t find(const OrderRecords& records, const std::string& number) {
-    const std::string wanted = trimmed(number);
-    std::size_t place = 0;
-    while (place < records.size() && records[place].get<&OrderIndexRecord::Number>() != wanted)
-        ++place;
-    return place;
+    return records.placeOf([wanted = trimmed(number)](const OrderRow& record) {
+        return record.get<&OrderIndexRecord::Number>() == wanted;
+    });
 }
 
 /// Records of other programs may hold letters in their numbers; they are skipped. Throws Fault.
 double numberIn(std::string_view text, const RegionalFormats& formats) {
-    std::uint32_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto plain = std::from_chars(text.data(), end, number);
-    if (plain.ec == std::errc{} && plain.ptr == end) return number;
+    if (const auto number = plainNumber(text)) return *number;
     return numberOf(cleanedNumber(text), formats);
 }
 

@@ -14,10 +14,7 @@ using IndexColumn = Column<OrderRow>;
 
 template <auto Field>
 constexpr IndexColumn text(ColumnLook look, const char* exported) {
-    IndexColumn column{look};
-    column.text = [](const OrderRow& row, const RegionalFormats&) {
-        return std::string(row.get<Field>());
-    };
+    IndexColumn column = textColumn<OrderRow, Field>(look);
     column.exported = exported;
     return column;
 }
@@ -39,13 +36,13 @@ constexpr IndexColumn date(const char* heading, const char* exported) {
     return column;
 }
 
+std::string totalText(Currency total, const RegionalFormats& formats) {
+    return currencyText(total, formats);
+}
+
 template <auto Field>
 constexpr IndexColumn amount(const char* heading, int characters, const char* exported) {
-    IndexColumn column{{heading, characters, false, Align::Right}};
-    column.amount = [](const OrderRow& row) { return row.get<Field>(); };
-    column.amountText = [](Currency value, const RegionalFormats& formats) {
-        return currencyText(value, formats);
-    };
+    IndexColumn column = amountColumn<OrderRow, Field>(heading, characters, totalText);
     column.exported = exported;
     return column;
 }

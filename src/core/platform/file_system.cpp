@@ -149,10 +149,9 @@ void CopyBatch::putInPlace() {
     const auto copies = std::exchange(copies_, {});
     bytes_ = 0;
     if (copies.empty()) return;
-    if (!os::flushDisk(folder_)) {
-        for (const auto& copy : copies)
-            copy->flush();
-    }
+    os::flushDisk(folder_);
+    for (const auto& copy : copies)
+        copy->flush();
     for (const auto& copy : copies) {
         copy->rename();
         ++placed_;

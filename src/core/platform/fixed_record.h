@@ -187,10 +187,12 @@ class RecordView {
     template <auto Member, class Value>
     static void set(char* bytes, const Value& value) {
         constexpr auto kField = fieldOf<Member>();
-        if constexpr (std::is_convertible_v<Value, std::string_view>) {
+        using Stored = typename detail::MemberOf<decltype(Member)>::Value;
+        if constexpr (std::is_same_v<Stored, std::string>) {
             std::fill_n(bytes + kField.offset, kField.width, ' ');
             std::string_view(value).copy(bytes + kField.offset, kField.width);
         } else {
+            static_assert(std::is_same_v<Stored, Value>);
             detail::writeNumber(bytes + kField.offset, value);
         }
     }
@@ -217,6 +219,12 @@ class Records {
     const View& back() const { return views_.back(); }
     auto begin() const { return views_.begin(); }
     auto end() const { return views_.end(); }
+
+    /// The place of the first record of that kind; `size()` when there is none.
+    template <class IsWanted>
+    std::size_t placeOf(IsWanted isWanted) const {
+        return static_cast<std::size_t>(std::find_if(begin(), end(), isWanted) - begin());
+    }
 
     /// Where the next record's bytes go, and those behind it as far as there is room.
     char* room() { return bytes_.get() + size() * View::kSize; }

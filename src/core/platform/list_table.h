@@ -61,6 +61,26 @@ struct Column : ColumnLook {
     }
 };
 
+/// A column that shows a text of the record.
+template <class Row, auto Field>
+constexpr Column<Row> textColumn(ColumnLook look) {
+    Column<Row> column{look};
+    column.text = [](const Row& row, const RegionalFormats&) {
+        return std::string(row.template get<Field>());
+    };
+    return column;
+}
+
+/// A column that shows an amount of the record.
+template <class Row, auto Field>
+constexpr Column<Row> amountColumn(const char* heading, int characters,
+                                   std::string (*amountText)(Currency, const RegionalFormats&)) {
+    Column<Row> column{{heading, characters, false, Align::Right}};
+    column.amount = [](const Row& row) { return row.template get<Field>(); };
+    column.amountText = amountText;
+    return column;
+}
+
 template <class Row>
 class ListTable : public Table {
   public:

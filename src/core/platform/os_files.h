@@ -62,8 +62,9 @@ void rename(const std::filesystem::path& from, const std::filesystem::path& to);
 /// Hands a folder to the disk: without this a power cut may undo a rename in it. A folder that
 /// cannot be flushed is left as it is.
 void flushFolder(const std::filesystem::path& folder);
-/// Hands everything written to the disk of `folder` to it; false where the system cannot do that.
-bool flushDisk(const std::filesystem::path& folder);
+/// Starts handing everything written to the disk of `folder` to it, other programs' files as well.
+/// A server may not hear of it: each file still has to be flushed, which then costs little.
+void flushDisk(const std::filesystem::path& folder);
 void createFolder(const std::filesystem::path& path);
 enum class Kind { File, Folder, Other };
 /// Names (no path) of the plain files or the subfolders in a folder, in no particular order and

@@ -205,15 +205,12 @@ void flushFolder(const std::filesystem::path& folder) {
     ::close(handle);
 }
 
-bool flushDisk([[maybe_unused]] const std::filesystem::path& folder) {
+void flushDisk([[maybe_unused]] const std::filesystem::path& folder) {
 #ifdef __linux__
     const int handle = openFolder(folder);
-    if (handle == -1) return false;
-    const int result = uninterrupted([&] { return ::syncfs(handle); });
+    if (handle == -1) return;
+    uninterrupted([&] { return ::syncfs(handle); });
     ::close(handle);
-    return result == 0;
-#else
-    return false;
 #endif
 }
 

@@ -250,9 +250,7 @@ void rename(const std::filesystem::path& from, const std::filesystem::path& to) 
 
 void flushFolder(const std::filesystem::path&) {}  // a rename has done that
 
-bool flushDisk(const std::filesystem::path&) {
-    return false;
-}
+void flushDisk(const std::filesystem::path&) {}
 
 void createFolder(const std::filesystem::path& path) {
     const std::wstring native = nativePath(path);

@@ -17,14 +17,6 @@ constexpr std::string_view kSeparators = "\\/";
 constexpr std::string_view kSeparators = "/";
 #endif
 
-void appendUtf8(std::string& out, char32_t character) {
-    constexpr std::array<char32_t, 4> kLead{0, 0xC0, 0xE0, 0xF0};
-    std::size_t more = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
-    out.push_back(static_cast<char>(kLead[more] | (character >> (6 * more))));
-    while (more-- > 0)
-        out.push_back(static_cast<char>(0x80 | ((character >> (6 * more)) & 0x3F)));
-}
-
 void appendUtf16(std::u16string& out, char32_t character) {
     if (character < 0x10000) {
         out.push_back(static_cast<char16_t>(character));

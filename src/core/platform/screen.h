@@ -32,7 +32,7 @@ class Screen {
   public:
     virtual ~Screen() = default;
 
-    /// Shows anew what has changed. Called once, at the end of a command.
+    /// Shows anew what has changed. Called at the end of a command, and before a question in it.
     virtual void refresh(const Views&) {}
     /// Shows one line in the status bar; an empty one clears it.
     virtual void showStatus(const std::string&, Tone) {}
@@ -48,9 +48,9 @@ class Screen {
         return std::nullopt;
     }
 
-    /// Shows the settings dialog until it is closed; opened from the viewer, it can rewrite the
-    /// document shown there.
-    virtual void configure(bool /*fromViewer*/) {}
+    /// Shows the settings dialog until it is closed. While an order is viewed, it can rewrite the
+    /// document shown.
+    virtual void configure() {}
 
     /// Switches to the list of saved orders.
     virtual void showSavedOrders() {}

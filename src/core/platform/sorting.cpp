@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdint>
 
 namespace bramblet {
 namespace {
@@ -36,31 +35,19 @@ constexpr Spelling kSpellings[]{
     {0x0401, u"\u0415"},
 };
 
-void append(std::string& key, char16_t letter) {
-    const auto add = [&key](int byte) { key.push_back(static_cast<char>(byte)); };
-    if (letter < 0x80) return add(letter);
-    if (letter < 0x800) {
-        add(0xC0 | (letter >> 6));
-    } else {
-        add(0xE0 | (letter >> 12));
-        add(0x80 | ((letter >> 6) & 0x3F));
-    }
-    add(0x80 | (letter & 0x3F));
-}
-
 void appendBase(std::string& key, char16_t letter) {
-    if (letter < kFirstAccented) return append(key, letter);
+    if (letter < kFirstAccented) return appendUtf8(key, letter);
     const std::size_t place = letter - kFirstAccented;
     if (place < kBaseLetters.size() && kBaseLetters[place] != '.') {
-        return append(key, static_cast<unsigned char>(kBaseLetters[place]));
+        return appendUtf8(key, static_cast<unsigned char>(kBaseLetters[place]));
     }
     for (const Spelling& spelling : kSpellings) {
         if (spelling.letter != letter) continue;
         for (const char16_t base : spelling.base)
-            append(key, base);
+            appendUtf8(key, base);
         return;
     }
-    append(key, letter);
+    appendUtf8(key, letter);
 }
 
 }  // namespace
@@ -69,12 +56,9 @@ double leadingNumber(std::string_view text) {
     const auto start = text.find_first_not_of(' ');
     if (start == std::string_view::npos) return 0;
     text.remove_prefix(start);
-    const char* const end = text.data() + text.size();
-    std::uint32_t whole = 0;
-    const auto digits = std::from_chars(text.data(), end, whole);
-    if (digits.ec == std::errc{} && digits.ptr == end) return whole;
+    if (const auto whole = plainNumber(text)) return *whole;
     double value = 0;
-    std::from_chars(text.data(), end, value, std::chars_format::fixed);
+    std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
     return std::isfinite(value) ? value : 0;
 }
 
@@ -92,7 +76,7 @@ std::string sortKey(std::u16string_view letters) {
         appendBase(key, letter);
     key.push_back('\0');
     for (const char16_t letter : letters)
-        append(key, letter);
+        appendUtf8(key, letter);
     return key;
 }
 

@@ -3,6 +3,8 @@
 #include "core/platform/code_page.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <unordered_map>
 
 namespace bramblet {
@@ -32,6 +34,14 @@ std::string withoutControls(std::string_view text) {
         if (static_cast<unsigned char>(c) < 0x20) c = ' ';
     }
     return out;
+}
+
+std::optional<std::uint32_t> plainNumber(std::string_view text) {
+    std::uint32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number);
+    if (read.ec != std::errc{} || read.ptr != end) return std::nullopt;
+    return number;
 }
 
 void makeUpper(std::string& text) {
@@ -89,6 +99,14 @@ std::u32string charactersOf(std::u16string_view text) {
         }
     }
     return characters;
+}
+
+void appendUtf8(std::string& text, char32_t character) {
+    constexpr std::array<char32_t, 4> kLead{0, 0xC0, 0xE0, 0xF0};
+    std::size_t more = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+    text.push_back(static_cast<char>(kLead[more] | (character >> (6 * more))));
+    while (more-- > 0)
+        text.push_back(static_cast<char>(0x80 | ((character >> (6 * more)) & 0x3F)));
 }
 
 std::optional<char> byteOf(char32_t character) {

@@ -2,6 +2,7 @@
 // byte is one column of a record. Conversion to and from Unicode happens only at the windows' edge.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +12,9 @@ namespace bramblet {
 inline bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
+
+/// The number that a text of digits and nothing else stands for; nothing above 4,294,967,295.
+std::optional<std::uint32_t> plainNumber(std::string_view text);
 
 /// The text without those characters at its ends that are among `dropped`.
 std::string_view withoutEnds(std::string_view text, std::string_view dropped);
@@ -55,6 +59,9 @@ std::string fromUnicode(std::u16string_view text);
 
 /// The characters of UTF-16; half a surrogate pair becomes the replacement character.
 std::u32string charactersOf(std::u16string_view text);
+
+/// Appends a character as UTF-8.
+void appendUtf8(std::string& text, char32_t character);
 
 /// The byte of a character; nothing when the code page lacks it.
 std::optional<char> byteOf(char32_t character);

@@ -34,6 +34,7 @@ void Commands::perform(const Body& body) {
     try {
         body();
     } catch (...) {
+        window_ = nullptr;
         end();
         throw;
     }

@@ -1,6 +1,6 @@
 // What every command of the user does from its first line to its last: it checks the data folder,
 // clears the status line and collects what has to be said, and shows what has changed once, at its
-// end.
+// end and before it asks something.
 #pragma once
 
 #include "core/platform/prompts.h"

@@ -79,6 +79,15 @@ inline constexpr std::array kSettingsLayout{
     textField<&Settings::Spare3>(1520, 199),
 };
 static_assert(recordSize(kSettingsLayout) == 1719);
+using SettingsView = RecordView<kSettingsLayout>;
+
+/// Place and size of the main window in twips, 15 to a pixel.
+struct WindowPlace {
+    double height;
+    double width;
+    double top;
+    double left;
+};
 
 /// The content of a new settings file.
 Settings defaultSettings(const std::filesystem::path& homeFolder);

@@ -14,8 +14,9 @@
 namespace bramblet {
 namespace {
 
-constexpr std::size_t kFontNameWidth = 200;
-constexpr std::size_t kTopGraphicWidth = 200;
+/// The width of a text's field in the settings file.
+template <auto Field>
+constexpr std::size_t kWidth = SettingsView::fieldOf<Field>().width;
 
 /// The text boxes, in the order in which they are stored, with the widths of their fields.
 struct TextBox {
@@ -23,18 +24,19 @@ struct TextBox {
     std::string Settings::*field;
     std::size_t width;
 };
+template <auto Box, auto Field>
+constexpr TextBox kText{Box, Field, kWidth<Field>};
 constexpr std::array kNames{
-    TextBox{&SettingsBoxes::FontNameEd, &Settings::FontName, kFontNameWidth},
-    TextBox{&SettingsBoxes::TopGraphicEd, &Settings::TopGraphic, kTopGraphicWidth},
-    TextBox{&SettingsBoxes::IDText1, &Settings::IDText1, 60},
-    TextBox{&SettingsBoxes::IDText2, &Settings::IDText2, 60},
-    TextBox{&SettingsBoxes::IDText3, &Settings::IDText3, 60},
-    TextBox{&SettingsBoxes::IDText4, &Settings::IDText4, 60},
-    TextBox{&SettingsBoxes::IDText5, &Settings::IDText5, 60},
-    TextBox{&SettingsBoxes::DataDirectoryEd, &Settings::DataDirectory, kFolderWidth},
-    TextBox{&SettingsBoxes::PrefixEd, &Settings::NumberPrefix, 10},
+    kText<&SettingsBoxes::FontNameEd, &Settings::FontName>,
+    kText<&SettingsBoxes::TopGraphicEd, &Settings::TopGraphic>,
+    kText<&SettingsBoxes::IDText1, &Settings::IDText1>,
+    kText<&SettingsBoxes::IDText2, &Settings::IDText2>,
+    kText<&SettingsBoxes::IDText3, &Settings::IDText3>,
+    kText<&SettingsBoxes::IDText4, &Settings::IDText4>,
+    kText<&SettingsBoxes::IDText5, &Settings::IDText5>,
+    kText<&SettingsBoxes::DataDirectoryEd, &Settings::DataDirectory>,
+    kText<&SettingsBoxes::PrefixEd, &Settings::NumberPrefix>,
 };
-constexpr std::size_t kFormWidthWidth = 3;
 
 struct FlagBox {
     bool SettingsBoxes::*box;
@@ -101,7 +103,7 @@ void SettingsEditor::SelectGraphic_Click(const std::filesystem::path& picture) {
         });
     if (!copied) return;
     boxes.TopGraphicEd = name;
-    settings_.TopGraphic = trimmed(name).substr(0, kTopGraphicWidth);
+    settings_.TopGraphic = trimmed(name).substr(0, kWidth<&Settings::TopGraphic>);
 }
 
 /// The picture's own name, or, if the code page or a document cannot hold it, a plain one that no
@@ -146,7 +148,7 @@ bool SettingsEditor::save() {
     for (const auto& name : kNames) {
         settings_.*name.field = (boxes.*name.box).substr(0, name.width);
     }
-    settings_.FormWidth = boxes.WidthEd.substr(0, kFormWidthWidth);
+    settings_.FormWidth = boxes.WidthEd.substr(0, kWidth<&Settings::FormWidth>);
     settings_.SigLineSpace = sigLineSpace;
     settings_.DescriptionLineLength = descriptionLine;
     for (const auto& box : kFlags)
@@ -160,7 +162,7 @@ void SettingsEditor::stepWidth(int step) {
 
 void SettingsEditor::setWidth(const std::string& width) {
     boxes.WidthEd = width;
-    settings_.FormWidth = width.substr(0, kFormWidthWidth);
+    settings_.FormWidth = width.substr(0, kWidth<&Settings::FormWidth>);
 }
 
 void SettingsEditor::stepNumber(const NumberBox& box, int step) {
@@ -175,12 +177,12 @@ void SettingsEditor::setNumber(const NumberBox& box, int number) {
 
 void SettingsEditor::setFont(const std::string& name) {
     boxes.FontNameEd = name;
-    settings_.FontName = trimmed(name).substr(0, kFontNameWidth);
+    settings_.FontName = trimmed(name).substr(0, kWidth<&Settings::FontName>);
 }
 
 /// A name that was cut off would be another folder's.
 void SettingsEditor::checkFolder() const {
-    if (boxes.DataDirectoryEd.size() <= kFolderWidth) return;
+    if (boxes.DataDirectoryEd.size() <= kWidth<&Settings::DataDirectory>) return;
     throw BoxFault(FaultNumber::Overflow, "Data Directory",
                    shown(pathOfFolder(boxes.DataDirectoryEd)), "is too long a name");
 }

@@ -9,8 +9,7 @@ namespace {
 constexpr const char* kFile = "po15.cfg";
 constexpr const char* kForerunner = "po14.cfg";
 constexpr std::size_t kSize = recordSize(kSettingsLayout);
-constexpr const auto& kDirectory = kSettingsLayout[28];
-static_assert(kDirectory.offset == 908);
+constexpr auto kDirectory = SettingsView::fieldOf<&Settings::DataDirectory>();
 constexpr std::size_t kDirectoryEnd = kDirectory.offset + kDirectory.width;
 
 /// Whether a record that is cut off within the data directory has lost only padding of it. One

@@ -39,14 +39,11 @@ StockRecords StockFile::readAll() {
 }
 
 StockRecords StockFile::readItems(const std::string& vendor) {
-    std::optional<StockItemRecord> last;
     const File file(files_, path_);
-    int left = file.count();
     StockRecords records = file.readThose([&](const StockRow& item) {
-        if (--left == 0) last = item.record();
         return item.field<&StockItemRecord::Status>() != kDeletedItem && !isOfAnother(item, vendor);
     });
-    if (last) buffer_ = *last;
+    if (file.count() > 0) buffer_ = decodeRecord(kStockItemLayout, file.read(file.count()));
     return records;
 }
 
@@ -70,9 +67,8 @@ std::optional<StockItemRecord> StockFile::SaveChangedStockItem(double tag,
                                                                const StockItemBoxes& boxes) {
     File file(files_, path_);
     const StockRecords records = file.readAll();
-    std::size_t place = 0;
-    while (place < records.size() && records[place].get<&StockItemRecord::Tag>() != tag)
-        ++place;
+    const std::size_t place = records.placeOf(
+        [tag](const StockRow& item) { return item.get<&StockItemRecord::Tag>() == tag; });
     if (place == records.size()) return std::nullopt;
     buffer_ = records[place].record();
     fill(boxes, trimmed(boxes.StockUnitCostEd));

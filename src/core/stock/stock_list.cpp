@@ -15,20 +15,9 @@ using Item = StockItemRecord;
 using ItemColumn = Column<StockRow>;
 
 template <auto Field>
-constexpr ItemColumn text(ColumnLook look) {
-    ItemColumn column{look};
-    column.text = [](const StockRow& row, const RegionalFormats&) {
-        return std::string(row.get<Field>());
-    };
-    return column;
-}
-
-template <auto Field>
 constexpr ItemColumn amount(const char* heading, int characters, int decimals,
                             std::string (*amountText)(Currency, const RegionalFormats&)) {
-    ItemColumn column{{heading, characters, false, Align::Right}};
-    column.amount = [](const StockRow& row) { return row.get<Field>(); };
-    column.amountText = amountText;
+    ItemColumn column = amountColumn<StockRow, Field>(heading, characters, amountText);
     column.decimals = decimals;
     column.number = [](const StockRow& row) { return toDouble(row.get<Field>()); };
     return column;
@@ -57,10 +46,10 @@ constexpr ItemColumn fileNumber() {
 
 /// In the order of StockColumn.
 constexpr std::array kColumns{
-    text<&Item::Category>({"Category", 12, true}),
-    text<&Item::Vendor>({"Vendor", 16, true}),
-    text<&Item::Unit>({"Unit", 8}),
-    text<&Item::Description>({"Description", 30, true}),
+    textColumn<StockRow, &Item::Category>({"Category", 12, true}),
+    textColumn<StockRow, &Item::Vendor>({"Vendor", 16, true}),
+    textColumn<StockRow, &Item::Unit>({"Unit", 8}),
+    textColumn<StockRow, &Item::Description>({"Description", 30, true}),
     amount<&Item::UnitCost>("Unit Cost", 12, 2, costText),
     amount<&Item::OnHand>("On Hand", 10, 0, quantityText),
     fileNumber(),
@@ -145,6 +134,10 @@ bool StockList::showsOnHand() const {
     return std::find(shown_.begin(), shown_.end(), &facts(StockColumn::OnHand)) != shown_.end();
 }
 
+std::string StockList::text(int row, StockColumn column) const {
+    return facts(column).textOf(this->row(row), formats_);
+}
+
 int StockList::rowOf(const std::string& fileNumber) const {
     const double tag = leadingNumber(fileNumber);
     const auto row = std::find_if(rows_.begin(), rows_.end(), [tag](const StockRow& item) {
@@ -223,10 +216,6 @@ void StockList::ItemsPopOnHand_Click(int row) {
                                         ", not that of the item shown");
         });
     });
-}
-
-std::string StockList::textIn(const StockRow& record, StockColumn column) const {
-    return facts(column).textOf(record, formats_);
 }
 
 int StockList::pickedRecord() const {

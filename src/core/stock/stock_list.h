@@ -31,7 +31,7 @@ class StockList : public ListTable<StockRow> {
     void PopStockList();
 
     /// The text of a column, shown or not.
-    std::string text(int row, StockColumn column) const { return textIn(this->row(row), column); }
+    std::string text(int row, StockColumn column) const;
     /// The row of an item's number; -1 when it is not listed.
     int rowOf(const std::string& fileNumber) const;
     /// "40 stock items listed", or that they could not be read.
@@ -65,7 +65,6 @@ class StockList : public ListTable<StockRow> {
 
   private:
     void list(StockRecords items);
-    std::string textIn(const StockRow& record, StockColumn column) const;
     int pickedRecord() const;
     std::string pickedInWords() const;
     /// If `record`, found at the number of the picked item, is not that item, says which item it is

@@ -33,7 +33,7 @@ MainMenu addFileMenu(QMenu* menu, Program& program, QMainWindow& window) {
              [&] { editor.unlockNumber(); });
     menu->addSeparator();
     addEntry(menu, "mu_Configuration", u"Con&figuration ..."_s, {},
-             [&] { program.configure(false); });
+             [&] { program.configure(); });
     menu->addSeparator();
     addEntry(menu, "mu_exit", u"E&xit"_s, QKeySequence(u"Ctrl+Q"_s), [&] { window.close(); });
     return {saveChanges, saveCopy};

@@ -155,12 +155,12 @@ std::optional<LineEntry> MainWindow::editLine(const LineEntry& entry, const std:
                           program_.commands, this);
 }
 
-void MainWindow::configure(bool fromViewer) {
-    const std::filesystem::path pictures = program_.folder.DataPath();  // as it is now
+void MainWindow::configure() {
     const auto show = [&](const std::function<void()>& rewrite, QWidget* parent) {
-        showConfigDialog(program_.settingsEditor, program_.files(), pictures, rewrite, parent);
+        showConfigDialog(program_.settingsEditor, program_.files(), program_.folder.DataPath(),
+                         rewrite, parent);
     };
-    fromViewer ? show([this] { viewer_->rewrite(); }, viewer_) : show({}, this);
+    viewer_ != nullptr ? show([this] { viewer_->rewrite(); }, viewer_) : show({}, this);
 }
 
 void MainWindow::showSavedOrders() {
@@ -171,7 +171,7 @@ void MainWindow::showViewer() {
     viewer_ = new DisplayWindow(program_.viewer, this);
     connect(viewer_, &DisplayWindow::linkFollowed, this, &MainWindow::runBrowser);
     connect(viewer_, &DisplayWindow::configurationWanted, this,
-            [this] { program_.configure(true); });
+            [this] { program_.configure(); });
     viewer_->show();
 }
 

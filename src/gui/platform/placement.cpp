@@ -1,6 +1,6 @@
 #include "gui/platform/placement.h"
 
-#include "core/app/program.h"
+#include "core/settings/settings.h"
 
 #include <QGuiApplication>
 #include <QMainWindow>
