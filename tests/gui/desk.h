@@ -25,10 +25,12 @@ namespace bramblet::test {
 class Desk : public ::testing::Test {
   protected:
     void SetUp() override { open(); }
-    void TearDown() override { EXPECT_TRUE(driver->allAnswered()) << "a dialog did not come"; }
+    void TearDown() override { expectAllAnswered(); }
+    void expectAllAnswered() { EXPECT_TRUE(driver->allAnswered()) << "a dialog did not come"; }
 
     /// Starts the program anew in the same home folder.
     void open(const RegionalFormats& formats = {}) {
+        if (driver) expectAllAnswered();
         driver.reset();
         window.reset();
         program.reset();

@@ -285,10 +285,20 @@ TEST_F(MainWindowTest, TheCalendarFillsItsBoxAndClosesOnEscape) {
     EXPECT_FALSE(program->open.OrderDirty());
 
     click("ShipDatePicker");
-    emit calendar->clicked(QDate(2026, 4, 1));
-    EXPECT_EQ(text("ShipDateEd"), "4/1/2026");
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Return})
+        QTest::keyClick(QApplication::focusWidget(), key);
+    EXPECT_EQ(text("ShipDateEd"), "3/21/2026");
     EXPECT_FALSE(calendar->isVisible());
     EXPECT_TRUE(program->open.OrderDirty());
+    click("ShipDatePicker");
+    const auto* days = driver->find<QTableView>("qt_calendar_calendarview");
+    const QPoint middle = days->viewport()->rect().center();
+    QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, middle);
+    EXPECT_EQ(text("ShipDateEd"), "3/11/2026");
+    EXPECT_FALSE(calendar->isVisible());
+    type("ShipDateEd", "");
+    QTest::mouseDClick(days->viewport(), Qt::LeftButton, {}, middle);
+    EXPECT_EQ(text("ShipDateEd"), "") << "a double click chooses once";
 }
 
 TEST_F(MainWindowTest, DoubleClickOnTheNumbersLabelUnlocksIt) {
@@ -306,6 +316,32 @@ TEST_F(MainWindowTest, TheAboutBoxAndTheDataPath) {
               "Data Path = " + pathToQt(program->folder.DataPath()));
 }
 
+TEST_F(MainWindowTest, TheWindowDoesNotCloseWhileACommandAsks) {
+    driver->inDialog("NewPO", [this](QWidget& question) {
+        EXPECT_FALSE(window->close());
+        QTest::keyClick(&question, Qt::Key_Escape);
+    });
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(window->close());
+}
+
+TEST_F(MainWindowTest, TabGoesThroughTheOrderAsItIsRead) {
+    newOrder();
+    driver->press("ToCombo", Qt::Key_Tab);
+    QStringList passed;
+    while (QApplication::focusWidget() != nullptr && !passed.contains("ToCombo")) {
+        passed.append(QApplication::focusWidget()->objectName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        ASSERT_LT(passed.size(), 60) << passed.join(' ').toStdString();
+    }
+    EXPECT_EQ(passed.join(' '),
+              "ToField ShipToCombo ShipToField JobNumberEd ByEd ShipViaEd FOBEd TermsEd CommentsEd "
+              "OrderGrid DiscountFactorEd DiscountEd TaxFactorEd SalesTaxEd ShippingEd POGrid "
+              "ListCheckPO ListCheckRE ListCheckRecd HideOrders NewPO Save_PO Clear TotalUp "
+              "MakeOrder HelpButton PONoEd OptionPO MarkReceivedCheck OrderDateEd OrderDatePicker "
+              "ShipDateEd ShipDatePicker ToCombo");
+}
+
 TEST_F(MainWindowTest, LeavingAsksAndTheWindowComesBackWhereItWas) {
     newOrder();
     type("ByEd", "Ann");
@@ -314,6 +350,7 @@ TEST_F(MainWindowTest, LeavingAsksAndTheWindowComesBackWhereItWas) {
     driver->answer("Save changes to Bramblet Number 000001 ?", QMessageBox::Yes);
     EXPECT_TRUE(window->close());
     open();
+    EXPECT_TRUE(contains(FileSystem().read(program->folder.file("000001.htm")), "Ann"));
     EXPECT_EQ(window->size(), QSize(1040, 690));
     EXPECT_EQ(window->pos(), QPoint(20, 30));
 

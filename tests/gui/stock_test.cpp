@@ -68,6 +68,13 @@ TEST_F(StockWindows, ItemsArePickedAddedToTheOrderAndChanged) {
     EXPECT_EQ(text("StockDescriptionEd"), "Pivot hinge") << "it does not come back into the boxes";
 }
 
+TEST_F(StockWindows, WhatIsEnteredByTabIsTypedOver) {
+    saveItem("Hinges", "Northgate", "Pivot hinge", "3");
+    driver->press("StockCatCombo", Qt::Key_Tab);
+    QTest::keyClicks(QApplication::focusWidget(), "Brightwell");
+    EXPECT_EQ(text("StockVendorCombo"), "Brightwell");
+}
+
 TEST_F(StockWindows, ThePickedItemsLineIsCurrentAndInView) {
     auto* lines = driver->find<QTableView>("OrderGrid");
     driver->doubleClickCell("StockGrid", 0, 1);
@@ -116,8 +123,7 @@ TEST_F(StockWindows, AmountsAndSortedHeadingsAreSeenWhole) {
     window->resize(960, 760);
     const QHeaderView* header = grid->horizontalHeader();
     for (int column = 0; column < 6; ++column) {
-        emit grid->headingClicked(column);
-        Driver::settle();
+        driver->clickHeading("StockGrid", column);
         QStyleOptionHeader heading;
         heading.initFrom(header);
         heading.rect = QRect(0, 0, grid->columnWidth(column), header->height());

@@ -216,7 +216,6 @@ void Driver::settle() {
 
 void Driver::giveUp(const QString& why) const {
     complain(why);
-    std::cerr << qPrintable(why) << std::endl;
     std::exit(1);
 }
 

@@ -12,7 +12,6 @@ class QuietDesktop : public Desktop {
     bool openWith(const std::filesystem::path&, const std::string&) override { return true; }
     bool open(const std::filesystem::path&) override { return true; }
     MailResult compose(const Mail&) override { return MailResult::HandedOver; }
-    bool openHelpFile(const std::filesystem::path&) override { return false; }
 };
 
 }  // namespace bramblet::tour

@@ -55,6 +55,7 @@ void OpenOrder::fill(OrderField field, const std::string& text) {
 void OpenOrder::replace(Order order) {
     order_ = std::move(order);
     changed();
+    commands_.changed(&Views::anotherOrder);
 }
 
 void OpenOrder::unlockNumber() {

@@ -290,21 +290,22 @@ bool OrderEditor::write(Histories histories) {
 }
 
 /// Goes on after a failure, so that as much as possible is saved. The list of saved orders is made
-/// from the records among which the order's own was entered.
+/// from the records among which the order's own was entered, and last: the document may have to
+/// wait, and the windows show the list as it is meanwhile.
 bool OrderEditor::writeFiles(const std::filesystem::path& path, Histories histories) {
     const std::string& number = open_.order().PONoEd;
     open_.markStored();
+    std::optional<OrderRecords> records;
     const bool entered =
-        commands_.attempt("Order " + number + " was not entered in the list of orders: ", [&] {
-            if (auto records = index_.RecordData(open_.order()))
-                savedOrders_.take(std::move(*records));
-        });
+        commands_.attempt("Order " + number + " was not entered in the list of orders: ",
+                          [&] { records = index_.RecordData(open_.order()); });
     if (histories == Histories::Remember) histories_.trimTexts();
     const bool documented = commands_.attempt(
         "The document of order " + number + " was not saved: ", [&] { MakeSnap(path); },
         Loss::Order);
     // Done last: a mere convenience must not keep an order from being saved.
     if (histories == Histories::Remember) histories_.AddToUserFields();
+    if (records) savedOrders_.take(std::move(*records));
     return entered && documented;
 }
 

@@ -128,8 +128,7 @@ bool OrderViewer::read() {
                    [&] { document_ = files_.read(path_); });
 }
 
-/// Tells of a fault in a message box: a line in the main window's status bar would go unseen while
-/// the viewer is open.
+/// Tells of a fault in a message box: without its document the viewer has nothing to show.
 bool OrderViewer::attempt(const std::string& failure, const Commands::Body& step) {
     return commands_.attemptOrAsk(failure, "View Order", step);
 }

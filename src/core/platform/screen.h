@@ -9,10 +9,11 @@ namespace bramblet {
 
 /// What has to be shown anew.
 struct Views {
-    bool order = false;        ///< its boxes, lines and totals, and what can be done with it
-    bool savedOrders = false;  ///< the list of saved orders
-    bool stockList = false;    ///< the list of stock items
-    bool stockItem = false;    ///< the editor of a stock item
+    bool order = false;         ///< its boxes, lines and totals, and what can be done with it
+    bool savedOrders = false;   ///< the list of saved orders
+    bool stockList = false;     ///< the list of stock items
+    bool stockItem = false;     ///< the editor of a stock item
+    bool anotherOrder = false;  ///< the order is another one than that shown so far
 
     bool operator==(const Views&) const = default;
 };

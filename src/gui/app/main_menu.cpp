@@ -32,8 +32,7 @@ MainMenu addFileMenu(QMenu* menu, Program& program, QMainWindow& window) {
     addEntry(menu, "mu_UnlockNumber", u"&Unlock the Number ..."_s, {},
              [&] { editor.unlockNumber(); });
     menu->addSeparator();
-    addEntry(menu, "mu_Configuration", u"Con&figuration ..."_s, {},
-             [&] { program.configure(); });
+    addEntry(menu, "mu_Configuration", u"Con&figuration ..."_s, {}, [&] { program.configure(); });
     menu->addSeparator();
     addEntry(menu, "mu_exit", u"E&xit"_s, QKeySequence(u"Ctrl+Q"_s), [&] { window.close(); });
     return {saveChanges, saveCopy};

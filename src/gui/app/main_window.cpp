@@ -45,7 +45,7 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    const bool stay = program_.commands.running() || waiting_.isWaiting() ||
+    const bool stay = program_.commands.running() ||
                       program_.leave(placeOfMainWindow(*this)) == Program::Leave::Stay;
     event->setAccepted(!stay);
 }
@@ -115,16 +115,16 @@ void MainWindow::runBrowser(const QUrl& link) {
 }
 
 void MainWindow::refresh(const Views& views) {
-    if (views.order) refreshOrder();
+    if (views.order) refreshOrder(views.anotherOrder);
     if (views.savedOrders) lists_->refreshOrders();
     if (views.stockList) lists_->refreshStock();
     if (views.stockItem) lists_->stock()->refreshEditor();
 }
 
-void MainWindow::refreshOrder() {
+void MainWindow::refreshOrder(bool another) {
     const OpenOrder& open = program_.open;
     order_->refresh();
-    lines_->refresh();
+    lines_->refresh(another);
     totals_->refresh();
     saveButton_->setEnabled(open.SaveChangesEnabled());
     menu_.saveChanges->setEnabled(open.SaveChangesEnabled());
@@ -170,8 +170,7 @@ void MainWindow::showSavedOrders() {
 void MainWindow::showViewer() {
     viewer_ = new DisplayWindow(program_.viewer, this);
     connect(viewer_, &DisplayWindow::linkFollowed, this, &MainWindow::runBrowser);
-    connect(viewer_, &DisplayWindow::configurationWanted, this,
-            [this] { program_.configure(); });
+    connect(viewer_, &DisplayWindow::configurationWanted, this, [this] { program_.configure(); });
     viewer_->show();
 }
 

@@ -37,7 +37,7 @@ class MainWindow : public QMainWindow, private Screen {
     void runBrowser(const QUrl& link);
 
     void refresh(const Views& views) override;
-    void refreshOrder();
+    void refreshOrder(bool another);
     void showStatus(const std::string& line, Tone tone) override;
     void showCaption(const std::string& caption) override;
     void showLine(int row) override;

@@ -16,8 +16,6 @@ class DisplayWindow : public QMainWindow {
   public:
     DisplayWindow(OrderViewer& viewer, QWidget* parent);
 
-    /// Shows the document as it is now.
-    void navigate();
     /// Writes the document again, and shows it.
     void rewrite();
 
@@ -31,6 +29,8 @@ class DisplayWindow : public QMainWindow {
 
   private:
     class Desk;
+    /// Shows the document as it is now.
+    void navigate();
     QWidget* makeBar();
     void makeMenus();
     void setZoom(double zoom);

@@ -31,10 +31,8 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFo
     fill(this, row(0, {grid_}));
 }
 
-void LinesPanel::refresh() {
-    const bool sameOrder = orderShown_ == open_.storedNumber();
-    orderShown_ = open_.storedNumber();
-    const int row = sameOrder ? grid_->currentRow() : -1;
+void LinesPanel::refresh(bool anotherOrder) {
+    const int row = anotherOrder ? -1 : grid_->currentRow();
     if (!table_.take(open_.order().lines)) return;
     grid_->refresh();
     const int last = table_.rowCount() - 1;

@@ -14,8 +14,8 @@ class LinesPanel : public QWidget {
     LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFormats& formats,
                QWidget* parent = nullptr);
 
-    /// Shows the lines that the order holds now.
-    void refresh();
+    /// Shows the lines that the order holds now. Of another order than before, none is current.
+    void refresh(bool anotherOrder);
 
     void addOneTimeItem() { lines_.OrderPop_OneTime_Click(); }
     void editCurrentLine();
@@ -28,7 +28,6 @@ class LinesPanel : public QWidget {
     LineItems& lines_;
     const OpenOrder& open_;
     LineTable table_;
-    std::string orderShown_;  ///< the number of the order whose lines the table holds
     GridView* grid_;
 };
 

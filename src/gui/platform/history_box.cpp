@@ -55,11 +55,23 @@ void HistoryBox::setEntries(const std::vector<std::string>& entries) {
     texts.reserve(static_cast<qsizetype>(entries.size()));
     for (const auto& entry : entries)
         texts.append(toQt(entry));
+    keepingText([&] {
+        model_->setStringList(texts);
+        setCurrentIndex(-1);
+    });
+}
+
+/// Changes the list, or the place in it, but neither the text shown nor what of it is selected.
+void HistoryBox::keepingText(const std::function<void()>& change) {
     const QSignalBlocker quiet(this);
     const QString shown = currentText();
-    model_->setStringList(texts);
-    setCurrentIndex(-1);
+    const int cursor = lineEdit()->cursorPosition();
+    const int selected = lineEdit()->selectionStart();
+    const int length = lineEdit()->selectionLength();
+    change();
     setEditText(shown);
+    lineEdit()->setCursorPosition(cursor);
+    if (selected >= 0) lineEdit()->setSelection(selected, length);
 }
 
 void HistoryBox::showPopup() {
@@ -116,10 +128,9 @@ void HistoryBox::keyPressEvent(QKeyEvent* event) {
 
 /// The arrow keys and the opened list start from the entry whose text is shown, if there is one.
 void HistoryBox::goToShownEntry() {
-    const QString shown = currentText();
-    const QSignalBlocker quiet(this);
-    setCurrentIndex(findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
-    setEditText(shown);
+    keepingText([this] {
+        setCurrentIndex(findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive));
+    });
 }
 
 /// Shift+Delete forgets an entry, unless only part of the text is selected; then it cuts, as usual.

@@ -44,6 +44,7 @@ class HistoryBox : public QComboBox {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    void keepingText(const std::function<void()>& change);
     void goToShownEntry();
     bool takeSuggestion();
     bool forgetSuggestion();

@@ -24,8 +24,6 @@ class Waiting : public QObject {
     /// Lets a second pass.
     void waitOneSecond();
 
-    bool isWaiting() const { return waiting_ != nullptr; }
-
   signals:
     /// `line` says what is awaited.
     void began(const QString& line);
