@@ -1,9 +1,11 @@
 #include "full_folder.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
 #include <fstream>
+#include <ranges>
 #include <stdexcept>
 
 namespace bramblet::bench {
@@ -84,6 +86,11 @@ void write(const std::filesystem::path& path, const std::string& bytes) {
 std::string vendorName(int i) {
     const std::size_t place = scattered(i, kTowns.size() * kTrades.size());
     return std::string(kTowns[place % kTowns.size()]) + ' ' + kTrades[place / kTowns.size()];
+}
+
+int itemsOf(const std::string& vendor, int items) {
+    const auto numbers = std::views::iota(1, items + 1);
+    return static_cast<int>(std::ranges::count(numbers, vendor, vendorName));
 }
 
 OrderRow orderRow(int i) {

@@ -34,6 +34,8 @@ OrderRow orderRow(int i);
 ItemRow itemRow(int i);
 /// One of the 300 vendors of orders and items.
 std::string vendorName(int i);
+/// How many of the first `items` items are of this vendor.
+int itemsOf(const std::string& vendor, int items);
 
 /// The content of "po_data.dat" with this many orders.
 std::string orderFile(int orders);

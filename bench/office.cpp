@@ -63,13 +63,18 @@ Office& officeWithDocuments(int orders) {
     return office;
 }
 
-std::string readWhole(const std::filesystem::path& path) {
-    std::string bytes(std::filesystem::file_size(path), '\0');
+std::size_t readInto(std::string& buffer, const std::filesystem::path& path) {
     std::FILE* const file = std::fopen(path.c_str(), "rb");
     if (file == nullptr) throw std::runtime_error("not read: " + path.string());
     std::setvbuf(file, nullptr, _IONBF, 0);
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file));
+    const std::size_t length = std::fread(buffer.data(), 1, buffer.size(), file);
     std::fclose(file);
+    return length;
+}
+
+std::string readWhole(const std::filesystem::path& path) {
+    std::string bytes(std::filesystem::file_size(path), '\0');
+    bytes.resize(readInto(bytes, path));
     return bytes;
 }
 

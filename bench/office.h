@@ -1,10 +1,11 @@
-// A filled data folder with the program on it, without windows.
+// A filled data folder with the program on it, without windows, and what all measurements share.
 #pragma once
 
 #include "core/app/program.h"
 #include "full_folder.h"
 #include "support/temporary_folder.h"
 
+#include <benchmark/benchmark.h>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -13,7 +14,24 @@
 namespace bramblet::bench {
 
 /// The lists are measured at each of these sizes.
-inline constexpr int kSizes[]{1000, 8000, kFull};
+inline void atAllSizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(1000)->Arg(8000)->Arg(kFull)->Unit(benchmark::kMillisecond);
+}
+inline void onFullLists(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(kFull)->Unit(benchmark::kMillisecond);
+}
+/// Only once each: the next run would find its folder filled.
+inline void ofBackups(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(1000)->Arg(5000)->Iterations(1)->Unit(benchmark::kMillisecond);
+}
+inline int countOf(const benchmark::State& state) {
+    return static_cast<int>(state.range(0));
+}
+
+/// Everything is only worth measuring as long as it is right.
+inline void holds(benchmark::State& state, bool right) {
+    if (!right) state.SkipWithError("The result is wrong");
+}
 
 /// Says yes to everything and chooses one file.
 class Agreeable : public Prompts {
@@ -28,14 +46,17 @@ class Agreeable : public Prompts {
     }
 };
 
+/// What the program is given, always on the same day.
+inline Environment environment(Desktop& desktop, const test::TemporaryFolder& documents) {
+    return {desktop, documents.path(), {}, {[] { return 46085; }, [] {}}, nullptr};
+}
+
 class Office {
   public:
     explicit Office(const FolderSize& size) {
         folder_ = Program::homeFolderIn(documents_.path()) / "po_data";
         fillFolder(folder_, size);
-        program_ = std::make_unique<Program>(
-            Environment{desktop_, documents_.path(), {}, {[] { return 46085; }, [] {}}, nullptr},
-            prompts);
+        program_ = std::make_unique<Program>(environment(desktop_, documents_), prompts);
         program_->start();
     }
 
@@ -64,7 +85,8 @@ inline constexpr const char* kLongOrder = "000500";
 /// An office with 5,000 orders or fewer, each with its document of ten lines.
 Office& officeWithDocuments(int orders);
 
-/// The file in one read.
+/// Reads a file into memory that is already there, without a buffer in between; returns its length.
+std::size_t readInto(std::string& buffer, const std::filesystem::path& path);
 std::string readWhole(const std::filesystem::path& path);
 /// Writes a file and hands it to the disk, so that nobody else pays for that.
 void writeFlushed(const std::filesystem::path& path, const std::string& bytes);

@@ -4,7 +4,6 @@
 
 #include "office.h"
 
-#include <array>
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <map>
@@ -12,6 +11,7 @@
 #include <stdexcept>
 #include <string_view>
 #include <unistd.h>
+#include <vector>
 
 namespace bramblet::bench {
 namespace {
@@ -52,7 +52,7 @@ class Statement {
     /// Binds the values to the parameters, from the first on; texts must outlive the next step.
     template <class... Values>
     Statement& with(const Values&... values) {
-        int place = 0;
+        [[maybe_unused]] int place = 0;
         (bind(++place, values), ...);
         return *this;
     }
@@ -70,7 +70,8 @@ class Statement {
         return {reinterpret_cast<const char*>(bytes),
                 static_cast<std::size_t>(sqlite3_column_bytes(handle_, column))};
     }
-    double number(int column) { return sqlite3_column_double(handle_, column); }
+    std::int64_t number(int column) { return sqlite3_column_int64(handle_, column); }
+    int columns() const { return sqlite3_column_count(handle_); }
 
   private:
     void bind(int place, std::string_view text) {
@@ -84,16 +85,27 @@ class Statement {
     sqlite3_stmt* handle_ = nullptr;
 };
 
-/// All rows of a query as strings.
-template <std::size_t Columns>
-std::vector<std::array<std::string, Columns>> allTexts(Statement& query) {
-    std::vector<std::array<std::string, Columns>> rows;
+/// All rows of a query as strings, one after the other.
+template <class... Values>
+std::vector<std::string> allTexts(const Database& database, const char* sql,
+                                  const Values&... values) {
+    Statement query(database, sql);
+    query.with(values...);
+    const int columns = query.columns();
+    std::vector<std::string> texts;
     while (query.step()) {
-        auto& row = rows.emplace_back();
-        for (std::size_t i = 0; i < Columns; ++i)
-            row[i] = query.text(static_cast<int>(i));
+        for (int i = 0; i < columns; ++i)
+            texts.emplace_back(query.text(i));
     }
-    return rows;
+    return texts;
+}
+
+/// The number that a query yields.
+std::int64_t numberOf(const std::filesystem::path& path, const char* sql) {
+    const Database database(path);
+    Statement query(database, sql);
+    query.step();
+    return query.number(0);
 }
 
 void fillOrders(Database& database, int count) {
@@ -152,7 +164,7 @@ class Databases {
     }
     static const Databases& of(const benchmark::State& state) {
         static std::map<int, Databases> all;
-        const auto count = static_cast<int>(state.range(0));
+        const int count = countOf(state);
         return all.try_emplace(count, count).first->second;
     }
     std::filesystem::path orders() const { return folder_ / "orders.db"; }
@@ -163,19 +175,22 @@ class Databases {
     test::TemporaryFolder folder_;
 };
 
-void onFullLists(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(kFull)->Unit(benchmark::kMillisecond);
+/// Makes the rows of a query, which has these parameters, strings: so many of them.
+template <class... Values>
+void listRows(benchmark::State& state, const std::filesystem::path& path, int strings,
+              const char* sql, const Values&... values) {
+    std::size_t found = 0;
+    for (auto _ : state) {
+        const auto texts = allTexts(Database(path), sql, values...);
+        benchmark::DoNotOptimize(texts);
+        found = texts.size();
+    }
+    holds(state, found == static_cast<std::size_t>(strings));
 }
 
-constexpr const char* kNewestFirst = "select * from orders order by number desc";
-
 void listOrders(benchmark::State& state) {
-    const auto path = Databases::of(state).orders();
-    for (auto _ : state) {
-        Database database(path);
-        Statement query(database, kNewestFirst);
-        benchmark::DoNotOptimize(allTexts<13>(query));
-    }
+    listRows(state, Databases::of(state).orders(), 13 * countOf(state),
+             "select * from orders order by number desc");
 }
 BENCHMARK(listOrders)->Name("list_orders/sqlite")->Apply(onFullLists);
 
@@ -183,23 +198,20 @@ BENCHMARK(listOrders)->Name("list_orders/sqlite")->Apply(onFullLists);
 void listScreenful(benchmark::State& state) {
     const auto path = Databases::of(state).orders();
     for (auto _ : state) {
-        Database database(path);
-        Statement numbers(database, "select number from orders order by number desc");
-        benchmark::DoNotOptimize(allTexts<1>(numbers));
-        Statement query(database, "select * from orders order by number desc limit 40");
-        benchmark::DoNotOptimize(allTexts<13>(query));
+        const Database database(path);
+        const auto numbers = allTexts(database, "select number from orders order by number desc");
+        const auto texts = allTexts(database, "select * from orders order by number desc limit 40");
+        holds(state, numbers.size() == kFull && texts.size() == std::size_t{13} * 40);
     }
 }
 BENCHMARK(listScreenful)->Name("list_orders_screenful/sqlite")->Apply(onFullLists);
 
 void nextNumber(benchmark::State& state) {
     const auto path = Databases::of(state).orders();
-    for (auto _ : state) {
-        Database database(path);
-        Statement query(database, "select max(cast(number as real)) from orders");
-        query.step();
-        benchmark::DoNotOptimize(query.number(0) + 1);
-    }
+    std::int64_t number = 0;
+    for (auto _ : state)
+        number = numberOf(path, "select max(cast(number as real)) from orders") + 1;
+    holds(state, number == countOf(state) + 1);
 }
 BENCHMARK(nextNumber)->Name("next_number/sqlite")->Apply(onFullLists);
 
@@ -233,31 +245,24 @@ void saveOrder(benchmark::State& state) {
             .run();
         replaceFile(databases.document(), document);
     }
+    holds(state, numberOf(databases.orders(),
+                          "select order_total from orders where number='000500'") == total);
 }
 BENCHMARK(saveOrder)->Name("save_order/sqlite")->Apply(onFullLists);
 
 void listItems(benchmark::State& state) {
-    const auto path = Databases::of(state).items();
-    for (auto _ : state) {
-        Database database(path);
-        Statement query(database,
-                        "select category, vendor, unit, description, unit_cost, number from items "
-                        "where status <> 'D'");
-        benchmark::DoNotOptimize(allTexts<6>(query));
-    }
+    listRows(state, Databases::of(state).items(), 6 * countOf(state),
+             "select category, vendor, unit, description, unit_cost, number from items "
+             "where status <> 'D'");
 }
 BENCHMARK(listItems)->Name("list_items/sqlite")->Apply(onFullLists);
 
 void listVendorsItems(benchmark::State& state) {
-    const auto path = Databases::of(state).items();
     const std::string vendor = vendorName(1);
-    for (auto _ : state) {
-        Database database(path);
-        Statement query(database,
-                        "select category, vendor, unit, description, unit_cost, number from items "
-                        "where vendor=? and status <> 'D'");
-        benchmark::DoNotOptimize(allTexts<6>(query.with(vendor)));
-    }
+    listRows(state, Databases::of(state).items(), 6 * itemsOf(vendor, countOf(state)),
+             "select category, vendor, unit, description, unit_cost, number from items "
+             "where vendor=? and status <> 'D'",
+             vendor);
 }
 BENCHMARK(listVendorsItems)->Name("list_vendor/sqlite")->Apply(onFullLists);
 
@@ -296,7 +301,7 @@ void importFile(const std::filesystem::path& path, const std::filesystem::path& 
 }
 
 void importItems(benchmark::State& state, bool known) {
-    const auto count = static_cast<int>(state.range(0));
+    const int count = countOf(state);
     const test::TemporaryFolder folder;
     const auto path = folder / "items.db";
     const auto from = folder / "items.sid";
@@ -312,10 +317,7 @@ void importItems(benchmark::State& state, bool known) {
         state.ResumeTiming();
         importFile(path, from);
     }
-    Database database(path);
-    Statement counted(database, "select count(*) from items");
-    counted.step();
-    if (counted.number(0) != (known ? count : 2 * count)) state.SkipWithError("wrong count");
+    holds(state, numberOf(path, "select count(*) from items") == (known ? count : 2 * count));
 }
 BENCHMARK_CAPTURE(importItems, known, true)->Name("import_known/sqlite")->Apply(onFullLists);
 BENCHMARK_CAPTURE(importItems, new, false)->Name("import_new/sqlite")->Apply(onFullLists);

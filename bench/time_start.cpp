@@ -1,6 +1,7 @@
 // time_start PROGRAM ARGUMENT...: starts a program on the X display and prints, on one line: the
 // milliseconds until its first window was painted, and until that window came to rest; the CPU
-// milliseconds taken; the resident memory then, and the most so far, in kB. Then ends the program.
+// milliseconds taken; the resident memory once it has rested for a while, and the most so far, in
+// kB. Then ends the program.
 //
 // A window counts as painted when the server has been told to draw nearly all of it: a window that
 // is merely there shows whatever was on the screen before.
