@@ -75,11 +75,11 @@ void Driver::type(const QString& box, const QString& text) {
 
 void Driver::pick(const QString& comboBox, const QString& entry) {
     auto* const combo = find<QComboBox>(comboBox);
-    const int index = combo->findText(entry, Qt::MatchExactly);
-    if (index < 0) giveUp(entry + " is not in " + comboBox);
     focus(combo);
     combo->showPopup();
     settle();
+    const int index = combo->findText(entry, Qt::MatchExactly);
+    if (index < 0) giveUp(entry + " is not in " + comboBox);
     QAbstractItemView* const list = combo->view();
     list->setCurrentIndex(combo->model()->index(index, 0));
     QTest::keyClick(list, Qt::Key_Return);

@@ -47,7 +47,7 @@ std::size_t placeOf(const AddressRecords& records, const std::string& name,
 }  // namespace
 
 std::string listedName(const AddressRow& record) {
-    return trimmed(withoutControls(record.field<&AddressRecord::Name>()));
+    return trimmed(withoutControls(record.get<&AddressRecord::Name>()));
 }
 
 AddressFile::AddressFile(FileSystem files, std::filesystem::path path)

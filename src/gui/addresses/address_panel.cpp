@@ -70,6 +70,8 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
     setTabOrder(name_, address_);
     setTabOrder(address_, save_);
 
+    for (const auto needed : {&HistoryBox::focused, &HistoryBox::opening})
+        connect(name_, needed, this, &AddressPanel::fillList);
     connect(name_->lineEdit(), &QLineEdit::textEdited, this,
             [this](const QString& text) { book_.Combo_Change(side_, fromQt(text)); });
     connect(name_, &QComboBox::activated, this, [this] {
@@ -82,9 +84,14 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
             [this] { book_.Field_Change(side_, linesFromQt(linesIn(address_))); });
 }
 
+void AddressPanel::fillList() {
+    listed_ = true;
+    name_->setEntries(book_.shown(side_).names);
+}
+
 void AddressPanel::refresh() {
     const AddressBook::Shown& shown = book_.shown(side_);
-    name_->setEntries(shown.names);
+    if (listed_) fillList();
     showText(name_->lineEdit(), toQt(open_.order().*nameField_));
     showText(address_, linesToQt(open_.order().*addressField_));
     counter_->setText(toQt(shown.counter));

@@ -25,12 +25,16 @@ class AddressPanel : public QWidget {
     HistoryBox* nameBox() const { return name_; }
 
   private:
+    /// The names are put into the list when they are first needed.
+    void fillList();
+
     AddressSide side_;
     OrderField nameField_;
     OrderField addressField_;
     AddressBook& book_;
     const OpenOrder& open_;
     HistoryBox* name_;
+    bool listed_ = false;  ///< the list has been needed
     QPlainTextEdit* address_;
     QLabel* counter_;
     QToolButton* save_;

@@ -15,6 +15,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <chrono>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
@@ -49,8 +50,10 @@ int main(int argc, char** argv) {
 #ifndef _WIN32
     // Windows takes the icon from the executable; elsewhere it is installed alongside the program.
     QApplication::setDesktopFileName(u"bramblet"_s);
-    // Searching the themes for it takes a while: the first window need not wait.
-    QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon::fromTheme(u"bramblet"_s)); });
+    // Searching the themes for it takes a while: the first window is painted before.
+    constexpr std::chrono::milliseconds kPainted{300};
+    QTimer::singleShot(kPainted,
+                       [] { QApplication::setWindowIcon(QIcon::fromTheme(u"bramblet"_s)); });
 #endif
 
     Waiting waiting;

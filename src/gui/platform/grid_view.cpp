@@ -192,6 +192,11 @@ void GridView::tintSelection(bool focused) {
 /// The rows have changed, and the widest texts with them.
 void GridView::reset() {
     QTableView::reset();
+    if (!resizedByHand_ && isVisible()) layOutColumns();
+}
+
+void GridView::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
     if (!resizedByHand_) layOutColumns();
 }
 

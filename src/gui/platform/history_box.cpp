@@ -10,6 +10,8 @@
 #include <QMenu>
 #include <QStringListModel>
 
+#include <utility>
+
 namespace bramblet {
 namespace {
 
@@ -33,10 +35,16 @@ HistoryBox::HistoryBox(const char* name, const QString& accessibleName, const QS
     setMinimumContentsLength(8);
     completer()->setCompletionMode(QCompleter::PopupCompletion);
     completer()->setCaseSensitivity(Qt::CaseInsensitive);
-    // Long lists open at once if every row is known to be as high as the first.
-    for (QAbstractItemView* list : {view(), completer()->popup()})
+}
+
+/// Its two lists are made when they are first needed: a window has many boxes.
+void HistoryBox::makeLists() {
+    if (std::exchange(listsMade_, true)) return;
+    for (QAbstractItemView* list : {view(), completer()->popup()}) {
+        // Long lists open at once if every row is known to be as high as the first.
         qobject_cast<QListView*>(list)->setUniformItemSizes(true);
-    completer()->popup()->installEventFilter(this);
+        list->installEventFilter(this);
+    }
 }
 
 void HistoryBox::offerToForget(std::function<MayForget> mayForget) {
@@ -45,7 +53,6 @@ void HistoryBox::offerToForget(std::function<MayForget> mayForget) {
     connect(lineEdit(), &QWidget::customContextMenuRequested, this,
             [this](const QPoint& place) { openMenu(lineEdit()->mapToGlobal(place)); });
     lineEdit()->installEventFilter(this);
-    view()->installEventFilter(this);
 }
 
 void HistoryBox::setEntries(const std::vector<std::string>& entries) {
@@ -75,6 +82,7 @@ void HistoryBox::keepingText(const std::function<void()>& change) {
 }
 
 void HistoryBox::showPopup() {
+    makeLists();
     emit opening();
     goToShownEntry();
     QComboBox::showPopup();
@@ -150,6 +158,7 @@ bool HistoryBox::takesKey(const QKeyEvent& event) {
 }
 
 void HistoryBox::focusInEvent(QFocusEvent* event) {
+    makeLists();
     QComboBox::focusInEvent(event);
     // On getting the focus, the line edit begins to show a suggestion that is only highlighted as
     // if it had been taken.

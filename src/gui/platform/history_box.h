@@ -44,6 +44,7 @@ class HistoryBox : public QComboBox {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    void makeLists();
     void keepingText(const std::function<void()>& change);
     void goToShownEntry();
     bool takeSuggestion();
@@ -54,6 +55,7 @@ class HistoryBox : public QComboBox {
     std::function<MayForget> mayForget_;
     QStringListModel* model_;
     std::vector<std::string> entries_;
+    bool listsMade_ = false;
 };
 
 }  // namespace bramblet
