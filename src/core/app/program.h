@@ -10,6 +10,7 @@
 #include "core/history/field_histories.h"
 #include "core/orders/csv_export.h"
 #include "core/orders/line_items.h"
+#include "core/orders/order_documents.h"
 #include "core/orders/order_editor.h"
 #include "core/orders/order_index.h"
 #include "core/orders/order_viewer.h"
@@ -84,6 +85,7 @@ class Program {
     FieldHistories histories;
     OrderIndex index;
     SavedOrders savedOrders;
+    OrderDocuments documents;
     OrderEditor editor;
     LineItems lines;
     ContactImport contactImport;

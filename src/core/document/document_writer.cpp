@@ -235,11 +235,6 @@ std::string orderDocument(const Order& order, const DocumentStyle& style) {
     return Document(order, style).text();
 }
 
-void MakeSnap(const std::filesystem::path& path, const Order& order, const DocumentStyle& style,
-              const FileSystem& files) {
-    files.replace(path, orderDocument(order, style));
-}
-
 void MakeHTML_NoteBlock(std::string_view text, std::string& result) {
     std::string piece;
     const auto add = [&piece](const char* tag) {

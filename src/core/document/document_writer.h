@@ -25,11 +25,6 @@ struct DocumentStyle {
 /// form would need more than 32,767 rows.
 std::string orderDocument(const Order& order, const DocumentStyle& style);
 
-/// Writes the document in place of the file's old content. Throws like `orderDocument`, or
-/// FileError.
-void MakeSnap(const std::filesystem::path& path, const Order& order, const DocumentStyle& style,
-              const FileSystem& files);
-
 /// An address as HTML lines: each line of the text becomes a line of the file after a CR LF; a line
 /// end becomes "<br>", the last one "<p>", and neither is added after a ">".
 void MakeHTML_NoteBlock(std::string_view text, std::string& result);

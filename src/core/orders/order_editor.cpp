@@ -4,6 +4,7 @@
 #include "core/document/document_writer.h"
 #include "core/document/totals.h"
 #include "core/platform/amount_text.h"
+#include "core/platform/path_text.h"
 #include "core/platform/text.h"
 
 #include <cstdio>
@@ -118,6 +119,15 @@ void OrderEditor::TotalUp_Click() {
 void OrderEditor::POGrid_Click(const std::string& orderNumber) {
     commands_.onData([&] {
         if (offerToSave("Bramblet", "Save PO?") == Offer::GoOn) LoadOrder(orderNumber);
+    });
+}
+
+void OrderEditor::openKeptOrder() {
+    commands_.onData([&] {
+        if (!files_.exists(documents_.keptFolder())) return commands_.say("No order has been kept");
+        const auto path = commands_.prompts().chooseFileToOpen(
+            {"Open Kept Order", documents_.keptFolder(), "", {{"Orders", "*.htm"}}});
+        if (path && offerToSave("Bramblet", "Save PO?") == Offer::GoOn) loadKept(*path);
     });
 }
 
@@ -262,6 +272,7 @@ std::optional<std::string> OrderEditor::nextNumber() {
 bool OrderEditor::saveAs(const std::string& number, Histories histories) {
     const std::string previousNumber = open_.order().PONoEd;
     open_.fill(&Order::PONoEd, number);
+    documents_.forgetOpen();
     if (open_.recompute()) return write(histories);
     open_.fill(&Order::PONoEd, previousNumber);
     return false;
@@ -309,9 +320,8 @@ bool OrderEditor::writeFiles(const std::filesystem::path& path, Histories histor
     return entered && documented;
 }
 
-void OrderEditor::MakeSnap(const std::filesystem::path& path) const {
-    const DocumentStyle style{settings_, taxFreight_, formats_};
-    bramblet::MakeSnap(path, open_.order(), style, files_);
+void OrderEditor::MakeSnap(const std::filesystem::path& path) {
+    documents_.write(path, orderDocument(open_.order(), {settings_, taxFreight_, formats_}));
 }
 
 void OrderEditor::LoadOrder(const std::string& orderNumber) {
@@ -320,9 +330,27 @@ void OrderEditor::LoadOrder(const std::string& orderNumber) {
         commands_.attemptOrAsk("Order " + orderNumber + " cannot be opened: ", "Bramblet", [&] {
             const std::filesystem::path path = commands_.folder().documentPath(orderNumber);
             if (!files_.exists(path)) files_.touch(path);
-            document = files_.read(path);
+            document = documents_.open(path);
         });
+    if (read) show(document, "order " + orderNumber);
+}
+
+void OrderEditor::loadKept(const std::filesystem::path& path) {
+    std::string document;
+    const std::string name = shown(path.filename());
+    const bool read =
+        commands_.attemptOrAsk("The kept order " + name + " cannot be opened: ", "Bramblet",
+                               [&] { document = files_.read(path); });
     if (!read) return;
+    documents_.forgetOpen();
+    show(document, name);
+    if (open_.isPending()) return;
+    commands_.sayDone("This is a kept state of order " + open_.order().PONoEd +
+                      ". \"Save as Copy\" gives it a number of its own");
+}
+
+/// Shows the order that a document holds.
+void OrderEditor::show(const std::string& document, const std::string& name) {
     clearOrder();
     Order order = open_.order();
     order.kind = OrderKind::PurchaseOrder;
@@ -330,7 +358,7 @@ void OrderEditor::LoadOrder(const std::string& orderNumber) {
     // Without a number of its own, what is shown must not be saved over the order shown before.
     if (!found.number) {
         order.PONoEd = kPendingNumber;
-        commands_.say("The document of order " + orderNumber + " holds no order");
+        commands_.say("The document of " + name + " holds no order");
     }
     open_.replace(std::move(order));
     if (found.vendor) {

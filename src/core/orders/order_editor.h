@@ -4,6 +4,7 @@
 #include "core/addresses/address_book.h"
 #include "core/document/open_order.h"
 #include "core/history/field_histories.h"
+#include "core/orders/order_documents.h"
 #include "core/orders/order_index.h"
 #include "core/orders/saved_orders.h"
 #include "core/platform/clock.h"
@@ -31,6 +32,7 @@ struct OrderWorkplace {
     const OrderIndex& index_;
     SavedOrders& savedOrders_;
     StockList& stock_;
+    OrderDocuments& documents_;
 };
 
 class OrderEditor : private OrderWorkplace {
@@ -48,6 +50,9 @@ class OrderEditor : private OrderWorkplace {
     void TotalUp_Click();
     /// A click on a row of the saved orders: offers to save this order, then opens that one.
     void POGrid_Click(const std::string& orderNumber);
+    /// Offers to save this order, then opens a state of an order that has been kept
+    /// (order_documents.h).
+    void openKeptOrder();
     /// "Delete Order" of the saved orders' pop-up menu.
     void POPop_delete_Click(const std::string& orderNumber);
 
@@ -73,7 +78,7 @@ class OrderEditor : private OrderWorkplace {
     /// Picks the names typed into the name boxes; done before the order is shown or saved.
     void pickTypedNames() { addresses_.pickTypedNames(); }
     /// Writes the document of the order shown. Throws Fault.
-    void MakeSnap(const std::filesystem::path& path) const;
+    void MakeSnap(const std::filesystem::path& path);
 
   private:
     bool confirm(const std::string& question);
@@ -90,6 +95,8 @@ class OrderEditor : private OrderWorkplace {
     bool writeFiles(const std::filesystem::path& path, Histories histories);
     bool saveAs(const std::string& number, Histories histories);
     void LoadOrder(const std::string& orderNumber);
+    void loadKept(const std::filesystem::path& path);
+    void show(const std::string& document, const std::string& name);
     Order clearedOrder() const;
 
     bool numberDoubted_ = false;  ///< whether the status line warns against the number typed

@@ -11,11 +11,14 @@
 namespace bramblet {
 namespace {
 
+const std::string kTemporaryStart = "~bramblet-";
+const std::string kTemporaryEnd = ".tmp";
+
 /// A name beside `path` that nobody else uses, on this machine or another, and that no backup
 /// pattern matches.
 std::filesystem::path temporaryNameFor(const std::filesystem::path& path) {
     static std::mt19937_64 numbers(std::random_device{}() ^ os::processNumber() << 32);
-    const std::string name = "~bramblet-" + std::to_string(numbers()) + ".tmp";
+    const std::string name = kTemporaryStart + std::to_string(numbers()) + kTemporaryEnd;
     return std::filesystem::path(path).replace_filename(name);
 }
 
@@ -65,6 +68,13 @@ class Replacement {
         if (modified_) run([&] { os::setModified(path_, *modified_); });
         run([&] { os::rename(path_, target_); });
     }
+    /// False when there is a file in that place.
+    bool renameNew() {
+        file_.reset();
+        bool renamed = false;
+        run([&] { renamed = os::renameNew(path_, target_); });
+        return renamed;
+    }
     void putInPlace() {
         flush();
         rename();
@@ -108,12 +118,23 @@ void FileSystem::touch(const std::filesystem::path& path) const {
 void FileSystem::append(const std::filesystem::path& path, std::string_view content) const {
     RandomFile file(*this, path, os::Open::Write);
     file.write(file.length(), content);
+    file.flush();
 }
 
 void FileSystem::replace(const std::filesystem::path& path, std::string_view content) const {
     Replacement replacement(*this, path);
     replacement.write(0, content);
     replacement.putInPlace();
+}
+
+void FileSystem::create(const std::filesystem::path& path, std::string_view content,
+                        const std::function<void()>& makeRoom) const {
+    Replacement replacement(*this, path);
+    replacement.write(0, content);
+    replacement.flush();
+    while (!replacement.renameNew())
+        makeRoom();
+    os::flushFolder(path.parent_path());
 }
 
 void FileSystem::copy(const std::filesystem::path& from, const std::filesystem::path& to) const {
@@ -128,8 +149,10 @@ void FileSystem::createFolders(const std::filesystem::path& path) const {
     auto folder = path.has_filename() ? path : path.parent_path();
     for (; folder.has_relative_path() && !os::exists(folder); folder = folder.parent_path())
         missing.push_back(folder);
-    for (auto next = missing.rbegin(); next != missing.rend(); ++next)
+    for (auto next = missing.rbegin(); next != missing.rend(); ++next) {
         run([&] { os::createFolder(*next); });
+        os::flushFolder(next->parent_path());
+    }
 }
 
 CopyBatch::CopyBatch(const FileSystem& files, std::filesystem::path folder)
@@ -157,6 +180,12 @@ void CopyBatch::putInPlace() {
         ++placed_;
     }
     os::flushFolder(folder_);
+}
+
+bool isTemporaryName(const std::filesystem::path& name) {
+    const std::u8string text = name.u8string();
+    const std::string_view bytes(reinterpret_cast<const char*>(text.data()), text.size());
+    return bytes.starts_with(kTemporaryStart) && bytes.ends_with(kTemporaryEnd);
 }
 
 std::filesystem::path withSeparator(std::filesystem::path folder) {

@@ -53,13 +53,18 @@ class FileSystem {
     /// Creates an empty file where there is none.
     void touch(const std::filesystem::path& path) const;
 
-    /// Writes at the end of a file, which is created when missing.
+    /// Writes at the end of a file, which is created when missing, and flushes it to disk.
     void append(const std::filesystem::path& path, std::string_view content) const;
 
     /// Puts `content` in place of the file's: it is written to a temporary file beside it, flushed
     /// to disk and renamed, so that at any moment either the old or the new content is there
     /// complete. The access rights of the old file are kept.
     void replace(const std::filesystem::path& path, std::string_view content) const;
+
+    /// Writes a file that must not replace another one, in the same way. While there is one of its
+    /// name, `makeRoom` has to take it away.
+    void create(const std::filesystem::path& path, std::string_view content,
+                const std::function<void()>& makeRoom) const;
 
     /// Copies a file under a temporary name and renames it when complete. The copy keeps the time
     /// stamp of the original, and the access rights of the file that it replaces.
@@ -78,6 +83,12 @@ class FileSystem {
     void rename(const std::filesystem::path& from, const std::filesystem::path& to) const {
         run([&] { os::rename(from, to); });
         os::flushFolder(to.parent_path());
+    }
+    /// The same, but false when there is a file with the new name already.
+    bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to) const {
+        if (!run([&] { return os::renameNew(from, to); })) return false;
+        os::flushFolder(to.parent_path());
+        return true;
     }
     /// Creates a folder and any missing folders above it.
     void createFolders(const std::filesystem::path& path) const;
@@ -159,6 +170,10 @@ class CopyBatch {
     std::uint64_t bytes_ = 0;
     std::size_t placed_ = 0;
 };
+
+/// Whether a file is one of those that are written beside another to take its place. One that is
+/// older than a moment was left by a program that died.
+bool isTemporaryName(const std::filesystem::path& name);
 
 /// The folder with a trailing separator.
 std::filesystem::path withSeparator(std::filesystem::path folder);

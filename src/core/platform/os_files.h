@@ -59,6 +59,8 @@ void remove(const std::filesystem::path& path);
 /// A file with the new name is replaced; its access rights are kept as far as the file system
 /// allows.
 void rename(const std::filesystem::path& from, const std::filesystem::path& to);
+/// The same, but false when there is a file with the new name already: nothing is replaced then.
+bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to);
 /// Hands a folder to the disk: without this a power cut may undo a rename in it. A folder that
 /// cannot be flushed is left as it is.
 void flushFolder(const std::filesystem::path& folder);

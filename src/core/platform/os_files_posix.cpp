@@ -154,7 +154,7 @@ void File::write(std::uint64_t offset, std::string_view bytes) {
             return ::pwrite(descriptor(handle_), bytes.data(), bytes.size(),
                             static_cast<off_t>(offset));
         });
-        if (put == -1) fail(path_);
+        if (put <= 0) fail(path_, put == 0 ? ENOSPC : errno);
         offset += static_cast<std::uint64_t>(put);
         bytes.remove_prefix(static_cast<std::size_t>(put));
     }
@@ -196,6 +196,22 @@ void remove(const std::filesystem::path& path) {
 void rename(const std::filesystem::path& from, const std::filesystem::path& to) {
     takeOverRights(to, from);
     if (::rename(from.c_str(), to.c_str()) != 0) fail(to);
+}
+
+bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
+#ifdef __linux__
+    const unsigned noReplace = 1;  // RENAME_NOREPLACE
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), noReplace) == 0) return true;
+    if (errno == EEXIST) return false;
+#endif
+    // Not every file system can do that, nor have two names for a file.
+    if (::link(from.c_str(), to.c_str()) == 0) {
+        os::remove(from);
+        return true;
+    }
+    if (errno == EEXIST || os::exists(to)) return false;
+    if (::rename(from.c_str(), to.c_str()) != 0) fail(to);
+    return true;
 }
 
 void flushFolder(const std::filesystem::path& folder) {

@@ -248,6 +248,14 @@ void rename(const std::filesystem::path& from, const std::filesystem::path& to) 
     if (!::MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), kHow)) fail(to);
 }
 
+bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
+    if (::MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), MOVEFILE_WRITE_THROUGH))
+        return true;
+    const DWORD error = ::GetLastError();
+    if (error != ERROR_ALREADY_EXISTS && error != ERROR_FILE_EXISTS) fail(to, error);
+    return false;
+}
+
 void flushFolder(const std::filesystem::path&) {}  // a rename has done that
 
 void flushDisk(const std::filesystem::path&) {}

@@ -72,6 +72,8 @@ void addListsMenu(QMenu* menu, Program& program, LinesPanel& lines, ListsPanel& 
              [&] { lists.HideOrders_Click(); });
     menu->addSeparator();
     addSortMenu(menu->addMenu(u"&Sort by"_s), lists);
+    addEntry(menu, "mu_OpenKeptOrder", u"Open &Kept Order ..."_s, {},
+             [&] { program.editor.openKeptOrder(); });
     QAction* remove = addEntry(menu, "mu_DeleteOrder", u"&Delete Order"_s, {},
                                [&] { lists.orders()->deleteCurrentOrder(); });
     QObject::connect(menu, &QMenu::aboutToShow, menu, [&lists, remove] {

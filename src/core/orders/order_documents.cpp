@@ -1,0 +1,145 @@
+#include "core/orders/order_documents.h"
+
+#include "core/document/document_reader.h"
+#include "core/platform/path_text.h"
+#include "core/platform/text.h"
+
+#include <functional>
+
+namespace bramblet {
+namespace {
+
+std::size_t hashOf(const std::string& document) {
+    return std::hash<std::string>()(document);
+}
+
+std::string inKept(const std::filesystem::path& path) {
+    return "kept/" + shown(path.filename());
+}
+
+/// Whether a document has been written to its end.
+bool isWhole(const std::string& document) {
+    return trimmed(withoutControls(document)).ends_with("</html>");
+}
+
+}  // namespace
+
+OrderDocuments::OrderDocuments(const FileSystem& files, Commands& commands, const Clock& clock)
+    : files_(files), commands_(commands), clock_(clock) {}
+
+std::string OrderDocuments::open(const std::filesystem::path& path) {
+    std::string document = files_.read(path);
+    own_ = {path, hashOf(document)};
+    return document;
+}
+
+void OrderDocuments::write(const std::filesystem::path& path, const std::string& document) {
+    const bool pending = path == commands_.folder().file("po.htm");  // made anew for every look
+    if (pending || isOwn(path)) {
+        files_.replace(path, document);
+    } else {
+        writeBeside(path, document);
+    }
+    if (!pending) own_ = {path, hashOf(document)};
+}
+
+/// Writes a document that must not replace what is there: that is kept.
+void OrderDocuments::writeBeside(const std::filesystem::path& path, const std::string& document) {
+    std::vector<std::filesystem::path> kept;
+    try {
+        files_.create(path, document, [&] { setAside(path, kept); });
+    } catch (const FileError&) {
+        // What was there goes back to its place, unless there is something again.
+        try {
+            if (!kept.empty()) files_.withoutRetry().renameNew(kept.back(), path);
+        } catch (const FileError&) {
+            // It stays where it is kept; the first fault is the one to tell of.
+        }
+        throw;
+    }
+    for (const auto& each : kept) {
+        commands_.say("Another document of order " + shown(path.stem()) +
+                      " was there and is kept as " + inKept(each));
+    }
+}
+
+bool OrderDocuments::isOwn(const std::filesystem::path& path) const {
+    try {
+        return own_.path == path && hashOf(files_.read(path)) == own_.hash;
+    } catch (const FileError& error) {
+        if (error.number() == FaultNumber::FileNotFound) return false;
+        throw;
+    }
+}
+
+/// Takes what stands at a path away from there, and adds where it is kept if there is anything in
+/// it.
+void OrderDocuments::setAside(const std::filesystem::path& path,
+                              std::vector<std::filesystem::path>& kept) const {
+    const auto aside = keep(path, fromUnicode(unicodeOf(path.stem())));
+    if (!aside) return;
+    if (files_.status(*aside).length > 0) {
+        kept.push_back(*aside);
+    } else {
+        files_.remove(*aside);
+    }
+}
+
+/// Moves a file to where it is kept; nothing when it is gone by itself.
+std::optional<std::filesystem::path> OrderDocuments::keep(const std::filesystem::path& path,
+                                                          const std::string& what) const {
+    for (;;) {
+        const std::filesystem::path kept = keptPath(what, ".htm");
+        try {
+            if (files_.renameNew(path, kept)) return kept;
+        } catch (const FileError& error) {
+            if (error.number() == FaultNumber::FileNotFound) return std::nullopt;
+            throw;
+        }
+    }
+}
+
+std::filesystem::path OrderDocuments::keptFolder() const {
+    return commands_.folder().file("kept");
+}
+
+std::filesystem::path OrderDocuments::keptPath(const std::string& what,
+                                               const std::string& ending) const {
+    files_.createFolders(keptFolder());
+    const std::string name = what + " " + timeText(clock_);
+    std::filesystem::path path = keptFolder() / pathOfName(name + ending);
+    for (int i = 2; files_.exists(path); ++i)
+        path = keptFolder() / pathOfName(name + " " + std::to_string(i) + ending);
+    return path;
+}
+
+void OrderDocuments::recoverLeftovers(const std::vector<std::filesystem::path>& names) const {
+    constexpr std::int64_t kTenMinutes = 600'000'000'000;
+    for (const auto& name : names) {
+        if (!isTemporaryName(name)) continue;
+        const std::filesystem::path leftover = commands_.folder().DataPath() / name;
+        if (commands_.folder().checkedAt() - files_.status(leftover).modified < kTenMinutes)
+            continue;  // its program may be at work
+        recover(leftover);
+    }
+}
+
+void OrderDocuments::recover(const std::filesystem::path& leftover) const {
+    const std::string document = files_.read(leftover);
+    Order order;
+    if (!isWhole(document) || !readMarkers(document, order).number) return files_.remove(leftover);
+    const std::string number = trimmed(order.PONoEd);
+    const std::filesystem::path path = commands_.folder().documentPath(number);
+    if (files_.renameNew(leftover, path)) {
+        commands_.say("Order " + number + " was saved only halfway and has been completed");
+    } else if (files_.read(path) == document) {
+        files_.remove(leftover);
+    } else {
+        const auto kept = keep(leftover, number + " left over");
+        if (!kept) return;
+        commands_.say("A save of order " + number + " that was not completed is kept as " +
+                      inKept(*kept));
+    }
+}
+
+}  // namespace bramblet

@@ -1,0 +1,234 @@
+#include "support/office.h"
+
+#include <algorithm>
+
+namespace bramblet::test {
+namespace {
+
+class OrderDocumentsTest : public Office {
+  protected:
+    void SetUp() override { beginAnew(); }
+    /// With 000001 by Ann and 000002 by Bob, which is shown.
+    void beginAnew() {
+        std::filesystem::remove_all(home());
+        start();
+        for (const char* by : {"Ann", "Bob"})
+            saveNewOrder(by);
+    }
+    OrderEditor& editor() { return program().editor; }
+    void saveNewOrder(const std::string& by) {
+        newOrder();
+        saveBy(by);
+    }
+    void saveBy(const std::string& by) {
+        type(&Order::ByEd, by);
+        save();
+    }
+    /// Who ordered what is kept: "000001 2026-03-04 000000.htm by Ann".
+    std::string kept() const {
+        std::vector<std::string> orders;
+        if (!os::exists(data("kept"))) return {};
+        for (const auto& name : FileSystem().fileNames(data("kept")))
+            orders.push_back(name.string() + " by " + by(contentOf(data("kept") / name)));
+        std::sort(orders.begin(), orders.end());
+        std::string text;
+        for (const std::string& order : orders)
+            text += (text.empty() ? "" : ", ") + order;
+        return text;
+    }
+    static std::string by(const std::string& document) {
+        const auto start = document.find("<!-- BY? ") + 9;
+        return start < 9 ? "?" : document.substr(start, document.find(" BY? -->") - start);
+    }
+    std::string storedBy(const std::string& number) const { return by(stored(number + ".htm")); }
+    /// What a colleague's desk does meanwhile.
+    void colleagueSaves(const std::string& number) {
+        std::string document = stored("000002.htm");
+        document.replace(document.find("BY? Bob"), 7, "BY? Eve");
+        for (auto at = document.find("000002"); at != std::string::npos;
+             at = document.find("000002", at + 6))
+            document.replace(at, 6, number);
+        writeFile(data(number + ".htm"), document);
+    }
+};
+
+TEST_F(OrderDocumentsTest, WhatTheOrderIsNotALaterStateOfIsKept) {
+    struct Case {
+        const char* name;
+        std::function<void()> save;
+        const char* number;  ///< under which the last save writes
+        const char* kept;
+    };
+    const std::vector<Case> cases{
+        {"its own document",
+         [&] {
+             openOrder("000001");
+             saveBy("Cy");
+             saveBy("Dee");
+             editor().Clear_Click();
+             saveBy("Eve");
+         },
+         "000001", ""},
+        {"a colleague has saved the order since it was opened",
+         [&] {
+             openOrder("000001");
+             colleagueSaves("000001");
+             saveBy("Cy");
+         },
+         "000001", "000001 2026-03-04 000000.htm by Eve"},
+        {"twice in one second",
+         [&] {
+             openOrder("000001");
+             for (const char* by : {"Cy", "Dee"}) {
+                 colleagueSaves("000001");
+                 saveBy(by);
+             }
+         },
+         "000001", "000001 2026-03-04 000000 2.htm by Eve, 000001 2026-03-04 000000.htm by Eve"},
+        {"a colleague has drawn the same number",
+         [&] {
+             colleagueSaves("000003");
+             saveNewOrder("Cy");
+         },
+         "000003", "000003 2026-03-04 000000.htm by Eve"},
+        {"the index is gone, and the first number is given again",
+         [&] {
+             os::remove(data("po_data.dat"));
+             saveNewOrder("Cy");
+         },
+         "000001", "000001 2026-03-04 000000.htm by Ann"},
+        {"the list holds no more than six digits",
+         [&] {
+             type(&Order::PONoEd, "999999");
+             saveBy("Cy");
+             saveNewOrder("Dee");
+             saveNewOrder("Eve");
+         },
+         "1000000", "1000000 2026-03-04 000000.htm by Dee"},
+        {"another order's number was typed",
+         [&] {
+             type(&Order::PONoEd, "000001");
+             saveBy("Cy");
+         },
+         "000001", "000001 2026-03-04 000000.htm by Ann"},
+        {"the document opened is another order's",
+         [&] {
+             writeFile(data("000002.htm"), stored("000001.htm"));
+             openOrder("000002");
+             saveBy("Cy");
+         },
+         "000001", "000001 2026-03-04 000000.htm by Ann"},
+        {"it was missing, and the list has made an empty one",
+         [&] {
+             os::remove(data("000001.htm"));
+             openOrder("000001");
+             type(&Order::PONoEd, "000001");
+             saveBy("Cy");
+         },
+         "000001", ""},
+        {"it is gone",
+         [&] {
+             openOrder("000001");
+             os::remove(data("000001.htm"));
+             saveBy("Cy");
+         },
+         "000001", ""},
+        {"only looked at",
+         [&] {
+             program().viewer.MakeOrder_Click();
+             program().viewer.ReWrite();
+         },
+         "000002", ""},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        beginAnew();
+        each.save();
+        EXPECT_EQ(kept(), each.kept);
+        EXPECT_EQ(storedBy(each.number), order().ByEd);
+        EXPECT_FALSE(dirty());
+    }
+}
+
+TEST_F(OrderDocumentsTest, WhatCannotBeKeptIsNotReplaced) {
+    openOrder("000001");
+    colleagueSaves("000001");
+    writeFile(data("kept"), "a file in the folder's place");
+    saveBy("Cy");
+    EXPECT_EQ(storedBy("000001"), "Eve");
+    EXPECT_TRUE(dirty());
+    expectSaid("The document of order 000001 was not saved: ");
+    os::remove(data("kept"));
+    save();
+    EXPECT_EQ(storedBy("000001"), "Cy");
+    EXPECT_EQ(kept(), "000001 2026-03-04 000000.htm by Eve");
+}
+
+TEST_F(OrderDocumentsTest, AKeptOrderIsOpenedAndGetsANumberOfItsOwn) {
+    editor().openKeptOrder();
+    expectSaid("No order has been kept");
+    openOrder("000001");
+    colleagueSaves("000001");
+    saveBy("Cy");
+    expectSaid(
+        "Another document of order 000001 was there and is kept as kept/000001 2026-03-04 "
+        "000000.htm");
+    prompts.expectChoice("", data("kept") / "000001 2026-03-04 000000.htm");
+    editor().openKeptOrder();
+    EXPECT_EQ(order().PONoEd + order().ByEd, "000001Eve");
+    EXPECT_FALSE(dirty());
+    expectSaid("\"Save as Copy\" gives it a number of its own");
+    prompts.expect(yesNo("Create new purchase order based on details currently displayed?"),
+                   Answer::Yes);
+    editor().Save_PO_Click();
+    EXPECT_EQ(storedBy("000003"), "Eve");
+    EXPECT_EQ(storedBy("000001"), "Cy");
+
+    prompts.expectChoice("", data("kept") / "000001 2026-03-04 000000.htm");
+    editor().openKeptOrder();
+    saveBy("Dee");
+    EXPECT_EQ(storedBy("000001"), "Dee");
+    EXPECT_TRUE(contains(kept(), "000001 2026-03-04 000000 2.htm by Cy")) << kept();
+
+    prompts.expectChoice("", data("kept") / "none.htm");
+    prompts.expectSaying("The kept order none.htm cannot be opened: File not found");
+    editor().openKeptOrder();
+    EXPECT_EQ(order().ByEd, "Dee");
+}
+
+TEST_F(OrderDocumentsTest, WhatADeadProgramHasLeftBecomesAnOrderOrIsKeptOrGoes) {
+    const std::string whole = stored("000001.htm");
+    const std::string other = [&] {
+        std::string changed = whole;
+        return changed.replace(changed.find("BY? Ann"), 7, "BY? Eve");
+    }();
+    const std::string half = whole.substr(0, whole.size() / 2);
+    const std::vector<std::tuple<const char*, std::string, bool, bool, std::string, bool>> cases{
+        {"the document is missing", whole, true, true, "", false},
+        {"a later state", other, false, true, "000001 left over 2026-03-04 000000.htm by Eve",
+         false},
+        {"the same", whole, false, true, "", false},
+        {"half of it", half, true, true, "", false},
+        {"no order", "notes", false, true, "", false},
+        {"somebody may be writing it", whole, true, false, "", true},
+    };
+    const std::filesystem::path leftover = data("~bramblet-4711.tmp");
+    for (const auto& [name, content, missing, old, keeps, stays] : cases) {
+        SCOPED_TRACE(name);
+        writeFile(data("000001.htm"), whole);
+        if (missing) os::remove(data("000001.htm"));
+        std::filesystem::remove_all(data("kept"));
+        writeFile(leftover, content);
+        constexpr std::int64_t kMinute = 60'000'000'000;
+        os::setModified(leftover, program().folder.checkedAt() - (old ? 11 : 9) * kMinute);
+        program().documents.recoverLeftovers(FileSystem().fileNames(data("")));
+        EXPECT_EQ(os::exists(leftover), stays);
+        EXPECT_EQ(kept(), keeps);
+        const bool complete = !missing || (content == whole && old);
+        EXPECT_EQ(os::exists(data("000001.htm")) && stored("000001.htm") == whole, complete);
+    }
+    EXPECT_TRUE(os::exists(data("po_data.dat")));
+}
+
+}  // namespace
+}  // namespace bramblet::test
