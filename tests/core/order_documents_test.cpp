@@ -1,3 +1,4 @@
+#include "support/odd_share.h"
 #include "support/office.h"
 
 #include <algorithm>
@@ -8,6 +9,7 @@ namespace {
 class OrderDocumentsTest : public Office {
   protected:
     void SetUp() override { beginAnew(); }
+    void TearDown() override { oddities = {}; }
     /// With 000001 by Ann and 000002 by Bob, which is shown.
     void beginAnew() {
         std::filesystem::remove_all(home());
@@ -140,13 +142,16 @@ TEST_F(OrderDocumentsTest, WhatTheOrderIsNotALaterStateOfIsKept) {
          },
          "000002", ""},
     };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.name);
-        beginAnew();
-        each.save();
-        EXPECT_EQ(kept(), each.kept);
-        EXPECT_EQ(storedBy(each.number), order().ByEd);
-        EXPECT_FALSE(dirty());
+    for (const bool exchanges : {true, false}) {
+        oddities.exchanges = exchanges;
+        for (const Case& each : cases) {
+            SCOPED_TRACE(each.name);
+            beginAnew();
+            each.save();
+            EXPECT_EQ(kept(), each.kept);
+            EXPECT_EQ(storedBy(each.number), order().ByEd);
+            EXPECT_FALSE(dirty());
+        }
     }
 }
 

@@ -69,6 +69,16 @@ int rename(const char* from, const char* to) noexcept {
     return isOpen(from) ? refused(EBUSY) : ::renameat(AT_FDCWD, from, AT_FDCWD, to);
 }
 
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
+              unsigned how) noexcept {
+    if (!oddities.exchanges) return refused(EINVAL);
+    return own(&renameat2, "renameat2")(fromFolder, from, toFolder, to, how);
+}
+
+int link(const char* from, const char* to) noexcept {
+    return oddities.exchanges ? ::linkat(AT_FDCWD, from, AT_FDCWD, to, 0) : refused(EPERM);
+}
+
 int utimensat(int folder, const char* path, const timespec* times, int flags) noexcept {
     if (oddities.timesError != 0) return refused(oddities.timesError);
     return own(&utimensat, "utimensat")(folder, path, times, flags);

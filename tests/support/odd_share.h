@@ -11,6 +11,7 @@ struct Oddities {
     int listingError = 0;       ///< halfway through a folder
     const char* lostPath = "";  ///< the end of a path that cannot be looked at: an I/O error
     bool tellsSizes = true;     ///< of the disk and what is free of it
+    bool exchanges = true;      ///< renames without replacing, and exchanges names
     bool tellsKinds = true;     ///< whether an entry of a folder is a file
 };
 inline Oddities oddities;

@@ -95,12 +95,12 @@ std::optional<AddressRecord> AddressFile::findToRewrite(const std::string& name)
 
 std::optional<double> AddressFile::rewrite(const std::string& kind, const std::string& name,
                                            const std::string& address) {
-    const AddressRecords records = readAll();
+    File file(files_, path_);
+    const AddressRecords records = file.readAll();
     const std::size_t place = placeOf(records, name, upper);
     if (place == records.size()) return append(kind, name, address);
     buffer_ = records[place].record();
     fill(kind, name, address);
-    File file(files_, path_);
     file.write(static_cast<int>(place) + 1, encodeRecord(kAddressLayout, buffer_));
     file.flush();
     return buffer_.Tag;
@@ -120,14 +120,17 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
 
 void AddressFile::removeNamed(const std::string& name) {
     const FileSystem once = files_.withoutRetry();
-    std::string kept;
-    const AddressRecords records = File(once, path_).readAll();
-    const auto isRemoved = isNamed(records, name, asItIs);
-    for (const AddressRow record : records) {
-        if (!isRemoved(record)) kept += record.bytes();
-    }
-    if (!records.empty()) buffer_ = records.back().record();
-    once.replace(path_, kept);
+    once.touch(path_);
+    once.edit(path_, [&](const std::string&) {
+        std::string kept;
+        const AddressRecords records = File(once, path_).readAll();
+        const auto isRemoved = isNamed(records, name, asItIs);
+        for (const AddressRow record : records) {
+            if (!isRemoved(record)) kept += record.bytes();
+        }
+        if (!records.empty()) buffer_ = records.back().record();
+        return kept;
+    });
 }
 
 bool AddressFile::clearLeftover(std::int64_t now) const {

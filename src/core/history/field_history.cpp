@@ -59,11 +59,13 @@ void FieldHistory::remember(const FileSystem& files, const std::string& value) {
 
 void FieldHistory::forget(const FileSystem& files, const std::string& value) const {
     const std::string dropped = asLine(value);
-    std::string kept;
-    forEachLine(files.read(path_), [&](std::string_view line) {
-        if (withoutEnds(line, " ") != dropped) kept.append(line).append(kLineEnd);
+    files.edit(path_, [&](const std::string& content) {
+        std::string kept;
+        forEachLine(content, [&](std::string_view line) {
+            if (withoutEnds(line, " ") != dropped) kept.append(line).append(kLineEnd);
+        });
+        return kept;
     });
-    files.replace(path_, kept);
 }
 
 void FieldHistory::take(std::string content) {

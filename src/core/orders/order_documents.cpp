@@ -34,54 +34,37 @@ std::string OrderDocuments::open(const std::filesystem::path& path) {
 }
 
 void OrderDocuments::write(const std::filesystem::path& path, const std::string& document) {
-    const bool pending = path == commands_.folder().file("po.htm");  // made anew for every look
-    if (pending || isOwn(path)) {
-        files_.replace(path, document);
-    } else {
-        writeBeside(path, document);
+    if (path == commands_.folder().file("po.htm")) {  // made anew for every look
+        return files_.replace(path, document);
     }
-    if (!pending) own_ = {path, hashOf(document)};
-}
-
-/// Writes a document that must not replace what is there: that is kept.
-void OrderDocuments::writeBeside(const std::filesystem::path& path, const std::string& document) {
+    const auto isOlderState = [&](const std::string& there) {
+        return there.empty() || (own_.path == path && own_.hash == hashOf(there));
+    };
+    const std::string number = fromUnicode(unicodeOf(path.stem()));
     std::vector<std::filesystem::path> kept;
+    const auto keepOther = [&](const std::filesystem::path& other) {
+        if (const auto place = keep(other, number)) kept.push_back(*place);
+    };
     try {
-        files_.create(path, document, [&] { setAside(path, kept); });
+        files_.put(path, document, isOlderState, keepOther);
     } catch (const FileError&) {
-        // What was there goes back to its place, unless there is something again.
-        try {
-            if (!kept.empty()) files_.withoutRetry().renameNew(kept.back(), path);
-        } catch (const FileError&) {
-            // It stays where it is kept; the first fault is the one to tell of.
-        }
+        putBack(kept, path);
         throw;
     }
     for (const auto& each : kept) {
-        commands_.say("Another document of order " + shown(path.stem()) +
-                      " was there and is kept as " + inKept(each));
+        commands_.say("Another document of order " + number + " was there and is kept as " +
+                      inKept(each));
     }
+    own_ = {path, hashOf(document)};
 }
 
-bool OrderDocuments::isOwn(const std::filesystem::path& path) const {
+/// Puts what was taken away last back to its place, unless there is something again.
+void OrderDocuments::putBack(const std::vector<std::filesystem::path>& kept,
+                             const std::filesystem::path& path) const {
     try {
-        return own_.path == path && hashOf(files_.read(path)) == own_.hash;
-    } catch (const FileError& error) {
-        if (error.number() == FaultNumber::FileNotFound) return false;
-        throw;
-    }
-}
-
-/// Takes what stands at a path away from there, and adds where it is kept if there is anything in
-/// it.
-void OrderDocuments::setAside(const std::filesystem::path& path,
-                              std::vector<std::filesystem::path>& kept) const {
-    const auto aside = keep(path, fromUnicode(unicodeOf(path.stem())));
-    if (!aside) return;
-    if (files_.status(*aside).length > 0) {
-        kept.push_back(*aside);
-    } else {
-        files_.remove(*aside);
+        if (!kept.empty()) files_.withoutRetry().renameNew(kept.back(), path);
+    } catch (const FileError&) {
+        // It stays where it is kept; the fault that led here is the one to tell of.
     }
 }
 

@@ -42,10 +42,8 @@ class OrderDocuments {
     void recoverLeftovers(const std::vector<std::filesystem::path>& names) const;
 
   private:
-    bool isOwn(const std::filesystem::path& path) const;
-    void writeBeside(const std::filesystem::path& path, const std::string& document);
-    void setAside(const std::filesystem::path& path,
-                  std::vector<std::filesystem::path>& kept) const;
+    void putBack(const std::vector<std::filesystem::path>& kept,
+                 const std::filesystem::path& path) const;
     std::optional<std::filesystem::path> keep(const std::filesystem::path& path,
                                               const std::string& what) const;
     void recover(const std::filesystem::path& leftover) const;

@@ -59,13 +59,16 @@ OrderIndex::OrderIndex(FileSystem files, std::filesystem::path path, const Regio
 std::optional<OrderRecords> OrderIndex::RecordData(const Order& order) const {
     if (trimmed(order.PONoEd) == kPendingNumber) return std::nullopt;
     const std::string record = encodeRecord(kOrderIndexLayout, recordOf(order));
-    IndexFile index = openIndex(files_, path_);
-    OrderRecords records = index.readAll();
-    const std::size_t place = find(records, order.PONoEd);
-    index.write(static_cast<int>(place) + 1, record);
-    index.flush();
-    records.put(place, record);
-    return records;
+    for (;;) {
+        IndexFile index = openIndex(files_, path_);
+        OrderRecords records = index.readAll();
+        const std::size_t place = find(records, order.PONoEd);
+        if (index.hasGrown()) continue;  // another desk's order stands where this one would
+        index.write(static_cast<int>(place) + 1, record);
+        index.flush();
+        records.put(place, record);
+        return records;
+    }
 }
 
 double OrderIndex::NextPONumber() const {

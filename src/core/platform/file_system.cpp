@@ -68,12 +68,26 @@ class Replacement {
         if (modified_) run([&] { os::setModified(path_, *modified_); });
         run([&] { os::rename(path_, target_); });
     }
-    /// False when there is a file in that place.
-    bool renameNew() {
+    /// Takes the place unless a file stands there that must not be replaced; that is handed to
+    /// `keep`. False when it has to be tried again.
+    bool takePlace(const MayReplace& mayReplace, const Keep& keep) {
         file_.reset();
         bool renamed = false;
         run([&] { renamed = os::renameNew(path_, target_); });
-        return renamed;
+        if (renamed) return true;
+        auto exchanged = os::Exchange::Gone;
+        run([&] { exchanged = os::exchange(path_, target_); });
+        if (exchanged == os::Exchange::Gone) return false;
+        if (exchanged == os::Exchange::Done) {
+            keepOther(mayReplace, keep);
+            return true;
+        }
+        if (mayReplaceTarget(mayReplace)) {
+            rename();
+            return true;
+        }
+        keep(target_);
+        return false;
     }
     void putInPlace() {
         flush();
@@ -91,6 +105,24 @@ class Replacement {
                 throw FileError(error.number(), target_);
             }
         });
+    }
+
+    /// The file that was there has this one's temporary name now.
+    void keepOther(const MayReplace& mayReplace, const Keep& keep) {
+        try {
+            if (!mayReplace(files_.read(path_))) keep(path_);
+        } catch (const FileError&) {
+            os::exchange(path_, target_);  // back to its place
+            throw;
+        }
+    }
+    bool mayReplaceTarget(const MayReplace& mayReplace) const {
+        try {
+            return mayReplace(files_.read(target_));
+        } catch (const FileError& error) {
+            if (error.number() == FaultNumber::FileNotFound) return true;
+            throw;
+        }
     }
 
     const FileSystem& files_;
@@ -127,13 +159,26 @@ void FileSystem::replace(const std::filesystem::path& path, std::string_view con
     replacement.putInPlace();
 }
 
-void FileSystem::create(const std::filesystem::path& path, std::string_view content,
-                        const std::function<void()>& makeRoom) const {
+void FileSystem::edit(const std::filesystem::path& path,
+                      const std::function<std::string(const std::string& content)>& edited) const {
+    std::string content = read(path);
+    for (;;) {
+        Replacement replacement(*this, path);
+        replacement.write(0, edited(content));
+        replacement.flush();
+        std::string now = read(path);
+        if (now == content) return replacement.putInPlace();
+        content = std::move(now);
+    }
+}
+
+void FileSystem::put(const std::filesystem::path& path, std::string_view content,
+                     const MayReplace& mayReplace, const Keep& keep) const {
     Replacement replacement(*this, path);
     replacement.write(0, content);
     replacement.flush();
-    while (!replacement.renameNew())
-        makeRoom();
+    while (!replacement.takePlace(mayReplace, keep)) {
+    }
     os::flushFolder(path.parent_path());
 }
 

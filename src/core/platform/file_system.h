@@ -18,6 +18,11 @@ namespace bramblet {
 /// Waits about a second for the file that the error names. It may throw to give up waiting.
 using FileWait = std::function<void(const FileError&)>;
 
+/// Whether a file of this content may be replaced.
+using MayReplace = std::function<bool(const std::string& content)>;
+/// Moves a file that may not to where it is kept.
+using Keep = std::function<void(const std::filesystem::path& other)>;
+
 class RandomFile;
 
 class FileSystem {
@@ -61,10 +66,16 @@ class FileSystem {
     /// complete. The access rights of the old file are kept.
     void replace(const std::filesystem::path& path, std::string_view content) const;
 
-    /// Writes a file that must not replace another one, in the same way. While there is one of its
-    /// name, `makeRoom` has to take it away.
-    void create(const std::filesystem::path& path, std::string_view content,
-                const std::function<void()>& makeRoom) const;
+    /// Puts `edited(content)` in place of a file's content, in the same way. If somebody changes
+    /// the file meanwhile, that is edited instead.
+    void edit(const std::filesystem::path& path,
+              const std::function<std::string(const std::string& content)>& edited) const;
+
+    /// Puts `content` in place of a file's, in the same way, but of nothing that it must not
+    /// replace: `mayReplace` is asked about what is there, and what it refuses is handed to `keep`,
+    /// which has to move it elsewhere (it may stand under another name by then).
+    void put(const std::filesystem::path& path, std::string_view content,
+             const MayReplace& mayReplace, const Keep& keep) const;
 
     /// Copies a file under a temporary name and renames it when complete. The copy keeps the time
     /// stamp of the original, and the access rights of the file that it replaces.

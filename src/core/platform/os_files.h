@@ -61,6 +61,10 @@ void remove(const std::filesystem::path& path);
 void rename(const std::filesystem::path& from, const std::filesystem::path& to);
 /// The same, but false when there is a file with the new name already: nothing is replaced then.
 bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to);
+/// Two files take each other's name in one step, which some file systems cannot do. Gone if there
+/// is no file `to`; nothing has happened then.
+enum class Exchange { Done, Gone, Unsupported };
+Exchange exchange(const std::filesystem::path& from, const std::filesystem::path& to);
 /// Hands a folder to the disk: without this a power cut may undo a rename in it. A folder that
 /// cannot be flushed is left as it is.
 void flushFolder(const std::filesystem::path& folder);

@@ -198,10 +198,20 @@ void rename(const std::filesystem::path& from, const std::filesystem::path& to) 
     if (::rename(from.c_str(), to.c_str()) != 0) fail(to);
 }
 
+#ifdef __linux__
+namespace {
+constexpr unsigned kNoReplace = 1;  // RENAME_NOREPLACE
+constexpr unsigned kExchange = 2;   // RENAME_EXCHANGE
+
+bool renamed(const std::filesystem::path& from, const std::filesystem::path& to, unsigned how) {
+    return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), how) == 0;
+}
+}  // namespace
+#endif
+
 bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
 #ifdef __linux__
-    const unsigned noReplace = 1;  // RENAME_NOREPLACE
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), noReplace) == 0) return true;
+    if (renamed(from, to, kNoReplace)) return true;
     if (errno == EEXIST) return false;
 #endif
     // Not every file system can do that, nor have two names for a file.
@@ -212,6 +222,17 @@ bool renameNew(const std::filesystem::path& from, const std::filesystem::path& t
     if (errno == EEXIST || os::exists(to)) return false;
     if (::rename(from.c_str(), to.c_str()) != 0) fail(to);
     return true;
+}
+
+Exchange exchange([[maybe_unused]] const std::filesystem::path& from,
+                  [[maybe_unused]] const std::filesystem::path& to) {
+#ifdef __linux__
+    takeOverRights(to, from);
+    if (renamed(from, to, kExchange)) return Exchange::Done;
+    if (errno == ENOENT) return Exchange::Gone;
+    if (errno != EINVAL && errno != ENOSYS && !isRefusal(errno)) fail(to);
+#endif
+    return Exchange::Unsupported;
 }
 
 void flushFolder(const std::filesystem::path& folder) {

@@ -256,6 +256,10 @@ bool renameNew(const std::filesystem::path& from, const std::filesystem::path& t
     return false;
 }
 
+Exchange exchange(const std::filesystem::path&, const std::filesystem::path&) {
+    return Exchange::Unsupported;
+}
+
 void flushFolder(const std::filesystem::path&) {}  // a rename has done that
 
 void flushDisk(const std::filesystem::path&) {}

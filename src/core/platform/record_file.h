@@ -101,6 +101,11 @@ class RecordFile {
 
     void append(std::string_view record) { write(count_ + 1, record); }
 
+    /// Whether somebody has added records since the file was opened.
+    bool hasGrown() const {
+        return file_.length() >= static_cast<std::uint64_t>(count_ + 1) * kSize;
+    }
+
     /// To be called when an operation has written everything.
     void flush() { file_.flush(); }
 
