@@ -2,7 +2,6 @@
 
 #include "core/document/order_markers.h"
 
-#include <algorithm>
 #include <optional>
 
 namespace bramblet {
@@ -24,11 +23,14 @@ std::optional<std::string> valueOf(const std::string& tag, std::string_view line
     return std::string(line.substr(opening.size(), line.size() - opening.size() - closing.size()));
 }
 
-void readStatus(const std::string& value, Order& order) {
-    if (value == "R" || value == "r") order.kind = OrderKind::Requisition;
-    if (value == "A" || value == "a") order.kind = OrderKind::PurchaseOrder;
-    if (value == "R" || value == "A") order.MarkReceivedCheck = false;
-    if (value == "r" || value == "a") order.MarkReceivedCheck = true;
+/// False for a status that no order has; it changes nothing.
+bool readStatus(const std::string& value, Order& order) {
+    const bool requisition = value == "R" || value == "r";
+    const bool received = value == "r" || value == "a";
+    if (!requisition && !received && value != "A") return false;
+    order.kind = requisition ? OrderKind::Requisition : OrderKind::PurchaseOrder;
+    order.MarkReceivedCheck = received;
+    return true;
 }
 
 OrderLine cellsOf(std::string_view text) {
@@ -38,21 +40,23 @@ OrderLine cellsOf(std::string_view text) {
     return cells;
 }
 
-void readMarker(std::string_view line, Order& order, MarkersFound& found) {
+void readMarker(std::string_view line, Order& order, StoredTotals totals, MarkersFound& found) {
     for (const auto& [tag, field, read] : kOrderMarkers) {
-        const auto value = read ? valueOf(tag, line) : std::nullopt;
+        const auto value = read || totals == StoredTotals::Take ? valueOf(tag, line) : std::nullopt;
         if (!value) continue;
-        if (field == nullptr) return readStatus(*value, order);
-        order.*field = *value;
-        found.number = found.number || field == &Order::PONoEd;
-        found.vendor = found.vendor || field == &Order::ToCombo;
-        found.shipTo = found.shipTo || field == &Order::ShipToCombo;
+        if (field != nullptr) {
+            order.*field = *value;
+        } else if (!readStatus(*value, order)) {
+            return;
+        }
+        found.boxes.push_back(field);
+        return;
     }
 }
 
 }  // namespace
 
-MarkersFound readMarkers(std::string_view document, Order& order) {
+MarkersFound readMarkers(std::string_view document, Order& order, StoredTotals totals) {
     MarkersFound found;
     while (!document.empty()) {
         std::string_view line = takenUpTo('\n', document);
@@ -60,7 +64,7 @@ MarkersFound readMarkers(std::string_view document, Order& order) {
         if (line.starts_with(kItemOpening)) {
             order.lines.push_back(cellsOf(line.substr(kItemOpening.size())));
         } else if (line.starts_with("<!-- ")) {
-            readMarker(line, order, found);
+            readMarker(line, order, totals, found);
         }
     }
     return found;

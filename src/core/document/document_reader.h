@@ -3,20 +3,29 @@
 
 #include "core/document/order.h"
 
+#include <algorithm>
 #include <string_view>
+#include <vector>
 
 namespace bramblet {
 
-/// Which markers were found, of those that call for more than storing a text.
+/// The boxes that a document told; null stands for the order's status.
 struct MarkersFound {
-    bool number = false;
-    bool vendor = false;
-    bool shipTo = false;
+    std::vector<OrderField> boxes;
+
+    bool has(OrderField box) const {
+        return std::find(boxes.begin(), boxes.end(), box) != boxes.end();
+    }
 };
+
+/// Opening an order computes its totals anew; as they were when it was saved, only its document
+/// tells them.
+enum class StoredTotals { Skip, Take };
 
 /// Sets the fields of `order` from the markers of `document` (code page text). A marker that is not
 /// complete on its line matches nothing, so a value typed over several lines comes back empty; when
 /// a field has several markers, the last wins; every item line adds a line.
-MarkersFound readMarkers(std::string_view document, Order& order);
+MarkersFound readMarkers(std::string_view document, Order& order,
+                         StoredTotals totals = StoredTotals::Skip);
 
 }  // namespace bramblet

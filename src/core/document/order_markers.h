@@ -13,7 +13,7 @@ namespace bramblet {
 struct OrderMarker {
     const char* tag;   ///< three characters
     OrderField field;  ///< null for the order's status, which is no box
-    bool read;         ///< whether opening an order takes the value; computed totals are not read
+    bool read;         ///< whether opening an order takes the value; it computes the totals
 };
 
 /// In the order of the document.

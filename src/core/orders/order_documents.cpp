@@ -110,7 +110,8 @@ void OrderDocuments::recoverLeftovers(const std::vector<std::filesystem::path>& 
 void OrderDocuments::recover(const std::filesystem::path& leftover) const {
     const std::string document = files_.read(leftover);
     Order order;
-    if (!isWhole(document) || !readMarkers(document, order).number) return files_.remove(leftover);
+    if (!isWhole(document) || !readMarkers(document, order).has(&Order::PONoEd))
+        return files_.remove(leftover);
     const std::string number = trimmed(order.PONoEd);
     const std::filesystem::path path = commands_.folder().documentPath(number);
     if (files_.renameNew(leftover, path)) {

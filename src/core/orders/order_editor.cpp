@@ -13,7 +13,6 @@ namespace bramblet {
 namespace {
 
 constexpr int kCopies = 10;
-constexpr std::size_t kIndexNumberWidth = kOrderIndexLayout[1].width;
 
 /// An order number as it is shown: six digits with leading zeros, longer numbers in full.
 std::string orderNumberText(double number) {
@@ -356,17 +355,17 @@ void OrderEditor::show(const std::string& document, const std::string& name) {
     order.kind = OrderKind::PurchaseOrder;
     const MarkersFound found = readMarkers(document, order);
     // Without a number of its own, what is shown must not be saved over the order shown before.
-    if (!found.number) {
+    if (!found.has(&Order::PONoEd)) {
         order.PONoEd = kPendingNumber;
         commands_.say("The document of " + name + " holds no order");
     }
     open_.replace(std::move(order));
-    if (found.vendor) {
+    if (found.has(&Order::ToCombo)) {
         addresses_.Combo_Click(AddressSide::Vendor);  // which also lists its stock items
     } else {
         stock_.PopStockList();
     }
-    if (found.shipTo) addresses_.Combo_Click(AddressSide::Destination);
+    if (found.has(&Order::ShipToCombo)) addresses_.Combo_Click(AddressSide::Destination);
     open_.recompute();
     open_.markSaved();
     open_.allowCopies();

@@ -29,7 +29,27 @@ double numberIn(std::string_view text, const RegionalFormats& formats) {
     return numberOf(cleanedNumber(text), formats);
 }
 
-/// The amounts of a record, each with the box it is read from and that box's label.
+/// The texts and the amounts of a record, each with the box it is read from; the label names the
+/// box in complaints.
+struct Text {
+    std::string OrderIndexRecord::*field;
+    OrderField box;
+};
+constexpr std::array kTexts{
+    Text{&OrderIndexRecord::Number, &Order::PONoEd},
+    Text{&OrderIndexRecord::Job, &Order::JobNumberEd},
+    Text{&OrderIndexRecord::Vendor, &Order::ToCombo},
+    Text{&OrderIndexRecord::ShipTo, &Order::ShipToCombo},
+};
+struct Date {
+    double OrderIndexRecord::*field;
+    OrderField box;
+    const char* label;
+};
+constexpr std::array kDates{
+    Date{&OrderIndexRecord::OrderDate, &Order::OrderDateEd, "Order Date"},
+    Date{&OrderIndexRecord::ShipDate, &Order::ShipDateEd, "On Site"},
+};
 struct Amount {
     Currency OrderIndexRecord::*field;
     OrderField box;
@@ -44,9 +64,6 @@ constexpr std::array kAmounts{
     Amount{&OrderIndexRecord::SubTotal, &Order::SubTotalEd, "Sub Total"},
 };
 
-constexpr const char* kOrderDateLabel = "Order Date";
-constexpr const char* kShipDateLabel = "On Site";
-
 }  // namespace
 
 OrderIndex::OrderIndex(FileSystem files, std::filesystem::path path, const RegionalFormats& formats,
@@ -58,7 +75,10 @@ OrderIndex::OrderIndex(FileSystem files, std::filesystem::path path, const Regio
 
 std::optional<OrderRecords> OrderIndex::RecordData(const Order& order) const {
     if (trimmed(order.PONoEd) == kPendingNumber) return std::nullopt;
-    const std::string record = encodeRecord(kOrderIndexLayout, recordOf(order));
+    OrderIndexRecord entered;
+    enter(
+        order, [](OrderField) { return true; }, entered);
+    const std::string record = encodeRecord(kOrderIndexLayout, entered);
     for (;;) {
         IndexFile index = openIndex(files_, path_);
         OrderRecords records = index.readAll();
@@ -100,44 +120,67 @@ OrderRecords OrderIndex::readAll() const {
     return openIndex(files_, path_).readAll();
 }
 
-OrderIndexRecord OrderIndex::recordOf(const Order& order) const {
-    OrderIndexRecord record;
-    record.Status = statusOf(order);
-    record.Number = trimmed(order.PONoEd);
-    record.Job = trimmed(order.JobNumberEd);
-    record.OrderDate = dateOf(order.OrderDateEd, kOrderDateLabel);
-    record.Vendor = trimmed(order.ToCombo);
-    record.ShipTo = trimmed(order.ShipToCombo);
-    record.ShipDate = dateOf(order.ShipDateEd, kShipDateLabel);
-    for (const auto& amount : kAmounts) {
-        const std::string& text = order.*amount.box;
+std::string OrderIndex::content() const {
+    try {
+        return files_.read(path_);
+    } catch (const FileError& error) {
+        if (error.number() != FaultNumber::FileNotFound) throw;
+        return {};
+    }
+}
+
+OrderRecords OrderIndex::recordsIn(std::string content, std::size_t more) {
+    const std::size_t count = recordCount(content.size(), OrderRow::kSize, RecordCount::Rounded);
+    content.resize(count * OrderRow::kSize, '\0');
+    OrderRecords records(count + more);
+    for (std::size_t place = 0; place < content.size(); place += OrderRow::kSize)
+        records.add(content.data() + place);
+    return records;
+}
+
+void OrderIndex::replaceAll(const OrderRecords& records) const {
+    files_.replace(path_, records.bytes());
+}
+
+void OrderIndex::enter(const Order& order, const std::function<bool(OrderField box)>& isTold,
+                       OrderIndexRecord& record) const {
+    if (isTold(nullptr)) record.Status = statusOf(order);
+    for (const auto& [field, box] : kTexts) {
+        if (isTold(box)) record.*field = trimmed(order.*box);
+    }
+    for (const auto& [field, box, label] : kDates) {
+        if (isTold(box)) record.*field = dateOf(order.*box, label, record.*field);
+    }
+    for (const auto& [field, box, label] : kAmounts) {
+        if (!isTold(box)) continue;
+        const std::string& text = order.*box;
         try {
-            record.*amount.field = amountOf(cleanedNumber(text), formats_);
+            record.*field = amountOf(cleanedNumber(text), formats_);
         } catch (const Fault& fault) {
-            throw BoxFault(fault.number(), amount.label, text, "is not an amount");
+            throw BoxFault(fault.number(), label, text, "is not an amount");
         }
     }
-    return record;
 }
 
 void OrderIndex::checkDates(const Order& order) const {
-    dateOf(order.OrderDateEd, kOrderDateLabel);
-    dateOf(order.ShipDateEd, kShipDateLabel);
+    for (const auto& [field, box, label] : kDates)
+        dateOf(order.*box, label, 0);
 }
 
 bool OrderIndex::isDate(const std::string& text) const {
-    return readDate(text).has_value();
+    return readDate(text, 0).has_value();
 }
 
 /// Returns 0 for a blank text.
-std::optional<double> OrderIndex::readDate(const std::string& text) const {
+std::optional<double> OrderIndex::readDate(const std::string& text, double replaced) const {
     const std::string date = trimmed(text);
     if (date.empty()) return 0;
-    return parseDate(date, formats_, clock_.today());
+    const bool hasYear = replaced != 0 && !shortDateText(replaced, formats_).empty();
+    return parseDate(date, formats_, hasYear ? static_cast<DayCount>(replaced) : clock_.today());
 }
 
-double OrderIndex::dateOf(const std::string& text, const std::string& box) const {
-    const auto days = readDate(text);
+double OrderIndex::dateOf(const std::string& text, const std::string& box, double replaced) const {
+    const auto days = readDate(text, replaced);
     if (!days) throw BoxFault(FaultNumber::TypeMismatch, box, trimmed(text), "is not a date");
     return *days;
 }

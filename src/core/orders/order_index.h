@@ -10,6 +10,7 @@
 #include "core/platform/regional_formats.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -37,6 +38,8 @@ inline constexpr std::array kOrderIndexLayout{
 static_assert(recordSize(kOrderIndexLayout) == 203);
 
 inline constexpr const char* kDeletedOrder = "D";
+/// The characters of an order's number that the list holds.
+inline constexpr std::size_t kIndexNumberWidth = kOrderIndexLayout[1].width;
 
 using OrderRecords = Records<kOrderIndexLayout>;
 using OrderRow = RecordView<kOrderIndexLayout>;
@@ -68,10 +71,23 @@ class OrderIndex {
 
     OrderRecords readAll() const;
 
+    /// The file's bytes, whatever they are; none when it is missing.
+    std::string content() const;
+    /// The records in such bytes, with room for more.
+    static OrderRecords recordsIn(std::string content, std::size_t more);
+    /// Puts these records in place of the file's.
+    void replaceAll(const OrderRecords& records) const;
+
+    /// Puts an order's status and boxes into its record, those that `isTold` accepts (null is the
+    /// status); the record's other bytes stay. A date typed without a year takes that of the date
+    /// which it replaces, if there is one. Throws BoxFault for a date or an amount that cannot be
+    /// read.
+    void enter(const Order& order, const std::function<bool(OrderField box)>& isTold,
+               OrderIndexRecord& record) const;
+
   private:
-    OrderIndexRecord recordOf(const Order& order) const;
-    std::optional<double> readDate(const std::string& text) const;
-    double dateOf(const std::string& text, const std::string& box) const;
+    std::optional<double> readDate(const std::string& text, double replaced) const;
+    double dateOf(const std::string& text, const std::string& box, double replaced) const;
 
     FileSystem files_;
     std::filesystem::path path_;

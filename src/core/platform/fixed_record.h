@@ -220,6 +220,9 @@ class Records {
     auto begin() const { return views_.begin(); }
     auto end() const { return views_.end(); }
 
+    /// All of them, one behind the other.
+    std::string_view bytes() const { return {bytes_.get(), size() * View::kSize}; }
+
     /// The place of the first record of that kind; `size()` when there is none.
     template <class IsWanted>
     std::size_t placeOf(IsWanted isWanted) const {
@@ -233,7 +236,7 @@ class Records {
         if (record != room()) std::memmove(room(), record, View::kSize);
         views_.emplace_back(room());
     }
-    /// Puts a record in place of another, or once behind the last.
+    /// Puts a record in place of another, or behind the last as long as there is room.
     void put(std::size_t place, std::string_view record) {
         record.copy(bytes_.get() + place * View::kSize, View::kSize);
         if (place == size()) views_.emplace_back(room());

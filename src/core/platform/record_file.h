@@ -16,6 +16,11 @@ namespace bramblet {
 /// How a file length that is not a multiple of the record size becomes a count of records.
 enum class RecordCount { Whole, Rounded };
 
+constexpr std::uint64_t recordCount(std::uint64_t length, std::size_t size, RecordCount rule) {
+    const bool oneMore = rule == RecordCount::Rounded && 2 * (length % size) > size;
+    return length / size + (oneMore ? 1 : 0);
+}
+
 /// The most records that a file may hold where counts are 16-bit: 32,767.
 inline constexpr int kMostRecords = std::numeric_limits<std::int16_t>::max();
 
@@ -34,8 +39,7 @@ class RecordFile {
         : path_(path), file_(files.openRandom(path)), most_(most) {
         const std::uint64_t length = file_.length();
         if (length > kLongestFile) throw FileTooLong(path, length);
-        std::uint64_t count = length / kSize;
-        if (rule == RecordCount::Rounded && 2 * (length % kSize) > kSize) ++count;
+        const std::uint64_t count = recordCount(length, kSize, rule);
         if (count > static_cast<std::uint64_t>(most_)) throw Fault(FaultNumber::Overflow);
         count_ = static_cast<int>(count);
     }
