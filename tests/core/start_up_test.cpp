@@ -68,6 +68,7 @@ TEST_F(StartUp, AMissingDataFolderIsToldOnceAndByEveryDataCommand) {
         [&] { p.contactImport.ImportAsShipTos_Click(); },
         [&] { p.backup.mu_DataBackup_Click(); },
         [&] { p.backup.mu_DataRestore_Click(); },
+        [&] { p.listRebuild.mu_RebuildOrderList_Click(); },
     };
     for (std::size_t i = 0; i < commands.size(); ++i) {
         p.commands.say("Something was not saved");

@@ -19,8 +19,9 @@ using enum AddressSide;
 /// 4 March 2026, a Wednesday.
 inline constexpr DayCount kToday = 46085;
 
+/// Half past two, and five seconds.
 inline Clock fixedClock() {
-    return {[] { return kToday; }, [] {}};
+    return {[] { return kToday; }, [] {}, [] { return (14 * 60 + 30) * 60 + 5; }};
 }
 
 /// What the prompts are expected to ask, under short names.

@@ -11,6 +11,7 @@ namespace bramblet::test {
 class RecordingScreen : public Screen {
   public:
     std::string lastLine;               ///< the line last said in the status bar
+    std::vector<std::string> hints;     ///< those that may not displace one
     std::vector<std::string> captions;  ///< the main window's, from the first to the last
     std::vector<Views> refreshed;       ///< one entry each time that something was shown anew
     std::vector<int> linesShown;
@@ -23,6 +24,7 @@ class RecordingScreen : public Screen {
 
     void refresh(const Views& views) override { refreshed.push_back(views); }
     void showStatus(const std::string& line, Tone) override { lastLine = line; }
+    void showHint(const std::string& line) override { hints.push_back(line); }
     void showCaption(const std::string& caption) override { captions.push_back(caption); }
     void showLine(int row) override { linesShown.push_back(row); }
     std::optional<LineEntry> editLine(const LineEntry& entry, const std::string& caption) override {
@@ -33,6 +35,7 @@ class RecordingScreen : public Screen {
     void showViewer() override { opened.push_back("viewer"); }
     void showHelp() override { opened.push_back("help"); }
     void showContactImport() override { opened.push_back("contact import"); }
+    void showRebuild() override { opened.push_back("rebuild"); }
     void showBackup() override { opened.push_back("backup"); }
     void showBackupProgress() override { onBackupProgress(); }
 };

@@ -5,6 +5,7 @@
 #include "core/platform/prompts.h"
 
 #include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 #include <variant>
 
@@ -60,6 +61,10 @@ class ScriptedPrompts : public Prompts {
         return name ? std::optional(name->string()) : std::nullopt;
     }
     void progress(const std::string&, int, int) override {}
+
+    /// What the user does while an operation that may be stopped is at a step; false stops it.
+    std::function<bool(int done, int total)> onStep = [](int, int) { return true; };
+    bool mayGoOn(const std::string&, int done, int total) override { return onStep(done, total); }
 
   private:
     using Path = std::optional<std::filesystem::path>;

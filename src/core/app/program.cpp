@@ -23,6 +23,7 @@ Program::Program(Environment environment, Prompts& prompts)
       index(files_, folder.file("po_data.dat"), environment_.formats, environment_.clock),
       savedOrders(commands, index, environment_.formats),
       documents(files_, commands, environment_.clock),
+      listRebuild(files_, commands, index, savedOrders, documents, environment_.formats),
       editor({files_, commands, settings, taxFreight, environment_.formats, environment_.clock,
               open, addresses, histories, index, savedOrders, stock, documents}),
       lines(commands, open, environment_.formats),

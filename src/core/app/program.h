@@ -10,6 +10,7 @@
 #include "core/history/field_histories.h"
 #include "core/orders/csv_export.h"
 #include "core/orders/line_items.h"
+#include "core/orders/list_rebuild.h"
 #include "core/orders/order_documents.h"
 #include "core/orders/order_editor.h"
 #include "core/orders/order_index.h"
@@ -86,6 +87,7 @@ class Program {
     OrderIndex index;
     SavedOrders savedOrders;
     OrderDocuments documents;
+    ListRebuild listRebuild;
     OrderEditor editor;
     LineItems lines;
     ContactImport contactImport;

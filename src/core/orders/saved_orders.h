@@ -63,6 +63,9 @@ class SavedOrders : public ListTable<OrderRow> {
     /// Covers all orders: those that the filters leave out have numbers too.
     NumberUse useOf(const std::string& orderNumber) const;
 
+    /// The index as it was last read; nothing when that failed.
+    const OrderRecords* records() const { return read_ ? &records_ : nullptr; }
+
     /// "12 orders listed", or that they could not be read: the tool tip of the label under the
     /// list.
     std::string countText() const;

@@ -63,6 +63,8 @@ class Prompts {
     /// How far a long operation has got: `done` of `total` steps; it is over at `total`. Shown only
     /// when the operation lasts more than a moment.
     virtual void progress(const std::string& /*what*/, int /*done*/, int /*total*/) {}
+    /// The same for an operation that the user may stop: false once they have.
+    virtual bool mayGoOn(const std::string& /*what*/, int /*done*/, int /*total*/) { return true; }
 };
 
 /// Reports how far a long operation has got, and that it is over, however it ends.
@@ -78,6 +80,12 @@ class LongOperation {
     void reached(int done) {
         constexpr int kStep = 256;
         if (done % kStep == 0 && done < total_) prompts_.progress(what_, done, total_);
+    }
+
+    /// To be called for every step of an operation that the user may stop: false once they have.
+    bool mayGoOn(int done, int total) {
+        total_ = total;
+        return prompts_.mayGoOn(what_, done, total);
     }
 
   private:

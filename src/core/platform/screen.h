@@ -37,6 +37,8 @@ class Screen {
     virtual void refresh(const Views&) {}
     /// Shows one line in the status bar; an empty one clears it.
     virtual void showStatus(const std::string&, Tone) {}
+    /// Shows one line in the status bar, unless something stands there.
+    virtual void showHint(const std::string&) {}
     /// Sets the main window's caption.
     virtual void showCaption(const std::string&) {}
     /// Makes a line of the order current, and scrolls to it.
@@ -58,6 +60,7 @@ class Screen {
     virtual void showViewer() {}
     virtual void showHelp() {}
     virtual void showContactImport() {}
+    virtual void showRebuild() {}
     virtual void showBackup() {}
     /// Shows how far a backup or restore has got; called for every file that is listed, counted,
     /// copied or compared, so that the windows stay live and can stop it.
