@@ -1,4 +1,4 @@
-// The windows for backup, restoring and contact import.
+// The windows for backup, restoring, rebuilding the list of orders and contact import.
 
 #include "gui/desk.h"
 
@@ -63,6 +63,69 @@ TEST_F(SafetyTest, StopClosesTheWindowAndEndsTheRun) {
         EXPECT_FALSE(dialog.isVisible());
     });
     EXPECT_EQ(FileSystem().fileNames(target).size(), 2u);
+}
+
+TEST_F(SafetyTest, TheListOfOrdersIsRebuiltAfterALook) {
+    const auto list = program->folder.file("po_data.dat");
+    const std::string whole = contentOf(list);
+    const auto status = [&] { return window->statusBar()->currentMessage(); };
+    std::filesystem::resize_file(list, 203);
+    std::filesystem::remove(program->folder.file("000001.htm"));
+    open();
+    EXPECT_EQ(status(),
+              "1 order of the list has no document, 2 documents are not in the list: Data > "
+              "Rebuild Order List from Documents shows which");
+    std::filesystem::rename(program->folder.file("po_addy.dat"),
+                            program->folder.file("po_addy.tmp"));
+    writeFile(program->folder.file("po_addy.tmp"), std::string(570, ' '));
+    os::setModified(program->folder.file("po_addy.tmp"), 1'000'000'000'000'000'000);
+    open();
+    EXPECT_EQ(status(), "The address book was missing and has been taken from po_addy.tmp.")
+        << "the list's troubles displace no others";
+    open();
+
+    driver->inDialog("mu_RebuildOrderList", [&](QWidget& dialog) {
+        EXPECT_EQ(dialog.objectName(), "RebuildDialog");
+        EXPECT_EQ(text("RebuildSummary"),
+                  "2 orders are missing in the list, 1 order has no document");
+        EXPECT_EQ(driver->rows("RebuildFindings"), 3);
+        driver->clickHeading("RebuildFindings", 1);
+        EXPECT_EQ(driver->cell("RebuildFindings", 0, 1), "has no document");
+        click("Cancel");
+    });
+    EXPECT_EQ(status(), "") << "the next command clears the line";
+    EXPECT_EQ(contentOf(list), whole.substr(0, 203));
+
+    driver->inDialog("mu_RebuildOrderList", [&](QWidget&) {
+        driver->press("RebuildFindings", Qt::Key_R, Qt::AltModifier);
+    });
+    EXPECT_EQ(contentOf(list), whole);
+    EXPECT_EQ(driver->rows("POGrid"), 3);
+    EXPECT_TRUE(
+        status().startsWith("The list of orders is rebuilt: 2 added, 0 changed; the former "
+                            "list is kept"));
+
+    driver->inDialog("mu_RebuildOrderList", [&](QWidget& dialog) {
+        EXPECT_FALSE(enabled("Rebuild")) << "the order without a document stays in the list";
+        dialog.close();
+    });
+}
+
+TEST_F(SafetyTest, ReadingTheDocumentsCanBeStoppedOnceItTakesLong) {
+    QElapsedTimer sinceStart;
+    sinceStart.start();
+    bool clicked = false;
+    while (prompts.mayGoOn("Reading", 0, 1) && sinceStart.elapsed() < 3'000) {
+        auto* const stop = window->findChild<QPushButton*>("StopProgress");
+        if (stop == nullptr || !stop->isVisible()) continue;
+        EXPECT_TRUE(clicked || sinceStart.elapsed() > 100) << "nothing flashes up";
+        clicked = true;
+        QTest::mouseClick(stop, Qt::LeftButton);
+    }
+    EXPECT_TRUE(clicked);
+    EXPECT_LT(sinceStart.elapsed(), 3'000);
+    prompts.progress("Reading", 1, 1);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(SafetyTest, ContactsAreImportedFromTheirWindow) {

@@ -95,6 +95,8 @@ void addDataMenu(QMenu* menu, Program& program) {
              [&] { program.backup.mu_DataBackup_Click(); });
     addEntry(menu, "mu_DataRestore", u"&Restore Data ..."_s, {},
              [&] { program.backup.mu_DataRestore_Click(); });
+    addEntry(menu, "mu_RebuildOrderList", u"Rebuild &Order List from Documents ..."_s, {},
+             [&] { program.listRebuild.mu_RebuildOrderList_Click(); });
     menu->addSeparator();
     addEntry(menu, "mu_ImportKettleby", u"Import address from &Kettleby"_s, {},
              [&] { program.contactImport.mu_ImportKettleby_Click(); });

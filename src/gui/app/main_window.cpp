@@ -8,6 +8,7 @@
 #include "gui/orders/line_dialog.h"
 #include "gui/orders/lines_panel.h"
 #include "gui/orders/order_panel.h"
+#include "gui/orders/rebuild_dialog.h"
 #include "gui/orders/totals_panel.h"
 #include "gui/platform/boxes.h"
 #include "gui/platform/dialog_prompts.h"
@@ -20,6 +21,9 @@
 #include <QCloseEvent>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTimer>
+
+#include <utility>
 
 namespace bramblet {
 
@@ -48,6 +52,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     const bool stay = program_.commands.running() ||
                       program_.leave(placeOfMainWindow(*this)) == Program::Leave::Stay;
     event->setAccepted(!stay);
+}
+
+/// What nobody is waiting for is done once the window has been painted.
+void MainWindow::paintEvent(QPaintEvent* event) {
+    QMainWindow::paintEvent(event);
+    if (std::exchange(painted_, true)) return;
+    QTimer::singleShot(0, this, [this] { program_.listRebuild.tellOfStrays(); });
 }
 
 QWidget* MainWindow::makeContent() {
@@ -142,6 +153,10 @@ void MainWindow::showStatus(const std::string& line, Tone tone) {
     doneLine_ = tone == Tone::Done ? statusBar()->currentMessage() : QString();
 }
 
+void MainWindow::showHint(const std::string& line) {
+    if (statusBar()->currentMessage().isEmpty()) showLine(toQt(line));
+}
+
 void MainWindow::showCaption(const std::string& caption) {
     setWindowTitle(toQt(caption));
 }
@@ -186,6 +201,10 @@ void MainWindow::showHelp() {
 
 void MainWindow::showContactImport() {
     showContactDialog(program_.contactImport, this);
+}
+
+void MainWindow::showRebuild() {
+    showRebuildDialog(program_.listRebuild, this);
 }
 
 void MainWindow::showBackup() {

@@ -28,6 +28,7 @@ class MainWindow : public QMainWindow, private Screen {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     QWidget* makeContent();
@@ -39,6 +40,7 @@ class MainWindow : public QMainWindow, private Screen {
     void refresh(const Views& views) override;
     void refreshOrder(bool another);
     void showStatus(const std::string& line, Tone tone) override;
+    void showHint(const std::string& line) override;
     void showCaption(const std::string& caption) override;
     void showLine(int row) override;
     std::optional<LineEntry> editLine(const LineEntry& entry, const std::string& caption) override;
@@ -47,6 +49,7 @@ class MainWindow : public QMainWindow, private Screen {
     void showViewer() override;
     void showHelp() override;
     void showContactImport() override;
+    void showRebuild() override;
     void showBackup() override;
     void showBackupProgress() override;
 
@@ -64,6 +67,7 @@ class MainWindow : public QMainWindow, private Screen {
     QPointer<BackupDialog> backup_;
     QString waitingLine_;
     QString doneLine_;
+    bool painted_ = false;
 };
 
 }  // namespace bramblet

@@ -2,6 +2,7 @@
 
 #include "core/platform/file_system.h"
 #include "core/platform/path_text.h"
+#include "gui/platform/boxes.h"
 #include "gui/platform/qt_text.h"
 
 #include <QApplication>
@@ -104,15 +105,39 @@ void DialogPrompts::progress(const std::string& what, int done, int total) {
         return;
     }
     if (!progress_) {
-        progress_ =
-            std::make_unique<QProgressDialog>(messageToQt(what), QString(), 0, total, parent());
-        progress_->setWindowModality(Qt::WindowModal);
-        progress_->setMinimumDuration(700);
-        progress_->setWindowTitle(u"Bramblet"_s);
+        openProgress(what);
+        progress_->setCancelButton(nullptr);
         // Work under way cannot be left half done.
         progress_->setWindowFlag(Qt::WindowCloseButtonHint, false);
     }
+    progress_->setMaximum(total);
     progress_->setValue(done);
+}
+
+bool DialogPrompts::mayGoOn(const std::string& what, int done, int total) {
+    constexpr int kShowEvery = 40;  // milliseconds
+    if (!progress_) {
+        openProgress(what);
+        progress_->setCancelButton(
+            button("StopProgress", u"Stop"_s, u"Stop here; nothing is changed."_s));
+    } else if (lastShown_.elapsed() < kShowEvery) {
+        return true;
+    }
+    lastShown_.restart();
+    progress_->setMaximum(total);
+    progress_->setValue(done);
+    // Until there is a dialog in front of them, the windows show themselves but take no input.
+    QCoreApplication::processEvents(progress_->isVisible() ? QEventLoop::AllEvents
+                                                           : QEventLoop::ExcludeUserInputEvents);
+    return !progress_->wasCanceled();
+}
+
+void DialogPrompts::openProgress(const std::string& what) {
+    progress_ = std::make_unique<QProgressDialog>(parent());
+    progress_->setLabelText(messageToQt(what));
+    progress_->setWindowModality(Qt::WindowModal);
+    progress_->setMinimumDuration(700);
+    progress_->setWindowTitle(u"Bramblet"_s);
 }
 
 std::optional<std::filesystem::path> DialogPrompts::choose(const FileChoice& choice,

@@ -3,6 +3,7 @@
 
 #include "core/platform/prompts.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QProgressDialog>
 #include <QWidget>
@@ -29,14 +30,17 @@ class DialogPrompts : public Prompts {
                                                       const std::filesystem::path& start) override;
     std::optional<std::string> chooseFont(const std::string& current) override;
     void progress(const std::string& what, int done, int total) override;
+    bool mayGoOn(const std::string& what, int done, int total) override;
 
   private:
+    void openProgress(const std::string& what);
     enum class Purpose { Open, Save, Folder };
     std::optional<std::filesystem::path> choose(const FileChoice& choice, Purpose purpose);
     QWidget* parent() const;
 
     QPointer<QWidget> parent_;
     std::unique_ptr<QProgressDialog> progress_;
+    QElapsedTimer lastShown_;  ///< when an operation that may be stopped showed its progress
 };
 
 }  // namespace bramblet
