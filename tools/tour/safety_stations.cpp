@@ -115,4 +115,26 @@ void restore(Guide& guide, const QString& folder) {
     if (guide.rows("POGrid") == 0) guide.complain("The orders were not restored");
 }
 
+void rebuildList(Guide& guide, const QString& data) {
+    constexpr int kRecord = 203;
+    constexpr int kVendor = 27;
+    const int orders = guide.rows("POGrid");
+    QFile list(data + "/po_data.dat");
+    const bool damaged = list.resize(list.size() - 2 * kRecord) &&
+                         list.open(QIODevice::ReadWrite) && list.seek(2 * kRecord + kVendor) &&
+                         list.write("Somebody else") > 0 &&
+                         QFile::copy(data + "/000001.htm", data + "/000090.htm") &&
+                         QFile::remove(data + "/000004.htm");
+    list.close();
+    if (!damaged) guide.complain("The list of orders was not damaged");
+    guide.click("ViewExisting");
+    guide.inDialog("mu_RebuildOrderList", [&](QWidget& dialog) {
+        guide.pictureWith("53-rebuild-list", dialog);
+        guide.help("rebuild", dialog);
+        guide.click("Rebuild");
+    });
+    guide.picture("54-list-rebuilt");
+    if (guide.rows("POGrid") != orders) guide.complain("The list was not rebuilt");
+}
+
 }  // namespace bramblet::tour

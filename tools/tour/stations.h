@@ -34,6 +34,8 @@ void backUp(Guide& guide, const QString& folder);
 
 /// In a second office: restores the first one's backup.
 void restore(Guide& guide, const QString& folder);
+/// In a second office: loses the end of the list in the folder `data`, and rebuilds it.
+void rebuildList(Guide& guide, const QString& data);
 /// In a second office: takes the catalogue over from `file`.
 void takeOver(Guide& guide, const QString& file);
 

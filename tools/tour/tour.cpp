@@ -28,14 +28,18 @@ namespace bramblet::tour {
 namespace {
 
 constexpr CivilDate kTourDay{2026, 3, 4};
+constexpr int kTourSecond = (16 * 60 + 20) * 60;  // of the day: twenty past four
 
-/// Starts the program in a home folder of its own and takes it along `road`.
-QString inOffice(const QString& documents, const std::function<void(MainWindow&)>& road) {
+/// Starts the program in a home folder of its own and takes it along `road`, which gets its window
+/// and its data folder.
+QString inOffice(const QString& documents,
+                 const std::function<void(MainWindow&, const QString& data)>& road) {
     QDir(documents).removeRecursively();
     QDir().mkpath(documents);
     DialogPrompts prompts;
     Waiting waiting;
-    const Clock clock{[] { return *toDayCount(kTourDay); }, [&] { waiting.waitOneSecond(); }};
+    const Clock clock{[] { return *toDayCount(kTourDay); }, [&] { waiting.waitOneSecond(); },
+                      [] { return kTourSecond; }};
     QuietDesktop desktop;
     Program program({desktop, pathFromQt(documents), RegionalFormats{}, clock,
                      [&](const FileError& error) { waiting.waitForFile(error); }},
@@ -43,9 +47,10 @@ QString inOffice(const QString& documents, const std::function<void(MainWindow&)
     MainWindow window(program, prompts, waiting);
     window.show();
     program.start();
-    road(window);
+    const QString data = pathToQt(program.folder.DataPath());
+    road(window, data);
     window.close();
-    return pathToQt(program.folder.DataPath());
+    return data;
 }
 
 /// The sample company's letterhead, in a folder where it can be chosen.
@@ -84,10 +89,11 @@ bool throughFirstOffice(MainWindow& window, const Album& album) {
     return guide.good();
 }
 
-bool throughSecondOffice(MainWindow& window, const Album& album) {
+bool throughSecondOffice(MainWindow& window, const Album& album, const QString& data) {
     Guide guide(window, album);
     takeOver(guide, album.folder() + "/catalogue.sid");
     restore(guide, backupFolder(album));
+    rebuildList(guide, data);
     return guide.good();
 }
 
@@ -98,11 +104,12 @@ int runTour(const Album& album) {
     QDir(backupFolder(album)).removeRecursively();
     QDir().mkpath(backupFolder(album));
     bool good = layOutArtwork(folder + "/artwork");
-    const QString data = inOffice(folder + "/documents", [&](MainWindow& window) {
+    const QString data = inOffice(folder + "/documents", [&](MainWindow& window, const QString&) {
         good = throughFirstOffice(window, album) && good;
     });
-    inOffice(folder + "/second-office",
-             [&](MainWindow& window) { good = throughSecondOffice(window, album) && good; });
+    inOffice(folder + "/second-office", [&](MainWindow& window, const QString& its) {
+        good = throughSecondOffice(window, album, its) && good;
+    });
     std::cout << "The pictures are in " << qPrintable(QDir(folder).absolutePath())
               << "\nThe sample company's data folder is " << qPrintable(data) << std::endl;
     return good ? EXIT_SUCCESS : EXIT_FAILURE;
