@@ -177,6 +177,9 @@ TEST(DisplayHtml, LargeDocumentsOfOddMarkupAreReadInTime) {
         EXPECT_GE(count(shownAs("<b>" + repeated(text, 1'000'000)), "<div><b>"), 200u)
             << "in paragraphs of bounded length";
     }
+    const std::string format = "<font face=\"" + std::string(5000, 'A') + "\">";
+    const std::string document = repeated(format, 90 * format.size()) + repeated("word ", 500'000);
+    EXPECT_LT(shownAs(document).size(), 2 * document.size()) << "long formats are not repeated";
 }
 
 }  // namespace

@@ -138,7 +138,8 @@ void DisplayBuilder::lengthen(std::size_t length, bool mayDivide) {
     if (run_ > kLongParagraph && (mayDivide || run_ > kLongParagraph + kLongestWord)) divide();
 }
 
-/// Continues in a new paragraph, with the same formats.
+/// Continues in a new paragraph, with the same formats, as far as these take up no more room than a
+/// paragraph: otherwise a page could be thousands of times as long as its document.
 void DisplayBuilder::divide() {
     const auto cell = findOpen(isCell);
     const std::size_t first = cell ? *cell + 1 : 0;
@@ -146,8 +147,12 @@ void DisplayBuilder::divide() {
     closeDownTo(first);
     run_ = 0;
     push({elementNamed("div"), "<div>"});
+    std::size_t room = kLongParagraph;
     for (Open& open : again) {
-        if (open.element->role == Role::Inline) push(std::move(open));
+        if (open.element->role != Role::Inline) continue;
+        if (open.opening.size() > room) open.opening.clear();
+        room -= open.opening.size();
+        push(std::move(open));
     }
 }
 
