@@ -1,4 +1,5 @@
 #include "core/stock/stock_list.h"
+#include "support/merged_stock.h"
 #include "support/office.h"
 
 #include <algorithm>
@@ -193,9 +194,11 @@ TEST_F(Stock, TheListFollowsTheVendorTheSettingAndTheFile) {
     EXPECT_EQ(descriptions(), (Rows{"screw", "bolt"}));
     EXPECT_EQ(list().entries().vendors, Rows{"Bolt Co"});
     EXPECT_EQ(list().columnCount(), 6);
+    EXPECT_FALSE(list().showsOnHand());
     program().settings.UseQuantities = "Y";
-    list().PopStockList();
+    program().configure();
     EXPECT_EQ(list().columnCount(), 7);
+    EXPECT_TRUE(list().showsOnHand());
     EXPECT_STREQ(list().look(6).heading, "File Number");
     list().StockGrid_Click(1);
     EXPECT_EQ(list().FileOrderTag(), "3");
@@ -440,29 +443,6 @@ TEST_F(Exchange, AnItemOfADamagedNumberDoesNotStretchTheFile) {
     }
 }
 
-/// What a search of the whole file for each record comes to.
-Records mergedByScanning(Records stock, const Records& imported) {
-    const auto same = [](const StockItemRecord& a, const StockItemRecord& b) {
-        return upper(trimmedField(a.Description)) == upper(trimmedField(b.Description)) &&
-               upper(trimmedField(a.Vendor)) == upper(trimmedField(b.Vendor));
-    };
-    for (StockItemRecord item : imported) {
-        const auto found = std::find_if(stock.begin(), stock.end(), [&](const auto& other) {
-            return other.Status != kDeletedItem && same(other, item);
-        });
-        if (found == stock.end()) {
-            item.Tag = static_cast<double>(stock.size()) + 1;
-            item.Status = kLiveItem;
-            stock.push_back(item);
-        } else {
-            item.Tag = found->Tag;
-            item.Status = found->Status;
-            stock[static_cast<std::size_t>(item.Tag) - 1] = item;
-        }
-    }
-    return stock;
-}
-
 TEST_F(Exchange, TheKeyedSearchHasTheResultOfTheRecordByRecordOne) {
     unsigned seed = 1;
     const auto random = [&seed](unsigned below) {
@@ -483,13 +463,14 @@ TEST_F(Exchange, TheKeyedSearchHasTheResultOfTheRecordByRecordOne) {
             stock.push_back(anyItem(tag, random(4) == 0 ? kDeletedItem : kLiveItem));
             imported.push_back(anyItem(i, kExportedItem));
         }
-        writeFile(data("po_stock.dat"), bytesOf(stock));
+        const std::string before = bytesOf(stock);
+        writeFile(data("po_stock.dat"), before);
         writeFile(file, bytesOf(imported));
         prompts.expectSaying("Have you run a backup today?");
         prompts.expectChoice("", file);
         prompts.expectSaying("existing items.");
         program().stockExchange.mu_ImportStockItems_Click();
-        ASSERT_EQ(bytes(), bytesOf(mergedByScanning(stock, imported))) << "round " << round;
+        ASSERT_EQ(bytes(), mergedByScanning(before, bytesOf(imported))) << "round " << round;
     }
 }
 
