@@ -119,6 +119,16 @@ TEST_F(BackupTest, TheFoldersThatTheWindowsStartWith) {
     EXPECT_EQ(backup().BackUpTarget, dataPath);
 }
 
+TEST_F(BackupTest, AFolderWhoseNameCannotBeStoredIsNotRemembered) {
+    const auto deep = documents / std::string(200, 'x') / std::string(200, 'y');
+    backup().mu_DataBackup_Click();
+    prompts.expectChoice(program().folder.DataPath(), deep);
+    backup().SelectTarget_Click();
+    EXPECT_EQ(backup().BackUpTarget, withSeparator(deep));
+    expectSaid("will not be remembered: its name is too long or no text");
+    EXPECT_NE(program().settings.BackupFolder, deep);
+}
+
 TEST_F(BackupTest, ATargetHasToBeNamedInFullAndIsNeverTheSource) {
     for (const char* typed : {"", "   ", "safe"})
         expectFailure("Please select a target folder", typed);
@@ -279,6 +289,15 @@ TEST_F(BackupTest, VerifyTellsWhatAgreesDiffersAndIsMissing) {
         "\r\n\r\nMissing:\r\nd.jpg\r\n\r\n"
         "Cannot be read:\r\nB.HTM: Path/File access error (error 75)",
         Icon::Exclamation);
+}
+
+TEST_F(BackupTest, OfManyMissingFilesTheFirstAreNamed) {
+    backUp();
+    wipeData();
+    for (int i = 101; i <= 115; ++i)
+        writeFile(data("f" + std::to_string(i) + ".dat"), "content");
+    prompts.expectSaying("\r\nf110.dat\r\n... and 5 more");
+    backup().Verify_Click();
 }
 
 TEST_F(BackupTest, AWipedDataFolderComesBackWhole) {

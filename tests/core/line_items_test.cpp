@@ -2,6 +2,7 @@
 
 #include "core/platform/fault.h"
 #include "support/office.h"
+#include "support/regions.h"
 
 namespace bramblet::test {
 namespace {
@@ -72,6 +73,19 @@ TEST_F(LineItemsTest, APickedItemsCellsStayCellsAndItsLineIsShown) {
     EXPECT_EQ(lines(), raised);
 }
 
+TEST(LineTableTest, ShowsTheLinesWithRoomForTheirWidestAmounts) {
+    LineTable table(enUS());
+    const std::vector<OrderLine> lines{
+        {"2", "", "", "ea", "Hammer", "10.00", "20.00", "17"},
+        {"1", "", "", "box", "Nails", "1,250.50", "5.00", "special"}};
+    EXPECT_TRUE(table.take(lines));
+    EXPECT_FALSE(table.take(lines)) << "nothing is new";
+    EXPECT_EQ(table.cell(1, kDescription), "Nails");
+    EXPECT_EQ(table.widest(kUnitCost), "1,250.50");
+    EXPECT_EQ(table.widest(kDescription), "") << "descriptions may be cut short";
+    EXPECT_EQ(table.sortColumn(), std::nullopt);
+}
+
 TEST(LineEntryTest, WhatTheDialogStores) {
     const LineEntry stored = storedEntry({" 2 pcs ", " sq\tft ", " a\nb\tc\xE9~ ", "$1,200.00"});
     EXPECT_EQ(stored.quantity, "2");
@@ -79,6 +93,7 @@ TEST(LineEntryTest, WhatTheDialogStores) {
     EXPECT_EQ(stored.description, "a b c ~");
     EXPECT_EQ(stored.unitCost, "1,200.00");
     EXPECT_EQ(storedEntry({"", "", "", "free"}).unitCost, "0");
+    EXPECT_EQ(checkedEntry({"2 pcs", "", "", "3"}, {}).quantity, "2");
     EXPECT_THROW(checkedEntry({"1", "", "", "1.2.3"}, {}), BoxFault);
     EXPECT_THROW(checkedEntry({"1.2.3", "", "", "1"}, {}), BoxFault);
 }

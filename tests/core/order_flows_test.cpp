@@ -336,6 +336,9 @@ TEST_F(OrderFlows, AnOrderThatCannotBeTotalledIsNotSavedAndGetsNoNumber) {
     prompts.expectSaying("\"ten\" in the box Discount is not an amount");
     save();
     EXPECT_EQ(orders(), "(PEND) -");
+    prompts.expectSaying("\"ten\" in the box Discount is not an amount");
+    editor().make10_Click();
+    EXPECT_EQ(orders() + caption(), "(PEND) -Bramblet");
     type(&Order::DiscountEd, "0");
     type(&Order::TaxFactorEd, "6.5");
     editor().TotalUp_Click();

@@ -85,14 +85,18 @@ TEST_F(OrderIndexTest, DeletingKeepsTheRecordsOtherBytes) {
     EXPECT_FALSE(index().markDeleted("000010"));
 }
 
-TEST_F(OrderIndexTest, PendingOrdersAndUnreadableDatesWriteNothing) {
+TEST_F(OrderIndexTest, PendingOrdersAndWhatCannotBeReadWriteNothing) {
     index().RecordData(numbered(" (PEND)"));
-    try {
-        index().RecordData(orderWith({{&Order::PONoEd, "1"}, {&Order::ShipDateEd, "33/3/26"}}));
-        ADD_FAILURE() << "no fault";
-    } catch (const Fault& fault) {
-        EXPECT_EQ(fault.inWords(), "\"33/3/26\" in the box On Site is not a date");
-    }
+    const auto expectBlamed = [&](OrderField box, const char* text, const char* words) {
+        try {
+            index().RecordData(orderWith({{&Order::PONoEd, "1"}, {box, text}}));
+            ADD_FAILURE() << "no fault";
+        } catch (const Fault& fault) {
+            EXPECT_EQ(fault.inWords(), words);
+        }
+    };
+    expectBlamed(&Order::ShipDateEd, "33/3/26", "\"33/3/26\" in the box On Site is not a date");
+    expectBlamed(&Order::NetTotalEd, "1.2.3", "\"1.2.3\" in the box Total (Net) is not an amount");
     EXPECT_FALSE(exists());
 }
 

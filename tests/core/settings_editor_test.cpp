@@ -192,6 +192,14 @@ TEST(PictureFolder, PicturesAreSortedByTheirLettersAndHiddenOnesLeftOut) {
     PictureFolder shown{FileSystem()};
     shown.goTo(folder.path());
     EXPECT_EQ(shown.pictures(), pictures);
+    std::filesystem::create_directory(folder / "below");
+    shown.enter("below");
+    EXPECT_EQ(shown.path(), withSeparator(folder / "below"));
+    EXPECT_EQ(shown.folders(), std::vector<std::filesystem::path>{".."});
+    shown.enter("..");
+    EXPECT_EQ(shown.path(), folder.path());
+    shown.enter("nowhere");
+    EXPECT_EQ(shown.trouble(), "Path not found (error 76)");
 }
 
 }  // namespace

@@ -26,6 +26,9 @@ TEST_F(StartUp, ShowsAnEmptyPendingOrderDatedToday) {
     EXPECT_FALSE(os::exists(data("testfile.tmp")));
     for (const std::filesystem::path folder : {"/home/me", "/home/me/"})
         EXPECT_EQ(Program::homeFolderIn(folder), withSeparator("/home/me/Quenmoor"));
+    prompts.expect(
+        notice("Quenmoor \"Bramblet\"\r\nVersion 1.5, January 17, 2004", "About Bramblet"));
+    program().mu_About();
 }
 
 TEST_F(StartUp, AMissingDataFolderIsToldOnceAndByEveryDataCommand) {
@@ -80,6 +83,16 @@ TEST_F(StartUp, AMissingDataFolderIsToldOnceAndByEveryDataCommand) {
     EXPECT_EQ(p.savedOrders.countText(), "The list could not be read");
     EXPECT_EQ(p.stock.countText(), "The list could not be read");
     EXPECT_FALSE(os::exists(nowhere));
+}
+
+TEST_F(StartUp, WithoutADataFolderNothingIsWrittenAnywhere) {
+    storeDataDirectory("");
+    const std::filesystem::path here = std::filesystem::current_path();
+    std::filesystem::current_path(documents.path());
+    prompts.expectSaying("Error 76 Path not found");
+    start();
+    std::filesystem::current_path(here);
+    EXPECT_EQ(FileSystem().fileNames(documents.path()).size(), 0u);
 }
 
 TEST_F(StartUp, ADataFolderWithoutItsSeparatorStillNamesTheFolder) {

@@ -199,6 +199,11 @@ TEST_F(Stock, TheListFollowsTheVendorTheSettingAndTheFile) {
     program().configure();
     EXPECT_EQ(list().columnCount(), 7);
     EXPECT_TRUE(list().showsOnHand());
+    EXPECT_EQ(list().sortColumn(), std::nullopt) << "as in the file";
+    list().sortBy(3);
+    list().sortBy(3);
+    EXPECT_EQ(list().sortColumn(), 3);
+    EXPECT_TRUE(list().sortedDescending());
     EXPECT_STREQ(list().look(6).heading, "File Number");
     list().StockGrid_Click(1);
     EXPECT_EQ(list().FileOrderTag(), "3");

@@ -133,6 +133,12 @@ TEST_F(Viewer, PicturesComeFromTheDataFolderAlone) {
     EXPECT_EQ(waits, 0) << "in the midst of a page nothing can be waited for";
 }
 
+TEST_F(Viewer, APrinterThatCannotBeUsedIsTold) {
+    viewer().printed(true);
+    prompts.expectSaying("The order was not printed", Answer::Ok);
+    viewer().printed(false);
+}
+
 TEST_F(Viewer, APdfReplacesAnotherFileOnlyWhenTheUserSaysSo) {
     viewSavedOrder();
     const auto choosePdf = [&](const std::string& name, const std::optional<Message>& told = {}) {
