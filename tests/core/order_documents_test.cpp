@@ -26,7 +26,7 @@ class OrderDocumentsTest : public Office {
         type(&Order::ByEd, by);
         save();
     }
-    /// Who ordered what is kept: "000001 2026-03-04 000000.htm by Ann".
+    /// Who ordered what is kept: "000001 2026-03-04 143005.htm by Ann".
     std::string kept() const {
         std::vector<std::string> orders;
         if (!os::exists(data("kept"))) return {};
@@ -77,7 +77,7 @@ TEST_F(OrderDocumentsTest, WhatTheOrderIsNotALaterStateOfIsKept) {
              colleagueSaves("000001");
              saveBy("Cy");
          },
-         "000001", "000001 2026-03-04 000000.htm by Eve"},
+         "000001", "000001 2026-03-04 143005.htm by Eve"},
         {"twice in one second",
          [&] {
              openOrder("000001");
@@ -86,19 +86,19 @@ TEST_F(OrderDocumentsTest, WhatTheOrderIsNotALaterStateOfIsKept) {
                  saveBy(by);
              }
          },
-         "000001", "000001 2026-03-04 000000 2.htm by Eve, 000001 2026-03-04 000000.htm by Eve"},
+         "000001", "000001 2026-03-04 143005 2.htm by Eve, 000001 2026-03-04 143005.htm by Eve"},
         {"a colleague has drawn the same number",
          [&] {
              colleagueSaves("000003");
              saveNewOrder("Cy");
          },
-         "000003", "000003 2026-03-04 000000.htm by Eve"},
+         "000003", "000003 2026-03-04 143005.htm by Eve"},
         {"the index is gone, and the first number is given again",
          [&] {
              os::remove(data("po_data.dat"));
              saveNewOrder("Cy");
          },
-         "000001", "000001 2026-03-04 000000.htm by Ann"},
+         "000001", "000001 2026-03-04 143005.htm by Ann"},
         {"the list holds no more than six digits",
          [&] {
              type(&Order::PONoEd, "999999");
@@ -106,20 +106,20 @@ TEST_F(OrderDocumentsTest, WhatTheOrderIsNotALaterStateOfIsKept) {
              saveNewOrder("Dee");
              saveNewOrder("Eve");
          },
-         "1000000", "1000000 2026-03-04 000000.htm by Dee"},
+         "1000000", "1000000 2026-03-04 143005.htm by Dee"},
         {"another order's number was typed",
          [&] {
              type(&Order::PONoEd, "000001");
              saveBy("Cy");
          },
-         "000001", "000001 2026-03-04 000000.htm by Ann"},
+         "000001", "000001 2026-03-04 143005.htm by Ann"},
         {"the document opened is another order's",
          [&] {
              writeFile(data("000002.htm"), stored("000001.htm"));
              openOrder("000002");
              saveBy("Cy");
          },
-         "000001", "000001 2026-03-04 000000.htm by Ann"},
+         "000001", "000001 2026-03-04 143005.htm by Ann"},
         {"it was missing, and the list has made an empty one",
          [&] {
              os::remove(data("000001.htm"));
@@ -166,7 +166,7 @@ TEST_F(OrderDocumentsTest, WhatCannotBeKeptIsNotReplaced) {
     os::remove(data("kept"));
     save();
     EXPECT_EQ(storedBy("000001"), "Cy");
-    EXPECT_EQ(kept(), "000001 2026-03-04 000000.htm by Eve");
+    EXPECT_EQ(kept(), "000001 2026-03-04 143005.htm by Eve");
 }
 
 TEST_F(OrderDocumentsTest, AKeptOrderIsOpenedAndGetsANumberOfItsOwn) {
@@ -177,8 +177,8 @@ TEST_F(OrderDocumentsTest, AKeptOrderIsOpenedAndGetsANumberOfItsOwn) {
     saveBy("Cy");
     expectSaid(
         "Another document of order 000001 was there and is kept as kept/000001 2026-03-04 "
-        "000000.htm");
-    prompts.expectChoice("", data("kept") / "000001 2026-03-04 000000.htm");
+        "143005.htm");
+    prompts.expectChoice("", data("kept") / "000001 2026-03-04 143005.htm");
     editor().openKeptOrder();
     EXPECT_EQ(order().PONoEd + order().ByEd, "000001Eve");
     EXPECT_FALSE(dirty());
@@ -189,11 +189,11 @@ TEST_F(OrderDocumentsTest, AKeptOrderIsOpenedAndGetsANumberOfItsOwn) {
     EXPECT_EQ(storedBy("000003"), "Eve");
     EXPECT_EQ(storedBy("000001"), "Cy");
 
-    prompts.expectChoice("", data("kept") / "000001 2026-03-04 000000.htm");
+    prompts.expectChoice("", data("kept") / "000001 2026-03-04 143005.htm");
     editor().openKeptOrder();
     saveBy("Dee");
     EXPECT_EQ(storedBy("000001"), "Dee");
-    EXPECT_TRUE(contains(kept(), "000001 2026-03-04 000000 2.htm by Cy")) << kept();
+    EXPECT_TRUE(contains(kept(), "000001 2026-03-04 143005 2.htm by Cy")) << kept();
 
     prompts.expectChoice("", data("kept") / "none.htm");
     prompts.expectSaying("The kept order none.htm cannot be opened: File not found");
@@ -210,7 +210,7 @@ TEST_F(OrderDocumentsTest, WhatADeadProgramHasLeftBecomesAnOrderOrIsKeptOrGoes) 
     const std::string half = whole.substr(0, whole.size() / 2);
     const std::vector<std::tuple<const char*, std::string, bool, bool, std::string, bool>> cases{
         {"the document is missing", whole, true, true, "", false},
-        {"a later state", other, false, true, "000001 left over 2026-03-04 000000.htm by Eve",
+        {"a later state", other, false, true, "000001 left over 2026-03-04 143005.htm by Eve",
          false},
         {"the same", whole, false, true, "", false},
         {"half of it", half, true, true, "", false},
@@ -226,7 +226,7 @@ TEST_F(OrderDocumentsTest, WhatADeadProgramHasLeftBecomesAnOrderOrIsKeptOrGoes) 
         writeFile(leftover, content);
         constexpr std::int64_t kMinute = 60'000'000'000;
         os::setModified(leftover, program().folder.checkedAt() - (old ? 11 : 9) * kMinute);
-        program().documents.recoverLeftovers(FileSystem().fileNames(data("")));
+        program().lookAround();
         EXPECT_EQ(os::exists(leftover), stays);
         EXPECT_EQ(kept(), keeps);
         const bool complete = !missing || (content == whole && old);

@@ -200,7 +200,7 @@ class Inspection {
             if (isTemporaryName(name)) fault("left over: " + name.string());
             if (name.extension() != ".htm") continue;
             Order order;
-            if (!readMarkers(FileSystem().read(folder / name), order).number)
+            if (!readMarkers(FileSystem().read(folder / name), order).has(&Order::PONoEd))
                 fault("no order: " + name.string());
             if (keptOnes) ++kept;
             documents_.emplace(order.PONoEd, order.JobNumberEd);

@@ -56,6 +56,20 @@ void Program::start() {
     });
 }
 
+void Program::lookAround() {
+    if (!folder.DataPathOK() || commands.running()) return;
+    commands.edit([&] {
+        std::vector<std::filesystem::path> names;
+        try {
+            names = files_.withoutRetry().fileNames(folder.DataPath());
+        } catch (const Fault&) {
+            return;  // whatever needs the folder next says what is wrong with it
+        }
+        documents.recoverLeftovers(names);
+        listRebuild.tellOfStrays(names);
+    });
+}
+
 Program::Leave Program::leave(const WindowPlace& place) {
     Leave result = Leave::Now;
     commands.run([&] {

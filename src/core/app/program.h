@@ -51,6 +51,10 @@ class Program {
     /// watching.
     void start();
 
+    /// Looks for what a program that died has left in the data folder, and for orders that only the
+    /// list or only a document tells of. Called once, when the windows have been painted.
+    void lookAround();
+
     enum class Leave { Now, Stay };
     /// Shuts down: offers to save a changed order and writes the settings. Returns Stay when the
     /// order was to be saved but could not be.

@@ -287,18 +287,13 @@ std::string ListRebuild::keep() const {
     return "kept/" + shown(path.filename());
 }
 
-void ListRebuild::tellOfStrays() {
+void ListRebuild::tellOfStrays(const std::vector<std::filesystem::path>& names) {
     const OrderRecords* const records = savedOrders_.records();
-    if (std::exchange(looked_, true) || records == nullptr || commands_.running()) return;
+    if (std::exchange(looked_, true) || records == nullptr) return;
     std::size_t unlisted = 0;
     ListedOrders listed(*records);
-    try {
-        for (const auto& number :
-             documentNumbers(files_.fileNames(commands_.folder().DataPath()))) {
-            if (!listed.found(number) && fitsInList(number)) ++unlisted;
-        }
-    } catch (const Fault&) {
-        return;
+    for (const auto& number : documentNumbers(names)) {
+        if (!listed.found(number) && fitsInList(number)) ++unlisted;
     }
     const std::string strays = joined(counted(listed.withoutDocument().size(), kUndocumented),
                                       counted(unlisted, kUnlisted));

@@ -9,8 +9,10 @@
 #include "core/settings/commands.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace bramblet {
 
@@ -41,8 +43,9 @@ class ListRebuild : public ListTable<Finding> {
     void sortBy(int column) { sortByHeading(column); }
 
     /// Says in the status bar, once in a run, if going by their names there are listed orders
-    /// without a document or documents of orders that are not listed. Opens none of them.
-    void tellOfStrays();
+    /// without a document or documents of orders that are not listed. `names` are those of the
+    /// files in the data folder; none is opened.
+    void tellOfStrays(const std::vector<std::filesystem::path>& names);
 
   private:
     void compare();

@@ -97,17 +97,18 @@ std::filesystem::path OrderDocuments::keptPath(const std::string& what,
 }
 
 void OrderDocuments::recoverLeftovers(const std::vector<std::filesystem::path>& names) const {
-    constexpr std::int64_t kTenMinutes = 600'000'000'000;
     for (const auto& name : names) {
         if (!isTemporaryName(name)) continue;
-        const std::filesystem::path leftover = commands_.folder().DataPath() / name;
-        if (commands_.folder().checkedAt() - files_.status(leftover).modified < kTenMinutes)
-            continue;  // its program may be at work
-        recover(leftover);
+        commands_.attempt(
+            "The file " + shown(name) + ", which a save has left, was not recovered: ",
+            [&] { recover(commands_.folder().DataPath() / name); });
     }
 }
 
 void OrderDocuments::recover(const std::filesystem::path& leftover) const {
+    constexpr std::int64_t kTenMinutes = 600'000'000'000;
+    const std::int64_t age = commands_.folder().checkedAt() - files_.status(leftover).modified;
+    if (age < kTenMinutes) return;  // its program may be at work
     const std::string document = files_.read(leftover);
     Order order;
     if (!isWhole(document) || !readMarkers(document, order).has(&Order::PONoEd))

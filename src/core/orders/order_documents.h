@@ -38,7 +38,7 @@ class OrderDocuments {
     /// Looks at the files that a program which died in the middle of a save has left in the data
     /// folder, and that nobody has touched for ten minutes. An order whose document is missing gets
     /// it back, another state of an order is kept; the rest is removed. `names` are those of the
-    /// files in the folder. Throws FileError.
+    /// files in the folder.
     void recoverLeftovers(const std::vector<std::filesystem::path>& names) const;
 
   private:

@@ -227,6 +227,8 @@ bool renameNew(const std::filesystem::path& from, const std::filesystem::path& t
 Exchange exchange([[maybe_unused]] const std::filesystem::path& from,
                   [[maybe_unused]] const std::filesystem::path& to) {
 #ifdef __linux__
+    const auto there = factsOf(to);
+    if (there && S_ISDIR(there->st_mode)) fail(to, EISDIR);
     takeOverRights(to, from);
     if (renamed(from, to, kExchange)) return Exchange::Done;
     if (errno == ENOENT) return Exchange::Gone;

@@ -58,7 +58,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 void MainWindow::paintEvent(QPaintEvent* event) {
     QMainWindow::paintEvent(event);
     if (std::exchange(painted_, true)) return;
-    QTimer::singleShot(0, this, [this] { program_.listRebuild.tellOfStrays(); });
+    QTimer::singleShot(0, this, [this] { program_.lookAround(); });
 }
 
 QWidget* MainWindow::makeContent() {
