@@ -2,6 +2,7 @@
 // that belong to them, and mail. The gui implements this interface; by default, nothing opens.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -33,6 +34,9 @@ class Desktop {
     virtual bool open(const std::filesystem::path&) { return false; }
 
     virtual MailResult compose(const Mail&) { return MailResult::NoMailProgram; }
+
+    /// Lets another program put its window in front of ours, where the system asks for that.
+    virtual void letToFront(std::uint64_t /*process*/) {}
 
     /// Opens an old-style help file in its own viewer; false when there is none.
     virtual bool openHelpFile(const std::filesystem::path&) { return false; }

@@ -1,5 +1,6 @@
 // The file operations of the operating system, one call each: the only way to reach them. A failed
-// operation throws FileError with the number that stands for its cause.
+// operation throws FileError with the number that stands for its cause. At the end, what tells
+// programs and machines apart that use the same files.
 #pragma once
 
 #include <cstdint>
@@ -83,5 +84,10 @@ std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, 
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder);
 /// A number that distinguishes this process from others that may be writing beside it.
 std::uint64_t processNumber();
+/// What a running program has that no other one has or had, even under the same number or before
+/// the machine was last started; empty when no program runs under this number.
+std::string processMark(std::uint64_t process);
+/// The name of this machine, in the code page.
+std::string machineName();
 
 }  // namespace bramblet::os

@@ -1,10 +1,14 @@
 #include "core/platform/fault.h"
 #include "core/platform/os_files.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
+#include <fstream>
 #include <memory>
+#include <sstream>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -285,6 +289,27 @@ std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
 
 std::uint64_t processNumber() {
     return static_cast<std::uint64_t>(::getpid());
+}
+
+std::string processMark(std::uint64_t process) {
+    // The program's name, in parentheses, may hold anything; after it come the state and, as the
+    // twentieth word, when the program was started, counted from the start of the machine.
+    constexpr int kStarted = 20;
+    std::string machineStart, line;
+    std::ifstream("/proc/sys/kernel/random/boot_id") >> machineStart;
+    std::getline(std::ifstream("/proc/" + std::to_string(process) + "/stat"), line);
+    std::istringstream words(line.substr(std::min(line.rfind(')'), line.size() - 1) + 1));
+    std::string state, started;
+    words >> state;
+    for (int i = 1; i < kStarted; ++i)
+        words >> started;
+    const bool runs = words && state != "Z" && state != "X";
+    return runs ? machineStart + "-" + started : "";
+}
+
+std::string machineName() {
+    std::array<char, 256> name{};
+    return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
 }
 
 }  // namespace bramblet::os

@@ -2,6 +2,7 @@
 #include "core/platform/os_files.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <windows.h>
 
@@ -309,6 +310,24 @@ std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
 
 std::uint64_t processNumber() {
     return ::GetCurrentProcessId();
+}
+
+std::string processMark(std::uint64_t process) {
+    constexpr DWORD kAccess = PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE;
+    const HANDLE opened = ::OpenProcess(kAccess, FALSE, static_cast<DWORD>(process));
+    if (opened == nullptr) return {};
+    const Handle handle(opened);
+    FILETIME started{}, ended{}, inKernel{}, inProgram{};
+    // Somebody may still be looking at a program that has ended.
+    const bool runs = ::WaitForSingleObject(handle.get(), 0) == WAIT_TIMEOUT &&
+                      ::GetProcessTimes(handle.get(), &started, &ended, &inKernel, &inProgram);
+    return runs ? std::to_string(joined(started.dwHighDateTime, started.dwLowDateTime)) : "";
+}
+
+std::string machineName() {
+    std::array<char, MAX_COMPUTERNAME_LENGTH + 1> name{};
+    auto length = static_cast<DWORD>(name.size());
+    return ::GetComputerNameA(name.data(), &length) ? name.data() : "";
 }
 
 }  // namespace bramblet::os

@@ -16,6 +16,9 @@ class SystemDesktop : public Desktop {
     bool openWith(const std::filesystem::path& program, const std::string& address) override;
     bool open(const std::filesystem::path& path) override;
     MailResult compose(const Mail& mail) override;
+#ifdef _WIN32
+    void letToFront(std::uint64_t process) override;
+#endif
     bool openHelpFile(const std::filesystem::path& path) override;
 };
 

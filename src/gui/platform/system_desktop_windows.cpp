@@ -46,6 +46,10 @@ Theme systemTheme() {
     return light ? Theme::Light : Theme::Dark;
 }
 
+void SystemDesktop::letToFront(std::uint64_t process) {
+    ::AllowSetForegroundWindow(static_cast<DWORD>(process));
+}
+
 std::filesystem::path SystemDesktop::programFor(const std::filesystem::path& path) {
     std::array<wchar_t, MAX_PATH + 1> program{};
     const HINSTANCE result = ::FindExecutableW(path.c_str(), nullptr, program.data());
