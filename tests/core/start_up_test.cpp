@@ -1,4 +1,7 @@
+#include "core/document/document_reader.h"
 #include "support/office.h"
+
+#include <algorithm>
 
 namespace bramblet::test {
 namespace {
@@ -155,10 +158,13 @@ class Leaving : public StartUp {
 TEST_F(Leaving, CancelSavesNothingNoTheSettingsYesTheOrderToo) {
     const struct {
         Answer answer;
+        Program::Leave leave;
         const char *job, *prefix;
-    } cases[] = {{Answer::Cancel, "", ""}, {Answer::No, "", "X-"}, {Answer::Yes, "J-1", "X-"}};
-    for (const auto& [answer, job, prefix] : cases) {
-        EXPECT_EQ(leaveAnswering(answer), Program::Leave::Now);
+    } cases[] = {{Answer::Cancel, Program::Leave::Cancelled, "", ""},
+                 {Answer::No, Program::Leave::Now, "", "X-"},
+                 {Answer::Yes, Program::Leave::Now, "J-1", "X-"}};
+    for (const auto& [answer, leave, job, prefix] : cases) {
+        EXPECT_EQ(leaveAnswering(answer), leave);
         EXPECT_EQ(storedJob(), job);
         EXPECT_EQ(trimmedField(storedSettings().NumberPrefix), prefix);
     }
@@ -184,6 +190,89 @@ TEST_F(Leaving, SettingsThatCannotBeSavedAreTriedAgainAtWill) {
                          Answer::Retry);
     prompts.expectSaying("Path/File access error (error 75)", Answer::Close);
     EXPECT_EQ(program().leave({}), Program::Leave::Now);
+    EXPECT_EQ(waits, 0);
+}
+
+class LeavingUnasked : public Leaving {
+  protected:
+    /// The files in a folder, in order; none when it is missing.
+    static std::vector<std::string> filesIn(const std::filesystem::path& folder) {
+        std::vector<std::string> names;
+        for (const auto& name : FileSystem().fileNames(folder))
+            names.push_back(name.string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+    std::filesystem::path kept() const { return home() / "po_data" / "kept"; }
+};
+
+TEST_F(LeavingUnasked, KeepsTheOrderAndTheSettingsAndTheNextStartSaysSoOnce) {
+    const std::string saved = stored("000001.htm");
+    addLine({"2", "ea", "Hammer", "10"});
+    const Order before = order();
+    program().leaveUnasked({9000, 12000, 150, -15});
+    program().leaveUnasked({9000, 12000, 150, -15});  // for the session, then for a signal
+    EXPECT_EQ(trimmedField(storedSettings().NumberPrefix), "X-");
+    EXPECT_EQ(stored("000001.htm"), saved);
+    ASSERT_EQ(filesIn(kept()), std::vector<std::string>{"000001 unsaved 2026-03-04 000000.htm"});
+
+    start();
+    const std::filesystem::path document = kept() / "000001 unsaved 2026-03-04 000000.htm";
+    EXPECT_EQ(screen.lastLine,
+              "Bramblet had to end, and has kept the unsaved order as " + shown(document) + ".");
+    start();
+    EXPECT_EQ(screen.lastLine, "");
+    // Put in the place of the order's document, it brings everything back.
+    std::filesystem::rename(document, data("000001.htm"));
+    openOrder("000001");
+    EXPECT_EQ(order().JobNumberEd, "J-1");
+    EXPECT_EQ(order().lines, before.lines);
+    EXPECT_EQ(order().OrderTotalEd, "20.00");
+}
+
+TEST_F(LeavingUnasked, KeepsNothingThatIsSavedSettledOrEmpty) {
+    prompts.expectSaying("Save changes", Answer::No);
+    program().leave({});
+    program().leaveUnasked({});  // the session ends, as asked
+    save();
+    program().leaveUnasked({});
+    start();
+    program().editor.chooseKind(OrderKind::Requisition);
+    program().leaveUnasked({});
+    program().editor.Clear_Click();
+    program().leaveUnasked({});
+    EXPECT_FALSE(os::exists(kept()));
+    EXPECT_FALSE(os::exists(home() / "kept.txt"));
+}
+
+TEST_F(LeavingUnasked, KeepsAnOrderWithoutANumberAndOneThatCannotBeTotalled) {
+    type(&Order::ShippingEd, "1.2.3");
+    program().leaveUnasked({});
+    start();
+    type(&Order::CommentsEd, "call back");
+    program().leaveUnasked({});
+    start();
+    type(&Order::CommentsEd, "never");
+    program().leaveUnasked({});
+    EXPECT_EQ(filesIn(kept()), (std::vector<std::string>{"000001 unsaved 2026-03-04 000000.htm",
+                                                         "pending unsaved 2026-03-04 000000 2.htm",
+                                                         "pending unsaved 2026-03-04 000000.htm"}));
+    Order read;
+    readMarkers(contentOf(kept() / "000001 unsaved 2026-03-04 000000.htm"), read);
+    EXPECT_EQ(read.ShippingEd, "1.2.3");
+    readMarkers(contentOf(kept() / "pending unsaved 2026-03-04 000000.htm"), read);
+    EXPECT_EQ(read.CommentsEd, "call back");
+}
+
+TEST_F(LeavingUnasked, UsesTheHomeFolderWhereTheDataFolderTakesNothingAndNeverAsks) {
+    writeFile(kept(), "");
+    program().leaveUnasked({});
+    EXPECT_EQ(filesIn(home() / "kept").size(), 1u);
+    std::filesystem::rename(home() / "kept", home() / "moved");
+    writeFile(home() / "kept", "");
+    obstruct(home() / "po15.cfg");
+    type(&Order::JobNumberEd, "J-2");
+    program().leaveUnasked({});
     EXPECT_EQ(waits, 0);
 }
 

@@ -11,6 +11,7 @@ Program::Program(Environment environment, Prompts& prompts)
     : environment_(std::move(environment)),
       files_(environment_.waitForFile),
       settingsFile_(files_, homeFolderIn(environment_.documentsFolder)),
+      keptOrders_(files_, environment_.clock, settingsFile_.homeFolder()),
       settings(settingsFile_.LoadConfig(prompts)),
       folder(pathOfFolder(settings.DataDirectory)),
       taxFreight(isOn(settings.TaxFreight)),
@@ -53,6 +54,8 @@ void Program::start() {
         open.replace(std::move(order));
         histories.AddToUserFields();
         open.markSaved();
+        const std::string kept = keptOrders_.news();
+        if (!kept.empty()) commands.say(kept, Loss::Order);
     });
 }
 
@@ -78,13 +81,31 @@ Program::Leave Program::leave(const WindowPlace& place) {
             tellWhyNotLeft();
             result = Leave::Stay;
         } else if (offer == OrderEditor::Offer::GoOn) {
-            keepSettings(place);
-        }  // when it was cancelled, the settings are not written: that is intended
+            settled_ = open.order();
+            takeSettings(place);
+            saveSettings();
+        } else {
+            result = Leave::Cancelled;  // the settings are not written: that is intended
+        }
     });
     return result;
 }
 
-void Program::keepSettings(const WindowPlace& place) {
+void Program::leaveUnasked(const WindowPlace& place) {
+    // Nobody is there to be told of a fault.
+    try {
+        if (settled_ != open.order()) editor.keepUnsaved(keptOrders_);
+        settled_ = open.order();
+    } catch (const FileError&) {
+    }
+    takeSettings(place);
+    try {
+        settingsFile_.SaveConfig(settings);
+    } catch (const FileError&) {
+    }
+}
+
+void Program::takeSettings(const WindowPlace& place) {
     settings.RequisitionMode = flag(open.order().kind == OrderKind::Requisition);
     const auto twips = [](double value) {
         return fitted(generalText(value, RegionalFormats{}), 5);
@@ -94,7 +115,6 @@ void Program::keepSettings(const WindowPlace& place) {
     settings.WindowWidth = twips(place.width);
     settings.WindowTop = twips(place.top);
     settings.WindowLeft = twips(place.left);
-    saveSettings();
 }
 
 /// Uses a box: nobody who is about to leave looks at the status bar for news.

@@ -9,6 +9,7 @@
 #include "core/document/open_order.h"
 #include "core/history/field_histories.h"
 #include "core/orders/csv_export.h"
+#include "core/orders/kept_orders.h"
 #include "core/orders/line_items.h"
 #include "core/orders/list_rebuild.h"
 #include "core/orders/order_documents.h"
@@ -27,6 +28,7 @@
 #include "core/stock/stock_list.h"
 
 #include <filesystem>
+#include <optional>
 
 namespace bramblet {
 
@@ -55,10 +57,14 @@ class Program {
     /// list or only a document tells of. Called once, when the windows have been painted.
     void lookAround();
 
-    enum class Leave { Now, Stay };
-    /// Shuts down: offers to save a changed order and writes the settings. Returns Stay when the
-    /// order was to be saved but could not be.
+    enum class Leave { Now, Cancelled, Stay };
+    /// Shuts down: offers to save a changed order and writes the settings. Returns Cancelled when
+    /// the user cancels the offer, which writes nothing, and Stay when the order was to be saved
+    /// but could not be.
     Leave leave(const WindowPlace& place);
+
+    /// The same where nobody can be asked: what is unsaved is kept (kept_orders.h).
+    void leaveUnasked(const WindowPlace& place);
 
     WindowPlace windowPlace() const;
 
@@ -71,12 +77,14 @@ class Program {
 
   private:
     void tellWhyNotLeft();
-    void keepSettings(const WindowPlace& place);
+    void takeSettings(const WindowPlace& place);
     void saveSettings();
 
     Environment environment_;
     FileSystem files_;
     SettingsFile settingsFile_;
+    KeptOrders keptOrders_;
+    std::optional<Order> settled_;  ///< the order about which leaving has been settled
 
   public:
     Settings settings;

@@ -12,6 +12,11 @@ const std::string kSmallCell = "<td><font size=\"-1\">";
 const std::string kAmountCell = "<td align=\"right\"><font size=\"-1\">";
 constexpr std::size_t kMostRows = 32767;
 
+void writeLine(std::string& text, std::string_view content) {
+    text += content;
+    text += kLineEnd;
+}
+
 /// The document under construction.
 class Document {
   public:
@@ -19,7 +24,7 @@ class Document {
         : order_(order), settings_(style.settings), style_(style) {}
 
     std::string text() {
-        writeMarkers();
+        text_ = orderMarkers(order_);
         writeTop();
         writeHeading();
         writeAddresses();
@@ -30,29 +35,11 @@ class Document {
     }
 
   private:
-    void line(std::string_view content) {
-        text_ += content;
-        text_ += kLineEnd;
-    }
+    void line(std::string_view content) { writeLine(text_, content); }
 
     void lines(std::initializer_list<std::string_view> contents) {
         for (const auto content : contents)
             line(content);
-    }
-
-    void writeMarkers() {
-        line("<html>");
-        for (const auto& [tag, field, read] : kOrderMarkers) {
-            const std::string value = field == nullptr ? statusOf(order_) : order_.*field;
-            line(markerOpening(tag) + trimmed(value) + markerClosing(tag));
-        }
-        for (const auto& item : order_.lines) {
-            std::string cells;
-            for (const auto& cell : item)
-                cells += '\t' + trimmed(cell);
-            line(std::string(kItemOpening) + cells.substr(1));
-        }
-        line(kEndOfMarkers);
     }
 
     void writeTop() {
@@ -230,6 +217,23 @@ class Document {
 };
 
 }  // namespace
+
+std::string orderMarkers(const Order& order) {
+    std::string text;
+    writeLine(text, "<html>");
+    for (const auto& [tag, field, read] : kOrderMarkers) {
+        const std::string value = field == nullptr ? statusOf(order) : order.*field;
+        writeLine(text, markerOpening(tag) + trimmed(value) + markerClosing(tag));
+    }
+    for (const auto& item : order.lines) {
+        std::string cells;
+        for (const auto& cell : item)
+            cells += '\t' + trimmed(cell);
+        writeLine(text, std::string(kItemOpening) + cells.substr(1));
+    }
+    writeLine(text, kEndOfMarkers);
+    return text;
+}
 
 std::string orderDocument(const Order& order, const DocumentStyle& style) {
     return Document(order, style).text();

@@ -25,6 +25,9 @@ struct DocumentStyle {
 /// form would need more than 32,767 rows.
 std::string orderDocument(const Order& order, const DocumentStyle& style);
 
+/// Only what the order is opened from again, for one whose form cannot be written.
+std::string orderMarkers(const Order& order);
+
 /// An address as HTML lines: each line of the text becomes a line of the file after a CR LF; a line
 /// end becomes "<br>", the last one "<p>", and neither is added after a ">".
 void MakeHTML_NoteBlock(std::string_view text, std::string& result);

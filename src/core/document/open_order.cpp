@@ -21,16 +21,21 @@ void OpenOrder::set(OrderField field, const std::string& text) {
 void OpenOrder::set(OrderKind kind) {
     if (order_.kind == kind) return;
     order_.kind = kind;
-    MarkOrderChanged();
+    markChanged();
 }
 
 void OpenOrder::setReceived(bool received) {
     if (order_.MarkReceivedCheck == received) return;
     order_.MarkReceivedCheck = received;
-    MarkOrderChanged();
+    markChanged();
 }
 
 void OpenOrder::MarkOrderChanged() {
+    touched_ = true;
+    markChanged();
+}
+
+void OpenOrder::markChanged() {
     changed();
     if (isPending()) return;
     worthSaving_ = true;
@@ -54,6 +59,7 @@ void OpenOrder::fill(OrderField field, const std::string& text) {
 
 void OpenOrder::replace(Order order) {
     order_ = std::move(order);
+    touched_ = false;
     changed();
     commands_.changed(&Views::anotherOrder);
 }
@@ -75,6 +81,7 @@ void OpenOrder::markStored() {
 void OpenOrder::markSaved() {
     worthSaving_ = false;
     dirty_ = false;
+    touched_ = false;
     markStored();
     changed();
 }

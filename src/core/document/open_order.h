@@ -19,6 +19,8 @@ class OpenOrder {
     bool isPending() const;
     /// Whether the order shown differs from what was last saved; never so while it has no number.
     bool OrderDirty() const { return dirty_; }
+    /// Whether the order holds work that ending now would lose, with a number or without.
+    bool isUnsaved() const { return dirty_ || touched_; }
     bool SaveChangesEnabled() const { return worthSaving_; }
     bool Save_POEnabled() const { return copyable_; }
     /// Whether the number box takes typing.
@@ -58,6 +60,7 @@ class OpenOrder {
     bool recompute();
 
   private:
+    void markChanged();
     void changed() { commands_.changed(&Views::order); }
 
     Commands& commands_;
@@ -65,6 +68,7 @@ class OpenOrder {
     const RegionalFormats& formats_;
     Order order_;
     bool dirty_ = false;
+    bool touched_ = false;  ///< its texts or lines by the user, since it is shown or saved
     bool worthSaving_ = false;
     bool copyable_ = false;
     bool numberUnlocked_ = false;

@@ -323,6 +323,25 @@ void OrderEditor::MakeSnap(const std::filesystem::path& path) {
     documents_.write(path, orderDocument(open_.order(), {settings_, taxFreight_, formats_}));
 }
 
+void OrderEditor::keepUnsaved(const KeptOrders& kept) const {
+    const bool blank = open_.isPending() && open_.order() == clearedOrder();
+    if (!open_.isUnsaved() || blank) return;
+    const std::string name = open_.isPending() ? "pending" : trimmed(open_.order().PONoEd);
+    kept.keep(name, unsavedDocument(), commands_.folder().DataPath());
+}
+
+/// Where an amount cannot be read there is no form; what was typed is there all the same.
+std::string OrderEditor::unsavedDocument() const {
+    Order order = open_.order();
+    try {
+        TotalUp(order, taxFreight_, formats_);
+        return orderDocument(order, {settings_, taxFreight_, formats_});
+    } catch (const Fault&) {
+        return orderMarkers(open_.order()) +
+               "<p>This order could not be totalled up. Bramblet can open it.\r\n";
+    }
+}
+
 void OrderEditor::LoadOrder(const std::string& orderNumber) {
     std::string document;
     const bool read =

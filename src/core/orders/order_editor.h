@@ -4,6 +4,7 @@
 #include "core/addresses/address_book.h"
 #include "core/document/open_order.h"
 #include "core/history/field_histories.h"
+#include "core/orders/kept_orders.h"
 #include "core/orders/order_documents.h"
 #include "core/orders/order_index.h"
 #include "core/orders/saved_orders.h"
@@ -77,10 +78,13 @@ class OrderEditor : private OrderWorkplace {
 
     /// Picks the names typed into the name boxes; done before the order is shown or saved.
     void pickTypedNames() { addresses_.pickTypedNames(); }
+    /// Keeps what is unsaved of the order shown, without asking. Throws FileError.
+    void keepUnsaved(const KeptOrders& kept) const;
     /// Writes the document of the order shown. Throws Fault.
     void MakeSnap(const std::filesystem::path& path);
 
   private:
+    std::string unsavedDocument() const;
     bool confirm(const std::string& question);
     void relistUnless(bool saved);
     void tellOfNumber();

@@ -7,7 +7,6 @@
 #include <thread>
 
 namespace bramblet {
-
 namespace {
 
 const std::tm& localTime() {
