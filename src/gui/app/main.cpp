@@ -1,8 +1,10 @@
 // The program's entry point: it knows every part, and does nothing itself.
 
+#include "core/app/open_home.h"
 #include "gui/app/main_window.h"
 #include "gui/app/start_notice.h"
 #include "gui/platform/dialog_prompts.h"
+#include "gui/platform/end_signals.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/system_desktop.h"
 #include "gui/platform/system_formats.h"
@@ -10,6 +12,7 @@
 #include "gui/platform/waiting.h"
 
 #include <QApplication>
+#include <QFileSystemWatcher>
 #include <QIcon>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -17,9 +20,11 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
+namespace bramblet {
 namespace {
 
 /// An error that nobody foresaw ends the command that met it, not the program and with it an
@@ -38,9 +43,21 @@ class Application : public QApplication {
             return false;
         }
     }
+
+    MainWindow* window = nullptr;
+
+  protected:
+    /// Told to quit by the system, it does not close the windows, each with its question.
+    bool event(QEvent* event) override {
+        const bool told = event->type() == QEvent::Quit && window != nullptr && window->isVisible();
+        if (!told) return QApplication::event(event);
+        window->end();
+        return true;
+    }
 };
 
 }  // namespace
+}  // namespace bramblet
 
 int main(int argc, char** argv) {
     using namespace bramblet;
@@ -61,14 +78,33 @@ int main(int argc, char** argv) {
     Clock clock = systemClock();
     clock.waitOneSecond = [&waiting] { waiting.waitOneSecond(); };
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const std::filesystem::path folder = pathFromQt(documents);
     SystemDesktop desktop;
+    OpenHome home(Program::homeFolderIn(folder));
+    const auto moment = [] { std::this_thread::sleep_for(std::chrono::milliseconds(50)); };
+    if (!home.enter(prompts, desktop, moment)) return EXIT_SUCCESS;
     const auto program =
-        loadProgram({desktop, pathFromQt(documents), systemRegionalFormats(), clock,
+        loadProgram({desktop, folder, systemRegionalFormats(), clock,
                      [&waiting](const FileError& error) { waiting.waitForFile(error); }},
                     prompts, waiting);
     if (!program) return EXIT_SUCCESS;
     MainWindow window(*program, prompts, waiting);
     window.show();
     program->start();
+
+    application.window = &window;
+    QObject::connect(&application, &QApplication::commitDataRequest, &window,
+                     &MainWindow::endSession, Qt::DirectConnection);
+    // At the end of a session Windows lets nothing come after this.
+    QObject::connect(&application, &QApplication::aboutToQuit, [&home] { home.leave(); });
+#ifndef _WIN32
+    onEndSignals(window, [&window] { window.end(); });
+#endif
+    const auto answer = [&] {
+        if (home.wasCalled()) window.comeToFront();
+    };
+    QFileSystemWatcher door({pathToQt(Program::homeFolderIn(folder))});
+    QObject::connect(&door, &QFileSystemWatcher::directoryChanged, &window, answer);
+    answer();
     return QApplication::exec();
 }

@@ -18,7 +18,10 @@
 #include "gui/settings/config_dialog.h"
 #include "gui/stock/stock_panel.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
+#include <QSessionManager>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -51,7 +54,52 @@ MainWindow::~MainWindow() {
 void MainWindow::closeEvent(QCloseEvent* event) {
     const bool stay = program_.commands.running() ||
                       program_.leave(placeOfMainWindow(*this)) == Program::Leave::Stay;
-    event->setAccepted(!stay);
+    // While it is ending anyway, the question may have been closed without an answer.
+    event->setAccepted(!stay && !ending_);
+}
+
+void MainWindow::comeToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    QWidget* const modal = QApplication::activeModalWidget();
+    QWidget* const front = modal != nullptr ? modal : this;
+    raise();
+    front->raise();
+    front->activateWindow();
+}
+
+void MainWindow::end() {
+    constexpr int kBetweenTries = 50;  // milliseconds
+    if (std::exchange(ending_, true)) return;
+    auto* tries = new QTimer(this);
+    connect(tries, &QTimer::timeout, this, &MainWindow::tryToEnd);
+    tries->start(kBetweenTries);
+}
+
+/// What is open is closed one by one: each close lets what waited for it go on.
+void MainWindow::tryToEnd() {
+    waiting_.giveUp();
+    QWidget* const popup = QApplication::activePopupWidget();
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (popup != nullptr) {
+        popup->close();
+    } else if (auto* const dialog = qobject_cast<QDialog*>(modal)) {
+        dialog->reject();  // a question that has to be answered cannot be closed
+    } else if (modal != nullptr) {
+        modal->close();
+    } else if (!program_.commands.running()) {
+        program_.leaveUnasked(placeOfMainWindow(*this));
+        QApplication::exit();
+    }
+}
+
+void MainWindow::endSession(QSessionManager& session) {
+    const bool idle = !program_.commands.running() && QApplication::activeModalWidget() == nullptr;
+    if (idle && program_.open.OrderDirty() && session.allowsInteraction()) {
+        if (program_.leave(placeOfMainWindow(*this)) != Program::Leave::Now) session.cancel();
+        session.release();
+    } else {
+        program_.leaveUnasked(placeOfMainWindow(*this));
+    }
 }
 
 /// What nobody is waiting for is done once the window has been painted.

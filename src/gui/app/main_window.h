@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
+class QSessionManager;
 class QToolButton;
 class QUrl;
 
@@ -26,6 +27,13 @@ class MainWindow : public QMainWindow, private Screen {
     MainWindow(Program& program, DialogPrompts& prompts, Waiting& waiting);
     ~MainWindow() override;
 
+    /// Another start has called for this window.
+    void comeToFront();
+    /// Ends the program, asking nothing, as soon as the command under way is finished or given up.
+    void end();
+    /// The session on this machine is about to end: asks about an unsaved order if that is allowed.
+    void endSession(QSessionManager& session);
+
   protected:
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -34,6 +42,7 @@ class MainWindow : public QMainWindow, private Screen {
     QWidget* makeContent();
     QLayout* makeCommandBar();
     void makeStatusBar();
+    void tryToEnd();
     void showLine(const QString& line);
     void runBrowser(const QUrl& link);
 
@@ -68,6 +77,7 @@ class MainWindow : public QMainWindow, private Screen {
     QString waitingLine_;
     QString doneLine_;
     bool painted_ = false;
+    bool ending_ = false;
 };
 
 }  // namespace bramblet

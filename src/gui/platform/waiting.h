@@ -21,6 +21,9 @@ class Waiting : public QObject {
     /// the stop button or Escape, and from then on until the command has ended.
     void waitForFile(const FileError& error);
 
+    /// Ends the waiting, as the stop button does.
+    void giveUp();
+
     /// Lets a second pass.
     void waitOneSecond();
 
@@ -34,8 +37,6 @@ class Waiting : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void giveUp();
-
     QEventLoop* waiting_ = nullptr;  ///< the loop that runs while waiting
     bool givenUp_ = false;           ///< by the user, for the rest of the command
 };
