@@ -72,6 +72,10 @@ TEST_F(Viewer, WhatCannotBeTotalledWrittenOrReadIsNotShown) {
     prompts.expectSaying("was not read");
     viewer().MakeOrder_Click();
 #endif
+    os::remove(data("000001.htm"));
+    writeFile(data("000001.htm"), std::string(50 << 20, ' '));
+    prompts.expectSaying("was not read: it is 50 MB long, much longer than any order.");
+    viewer().MakeOrder_Click();
     type(&Order::ShippingEd, "1.2.3");
     prompts.expectSaying("1.2.3");
     viewer().MakeOrder_Click();

@@ -113,6 +113,9 @@ TEST_F(PagesTest, HostileDocumentsAreLaidOut) {
         {"<font size=\"1e20\">", 10},
         {"<table><tr>" + repeated("<td>a", 20'000), 7000},
         {repeated("<img src=a.gif>", 50'000), 100},
+        {repeated("<br>", 50'000), 500'000},
+        {repeated("<ul><li>", 50'000), 10},
+        {std::string(200'000, '<'), 20'000},
     };
     for (const auto& [document, height] : cases) {
         SCOPED_TRACE(document.substr(0, 40));

@@ -14,9 +14,10 @@ namespace {
 constexpr int kMostTables = 4;  // nested
 constexpr std::size_t kMostOpen = 100;
 constexpr int kMostColumns = 40;
-constexpr int kMostCells = 100'000;
+constexpr int kMostCells = 50'000;
 constexpr std::size_t kLongParagraph = 4000;  // characters
 constexpr std::size_t kLongestWord = 500;     // beyond a long paragraph
+constexpr std::size_t kLineLength = 20;       // that a line break counts for
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
@@ -64,6 +65,8 @@ void DisplayBuilder::addSingle(std::string_view html, std::size_t length) {
 void DisplayBuilder::addBreak() {
     ensureCell();
     dropBlanksAtEnd();  // a line end here would show as a blank at the line's right end
+    run_ += kLineLength;
+    if (run_ > kLongParagraph) return divide();  // which starts a line, too
     html_ += "<br>";
 }
 

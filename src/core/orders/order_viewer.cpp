@@ -4,7 +4,16 @@
 #include "core/platform/save_target.h"
 #include "core/platform/text.h"
 
+#include <cstdint>
+
 namespace bramblet {
+namespace {
+
+/// Laying out this much takes some seconds, in which the windows stand still. An order of a
+/// thousand lines takes a third of a megabyte.
+constexpr std::uint64_t kLongestShown = 4 << 20;
+
+}  // namespace
 
 OrderViewer::OrderViewer(const FileSystem& files, Commands& commands, const Settings& settings,
                          OrderEditor& editor, OpenOrder& open, Desktop& desktop)
@@ -124,8 +133,15 @@ bool OrderViewer::write() {
 }
 
 bool OrderViewer::read() {
-    return attempt("The document " + shown(path_) + " was not read: ",
-                   [&] { document_ = files_.read(path_); });
+    return attempt("The document " + shown(path_) + " was not read: ", [&] {
+        const std::uint64_t length = files_.status(path_).length;
+        if (length > kLongestShown) {
+            throw FileError(
+                FaultNumber::Overflow, path_,
+                "it is " + std::to_string(length >> 20) + " MB long, much longer than any order");
+        }
+        document_ = files_.read(path_);
+    });
 }
 
 /// Tells of a fault in a message box: without its document the viewer has nothing to show.

@@ -5,6 +5,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
+#include <QByteArrayList>
 #include <QFontMetricsF>
 #include <QImageReader>
 #include <QPageRanges>
@@ -28,6 +29,8 @@ constexpr double kPointsPerInch = 72;
 // file may hold one that fills the memory.
 constexpr qint64 kMostDots = 40'000'000;
 constexpr double kMostDotsShown = 16'000'000;
+// Others may call for files of their own, or take long.
+const QByteArrayList kPictures{"bmp", "gif", "jpeg", "png"};
 constexpr double kTouch = .5;            // pixels by which two things may touch
 constexpr double kMostOfHeading = .65;   // of the form's width
 constexpr double kHighestPicture = 900;  // pixels at zoom 1, so that it fits a page
@@ -189,6 +192,7 @@ QImage OrderSheet::load(const QString& file) const {
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
     QImageReader reader(&buffer);
+    if (!kPictures.contains(reader.format())) return {};
     const QSize size = reader.size();
     if (qint64{size.width()} * size.height() > kMostDots) return {};
     QImage picture = reader.read();
