@@ -214,10 +214,10 @@ TEST_F(LeavingUnasked, KeepsTheOrderAndTheSettingsAndTheNextStartSaysSoOnce) {
     program().leaveUnasked({9000, 12000, 150, -15});  // for the session, then for a signal
     EXPECT_EQ(trimmedField(storedSettings().NumberPrefix), "X-");
     EXPECT_EQ(stored("000001.htm"), saved);
-    ASSERT_EQ(filesIn(kept()), std::vector<std::string>{"000001 unsaved 2026-03-04 000000.htm"});
+    ASSERT_EQ(filesIn(kept()), std::vector<std::string>{"000001 unsaved 2026-03-04 143005.htm"});
 
     start();
-    const std::filesystem::path document = kept() / "000001 unsaved 2026-03-04 000000.htm";
+    const std::filesystem::path document = kept() / "000001 unsaved 2026-03-04 143005.htm";
     EXPECT_EQ(screen.lastLine,
               "Bramblet had to end, and has kept the unsaved order as " + shown(document) + ".");
     start();
@@ -254,13 +254,13 @@ TEST_F(LeavingUnasked, KeepsAnOrderWithoutANumberAndOneThatCannotBeTotalled) {
     start();
     type(&Order::CommentsEd, "never");
     program().leaveUnasked({});
-    EXPECT_EQ(filesIn(kept()), (std::vector<std::string>{"000001 unsaved 2026-03-04 000000.htm",
-                                                         "pending unsaved 2026-03-04 000000 2.htm",
-                                                         "pending unsaved 2026-03-04 000000.htm"}));
+    EXPECT_EQ(filesIn(kept()), (std::vector<std::string>{"000001 unsaved 2026-03-04 143005.htm",
+                                                         "pending unsaved 2026-03-04 143005 2.htm",
+                                                         "pending unsaved 2026-03-04 143005.htm"}));
     Order read;
-    readMarkers(contentOf(kept() / "000001 unsaved 2026-03-04 000000.htm"), read);
+    readMarkers(contentOf(kept() / "000001 unsaved 2026-03-04 143005.htm"), read);
     EXPECT_EQ(read.ShippingEd, "1.2.3");
-    readMarkers(contentOf(kept() / "pending unsaved 2026-03-04 000000.htm"), read);
+    readMarkers(contentOf(kept() / "pending unsaved 2026-03-04 143005.htm"), read);
     EXPECT_EQ(read.CommentsEd, "call back");
 }
 

@@ -38,7 +38,7 @@ class EndSignals : public Desk {
         QTimer::singleShot(0, window.get(), command);
         QTimer::singleShot(kPatience, window.get(), [] { QApplication::exit(1); });
         EXPECT_EQ(QApplication::exec(), 0);
-        EXPECT_EQ(kept(), QStringList{"000001 unsaved 2026-03-04 000000.htm"});
+        EXPECT_EQ(kept(), QStringList{"000001 unsaved 2026-03-04 143005.htm"});
         EXPECT_FALSE(program->commands.running());
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
         EXPECT_TRUE(window->isVisible());

@@ -2,23 +2,18 @@
 
 #include "core/platform/path_text.h"
 
-#include <array>
-#include <cstdio>
-
 namespace bramblet {
-namespace {
 
-/// For example "2026-11-21 143005".
-std::string timeText(const Clock& clock) {
-    const CivilDate day = toCivilDate(clock.today());
-    const int second = clock.secondOfDay();
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d%02d%02d", day.year, day.month,
-                  day.day, second / 3600, second / 60 % 60, second % 60);
-    return text.data();
+std::filesystem::path keptPath(const FileSystem& files, const std::filesystem::path& folder,
+                               const std::string& what, const std::string& ending,
+                               const Clock& clock) {
+    files.createFolders(folder);
+    const std::string name = what + " " + timeText(clock);
+    std::filesystem::path path = folder / pathOfName(name + ending);
+    for (int i = 2; files.exists(path); ++i)
+        path = folder / pathOfName(name + " " + std::to_string(i) + ending);
+    return path;
 }
-
-}  // namespace
 
 KeptOrders::KeptOrders(const FileSystem& files, Clock clock,
                        const std::filesystem::path& homeFolder)
@@ -41,12 +36,8 @@ void KeptOrders::keep(const std::string& name, const std::string& document,
 std::filesystem::path KeptOrders::keepIn(const std::filesystem::path& folder,
                                          const std::string& name,
                                          const std::string& document) const {
-    const std::filesystem::path kept = folder / "kept";
-    const std::string stem = madePlainFileName(name) + " unsaved " + timeText(clock_);
-    files_.createFolders(kept);
-    std::filesystem::path path = kept / pathOfName(stem + ".htm");
-    for (int i = 2; files_.exists(path); ++i)
-        path = kept / pathOfName(stem + " " + std::to_string(i) + ".htm");
+    const std::filesystem::path path =
+        keptPath(files_, folder / "kept", madePlainFileName(name) + " unsaved", ".htm", clock_);
     files_.replace(path, document);
     return path;
 }

@@ -10,6 +10,12 @@
 
 namespace bramblet {
 
+/// A path in `folder`, which is made: `what`, the time and `ending`, for example
+/// "kept/000123 2026-11-21 143005.htm". There is no such file yet.
+std::filesystem::path keptPath(const FileSystem& files, const std::filesystem::path& folder,
+                               const std::string& what, const std::string& ending,
+                               const Clock& clock);
+
 class KeptOrders {
   public:
     KeptOrders(const FileSystem& files, Clock clock, const std::filesystem::path& homeFolder);

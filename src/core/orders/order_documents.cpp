@@ -1,6 +1,7 @@
 #include "core/orders/order_documents.h"
 
 #include "core/document/document_reader.h"
+#include "core/orders/kept_orders.h"
 #include "core/platform/path_text.h"
 #include "core/platform/text.h"
 
@@ -88,12 +89,7 @@ std::filesystem::path OrderDocuments::keptFolder() const {
 
 std::filesystem::path OrderDocuments::keptPath(const std::string& what,
                                                const std::string& ending) const {
-    files_.createFolders(keptFolder());
-    const std::string name = what + " " + timeText(clock_);
-    std::filesystem::path path = keptFolder() / pathOfName(name + ending);
-    for (int i = 2; files_.exists(path); ++i)
-        path = keptFolder() / pathOfName(name + " " + std::to_string(i) + ending);
-    return path;
+    return bramblet::keptPath(files_, keptFolder(), what, ending, clock_);
 }
 
 void OrderDocuments::recoverLeftovers(const std::vector<std::filesystem::path>& names) const {

@@ -31,8 +31,7 @@ class OrderDocuments {
     /// The subfolder of what is kept, "kept".
     std::filesystem::path keptFolder() const;
 
-    /// A path in that subfolder, which is made: `what`, the time and `ending`, for example
-    /// "kept/000123 2026-11-21 143005.htm". There is no such file yet.
+    /// A path in that subfolder for something to be kept (kept_orders.h).
     std::filesystem::path keptPath(const std::string& what, const std::string& ending) const;
 
     /// Looks at the files that a program which died in the middle of a save has left in the data
