@@ -30,7 +30,7 @@ class ListRebuildTest : public Office {
         Order order = orderWith({{&Order::PONoEd, number},
                                  {&Order::ToCombo, vendor},
                                  {&Order::JobNumberEd, "J-" + number},
-                                 {&Order::OrderDateEd, "3/1/2026"},
+                                 {&Order::OrderDateEd, "3/1/2025"},
                                  {&Order::ShippingEd, "7"}});
         order.kind = OrderKind::Requisition;
         TotalUp(order, false, {});
