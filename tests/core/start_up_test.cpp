@@ -218,8 +218,8 @@ TEST_F(LeavingUnasked, KeepsTheOrderAndTheSettingsAndTheNextStartSaysSoOnce) {
 
     start();
     const std::filesystem::path document = kept() / "000001 unsaved 2026-03-04 143005.htm";
-    EXPECT_EQ(screen.lastLine,
-              "Bramblet had to end, and has kept the unsaved order as " + shown(document) + ".");
+    EXPECT_EQ(screen.lastLine, "Bramblet had to end and has kept the unsaved order as " +
+                                   shown(document) + ". Lists, Open Kept Order opens it.");
     start();
     EXPECT_EQ(screen.lastLine, "");
     // Put in the place of the order's document, it brings everything back.
@@ -247,6 +247,7 @@ TEST_F(LeavingUnasked, KeepsNothingThatIsSavedSettledOrEmpty) {
 
 TEST_F(LeavingUnasked, KeepsAnOrderWithoutANumberAndOneThatCannotBeTotalled) {
     type(&Order::ShippingEd, "1.2.3");
+    typeAddress(Vendor, "1 Works Road\r\nTown");
     program().leaveUnasked({});
     start();
     type(&Order::CommentsEd, "call back");
@@ -258,7 +259,9 @@ TEST_F(LeavingUnasked, KeepsAnOrderWithoutANumberAndOneThatCannotBeTotalled) {
                                                          "pending unsaved 2026-03-04 143005 2.htm",
                                                          "pending unsaved 2026-03-04 143005.htm"}));
     Order read;
-    readMarkers(contentOf(kept() / "000001 unsaved 2026-03-04 143005.htm"), read);
+    const std::string untotalled = contentOf(kept() / "000001 unsaved 2026-03-04 143005.htm");
+    EXPECT_TRUE(contains(untotalled, "1 Works Road<br>\r\nTown"));
+    readMarkers(untotalled, read);
     EXPECT_EQ(read.ShippingEd, "1.2.3");
     readMarkers(contentOf(kept() / "pending unsaved 2026-03-04 143005.htm"), read);
     EXPECT_EQ(read.CommentsEd, "call back");

@@ -2,6 +2,8 @@
 
 #include "core/platform/path_text.h"
 
+#include <utility>
+
 namespace bramblet {
 
 std::filesystem::path keptPath(const FileSystem& files, const std::filesystem::path& folder,
@@ -51,7 +53,9 @@ std::string KeptOrders::news() const {
         for (std::size_t end = 0; (end = paths.find('\n')) != std::string::npos;
              paths.erase(0, end + 1))
             line += (line.empty() ? "" : ", ") + paths.substr(0, end);
-        return line.empty() ? "" : "Bramblet had to end, and has kept the unsaved order as " + line;
+        if (line.empty()) return {};
+        return "Bramblet had to end and has kept the unsaved order as " + line +
+               ". Lists, Open Kept Order opens it";
     } catch (const FileError&) {
         return {};
     }

@@ -330,15 +330,18 @@ void OrderEditor::keepUnsaved(const KeptOrders& kept) const {
     kept.keep(name, unsavedDocument(), commands_.folder().DataPath());
 }
 
-/// Where an amount cannot be read there is no form; what was typed is there all the same.
+/// Where an amount cannot be read there is no form, but still all that was typed.
 std::string OrderEditor::unsavedDocument() const {
     Order order = open_.order();
     try {
         TotalUp(order, taxFreight_, formats_);
         return orderDocument(order, {settings_, taxFreight_, formats_});
     } catch (const Fault&) {
-        return orderMarkers(open_.order()) +
-               "<p>This order could not be totalled up. Bramblet can open it.\r\n";
+        std::string text = orderMarkers(open_.order()) + "<p>This order could not be totalled up.";
+        // The markers hold one line each, and no addresses.
+        for (const OrderField box : {&Order::ToField, &Order::ShipToField, &Order::CommentsEd})
+            MakeHTML_NoteBlock(open_.order().*box, text);
+        return text;
     }
 }
 
