@@ -25,7 +25,10 @@ void Browser::RunBrowser(const std::string& address) {
 void Browser::mu_HelpContents_Click() {
     commands_.run([&] {
         const std::filesystem::path helpFile = home_ / "tandril.hlp";
-        const bool opened = files_.exists(helpFile) && desktop_.openHelpFile(helpFile);
+        bool opened = false;
+        commands_.attempt("The file " + shown(helpFile) + " was not found: ", [&] {
+            opened = files_.exists(helpFile) && desktop_.openHelpFile(helpFile);
+        });
         if (!opened) commands_.open(&Screen::showHelp);
     });
 }

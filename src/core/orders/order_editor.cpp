@@ -123,7 +123,11 @@ void OrderEditor::POGrid_Click(const std::string& orderNumber) {
 
 void OrderEditor::openKeptOrder() {
     commands_.onData([&] {
-        if (!files_.exists(documents_.keptFolder())) return commands_.say("No order has been kept");
+        bool kept = false;
+        const bool seen = commands_.attempt("The kept orders were not found: ",
+                                            [&] { kept = files_.exists(documents_.keptFolder()); });
+        if (!seen) return;
+        if (!kept) return commands_.say("No order has been kept");
         const auto path = commands_.prompts().chooseFileToOpen(
             {"Open Kept Order", documents_.keptFolder(), "", {{"Orders", "*.htm"}}});
         if (path && offerToSave("Bramblet", "Save PO?") == Offer::GoOn) loadKept(*path);

@@ -28,13 +28,14 @@ void OrderViewer::MakeOrder_Click() {
     commands_.onData([&] {
         editor_.pickTypedNames();
         const std::string& number = open_.order().PONoEd;
-        const bool named = commands_.attempt("Order " + number + " cannot be shown: ", [&] {
+        bool current = false;
+        const bool found = commands_.attempt("Order " + number + " cannot be shown: ", [&] {
             path_ = open_.isPending() ? commands_.folder().file("po.htm")
                                       : commands_.folder().documentPath(number);
+            // The document shown must match the window; a pending order never counts as changed.
+            current = !open_.OrderDirty() && !open_.isPending() && files_.exists(path_);
         });
-        if (!named) return;
-        // The document shown must match the window; a pending order never counts as changed.
-        const bool current = !open_.OrderDirty() && !open_.isPending() && files_.exists(path_);
+        if (!found) return;
         if (!current && !(open_.recompute() && write())) return;
         if (read()) commands_.open(&Screen::showViewer);
     });
@@ -46,7 +47,7 @@ std::string OrderViewer::orderNumber() const {
 
 std::string OrderViewer::picture(const std::string& name) const {
     const std::filesystem::path path = commands_.folder().file(name);
-    if (!isPlainFileName(name) || !files_.exists(path)) return {};
+    if (!isPlainFileName(name)) return {};
     try {
         // Asked for in the middle of laying out a page, when there is no way to wait.
         return files_.withoutRetry().read(path);
@@ -122,7 +123,7 @@ Mail OrderViewer::mail() const {
 bool OrderViewer::hasFile(const std::string& name) const {
     const std::filesystem::path path = commands_.folder().file(name);
     try {
-        return files_.exists(path) && !files_.withoutRetry().status(path).folder;
+        return !files_.withoutRetry().status(path).folder;
     } catch (const Fault&) {
         return false;
     }

@@ -26,6 +26,12 @@ enum class FaultNumber : int {
     PathNotFound = 76,
 };
 
+/// Whether the fault says that there is no such file, and that none could have such a name.
+inline bool isMissing(FaultNumber number) {
+    return number == FaultNumber::FileNotFound || number == FaultNumber::PathNotFound ||
+           number == FaultNumber::BadFileName;
+}
+
 class Fault : public std::runtime_error {
   public:
     /// `words` are for `inWords`, where the number's own description does not say enough.

@@ -192,7 +192,7 @@ void FileSystem::createFolders(const std::filesystem::path& path) const {
     // Only missing folders are created: a drive or a server name cannot be.
     std::vector<std::filesystem::path> missing;
     auto folder = path.has_filename() ? path : path.parent_path();
-    for (; folder.has_relative_path() && !os::exists(folder); folder = folder.parent_path())
+    for (; folder.has_relative_path() && !exists(folder); folder = folder.parent_path())
         missing.push_back(folder);
     for (auto next = missing.rbegin(); next != missing.rend(); ++next) {
         run([&] { os::createFolder(*next); });

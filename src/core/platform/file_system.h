@@ -81,9 +81,11 @@ class FileSystem {
     /// stamp of the original, and the access rights of the file that it replaces.
     void copy(const std::filesystem::path& from, const std::filesystem::path& to) const;
 
-    bool exists(const std::filesystem::path& path) const { return os::exists(path); }
+    bool exists(const std::filesystem::path& path) const {
+        return run([&] { return os::exists(path); });
+    }
     bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) const {
-        return os::isSameFile(a, b);
+        return run([&] { return os::isSameFile(a, b); });
     }
     os::FileStatus status(const std::filesystem::path& path) const {
         return run([&] { return os::status(path); });

@@ -50,8 +50,10 @@ struct FileStatus {
     std::int64_t modified;  ///< nanoseconds since 1970, UTC
 };
 
+/// Throws FileError when that cannot be said: what cannot be looked at must not pass for missing,
+/// or it would be replaced without a question.
 bool exists(const std::filesystem::path& path);
-/// Whether two paths name the same file; false when either is missing.
+/// Whether two paths name the same file; false when either is missing. Throws like `exists`.
 bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b);
 FileStatus status(const std::filesystem::path& path);
 /// Does nothing when the file system refuses to set times.

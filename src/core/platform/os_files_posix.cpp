@@ -66,6 +66,13 @@ FaultNumber faultOf(int error, const std::filesystem::path& path) {
     throw FileError(faultOf(error, path), path);
 }
 
+/// The facts of a file; nothing only when there is no such file.
+std::optional<struct stat> factsIfThere(const std::filesystem::path& path) {
+    const auto facts = factsOf(path);
+    if (!facts && !isMissing(faultOf(errno, path))) fail(path);
+    return facts;
+}
+
 int descriptor(std::intptr_t handle) {
     return static_cast<int>(handle);
 }
@@ -170,12 +177,12 @@ void File::flush() {
 }
 
 bool exists(const std::filesystem::path& path) {
-    return factsOf(path).has_value();
+    return factsIfThere(path).has_value();
 }
 
 bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
-    const auto first = factsOf(a);
-    const auto second = factsOf(b);
+    const auto first = factsIfThere(a);
+    const auto second = factsIfThere(b);
     return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
 }
 

@@ -204,10 +204,15 @@ void File::flush() {
 }
 
 bool exists(const std::filesystem::path& path) {
-    return ::GetFileAttributesW(nativePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    const std::wstring native = nativePath(path);
+    if (::GetFileAttributesW(native.c_str()) != INVALID_FILE_ATTRIBUTES) return true;
+    const DWORD error = ::GetLastError();
+    if (!isMissing(faultOf(error, native))) fail(path, error);
+    return false;
 }
 
 bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
+    if (!exists(a) || !exists(b)) return false;
     const Handle first = openAttributes(a, FILE_READ_ATTRIBUTES);
     const Handle second = openAttributes(b, FILE_READ_ATTRIBUTES);
     BY_HANDLE_FILE_INFORMATION one{};

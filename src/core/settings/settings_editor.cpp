@@ -94,11 +94,12 @@ void SettingsEditor::Option_Click(bool graphic) {
 
 void SettingsEditor::SelectGraphic_Click(const std::filesystem::path& picture) {
     if (picture.empty()) return;
-    const std::string name = nameInDataFolder(picture);
-    const std::filesystem::path target = commands_.folder().file(name);
+    std::string name;
     const bool copied = commands_.attemptOrAsk(
         "The picture " + shown(picture.filename()) + " could not be copied into the data folder: ",
         "Graphic Selector", [&] {
+            name = nameInDataFolder(picture);
+            const std::filesystem::path target = commands_.folder().file(name);
             if (!files_.isSameFile(picture, target)) files_.copy(picture, target);
         });
     if (!copied) return;
