@@ -132,6 +132,22 @@ class Replacement {
     std::optional<std::int64_t> modified_;
 };
 
+void RandomFile::write(std::uint64_t offset, std::string_view bytes) {
+    const std::uint64_t end = length();
+    const std::string before = offset < end ? read(offset, bytes.size()) : std::string();
+    try {
+        files_.run([&] { file_.write(offset, bytes); });
+    } catch (const FileError&) {
+        try {
+            file_.write(offset, before);
+            if (file_.length() > end) file_.cut(end);
+        } catch (const FileError&) {
+            // The first fault is the one to tell of.
+        }
+        throw;
+    }
+}
+
 RandomFile FileSystem::openRandom(const std::filesystem::path& path) const {
     return RandomFile(*this, path, os::Open::ReadWrite);
 }
@@ -148,7 +164,7 @@ void FileSystem::touch(const std::filesystem::path& path) const {
 }
 
 void FileSystem::append(const std::filesystem::path& path, std::string_view content) const {
-    RandomFile file(*this, path, os::Open::Write);
+    RandomFile file = openRandom(path);
     file.write(file.length(), content);
     file.flush();
 }

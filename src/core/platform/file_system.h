@@ -143,10 +143,9 @@ class RandomFile {
         bytes.resize(read(offset, bytes));
         return bytes;
     }
-    /// One write call.
-    void write(std::uint64_t offset, std::string_view bytes) {
-        files_.run([&] { file_.write(offset, bytes); });
-    }
+    /// One write call. When it fails halfway, what was there before is put back if that is
+    /// possible: half a record would be listed, half a line remembered.
+    void write(std::uint64_t offset, std::string_view bytes);
     /// Hands what was written to the disk; a full disk or a lost share may only show up here.
     void flush() {
         files_.run([&] { file_.flush(); });

@@ -36,6 +36,8 @@ class File {
     /// the file.
     std::size_t read(std::uint64_t offset, std::span<char> bytes) const;
     void write(std::uint64_t offset, std::string_view bytes);
+    /// Cuts the file off at a length.
+    void cut(std::uint64_t length);
     /// Hands what was written to the disk, where the file system supports that.
     void flush();
 

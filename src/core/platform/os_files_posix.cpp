@@ -171,6 +171,11 @@ void File::write(std::uint64_t offset, std::string_view bytes) {
     }
 }
 
+void File::cut(std::uint64_t length) {
+    const auto end = static_cast<off_t>(length);
+    if (uninterrupted([&] { return ::ftruncate(descriptor(handle_), end); }) != 0) fail(path_);
+}
+
 void File::flush() {
     const int result = uninterrupted([&] { return ::fsync(descriptor(handle_)); });
     if (result != 0 && !isRefusal(errno)) fail(path_);

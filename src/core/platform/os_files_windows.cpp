@@ -199,6 +199,13 @@ void File::write(std::uint64_t offset, std::string_view bytes) {
     }
 }
 
+void File::cut(std::uint64_t length) {
+    FILE_END_OF_FILE_INFO end{};
+    end.EndOfFile.QuadPart = static_cast<LONGLONG>(length);
+    if (!::SetFileInformationByHandle(handleOf(handle_), FileEndOfFileInfo, &end, sizeof(end)))
+        fail(path_);
+}
+
 void File::flush() {
     if (!::FlushFileBuffers(handleOf(handle_)) && !isRefusal(::GetLastError())) fail(path_);
 }
