@@ -50,20 +50,26 @@ void OrderDocuments::write(const std::filesystem::path& path, const std::string&
         files_.put(path, document, isOlderState, keepOther);
     } catch (const FileError&) {
         putBack(kept, path);
+        sayKept(number, kept);
         throw;
     }
+    sayKept(number, kept);
+    own_ = {path, hashOf(document)};
+}
+
+void OrderDocuments::sayKept(const std::string& number,
+                             const std::vector<std::filesystem::path>& kept) const {
     for (const auto& each : kept) {
         commands_.say("Another document of order " + number + " was there and is kept as " +
                       inKept(each));
     }
-    own_ = {path, hashOf(document)};
 }
 
 /// Puts what was taken away last back to its place, unless there is something again.
-void OrderDocuments::putBack(const std::vector<std::filesystem::path>& kept,
+void OrderDocuments::putBack(std::vector<std::filesystem::path>& kept,
                              const std::filesystem::path& path) const {
     try {
-        if (!kept.empty()) files_.withoutRetry().renameNew(kept.back(), path);
+        if (!kept.empty() && files_.withoutRetry().renameNew(kept.back(), path)) kept.pop_back();
     } catch (const FileError&) {
         // It stays where it is kept; the fault that led here is the one to tell of.
     }

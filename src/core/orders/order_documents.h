@@ -41,8 +41,8 @@ class OrderDocuments {
     void recoverLeftovers(const std::vector<std::filesystem::path>& names) const;
 
   private:
-    void putBack(const std::vector<std::filesystem::path>& kept,
-                 const std::filesystem::path& path) const;
+    void sayKept(const std::string& number, const std::vector<std::filesystem::path>& kept) const;
+    void putBack(std::vector<std::filesystem::path>& kept, const std::filesystem::path& path) const;
     std::optional<std::filesystem::path> keep(const std::filesystem::path& path,
                                               const std::string& what) const;
     void recover(const std::filesystem::path& leftover) const;
