@@ -116,6 +116,7 @@ void OrderDocuments::recover(const std::filesystem::path& leftover) const {
     if (!isWhole(document) || !readMarkers(document, order).has(&Order::PONoEd))
         return files_.remove(leftover);
     const std::string number = trimmed(order.PONoEd);
+    if (number == kPendingNumber) return files_.remove(leftover);  // of a mere look at it
     const std::filesystem::path path = commands_.folder().documentPath(number);
     if (files_.renameNew(leftover, path)) {
         commands_.say("Order " + number + " was saved only halfway and has been completed");
