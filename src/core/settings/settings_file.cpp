@@ -60,9 +60,7 @@ Settings SettingsFile::LoadConfig(Prompts& prompts) const {
 }
 
 void SettingsFile::SaveConfig(const Settings& settings) const {
-    RandomFile file = files_.withoutRetry().openRandom(home_ / kFile);
-    file.write(0, encodeRecord(kSettingsLayout, settings));
-    file.flush();
+    files_.withoutRetry().replace(home_ / kFile, encodeRecord(kSettingsLayout, settings));
 }
 
 std::optional<Settings> SettingsFile::read(Prompts& prompts) const {
@@ -92,10 +90,10 @@ std::optional<Settings> SettingsFile::firstSettings(bool empty, Prompts& prompts
         empty ? "is empty" : "is missing, although Bramblet has been started here before";
     if (forerunner && !goesOn(trouble, newFolderOutlook(), "", prompts)) return std::nullopt;
     const Settings settings = defaultSettings(home_);
-    files_.createFolders(home_);
+    // The folder first: once there are settings that name it, nobody makes it any more.
+    files_.createFolders(defaultDataDirectory(home_));
     SaveConfig(settings);
     files_.touch(home_ / kForerunner);
-    files_.createFolders(defaultDataDirectory(home_));
     return settings;
 }
 
@@ -121,10 +119,10 @@ std::optional<Settings> SettingsFile::rescued(const std::string& bytes, Prompts&
     const std::string copy = nameForCopy();
     const std::string keeping = ", and the short file is kept as " + copy;
     if (!goesOn(trouble, outlook, keeping, prompts)) return std::nullopt;
+    if (folder.empty()) files_.createFolders(defaultDataDirectory(home_));
     // At no moment are both the old file and the new one absent.
     files_.copy(home_ / kFile, home_ / copy);
     files_.replace(home_ / kFile, encodeRecord(kSettingsLayout, settings));
-    if (folder.empty()) files_.createFolders(defaultDataDirectory(home_));
     return settings;
 }
 
