@@ -12,6 +12,7 @@ class RecordingScreen : public Screen {
   public:
     std::string lastLine;               ///< the line last said in the status bar
     std::vector<std::string> hints;     ///< those that may not displace one
+    std::vector<std::string> failures;  ///< the lines said there of what did not happen
     std::vector<std::string> captions;  ///< the main window's, from the first to the last
     std::vector<Views> refreshed;       ///< one entry each time that something was shown anew
     std::vector<int> linesShown;
@@ -23,7 +24,10 @@ class RecordingScreen : public Screen {
     LineEntry lastEntry;
 
     void refresh(const Views& views) override { refreshed.push_back(views); }
-    void showStatus(const std::string& line, Tone) override { lastLine = line; }
+    void showStatus(const std::string& line, Tone tone) override {
+        lastLine = line;
+        if (tone == Tone::Failure) failures.push_back(line);
+    }
     void showHint(const std::string& line) override { hints.push_back(line); }
     void showCaption(const std::string& caption) override { captions.push_back(caption); }
     void showLine(int row) override { linesShown.push_back(row); }

@@ -11,9 +11,10 @@ namespace bramblet::test {
 
 class TemporaryFolder {
   public:
-    TemporaryFolder() {
+    explicit TemporaryFolder(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
         std::random_device random;
-        path_ = std::filesystem::temp_directory_path() / ("bramblet-" + std::to_string(random()));
+        path_ = parent / ("bramblet-" + std::to_string(random()));
         std::filesystem::create_directories(path_);
     }
     ~TemporaryFolder() {
