@@ -65,7 +65,7 @@ TEST_P(Faults, AtEveryCall) {
         Counts counts;
         for (std::size_t at = 1;; at += step) {
             putBack(filesOf(work.office));
-            Desk desk;
+            WatchedDesk desk;
             work.prepare(desk);
             desk.forgetTold();
             const int files = openFiles();

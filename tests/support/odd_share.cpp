@@ -182,14 +182,16 @@ int rename(const char* from, const char* to) noexcept {
 int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
               unsigned flags) noexcept {
     return watched({"renameat2", from, to, 0, {}}, [&](const Statement&) {
+        if (!oddities.exchanges) return refused(EINVAL);
         return isOpen(from) ? refused(EBUSY)
                             : own(&renameat2, "renameat2")(fromFolder, from, toFolder, to, flags);
     });
 }
 
 int link(const char* from, const char* to) noexcept {
-    return watched({"link", from, to, 0, {}},
-                   [&](const Statement&) { return ::linkat(AT_FDCWD, from, AT_FDCWD, to, 0); });
+    return watched({"link", from, to, 0, {}}, [&](const Statement&) {
+        return oddities.exchanges ? ::linkat(AT_FDCWD, from, AT_FDCWD, to, 0) : refused(EPERM);
+    });
 }
 
 int unlink(const char* path) noexcept {
@@ -210,16 +212,6 @@ int chmod(const char* path, mode_t mode) noexcept {
 int chown(const char* path, uid_t owner, gid_t group) noexcept {
     return watched({"chown", path, {}, 0, {}},
                    [&](const Statement&) { return ::fchownat(AT_FDCWD, path, owner, group, 0); });
-}
-
-int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
-              unsigned how) noexcept {
-    if (!oddities.exchanges) return refused(EINVAL);
-    return own(&renameat2, "renameat2")(fromFolder, from, toFolder, to, how);
-}
-
-int link(const char* from, const char* to) noexcept {
-    return oddities.exchanges ? ::linkat(AT_FDCWD, from, AT_FDCWD, to, 0) : refused(EPERM);
 }
 
 int utimensat(int folder, const char* path, const timespec* times, int flags) noexcept {

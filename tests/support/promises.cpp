@@ -75,11 +75,11 @@ bool areLinesGood(const std::string& before, const std::string& after, const std
 
 bool isWholeOrder(const std::string& document, const std::string& path) {
     Order order;
-    return document.ends_with("</html>\r\n") && readMarkers(document, order).number &&
+    return document.ends_with("</html>\r\n") && readMarkers(document, order).has(&Order::PONoEd) &&
            path.ends_with(trimmed(order.PONoEd) + ".htm");
 }
 
-std::set<std::string> toldAt(const Desk& desk) {
+std::set<std::string> toldAt(const WatchedDesk& desk) {
     std::set<std::string> told(desk.prompts.complaints.begin(), desk.prompts.complaints.end());
     for (const std::string& line : desk.screen.failures) {
         const bool onlyKept = line.starts_with("Another document of order ") &&
@@ -103,7 +103,7 @@ Result Course::resultOf(const Files& now) const {
     return data == withoutKept(dataOf(before)) ? Result::AsBefore : Result::Partly;
 }
 
-bool Course::isMoreTold(const Desk& desk) const {
+bool Course::isMoreTold(const WatchedDesk& desk) const {
     const auto now = toldAt(desk);
     return !std::includes(told.begin(), told.end(), now.begin(), now.end());
 }
@@ -175,7 +175,7 @@ std::string Course::difference(const Files& now) const {
 
 Course course(const Work& work) {
     putBack(filesOf(work.office));
-    Desk desk;
+    WatchedDesk desk;
     work.prepare(desk);
     desk.forgetTold();
     Course course;
@@ -195,7 +195,7 @@ std::string afterRestart(const Course& course, bool torn) {
             documents() / path,
             std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
     }
-    Desk desk;
+    WatchedDesk desk;
     desk.start();
     if (!desk.isOpen()) return "The program does not start: " + desk.told();
     Program& program = desk.program();

@@ -24,7 +24,7 @@ struct Course {
     std::size_t calls() const;
     Result resultOf(const Files& now) const;
     /// Whether the user has been told something that is not told otherwise.
-    bool isMoreTold(const Desk& desk) const;
+    bool isMoreTold(const WatchedDesk& desk) const;
     /// Which promises the files break; empty for none: each file is as before or as intended; of
     /// records and lines, each is; another desk's document is in its place or kept. `torn` allows
     /// what a power cut does to bytes that are being written in place.

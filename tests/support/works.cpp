@@ -19,12 +19,12 @@ LineEntry lineOf(const std::string& description) {
     return {"2", "ea", description, "10"};
 }
 
-void addLine(Desk& desk, const std::string& description) {
+void addLine(WatchedDesk& desk, const std::string& description) {
     desk.screen.lineAnswer = lineOf(description);
     desk.program().lines.OrderPop_OneTime_Click();
 }
 
-void newOrder(Desk& desk, const std::string& by) {
+void newOrder(WatchedDesk& desk, const std::string& by) {
     desk.program().editor.NewPO_Click();
     desk.type(&Order::ByEd, by);
     addLine(desk, "Hammer of " + by);
@@ -62,7 +62,7 @@ void colleagueSaves(const std::string& number) {
     writeFile(data(number + ".htm"), document);
 }
 
-void makeOldOffice(Desk& desk) {
+void makeOldOffice(WatchedDesk& desk) {
     desk.start();
     desk.address(AddressSide::Vendor, "Ames", "1 Mill Lane\r\nOldtown");
     desk.address(AddressSide::Vendor, "Boyd", "2 Mill Lane");
@@ -83,25 +83,25 @@ void makeOldOffice(Desk& desk) {
     writeFile(at("orders.csv"), "an older export");
 }
 
-void start(Desk& desk) {
+void start(WatchedDesk& desk) {
     desk.start();
 }
-void nothing(Desk&) {}
+void nothing(WatchedDesk&) {}
 
 /// Starts the program, and opens the order 000001.
-void atAnn(Desk& desk) {
+void atAnn(WatchedDesk& desk) {
     desk.start();
     desk.open("000001");
 }
-void chooses(Desk& desk, const std::string& name) {
+void chooses(WatchedDesk& desk, const std::string& name) {
     desk.start();
     desk.prompts.chosen = at(name);
 }
-void atItem(Desk& desk) {
+void atItem(WatchedDesk& desk) {
     desk.start();
     desk.program().stock.StockGrid_Click(1);
 }
-void copyFiles(Desk& desk) {
+void copyFiles(WatchedDesk& desk) {
     desk.program().backup.RunBackup_Click();
 }
 
@@ -176,7 +176,7 @@ void NotingScreen::showCaption(const std::string& caption) {
     Watch::note(caption);
 }
 
-void Desk::start() {
+void WatchedDesk::start() {
     program_.reset();
     int waits = 0;
     const auto wait = [waits](const FileError& error) mutable {
@@ -192,18 +192,18 @@ void Desk::start() {
     program_->start();
 }
 
-void Desk::address(AddressSide side, const std::string& name, const std::string& text) {
+void WatchedDesk::address(AddressSide side, const std::string& name, const std::string& text) {
     program_->addresses.Combo_Change(side, name);
     program_->addresses.Field_Change(side, text);
     program_->addresses.Changed_Click(side);
 }
 
-void Desk::item(const std::string& description) {
+void WatchedDesk::item(const std::string& description) {
     program_->stock.boxes = {"Tools", "Ames", "ea", description, "12.50"};
     program_->stock.SaveNewStockItem_Click();
 }
 
-std::string Desk::told() const {
+std::string WatchedDesk::told() const {
     std::string told;
     for (const auto& lines : {prompts.complaints, screen.failures}) {
         for (const std::string& line : lines)
@@ -217,129 +217,132 @@ const std::vector<Work>& works() {
     static const std::vector<Work> all{
         {"Start the program", "old", nothing, start},
         {"Start it for the first time", "new", nothing, start, true},
-        {"Open an order", "old", start, [](Desk& desk) { desk.open("000001"); }},
+        {"Open an order", "old", start, [](WatchedDesk& desk) { desk.open("000001"); }},
         {"Look at an order without a number", "old", start,
-         [](Desk& desk) { desk.program().viewer.MakeOrder_Click(); }},
+         [](WatchedDesk& desk) { desk.program().viewer.MakeOrder_Click(); }},
         {"Save an order", "old", atAnn,
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.type(&Order::ByEd, "Dee");
              desk.type(&Order::TermsEd, "net 30");
              desk.save();
          }},
         {"Save an order that a colleague has saved", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              atAnn(desk);
              desk.type(&Order::ByEd, "Dee");
              colleagueSaves("000001");
          },
-         [](Desk& desk) { desk.save(); }},
+         [](WatchedDesk& desk) { desk.save(); }},
         {"Save an order for the first time", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.start();
              desk.type(&Order::ByEd, "Dee");
              addLine(desk, "Rope");
          },
-         [](Desk& desk) { desk.save(); }},
+         [](WatchedDesk& desk) { desk.save(); }},
         {"Save one under a number that a colleague has drawn", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.start();
              desk.type(&Order::ByEd, "Dee");
              colleagueSaves("000004");
          },
-         [](Desk& desk) { desk.save(); }},
+         [](WatchedDesk& desk) { desk.save(); }},
         {"Save the first order of all", "new",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.start();
              desk.type(&Order::ByEd, "Dee");
          },
-         [](Desk& desk) { desk.save(); }},
-        {"Begin a new order", "old", start, [](Desk& desk) { desk.program().editor.NewPO_Click(); },
-         true},
-        {"Copy an order", "old", atAnn, [](Desk& desk) { desk.program().editor.Save_PO_Click(); },
-         true},
-        {"Make ten copies", "old", atAnn, [](Desk& desk) { desk.program().editor.make10_Click(); },
-         true},
+         [](WatchedDesk& desk) { desk.save(); }},
+        {"Begin a new order", "old", start,
+         [](WatchedDesk& desk) { desk.program().editor.NewPO_Click(); }, true},
+        {"Copy an order", "old", atAnn,
+         [](WatchedDesk& desk) { desk.program().editor.Save_PO_Click(); }, true},
+        {"Make ten copies", "old", atAnn,
+         [](WatchedDesk& desk) { desk.program().editor.make10_Click(); }, true},
         {"Delete an order", "old", start,
-         [](Desk& desk) { desk.program().editor.POPop_delete_Click("000002"); }},
+         [](WatchedDesk& desk) { desk.program().editor.POPop_delete_Click("000002"); }},
         {"Save a new address", "old", start,
-         [](Desk& desk) { desk.address(Vendor, "Cole", "4 Mill Lane"); }},
+         [](WatchedDesk& desk) { desk.address(Vendor, "Cole", "4 Mill Lane"); }},
         {"Save the first address of all", "new", start,
-         [](Desk& desk) { desk.address(Vendor, "Cole", "4 Mill Lane"); }},
+         [](WatchedDesk& desk) { desk.address(Vendor, "Cole", "4 Mill Lane"); }},
         {"Change an address", "old", start,
-         [](Desk& desk) { desk.address(Vendor, "Ames", "5 Mill Lane"); }},
+         [](WatchedDesk& desk) { desk.address(Vendor, "Ames", "5 Mill Lane"); }},
         {"Delete an address", "old", start,
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.program().addresses.Combo_Change(Vendor, "Ames");
              desk.program().addresses.Delete_Click(Vendor);
          }},
         {"Import contacts", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              chooses(desk, "contacts.dat");
              desk.program().contactImport.selectFile();
          },
-         [](Desk& desk) { desk.program().contactImport.ImportKettlebyVendors_Click(); }, true},
-        {"Save a new stock item", "old", start, [](Desk& desk) { desk.item("Rope"); }, true},
-        {"Save the first stock item of all", "new", start, [](Desk& desk) { desk.item("Rope"); },
+         [](WatchedDesk& desk) { desk.program().contactImport.ImportKettlebyVendors_Click(); },
          true},
+        {"Save a new stock item", "old", start, [](WatchedDesk& desk) { desk.item("Rope"); }, true},
+        {"Save the first stock item of all", "new", start,
+         [](WatchedDesk& desk) { desk.item("Rope"); }, true},
         {"Change a stock item", "old", atItem,
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.program().stock.boxes.StockCatCombo = "Hardware";
              desk.program().stock.boxes.StockUnitCostEd = "99";
              desk.program().stock.SaveChangedStockItem_Click();
          }},
         {"Delete a stock item", "old", atItem,
-         [](Desk& desk) { desk.program().stock.DeleteStockItem_Click(); }},
+         [](WatchedDesk& desk) { desk.program().stock.DeleteStockItem_Click(); }},
         {"Set a quantity on hand", "old", atItem,
-         [](Desk& desk) { desk.program().stock.ItemsPopOnHand_Click(1); }},
-        {"Import stock items", "old", [](Desk& desk) { chooses(desk, "more.sid"); },
-         [](Desk& desk) { desk.program().stockExchange.mu_ImportStockItems_Click(); }},
-        {"Export stock items", "old", [](Desk& desk) { chooses(desk, "items.sid"); },
-         [](Desk& desk) { desk.program().stockExchange.mu_ExportStockItems_Click(); }},
+         [](WatchedDesk& desk) { desk.program().stock.ItemsPopOnHand_Click(1); }},
+        {"Import stock items", "old", [](WatchedDesk& desk) { chooses(desk, "more.sid"); },
+         [](WatchedDesk& desk) { desk.program().stockExchange.mu_ImportStockItems_Click(); }},
+        {"Export stock items", "old", [](WatchedDesk& desk) { chooses(desk, "items.sid"); },
+         [](WatchedDesk& desk) { desk.program().stockExchange.mu_ExportStockItems_Click(); }},
         {"Export stock items to the catalogue itself", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.start();
              desk.prompts.chosen = data("po_stock.dat");
          },
-         [](Desk& desk) { desk.program().stockExchange.mu_ExportStockItems_Click(); }},
+         [](WatchedDesk& desk) { desk.program().stockExchange.mu_ExportStockItems_Click(); }},
         {"Leave a box with a new text", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.start();
              desk.type(&Order::FOBEd, "Oldtown");
          },
-         [](Desk& desk) { desk.program().histories.AddToUserFields(); }},
+         [](WatchedDesk& desk) { desk.program().histories.AddToUserFields(); }},
         {"Forget a text of a box", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.start();
              desk.program().histories.GotFocus(&Order::ByEd);
              desk.program().histories.CurrentHistoryText = "Ann";
          },
-         [](Desk& desk) { desk.program().histories.RemoveHistoryEntry(); }},
+         [](WatchedDesk& desk) { desk.program().histories.RemoveHistoryEntry(); }},
         {"Leave the program, which stores the settings", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.start();
              desk.program().settings.IDText1 = "Larkfield Joinery";
          },
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.program().leave({3000, 3000, 30, 30});
          }},
         {"Choose a picture for the form", "old", start,
-         [](Desk& desk) { desk.program().settingsEditor.SelectGraphic_Click(at("logo.gif")); }},
+         [](WatchedDesk& desk) {
+             desk.program().settingsEditor.SelectGraphic_Click(at("logo.gif"));
+         }},
         {"Back up", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.start();
              desk.program().backup.mu_DataBackup_Click();
          },
          copyFiles},
         {"Restore", "old",
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.start();
              desk.program().backup.mu_DataRestore_Click();
          },
          copyFiles},
-        {"Export the list of orders", "old", [](Desk& desk) { chooses(desk, "orders.csv"); },
-         [](Desk& desk) { desk.program().csvExport.mu_DataExport_Click(); }},
+        {"Export the list of orders", "old", [](WatchedDesk& desk) { chooses(desk, "orders.csv"); },
+         [](WatchedDesk& desk) { desk.program().csvExport.mu_DataExport_Click(); }},
         {"Save an order as PDF", "old", atAnn,
-         [](Desk& desk) {
+         [](WatchedDesk& desk) {
              desk.program().viewer.savePdf(at("000001.pdf"), "%PDF-1.4, or nearly so");
          }},
     };
@@ -351,7 +354,7 @@ const Files& filesOf(const std::string& office) {
     const auto [entry, isNew] = made.try_emplace(office);
     if (isNew && office == "old") {
         putBack({});
-        Desk desk;
+        WatchedDesk desk;
         makeOldOffice(desk);
         entry->second = filesNow();
     }

@@ -60,7 +60,7 @@ class NotingScreen : public RecordingScreen {
 };
 
 /// A user at work. A file in use is free again after the first wait for it.
-class Desk {
+class WatchedDesk {
   public:
     /// Starts the program; without one if the user gives up.
     void start();
@@ -92,9 +92,9 @@ class Desk {
 /// One thing that a user does.
 struct Work {
     const char* name;
-    const char* office;                  ///< "old": with orders and all; "new": never started
-    std::function<void(Desk&)> prepare;  ///< what is done before
-    std::function<void(Desk&)> act;
+    const char* office;  ///< "old": with orders and all; "new": never started
+    std::function<void(WatchedDesk&)> prepare;  ///< what is done before
+    std::function<void(WatchedDesk&)> act;
     bool adds = false;  ///< whether doing it again does more of it
 };
 const std::vector<Work>& works();
