@@ -219,7 +219,7 @@ bool exists(const std::filesystem::path& path) {
 }
 
 bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
-    if (!exists(a) || !exists(b)) return false;
+    if (!os::exists(a) || !os::exists(b)) return false;
     const Handle first = openAttributes(a, FILE_READ_ATTRIBUTES);
     const Handle second = openAttributes(b, FILE_READ_ATTRIBUTES);
     BY_HANDLE_FILE_INFORMATION one{};
