@@ -134,6 +134,7 @@ class Replacement {
 
 void RandomFile::write(std::uint64_t offset, std::string_view bytes) {
     const std::uint64_t end = length();
+    wasEmpty_ = wasEmpty_ || end == 0;
     const std::string before = offset < end ? read(offset, bytes.size()) : std::string();
     try {
         files_.run([&] { file_.write(offset, bytes); });

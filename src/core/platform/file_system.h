@@ -128,8 +128,10 @@ inline constexpr std::uint64_t kLongestFile = 64 << 20;
 /// An open file whose bytes are read and written by position.
 class RandomFile {
   public:
-    RandomFile(const FileSystem& files, const std::filesystem::path& path, os::Open how)
-        : files_(files), file_(files.run([&] { return os::File(path, how); })) {}
+    RandomFile(const FileSystem& files, std::filesystem::path path, os::Open how)
+        : files_(files),
+          path_(std::move(path)),
+          file_(files.run([&] { return os::File(path_, how); })) {}
 
     std::uint64_t length() const {
         return files_.run([&] { return file_.length(); });
@@ -149,11 +151,14 @@ class RandomFile {
     /// Hands what was written to the disk; a full disk or a lost share may only show up here.
     void flush() {
         files_.run([&] { file_.flush(); });
+        if (wasEmpty_) os::flushFolder(path_.parent_path());  // its name may be as new
     }
 
   private:
     FileSystem files_;
+    std::filesystem::path path_;
     os::File file_;
+    bool wasEmpty_ = false;  ///< before it was written to
 };
 
 class Replacement;

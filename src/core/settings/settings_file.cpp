@@ -93,7 +93,7 @@ std::optional<Settings> SettingsFile::firstSettings(bool empty, Prompts& prompts
     // The folder first: once there are settings that name it, nobody makes it any more.
     files_.createFolders(defaultDataDirectory(home_));
     SaveConfig(settings);
-    files_.touch(home_ / kForerunner);
+    files_.replace(home_ / kForerunner, "");
     return settings;
 }
 
