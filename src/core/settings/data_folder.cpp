@@ -13,14 +13,21 @@ void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
     const std::filesystem::path probe = file("testfile.tmp");
     try {
         if (path_.empty()) throw FileError(FaultNumber::PathNotFound, path_);
+        // Another desk that is starting at this moment may remove it before we do.
+        const auto unlessGone = [](const auto& step) {
+            try {
+                step();
+            } catch (const FileError& error) {
+                if (error.number() != FaultNumber::FileNotFound) throw;
+            }
+        };
+        // One left behind by a power cut would tell when that was.
+        unlessGone([&] { once.remove(probe); });
         once.touch(probe);
-        try {
+        unlessGone([&] {
             checkedAt_ = once.status(probe).modified;
             once.remove(probe);
-        } catch (const FileError& error) {
-            // Another desk that is starting at this moment has already removed it.
-            if (error.number() != FaultNumber::FileNotFound) throw;
-        }
+        });
         ok_ = true;
     } catch (const FileError& error) {
         ok_ = false;
