@@ -96,7 +96,7 @@ TEST_P(Faults, AtEveryCall) {
             if (way.ends) {
                 desk.close();
                 putBack(now);
-                EXPECT_EQ(afterRestart(usual), "");
+                EXPECT_EQ(restarted(usual).broken, "");
             }
         }
         row += " | " + counts.text();

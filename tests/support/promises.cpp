@@ -93,7 +93,7 @@ std::set<std::string> toldAt(const WatchedDesk& desk) {
 
 std::size_t Course::calls() const {
     return static_cast<std::size_t>(
-        std::count_if(statements.begin(), statements.end(),
+        std::count_if(statements.begin() + static_cast<std::ptrdiff_t>(prepared), statements.end(),
                       [](const Statement& each) { return each.call != "note"; }));
 }
 
@@ -174,13 +174,15 @@ std::string Course::difference(const Files& now) const {
 }
 
 Course course(const Work& work) {
-    putBack(filesOf(work.office));
+    Course course;
+    course.start = filesOf(work.office);
+    putBack(course.start);
     WatchedDesk desk;
+    Watch watch;
     work.prepare(desk);
     desk.forgetTold();
-    Course course;
     course.before = filesNow();
-    Watch watch;
+    course.prepared = watch.done().size();
     work.act(desk);
     course.statements = watch.done();
     course.after = filesNow();
@@ -188,31 +190,37 @@ Course course(const Work& work) {
     return course;
 }
 
-std::string afterRestart(const Course& course, bool torn) {
+Restart restarted(const Course& course, bool torn) {
+    const auto anHourAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
     for (const auto& [path, content] : filesNow()) {
-        if (!isPassing(path)) continue;
-        std::filesystem::last_write_time(
-            documents() / path,
-            std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+        if (isPassing(path)) std::filesystem::last_write_time(documents() / path, anHourAgo);
     }
     WatchedDesk desk;
     desk.start();
-    if (!desk.isOpen()) return "The program does not start: " + desk.told();
+    if (!desk.isOpen()) return {filesNow(), "the program does not start: " + desk.told()};
     Program& program = desk.program();
     program.documents.recoverLeftovers(program.files().fileNames(data("")));
-    const Files now = filesNow();
-    std::string broken = course.broken(now, torn);
-    for (const auto& [path, content] : now) {
-        if (isPassing(path) && path.starts_with(kData)) broken += path + " is left over; ";
+    Restart result{filesNow(), {}};
+    result.broken = course.broken(result.files, torn);
+    for (const auto& [path, content] : result.files) {
+        if (isPassing(path) && path.starts_with(kData)) result.broken += path + " is left over; ";
     }
     for (const auto& [path, content] : dataOf(course.before)) {
         if (!isDocument(path) || isKept(path)) continue;
-        if (!now.contains(path)) broken += path + " is gone; ";
         const std::string number = std::filesystem::path(path).stem().string();
-        program.editor.POGrid_Click(number);
-        if (program.open.order().PONoEd != number) broken += number + " cannot be opened; ";
+        desk.open(number);
+        if (program.open.order().PONoEd != number || !result.files.contains(path))
+            result.broken += number + " cannot be opened; ";
     }
-    return broken;
+    // What is torn at the end of a file goes with the next record.
+    desk.item("Plane");
+    desk.address(AddressSide::Destination, "Works", "9 Mill Lane");
+    program.editor.NewPO_Click();
+    for (const auto& [path, content] : filesNow()) {
+        const std::size_t length = recordLength(path);
+        if (length != 0 && content.size() % length != 0) result.broken += path + " stays torn; ";
+    }
+    return result;
 }
 
 int openFiles() {

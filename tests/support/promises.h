@@ -15,12 +15,14 @@ enum class Result { Complete, AsBefore, Partly };
 
 /// The course of a piece of work when nothing disturbs it.
 struct Course {
-    Files before;
+    Files start;   ///< before it is prepared
+    Files before;  ///< before it is done
     Files after;
-    std::vector<Statement> statements;
+    std::vector<Statement> statements;  ///< from the start on
+    std::size_t prepared = 0;           ///< how many of them belong to the preparation
     std::set<std::string> told;
 
-    /// How many calls reach files.
+    /// How many calls of the work itself reach files.
     std::size_t calls() const;
     Result resultOf(const Files& now) const;
     /// Whether the user has been told something that is not told otherwise.
@@ -36,9 +38,12 @@ struct Course {
 };
 Course course(const Work& work);
 
-/// Starts the program, ten minutes later, with the files as they are, and returns which promises
-/// are broken then.
-std::string afterRestart(const Course& course, bool torn = false);
+/// The program started on the files as they are, an hour later.
+struct Restart {
+    Files files;         ///< what the start made of them
+    std::string broken;  ///< which promises are broken then, or after some more work
+};
+Restart restarted(const Course& course, bool torn = false);
 
 /// How many files this process has open.
 int openFiles();

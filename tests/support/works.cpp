@@ -59,7 +59,7 @@ void colleagueSaves(const std::string& number) {
     for (auto at = document.find("000002"); at != std::string::npos;
          at = document.find("000002", at + 6))
         document.replace(at, 6, number);
-    writeFile(data(number + ".htm"), document);
+    FileSystem().replace(data(number + ".htm"), document);
 }
 
 void makeOldOffice(WatchedDesk& desk) {
