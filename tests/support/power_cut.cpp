@@ -1,6 +1,8 @@
 #include "support/power_cut.h"
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
 
 namespace bramblet::test {
 namespace {

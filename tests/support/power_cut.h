@@ -6,6 +6,7 @@
 #include "support/works.h"
 
 #include <cstddef>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>

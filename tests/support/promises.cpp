@@ -4,6 +4,7 @@
 #include "core/platform/text.h"
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
 
 namespace bramblet::test {
