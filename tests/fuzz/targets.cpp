@@ -94,7 +94,7 @@ void settings(std::string_view input) {
         mustHold(encodeRecord(kSettingsLayout, file.LoadConfig(prompts)) == saved.substr(0, kSize),
                  "settings read again are the same");
         if (input.size() < kSize || name != std::string_view("po15.cfg")) continue;
-        std::string expected(input);
+        std::string expected(input.substr(0, kSize));
         expected.replace(908, kFolderWidth, saved, 908, kFolderWidth);
         mustHold(saved == expected, "settings that are read and written stay as they are");
     }
