@@ -23,16 +23,16 @@ bool isOneOf(const Statement& statement, std::initializer_list<std::string_view>
     return std::find(calls.begin(), calls.end(), statement.call) != calls.end();
 }
 bool needsRoom(const Statement& statement) {
-    return isOneOf(statement,
-                   {"create", "pwrite", "fsync", "mkdir", "link", "rename", "renameat2"});
+    return isOneOf(statement, {"create", "pwrite", "fsync", "mkdir", "link", "rename", "renameat2",
+                               "exchange"});
 }
 bool isWrite(const Statement& statement) {
     return statement.call == "pwrite";
 }
 /// Whether there are file systems that cannot do it at all.
 bool isLuxury(const Statement& statement) {
-    return isOneOf(statement,
-                   {"fsync", "syncfs", "utimensat", "chmod", "chown", "renameat2", "link"});
+    return isOneOf(statement, {"fsync", "syncfs", "utimensat", "chmod", "chown", "renameat2",
+                               "exchange", "link"});
 }
 
 struct Way {

@@ -181,7 +181,9 @@ int rename(const char* from, const char* to) noexcept {
 
 int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
               unsigned flags) noexcept {
-    return watched({"renameat2", from, to, 0, {}}, [&](const Statement&) {
+    constexpr unsigned kExchange = 2;
+    const char* const call = flags == kExchange ? "exchange" : "renameat2";
+    return watched({call, from, to, 0, {}}, [&](const Statement&) {
         if (!oddities.exchanges) return refused(EINVAL);
         return isOpen(from) ? refused(EBUSY)
                             : own(&renameat2, "renameat2")(fromFolder, from, toFolder, to, flags);

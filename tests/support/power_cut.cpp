@@ -22,8 +22,8 @@ std::string folderOf(const std::string& name) {
 }  // namespace
 
 bool matters(const Statement& statement) {
-    constexpr std::array kCalls{"note",   "create",    "mkdir", "pwrite", "ftruncate",
-                                "rename", "renameat2", "link",  "unlink", "fsync"};
+    constexpr std::array kCalls{"note",      "create",   "mkdir", "pwrite", "ftruncate", "rename",
+                                "renameat2", "exchange", "link",  "unlink", "fsync"};
     return std::find(kCalls.begin(), kCalls.end(), statement.call) != kCalls.end();
 }
 
@@ -52,6 +52,12 @@ Disk::Disk(const Files& before, const std::vector<Statement>& statements) : befo
             change.file = names_.at(name);
             change.gone = name;
             names_.erase(name);
+        } else if (statement.call == "exchange") {
+            change.file = names_.at(name);
+            change.name = nameOf(statement.to);
+            change.gone = name;
+            change.swapped = names_.at(change.name);
+            std::swap(names_[change.name], names_[name]);
         } else if (statement.call == "rename" || statement.call == "renameat2" ||
                    statement.call == "link") {
             change.file = names_.at(name);
@@ -161,7 +167,11 @@ Files Disk::with(std::size_t calls, const Parts& parts) const {
         } else if (change.file == 0) {
             files[change.name + "/"];
         } else {
-            if (!change.gone.empty() && names[change.gone] == change.file) names.erase(change.gone);
+            if (change.swapped != 0) {
+                names[change.gone] = change.swapped;
+            } else if (!change.gone.empty() && names[change.gone] == change.file) {
+                names.erase(change.gone);
+            }
             if (!change.name.empty()) names[change.name] = change.file;
         }
     }

@@ -31,6 +31,7 @@ class Disk {
         int file = 0;        ///< 0 for a folder
         std::string gone;    ///< a name that it has no more
         std::string name;    ///< a name that it gets
+        int swapped = 0;     ///< the file that gets the name gone, when two exchange theirs
         bool cuts = false;   ///< whether it ends at `offset` from now on
         std::size_t offset = 0;
         std::string bytes;         ///< written there
