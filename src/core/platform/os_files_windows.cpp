@@ -65,6 +65,7 @@ FaultNumber faultOf(DWORD error, const std::wstring& native) {
         case ERROR_BAD_PATHNAME:
         case ERROR_BAD_NETPATH:
         case ERROR_BAD_NET_NAME:
+        case ERROR_BAD_DEV_TYPE:  // of a name of a server that is none
         case ERROR_INVALID_DRIVE:
         case ERROR_DIRECTORY:
             return FaultNumber::PathNotFound;
