@@ -183,6 +183,10 @@ TEST_F(OrderDocumentsTest, AKeptOrderIsOpenedAndGetsANumberOfItsOwn) {
     EXPECT_EQ(order().PONoEd + order().ByEd, "000001Eve");
     EXPECT_FALSE(dirty());
     expectSaid("\"Save as Copy\" gives it a number of its own");
+    program().viewer.MakeOrder_Click();
+    EXPECT_EQ(storedBy("000001"), "Cy") << "after a look at the kept one";
+    EXPECT_EQ(storedBy("po"), "Eve");
+    EXPECT_TRUE(program().open.SaveChangesEnabled());
     prompts.expect(yesNo("Create new purchase order based on details currently displayed?"),
                    Answer::Yes);
     editor().Save_PO_Click();
@@ -233,6 +237,7 @@ TEST_F(OrderDocumentsTest, WhatADeadProgramHasLeftBecomesAnOrderOrIsKeptOrGoes) 
         EXPECT_EQ(os::exists(data("000001.htm")) && stored("000001.htm") == whole, complete);
     }
     EXPECT_TRUE(os::exists(data("po_data.dat")));
+    EXPECT_TRUE(screen.hints.empty()) << "no order is told of as missing: " << screen.hints.front();
 }
 
 }  // namespace

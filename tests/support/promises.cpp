@@ -200,7 +200,7 @@ Restart restarted(const Course& course, bool torn) {
     desk.start();
     if (!desk.isOpen()) return {filesNow(), "the program does not start: " + desk.told()};
     Program& program = desk.program();
-    program.documents.recoverLeftovers(program.files().fileNames(data("")));
+    program.lookAround();
     Restart result{filesNow(), {}};
     result.broken = course.broken(result.files, torn);
     for (const auto& [path, content] : result.files) {

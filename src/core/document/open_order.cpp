@@ -79,10 +79,17 @@ void OpenOrder::markStored() {
 }
 
 void OpenOrder::markSaved() {
+    keptState_ = false;
     worthSaving_ = false;
     dirty_ = false;
     touched_ = false;
     markStored();
+    changed();
+}
+
+void OpenOrder::markKeptState() {
+    keptState_ = true;
+    worthSaving_ = true;
     changed();
 }
 

@@ -21,6 +21,8 @@ class OpenOrder {
     bool OrderDirty() const { return dirty_; }
     /// Whether the order holds work that ending now would lose, with a number or without.
     bool isUnsaved() const { return dirty_ || touched_; }
+    /// Whether it is a kept state of an order: what stands under its number is another.
+    bool isKeptState() const { return keptState_; }
     bool SaveChangesEnabled() const { return worthSaving_; }
     bool Save_POEnabled() const { return copyable_; }
     /// Whether the number box takes typing.
@@ -53,6 +55,8 @@ class OpenOrder {
     void markStored();
     /// After a save or a load: nothing to save.
     void markSaved();
+    /// After a load of a kept state: it can be saved, though nothing has changed.
+    void markKeptState();
     void allowCopies();
 
     /// Totals the order; a changed total counts as an edit. Returns false after telling the user
@@ -69,6 +73,7 @@ class OpenOrder {
     Order order_;
     bool dirty_ = false;
     bool touched_ = false;  ///< its texts or lines by the user, since it is shown or saved
+    bool keptState_ = false;
     bool worthSaving_ = false;
     bool copyable_ = false;
     bool numberUnlocked_ = false;

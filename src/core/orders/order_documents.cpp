@@ -98,36 +98,48 @@ std::filesystem::path OrderDocuments::keptPath(const std::string& what,
     return bramblet::keptPath(files_, keptFolder(), what, ending, clock_);
 }
 
-void OrderDocuments::recoverLeftovers(const std::vector<std::filesystem::path>& names) const {
+void OrderDocuments::recoverLeftovers(std::vector<std::filesystem::path>& names) const {
+    std::vector<std::filesystem::path> back;
     for (const auto& name : names) {
         if (!isTemporaryName(name)) continue;
         commands_.attempt(
-            "The file " + shown(name) + ", which a save has left, was not recovered: ",
-            [&] { recover(commands_.folder().DataPath() / name); });
+            "The file " + shown(name) + ", which a save has left, was not recovered: ", [&] {
+                const auto path = recover(commands_.folder().DataPath() / name);
+                if (path) back.push_back(path->filename());
+            });
     }
+    names.insert(names.end(), back.begin(), back.end());
 }
 
-void OrderDocuments::recover(const std::filesystem::path& leftover) const {
+/// The path of the document that it became; nothing when it became none.
+std::optional<std::filesystem::path> OrderDocuments::recover(
+    const std::filesystem::path& leftover) const {
     constexpr std::int64_t kTenMinutes = 600'000'000'000;
     const std::int64_t age = commands_.folder().checkedAt() - files_.status(leftover).modified;
-    if (age < kTenMinutes) return;  // its program may be at work
+    if (age < kTenMinutes) return std::nullopt;  // its program may be at work
     const std::string document = files_.read(leftover);
     Order order;
-    if (!isWhole(document) || !readMarkers(document, order).has(&Order::PONoEd))
-        return files_.remove(leftover);
+    const bool readable = isWhole(document) && readMarkers(document, order).has(&Order::PONoEd);
     const std::string number = trimmed(order.PONoEd);
-    if (number == kPendingNumber) return files_.remove(leftover);  // of a mere look at it
+    if (!readable || number == kPendingNumber) {  // a pending one is of a mere look at it
+        files_.remove(leftover);
+        return std::nullopt;
+    }
     const std::filesystem::path path = commands_.folder().documentPath(number);
     if (files_.renameNew(leftover, path)) {
         commands_.say("Order " + number + " was saved only halfway and has been completed");
-    } else if (files_.read(path) == document) {
+        return path;
+    }
+    if (files_.read(path) == document) {
         files_.remove(leftover);
     } else {
         const auto kept = keep(leftover, number + " left over");
-        if (!kept) return;
-        commands_.say("A save of order " + number + " that was not completed is kept as " +
-                      inKept(*kept));
+        if (kept) {
+            commands_.say("A save of order " + number + " that was not completed is kept as " +
+                          inKept(*kept));
+        }
     }
+    return std::nullopt;
 }
 
 }  // namespace bramblet

@@ -37,15 +37,15 @@ class OrderDocuments {
     /// Looks at the files that a program which died in the middle of a save has left in the data
     /// folder, and that nobody has touched for ten minutes. An order whose document is missing gets
     /// it back, another state of an order is kept; the rest is removed. `names` are those of the
-    /// files in the folder.
-    void recoverLeftovers(const std::vector<std::filesystem::path>& names) const;
+    /// files in the folder; the documents that came back join them.
+    void recoverLeftovers(std::vector<std::filesystem::path>& names) const;
 
   private:
     void sayKept(const std::string& number, const std::vector<std::filesystem::path>& kept) const;
     void putBack(std::vector<std::filesystem::path>& kept, const std::filesystem::path& path) const;
     std::optional<std::filesystem::path> keep(const std::filesystem::path& path,
                                               const std::string& what) const;
-    void recover(const std::filesystem::path& leftover) const;
+    std::optional<std::filesystem::path> recover(const std::filesystem::path& leftover) const;
 
     const FileSystem& files_;
     Commands& commands_;

@@ -369,6 +369,7 @@ void OrderEditor::loadKept(const std::filesystem::path& path) {
     if (!read) return;
     documents_.forgetOpen();
     show(document, name);
+    open_.markKeptState();
     if (open_.isPending()) return;
     commands_.sayDone("This is a kept state of order " + open_.order().PONoEd +
                       ". \"Save as Copy\" gives it a number of its own");

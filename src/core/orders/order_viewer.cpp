@@ -30,10 +30,12 @@ void OrderViewer::MakeOrder_Click() {
         const std::string& number = open_.order().PONoEd;
         bool current = false;
         const bool found = commands_.attempt("Order " + number + " cannot be shown: ", [&] {
-            path_ = open_.isPending() ? commands_.folder().file("po.htm")
-                                      : commands_.folder().documentPath(number);
+            // A look at a kept state must not replace what stands under the order's number.
+            const bool unsaved = open_.isPending() || open_.isKeptState();
+            path_ = unsaved ? commands_.folder().file("po.htm")
+                            : commands_.folder().documentPath(number);
             // The document shown must match the window; a pending order never counts as changed.
-            current = !open_.OrderDirty() && !open_.isPending() && files_.exists(path_);
+            current = !unsaved && !open_.OrderDirty() && files_.exists(path_);
         });
         if (!found) return;
         if (!current && !(open_.recompute() && write())) return;
