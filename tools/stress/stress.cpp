@@ -2,6 +2,10 @@
 // was told is stored must be there in the end.
 //
 //     stress SECONDS DESKS DATA...
+//     stress --cut-off SECONDS DESKS DATA...
+//
+// With --cut-off somebody takes the folder away for a while and gives it back, which leaves
+// temporary files: what could not be stored is counted, and a file left over is no fault.
 //
 // The desks take the folders DATA in turn; they are ways to the same folder, for example several
 // mounts of one share, and the first one is looked at in the end. Prints what was done and what of
@@ -14,6 +18,8 @@
 #include "core/platform/record_file.h"
 #include "core/platform/text.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -83,13 +89,13 @@ class Desk {
                     saveMarked();
             }
         }
-        for (const auto& [number, mark] : orders_)
-            log_ << "order " << number << ' ' << mark << '\n';
+        for (const auto& [what, number, mark] : orders_)
+            log_ << what << ' ' << number << ' ' << mark << '\n';
         for (const auto& [name, address] : addresses_)
             log_ << "address " << name << ' ' << address << '\n';
         for (const std::string& item : items_)
             log_ << "item " << item << " -\n";
-        log_ << "done - -\n";
+        log_ << "done - " << refused_ << '\n';
     }
 
   private:
@@ -100,10 +106,14 @@ class Desk {
         program_.editor.edit(&Order::JobNumberEd, mark);
         program_.editor.SaveChanges_Click();
         const std::string number = program_.open.order().PONoEd;
-        if (program_.open.OrderDirty() || program_.open.isPending()) return;
+        if (program_.open.OrderDirty() || program_.open.isPending()) {
+            ++refused_;
+            if (!program_.open.isPending()) orders_.push_back({"tried", number, mark});
+            return;
+        }
         // Under another number, an order is another one; the same desk's later state replaces it.
         if (own_.empty() || own_.back() != number) own_.push_back(number);
-        orders_.emplace_back(number, mark);
+        orders_.push_back({"order", number, mark});
     }
     void changeOrder(const std::string& number) {
         program_.editor.POGrid_Click(number);
@@ -139,8 +149,9 @@ class Desk {
     std::ofstream log_;
     std::mt19937_64 random_;
     int marks_ = 0;
+    int refused_ = 0;               ///< saves that failed, of which the user was told
     std::vector<std::string> own_;  ///< numbers
-    std::vector<std::pair<std::string, std::string>> orders_;
+    std::vector<std::array<std::string, 3>> orders_;
     std::map<std::string, std::string> addresses_;
     std::vector<std::string> items_;
 };
@@ -171,7 +182,7 @@ int workAt(const std::string& name, const std::filesystem::path& home,
 /// What is in the folder in the end.
 class Inspection {
   public:
-    explicit Inspection(std::filesystem::path data) : data_(std::move(data)) {
+    Inspection(std::filesystem::path data, bool cutOff) : data_(std::move(data)), cutOff_(cutOff) {
         look(data_, false);
         if (os::exists(data_ / "kept")) look(data_ / "kept", true);
         lookAtRecords();
@@ -197,7 +208,7 @@ class Inspection {
     }
     void look(const std::filesystem::path& folder, bool keptOnes) {
         for (const auto& name : FileSystem().fileNames(folder)) {
-            if (isTemporaryName(name)) fault("left over: " + name.string());
+            if (isTemporaryName(name) && !cutOff_) fault("left over: " + name.string());
             if (name.extension() != ".htm") continue;
             Order order;
             if (!readMarkers(FileSystem().read(folder / name), order).has(&Order::PONoEd))
@@ -228,13 +239,14 @@ class Inspection {
     }
 
     std::filesystem::path data_;
+    bool cutOff_;
     std::set<std::pair<std::string, std::string>> documents_;
     std::set<std::string> listed_;
     std::set<std::pair<std::string, std::string>> addresses_;
     std::set<std::string> items_;
 };
 
-int stress(int seconds, int desks, const std::vector<std::string>& folders) {
+int stress(bool cutOff, int seconds, int desks, const std::vector<std::string>& folders) {
     const auto homes =
         std::filesystem::temp_directory_path() / ("stress" + std::to_string(getpid()));
     const auto end = Time::now() + std::chrono::seconds(seconds);
@@ -248,27 +260,37 @@ int stress(int seconds, int desks, const std::vector<std::string>& folders) {
     for (int status = 0; wait(&status) > 0;)
         failed += status != 0;
 
-    Inspection inspection(folders.front());
+    Inspection inspection(folders.front(), cutOff);
     std::map<std::string, int> stored;
     std::map<std::string, int> lost;
     std::map<std::string, int> drawn;  // how many desks have saved under a number
     int finished = 0;
+    int refused = 0;
     for (int desk = 0; desk < desks; ++desk) {
         std::ifstream log(homes / ("d" + std::to_string(desk)) / "log");
-        std::map<std::string, std::string> lastState;
+        // The last state stored, and those whose save failed since, perhaps only afterwards.
+        std::map<std::string, std::vector<std::string>> lastStates;
         std::string what, name, mark;
         while (log >> what >> name >> mark) {
-            finished += what == "done";
-            if (what == "order") lastState[name] = mark;
-            if (what != "done") ++stored[what];
+            if (what == "done") {
+                ++finished;
+                refused += std::stoi(mark);
+                continue;
+            }
+            if (what == "order") lastStates[name] = {mark};
+            if (what == "tried" && lastStates.contains(name)) lastStates[name].push_back(mark);
+            if (what != "tried") ++stored[what];
             if (what == "address") lost[what] += !inspection.hasAddress(name, mark);
             if (what == "item") lost[what] += !inspection.hasItem(name);
         }
-        for (const auto& [number, state] : lastState) {
+        for (const auto& [number, states] : lastStates) {
             ++drawn[number];
-            if (!inspection.has(number, state)) {
+            const auto isThere = [&](const std::string& state) {
+                return inspection.has(number, state);
+            };
+            if (std::none_of(states.begin(), states.end(), isThere)) {
                 ++lost["order"];
-                std::cout << "FAULT: order " << number << " of " << state << " is gone\n";
+                std::cout << "FAULT: order " << number << " of " << states.front() << " is gone\n";
             }
         }
     }
@@ -285,20 +307,27 @@ int stress(int seconds, int desks, const std::vector<std::string>& folders) {
               << " of them drawn more than once; " << lost["order"] << " lost, " << inspection.kept
               << " kept, " << unlisted << " not in the list; " << stored["address"]
               << " addresses, " << lost["address"] << " overtaken; " << stored["item"]
-              << " stock items, " << lost["item"] << " overtaken\n";
-    return inspection.faults + lost["order"] + failed == 0 && finished == desks ? 0 : 1;
+              << " stock items, " << lost["item"] << " overtaken; " << refused
+              << " saves of orders failed\n";
+    if (cutOff && refused == 0) std::cout << "FAULT: the folder was never away\n";
+    if (!cutOff && refused != 0) std::cout << "FAULT: saves failed\n";
+    const bool asMeant = finished == desks && cutOff == (refused != 0);
+    return inspection.faults + lost["order"] + failed == 0 && asMeant ? 0 : 1;
 }
 
 }  // namespace
 }  // namespace bramblet
 
 int main(int argc, char** argv) {
-    if (argc < 4) {
-        std::cerr << "usage: stress SECONDS DESKS DATA...\n";
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    const bool cutOff = std::erase(arguments, "--cut-off") != 0;
+    if (arguments.size() < 3) {
+        std::cerr << "usage: stress [--cut-off] SECONDS DESKS DATA...\n";
         return 2;
     }
     try {
-        return bramblet::stress(std::stoi(argv[1]), std::stoi(argv[2]), {argv + 3, argv + argc});
+        return bramblet::stress(cutOff, std::stoi(arguments[0]), std::stoi(arguments[1]),
+                                {arguments.begin() + 2, arguments.end()});
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;
