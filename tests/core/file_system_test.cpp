@@ -1,5 +1,6 @@
 #include "core/platform/file_system.h"
 
+#include "support/odd_share.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -83,6 +84,38 @@ TEST_F(Files, ReplacingLeavesTheOldContentWhenItFails) {
     EXPECT_THROW(files.replace(folder / "folder", "x"), FileError);
     // Neither run leaves a temporary file behind.
     EXPECT_EQ(files.fileNames(folder.path()), std::vector{path.filename()});
+}
+
+TEST_F(Files, OneThatTakesAPlaceInSeveralStepsKeepsTheOthersWaiting) {
+    oddities.exchanges = false;
+    const auto mayReplace = [](const std::string& there) { return there == "mine"; };
+    std::string kept;
+    const auto keep = [&](const std::filesystem::path& other) {
+        kept = files.read(other);
+        files.remove(other);
+    };
+    const std::filesystem::path claim = folder / "~bramblet-po_data.dat.claim";
+    int waits = 0;
+    const FileSystem waiting([&](const FileError& error) {
+        EXPECT_EQ(error.path(), path);
+        EXPECT_EQ(files.read(path), "mine") << "while another program has its claim";
+        files.replace(path, "another's");
+        ++waits;
+        os::removeFolder(claim);
+    });
+    files.replace(path, "mine");
+    os::createFolder(claim);
+    waiting.put(path, "new", mayReplace, keep);
+    EXPECT_EQ(waits, 1);
+    EXPECT_EQ(files.read(path) + ", " + kept, "new, another's");
+    EXPECT_FALSE(os::exists(claim));
+
+    os::createFolder(claim);
+    EXPECT_EQ(faultOf([&] { files.put(path, "newer", mayReplace, keep); }),
+              FaultNumber::PermissionDenied);
+    EXPECT_EQ(files.read(path), "new");
+    EXPECT_EQ(files.fileNames(folder.path()).size(), 1u);
+    oddities = {};
 }
 
 TEST_F(Files, ACopyIsWholeAndKeepsItsTime) {

@@ -35,7 +35,7 @@ Program::Program(Environment environment, Prompts& prompts)
       settingsEditor(files_, commands, settings),
       browser(files_, settingsFile_.homeFolder(), environment_.desktop, commands) {
     stock.VendorItemsCheck = leadingNumber(trimmedField(settings.VendorItemsCheck)) != 0;
-    folder.CheckDataPath(files_, prompts);
+    folder.CheckDataPath(prompts);
 }
 
 void Program::start() {

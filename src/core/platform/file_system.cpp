@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <optional>
 #include <random>
+#include <thread>
 #include <utility>
 
 namespace bramblet {
@@ -23,6 +25,61 @@ std::filesystem::path temporaryNameFor(const std::filesystem::path& path) {
 }
 
 }  // namespace
+
+/// A claim to the name of a file, for the steps of a moment, where a file system cannot do them in
+/// one: a folder, which only one program can make. A claim of ten seconds has been left behind.
+class Claim {
+  public:
+    Claim(const FileSystem& files, const std::filesystem::path& file)
+        : folder_(std::filesystem::path(file).replace_filename(claimName(file))) {
+        const auto begin = std::chrono::steady_clock::now();
+        files.run([&] {
+            if (!isClear(begin)) throw FileError(FaultNumber::PermissionDenied, file);
+        });
+    }
+    ~Claim() {
+        if (made_) removeFolder();
+    }
+    Claim(const Claim&) = delete;
+    Claim& operator=(const Claim&) = delete;
+
+  private:
+    static std::filesystem::path claimName(const std::filesystem::path& file) {
+        std::filesystem::path name(kTemporaryStart);
+        name += file.filename();
+        name += ".claim";
+        return name;
+    }
+    /// Waits a little while another program has its claim. Where no folder can be made, nobody has
+    /// one.
+    bool isClear(std::chrono::steady_clock::time_point begin) {
+        using namespace std::chrono_literals;
+        constexpr int kTries = 20;
+        bool taken = false;
+        for (int i = 0; i < kTries; ++i) {
+            try {
+                made_ = os::createNewFolder(folder_);
+                if (made_) return true;
+                taken = true;
+            } catch (const FileError&) {
+                // A busy share may say that of a folder that is about to go.
+            }
+            std::this_thread::sleep_for(10ms);
+        }
+        if (taken && std::chrono::steady_clock::now() - begin > 10s) removeFolder();
+        return !taken;
+    }
+    void removeFolder() {
+        try {
+            os::removeFolder(folder_);
+        } catch (const FileError&) {
+            // Somebody else has removed it, or the share is gone: whoever needs the name waits.
+        }
+    }
+
+    std::filesystem::path folder_;
+    bool made_ = false;
+};
 
 /// A file written beside another one to take its place. It is removed again if it does not get that
 /// far.
@@ -68,26 +125,29 @@ class Replacement {
         if (modified_) run([&] { os::setModified(path_, *modified_); });
         run([&] { os::rename(path_, target_); });
     }
-    /// Takes the place unless a file stands there that must not be replaced; that is handed to
-    /// `keep`. False when it has to be tried again.
-    bool takePlace(const MayReplace& mayReplace, const Keep& keep) {
+    /// Takes the place; a file there that must not be replaced is handed to `keep`.
+    void takePlace(const MayReplace& mayReplace, const Keep& keep) {
         file_.reset();
-        bool renamed = false;
-        run([&] { renamed = os::renameNew(path_, target_); });
-        if (renamed) return true;
-        auto exchanged = os::Exchange::Gone;
-        run([&] { exchanged = os::exchange(path_, target_); });
-        if (exchanged == os::Exchange::Gone) return false;
-        if (exchanged == os::Exchange::Done) {
-            keepOther(mayReplace, keep);
-            return true;
+        for (;;) {
+            auto renaming = os::Renaming::Unsupported;
+            run([&] { renaming = os::renameNew(path_, target_); });
+            if (renaming == os::Renaming::Done) return;
+            auto exchanged = os::Exchange::Unsupported;
+            if (renaming == os::Renaming::Taken)
+                run([&] { exchanged = os::exchange(path_, target_); });
+            if (exchanged == os::Exchange::Done) return keepOther(mayReplace, keep);
+            if (exchanged == os::Exchange::Unsupported) break;
         }
-        if (mayReplaceTarget(mayReplace)) {
-            rename();
-            return true;
+        // In several steps, then, which nobody else may take meanwhile.
+        const Claim claim(files_, target_);
+        for (;;) {
+            auto renaming = os::Renaming::Unsupported;
+            run([&] { renaming = os::renameNew(path_, target_); });
+            if (renaming == os::Renaming::Done) return;
+            if (renaming == os::Renaming::Unsupported && !files_.isTaken(target_)) return rename();
+            if (mayReplaceTarget(mayReplace)) return rename();
+            keep(target_);
         }
-        keep(target_);
-        return false;
     }
     void putInPlace() {
         flush();
@@ -120,7 +180,7 @@ class Replacement {
         try {
             return mayReplace(files_.read(target_));
         } catch (const FileError& error) {
-            if (error.number() == FaultNumber::FileNotFound) return true;
+            if (error.number() == FaultNumber::FileNotFound) return false;  // perhaps only to us
             throw;
         }
     }
@@ -194,8 +254,7 @@ void FileSystem::put(const std::filesystem::path& path, std::string_view content
     Replacement replacement(*this, path);
     replacement.write(0, content);
     replacement.flush();
-    while (!replacement.takePlace(mayReplace, keep)) {
-    }
+    replacement.takePlace(mayReplace, keep);
     os::flushFolder(path.parent_path());
 }
 
@@ -203,6 +262,24 @@ void FileSystem::copy(const std::filesystem::path& from, const std::filesystem::
     Replacement replacement(*this, to);
     replacement.takeContentOf(from);
     replacement.putInPlace();
+}
+
+bool FileSystem::isTaken(const std::filesystem::path& path) const {
+    if (exists(path)) return true;
+    const auto names = fileNames(path.parent_path());
+    return std::find(names.begin(), names.end(), path.filename()) != names.end();
+}
+
+bool FileSystem::renameNew(const std::filesystem::path& from,
+                           const std::filesystem::path& to) const {
+    const auto renaming = run([&] { return os::renameNew(from, to); });
+    if (renaming == os::Renaming::Taken) return false;
+    if (renaming == os::Renaming::Unsupported) {
+        if (isTaken(to)) return false;
+        run([&] { os::rename(from, to); });
+    }
+    os::flushFolder(to.parent_path());
+    return true;
 }
 
 void FileSystem::createFolders(const std::filesystem::path& path) const {

@@ -97,12 +97,12 @@ class FileSystem {
         run([&] { os::rename(from, to); });
         os::flushFolder(to.parent_path());
     }
-    /// The same, but false when there is a file with the new name already.
-    bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to) const {
-        if (!run([&] { return os::renameNew(from, to); })) return false;
-        os::flushFolder(to.parent_path());
-        return true;
-    }
+    /// The same, but false when there is a file with the new name already. On some file systems,
+    /// one that gets the name in this very moment is replaced.
+    bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to) const;
+    /// `exists`, also where a mount remembers for some seconds that there was no such name: then
+    /// the folder is listed.
+    bool isTaken(const std::filesystem::path& path) const;
     /// Creates a folder and any missing folders above it.
     void createFolders(const std::filesystem::path& path) const;
     /// `reached` is called for every entry of the folder; it may throw to end the listing.

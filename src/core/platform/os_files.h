@@ -64,8 +64,10 @@ void remove(const std::filesystem::path& path);
 /// A file with the new name is replaced; its access rights are kept as far as the file system
 /// allows.
 void rename(const std::filesystem::path& from, const std::filesystem::path& to);
-/// The same, but false when there is a file with the new name already: nothing is replaced then.
-bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to);
+/// The same in one step with the look whether the new name is free, which some file systems cannot
+/// do. Nothing has happened unless it is Done.
+enum class Renaming { Done, Taken, Unsupported };
+Renaming renameNew(const std::filesystem::path& from, const std::filesystem::path& to);
 /// Two files take each other's name in one step, which some file systems cannot do. Gone if there
 /// is no file `to`; nothing has happened then.
 enum class Exchange { Done, Gone, Unsupported };
@@ -77,6 +79,10 @@ void flushFolder(const std::filesystem::path& folder);
 /// A server may not hear of it: each file still has to be flushed, which then costs little.
 void flushDisk(const std::filesystem::path& folder);
 void createFolder(const std::filesystem::path& path);
+/// False when the name is taken. Of several programs, only one is told that it has made the folder.
+bool createNewFolder(const std::filesystem::path& path);
+/// Removes an empty folder.
+void removeFolder(const std::filesystem::path& path);
 enum class Kind { File, Folder, Other };
 /// Names (no path) of the plain files or the subfolders in a folder, in no particular order and
 /// exactly as they are on the disk. What is there but cannot be examined counts as a file, so that

@@ -225,19 +225,16 @@ bool renamed(const std::filesystem::path& from, const std::filesystem::path& to,
 }  // namespace
 #endif
 
-bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
+Renaming renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
 #ifdef __linux__
-    if (renamed(from, to, kNoReplace)) return true;
-    if (errno == EEXIST) return false;
+    if (renamed(from, to, kNoReplace)) return Renaming::Done;
+    if (errno == EEXIST) return Renaming::Taken;
 #endif
-    // Not every file system can do that, nor have two names for a file.
     if (::link(from.c_str(), to.c_str()) == 0) {
         os::remove(from);
-        return true;
+        return Renaming::Done;
     }
-    if (errno == EEXIST || os::exists(to)) return false;
-    if (::rename(from.c_str(), to.c_str()) != 0) fail(to);
-    return true;
+    return errno == EEXIST ? Renaming::Taken : Renaming::Unsupported;
 }
 
 Exchange exchange([[maybe_unused]] const std::filesystem::path& from,
@@ -273,6 +270,16 @@ void createFolder(const std::filesystem::path& path) {
     if (::mkdir(path.c_str(), 0777) == 0) return;
     const int error = errno;
     if (!isFolder(path)) fail(path, error);
+}
+
+bool createNewFolder(const std::filesystem::path& path) {
+    if (::mkdir(path.c_str(), 0777) == 0) return true;
+    if (errno != EEXIST) fail(path);
+    return false;
+}
+
+void removeFolder(const std::filesystem::path& path) {
+    if (::rmdir(path.c_str()) != 0) fail(path);
 }
 
 std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, Kind kind,

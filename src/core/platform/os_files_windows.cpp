@@ -262,12 +262,12 @@ void rename(const std::filesystem::path& from, const std::filesystem::path& to) 
     if (!::MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), kHow)) fail(to);
 }
 
-bool renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
+Renaming renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
     if (::MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), MOVEFILE_WRITE_THROUGH))
-        return true;
+        return Renaming::Done;
     const DWORD error = ::GetLastError();
     if (error != ERROR_ALREADY_EXISTS && error != ERROR_FILE_EXISTS) fail(to, error);
-    return false;
+    return Renaming::Taken;
 }
 
 Exchange exchange(const std::filesystem::path&, const std::filesystem::path&) {
@@ -283,6 +283,17 @@ void createFolder(const std::filesystem::path& path) {
     if (::CreateDirectoryW(native.c_str(), nullptr)) return;
     const DWORD error = ::GetLastError();
     if (!isFolder(native)) fail(path, error);
+}
+
+bool createNewFolder(const std::filesystem::path& path) {
+    if (::CreateDirectoryW(nativePath(path).c_str(), nullptr)) return true;
+    const DWORD error = ::GetLastError();
+    if (error != ERROR_ALREADY_EXISTS && error != ERROR_FILE_EXISTS) fail(path, error);
+    return false;
+}
+
+void removeFolder(const std::filesystem::path& path) {
+    if (!::RemoveDirectoryW(nativePath(path).c_str())) fail(path);
 }
 
 std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, Kind kind,

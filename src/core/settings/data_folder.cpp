@@ -3,17 +3,25 @@
 #include "core/platform/path_text.h"
 #include "core/platform/text.h"
 
+#include <chrono>
+#include <thread>
+
 namespace bramblet {
 
 DataFolder::DataFolder(const std::filesystem::path& directory)
     : path_(directory.empty() ? directory : withSeparator(directory)) {}
 
-void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
-    const FileSystem once = files.withoutRetry();
+void DataFolder::CheckDataPath(Prompts& prompts) {
+    // The probe has the same name at every desk: another one that is starting may hold it.
+    constexpr int kTries = 10;
+    const FileSystem patient([tries = 0](const FileError& error) mutable {
+        if (++tries == kTries) throw error;
+        std::this_thread::sleep_for(std::chrono::milliseconds(30 + 7 * (os::processNumber() % 10)));
+    });
     const std::filesystem::path probe = file("testfile.tmp");
     try {
         if (path_.empty()) throw FileError(FaultNumber::PathNotFound, path_);
-        // Another desk that is starting at this moment may remove it before we do.
+        // That desk may also remove it before we do.
         const auto unlessGone = [](const auto& step) {
             try {
                 step();
@@ -22,11 +30,11 @@ void DataFolder::CheckDataPath(const FileSystem& files, Prompts& prompts) {
             }
         };
         // One left behind by a power cut would tell when that was.
-        unlessGone([&] { once.remove(probe); });
-        once.touch(probe);
+        unlessGone([&] { patient.remove(probe); });
+        patient.touch(probe);
         unlessGone([&] {
-            checkedAt_ = once.status(probe).modified;
-            once.remove(probe);
+            checkedAt_ = patient.status(probe).modified;
+            patient.remove(probe);
         });
         ok_ = true;
     } catch (const FileError& error) {

@@ -18,7 +18,7 @@ class DataFolder {
 
     /// Tests that the folder is writable by creating and deleting a file in it; shows the no-access
     /// message if that fails. The folder itself is never created.
-    void CheckDataPath(const FileSystem& files, Prompts& prompts);
+    void CheckDataPath(Prompts& prompts);
 
     /// Whether the check succeeded.
     bool DataPathOK() const { return ok_; }
