@@ -69,6 +69,8 @@ LINES = [
     ("Sort them by vendor with a click on the heading",
      "screen_sort", "screen_sort/qtablewidget", "`QTableWidget`, `sortItems`", "faster", 20),
     ("", "screen_sort", None, "", "under", 20),
+    ("Find in them: the first letter typed", "screen_find", None, "", "under", 16),
+    ("… a further letter", "screen_find_next", None, "", "under", 16),
     ("Start with full files, to the first window painted",
      "start:full:painted", "start:featherpad:painted", "FeatherPad, empty", "within", 0.6),
     ("… resident memory, once that window has been at rest for 200 ms",

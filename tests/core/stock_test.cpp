@@ -346,6 +346,8 @@ TEST_F(Exchange, ExportsWhatIsListedInItsOrder) {
     list().PopStockList();
     list().sortBy(static_cast<int>(StockColumn::Description));
     rewrite(2, &StockItemRecord::Status, kDeletedItem);  // elsewhere, since it was listed
+    list().find("zinc");  // which hides the others, but they are listed
+    EXPECT_EQ(list().rowCount(), 1);
     exportTo("Stock Items", file, {}, 2);
     Records exported{record(3), record(1)};
     exported[0].Status = exported[1].Status = kExportedItem;

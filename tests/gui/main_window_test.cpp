@@ -271,6 +271,54 @@ TEST_F(MainWindowTest, TheListIsFilteredCountedAndRedWhereARequisitionIsOpen) {
     EXPECT_EQ(driver->control("BottomLabel")->toolTip(), "0 orders listed");
 }
 
+TEST_F(MainWindowTest, TheFindBoxNarrowsTheListAndItsRowsStayWhatTheyAre) {
+    for (const char* vendor : {"Acme Steel", "Caf\u00e9 Noir", "Steel & Sons"}) {
+        newOrder();
+        type("ToCombo", vendor);
+        click("SaveChanges");
+    }
+    auto* grid = driver->find<QTableView>("POGrid");
+    const auto current = [&] {
+        return grid->currentIndex().isValid() ? cell(grid->currentIndex().row(), kNumberColumn)
+                                              : "";
+    };
+    driver->control("ByEd")->setFocus();
+    driver->trigger("mu_FindInList");  // Ctrl+F
+    ASSERT_EQ(QApplication::focusWidget(), driver->control("FindEd"));
+    QTest::keyClicks(QApplication::focusWidget(), "cafe");
+    EXPECT_EQ(driver->rows("POGrid"), 1);
+    EXPECT_EQ(text("ListCount"), "1 of 3 orders listed");
+    EXPECT_EQ(current(), "") << "the row of the order shown is hidden";
+    EXPECT_FALSE(grid->selectionModel()->hasSelection());
+    driver->trigger("mu_DeleteOrder");  // asks nothing: no row is current
+
+    type("FindEd", "STEEL");
+    EXPECT_EQ(driver->rows("POGrid"), 2);
+    EXPECT_EQ(current(), "000003") << "it can be seen again";
+    driver->clickHeading("POGrid", kVendorColumn);
+    driver->clickCell("POGrid", 0, kVendorColumn);
+    EXPECT_EQ(text("ToCombo"), "Acme Steel");
+    driver->answer("000003", QMessageBox::Yes);
+    chooseInMenu("POGrid", 1, "POPop", "POPop_delete");
+    EXPECT_EQ(driver->rows("POGrid"), 1);
+    EXPECT_EQ(text("ListCount"), "1 of 2 orders listed");
+    EXPECT_EQ(current(), "") << "nothing takes the place of the deleted one";
+
+    driver->control("ByEd")->setFocus();
+    driver->trigger("mu_FindInList");
+    driver->press("FindEd", Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), grid);
+    EXPECT_EQ(current(), "000001");
+    driver->control("ByEd")->setFocus();
+    driver->trigger("mu_FindInList");
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(text("FindEd"), "");
+    EXPECT_EQ(text("ListCount"), "2 orders listed");
+    EXPECT_EQ(current(), "000001");
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "ByEd") << "where it came from";
+}
+
 TEST_F(MainWindowTest, TheCalendarFillsItsBoxAndClosesOnEscape) {
     newOrder();
     type("ShipDateEd", "3/20/2026");
@@ -337,7 +385,7 @@ TEST_F(MainWindowTest, TabGoesThroughTheOrderAsItIsRead) {
     EXPECT_EQ(passed.join(' '),
               "ToField ShipToCombo ShipToField JobNumberEd ByEd ShipViaEd FOBEd TermsEd CommentsEd "
               "OrderGrid DiscountFactorEd DiscountEd TaxFactorEd SalesTaxEd ShippingEd POGrid "
-              "ListCheckPO ListCheckRE ListCheckRecd HideOrders NewPO Save_PO Clear TotalUp "
+              "FindEd ListCheckPO ListCheckRE ListCheckRecd HideOrders NewPO Save_PO Clear TotalUp "
               "MakeOrder HelpButton PONoEd OptionPO MarkReceivedCheck OrderDateEd OrderDatePicker "
               "ShipDateEd ShipDatePicker ToCombo");
 }

@@ -67,9 +67,10 @@ constexpr std::array<IndexColumn, kSavedOrderColumns> kOrderColumnTable{
 
 SavedOrders::SavedOrders(Commands& commands, const OrderIndex& index,
                          const RegionalFormats& formats)
-    : ListTable(formats), commands_(commands), index_(index) {
+    : RecordList(formats), commands_(commands), index_(index) {
     for (const IndexColumn& column : kOrderColumnTable)
         shown_.push_back(&column);
+    sorting_ = {&kOrderColumnTable[kNumberColumn], true};
 }
 
 void SavedOrders::PopPOGrid() {
@@ -84,17 +85,12 @@ void SavedOrders::PopPOGrid() {
 }
 
 void SavedOrders::take(OrderRecords records) {
-    records_ = std::move(records);
-    read_ = true;
+    hold(std::move(records));
     refill();
 }
 
 void SavedOrders::refill() {
-    rows_.clear();
-    for (const OrderRow record : records_) {
-        if (isListed(record)) rows_.push_back(record);
-    }
-    sort(&kOrderColumnTable[kNumberColumn], true);
+    list([this](const OrderRow& record) { return isListed(record); });
     commands_.changed(&Views::savedOrders);
 }
 
@@ -112,6 +108,11 @@ void SavedOrders::ListCheck_Click(bool SavedOrders::*filter, bool checked) {
 
 void SavedOrders::sortBy(int column) {
     sortByHeading(column);
+    commands_.changed(&Views::savedOrders);
+}
+
+void SavedOrders::find(const std::string& typed) {
+    seek(typed);
     commands_.changed(&Views::savedOrders);
 }
 
@@ -136,10 +137,6 @@ NumberUse SavedOrders::useOf(const std::string& orderNumber) const {
         return deleted ? NumberUse::TakenByDeleted : NumberUse::Taken;
     }
     return NumberUse::Free;
-}
-
-std::string SavedOrders::countText() const {
-    return listedText(rows_.size(), "orders", read_);
 }
 
 bool SavedOrders::isListed(const OrderRow& record) const {

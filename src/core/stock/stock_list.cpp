@@ -77,7 +77,7 @@ class Distinct {
 
 StockList::StockList(FileSystem files, Commands& commands, const Settings& settings,
                      const OpenOrder& open, const RegionalFormats& formats)
-    : ListTable(formats),
+    : RecordList(formats),
       commands_(commands),
       settings_(settings),
       open_(open),
@@ -98,21 +98,20 @@ void StockList::PopStockList() {
         read_ = commands_.attempt(
             "The list of stock items was not read: ", [&] { items = file_.readItems(vendor); },
             Loss::List);
-        if (read_) list(std::move(items));
+        if (read_) hold(std::move(items));
     }
+    refill();
+}
+
+void StockList::refill() {
     shown_.clear();
     for (const ItemColumn& column : kColumns) {
         if (&column != &facts(StockColumn::OnHand) || isOn(settings_.UseQuantities))
             shown_.push_back(&column);
     }
-    commands_.changed(&Views::stockList);
-}
-
-void StockList::list(StockRecords items) {
-    records_ = std::move(items);
-    rows_.assign(records_.begin(), records_.end());
-    sortedBy_ = nullptr;
+    list([](const StockRow&) { return true; });
     entries_.reset();
+    commands_.changed(&Views::stockList);
 }
 
 const StockList::Entries& StockList::entries() const {
@@ -146,13 +145,14 @@ int StockList::rowOf(const std::string& fileNumber) const {
     return row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
 }
 
-std::string StockList::countText() const {
-    return listedText(rows_.size(), "stock items", read_);
-}
-
 void StockList::sortBy(int column) {
     if (column >= columnCount()) return;
     sortByHeading(column);
+    commands_.changed(&Views::stockList);
+}
+
+void StockList::find(const std::string& typed) {
+    seek(typed);
     commands_.changed(&Views::stockList);
 }
 

@@ -9,9 +9,12 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 
 #include <functional>
 #include <numeric>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace bramblet {
@@ -21,6 +24,12 @@ constexpr int kCellMargin = 14;
 constexpr int kRowMargin = 8;
 constexpr int kMostFitted = 32;  ///< characters up to which a text widens its column
 constexpr int kMostGiven = 3;    ///< in a narrow view, columns give up to a third of their width
+
+/// How a list is sorted and narrowed, as one text.
+std::string arrangementOf(const Table& table) {
+    return std::to_string(table.sortColumn().value_or(-1)) +
+           (table.sortedDescending() ? "descending " : "ascending ") + table.sought();
+}
 
 }  // namespace
 
@@ -114,17 +123,44 @@ GridView::GridView(const char* name, const QString& accessibleName, const QStrin
             [this](const QModelIndex& index) { emit rowClicked(index.row()); });
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { emit rowDoubleClicked(index.row()); });
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
+        if (!refreshing_) topKey_ = value > 0 ? keyOf(rowAt(0)) : std::string();
+    });
     setModel(model_);
 }
 
 void GridView::refresh() {
     if (model_->columnCount() != table_.columnCount()) resizedByHand_ = false;
+    refreshing_ = true;
+    const int scrolled = verticalScrollBar()->value();
     model_->refresh();
+    keepPlace(scrolled);
+    refreshing_ = false;
     const auto sorted = table_.sortColumn();
     horizontalHeader()->setSortIndicatorShown(sorted.has_value());
     if (!sorted) return;
     horizontalHeader()->setSortIndicator(
         *sorted, table_.sortedDescending() ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+/// `scrolled` is the place of the scroll bar before the rows changed.
+void GridView::keepPlace(int scrolled) {
+    const std::string arrangement = arrangementOf(table_);
+    const bool rearranged = std::exchange(arrangement_, arrangement) != arrangement;
+    const int current = currentKey_.empty() ? -1 : table_.rowOf(currentKey_);
+    if (current >= 0) showRow(current);
+    if (current < 0 && scrolled == 0) return;
+    executeDelayedItemsLayout();  // the scroll bar learns of the rows
+    if (rearranged) {
+        current >= 0 ? scrollTo(model_->index(current, 0)) : scrollToTop();
+        return;
+    }
+    const int top = topKey_.empty() ? -1 : table_.rowOf(topKey_);
+    verticalScrollBar()->setValue(top >= 0 ? top : scrolled);
+}
+
+std::string GridView::keyOf(int row) const {
+    return row >= 0 && row < table_.rowCount() ? table_.key(row) : std::string();
 }
 
 void GridView::showRow(int row) {
@@ -133,8 +169,21 @@ void GridView::showRow(int row) {
     showingRow_ = false;
 }
 
+void GridView::showKey(const std::string& key) {
+    if (key == currentKey_) return;
+    const int row = key.empty() ? -1 : table_.rowOf(key);
+    row >= 0 ? showRow(row) : selectionModel()->clear();
+    currentKey_ = key;
+}
+
+void GridView::enter() {
+    if (currentRow() < 0 && model_->rowCount() > 0) selectRow(0);
+    setFocus();
+}
+
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
+    currentKey_ = keyOf(current.row());
     if (!showingRow_ && current.isValid()) emit rowReached(current.row());
 }
 

@@ -120,8 +120,7 @@ void StockPanel::refreshList() {
     for (HistoryBox* combo : {category_, vendor_, unit_}) {
         if (combo->hasFocus()) fillList(combo);
     }
-    const int row = stock_.rowOf(stock_.FileOrderTag());
-    if (row >= 0) grid_->showRow(row);
+    grid_->showKey(stock_.FileOrderTag());
     refreshEditor();
 }
 
