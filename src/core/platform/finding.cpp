@@ -24,14 +24,17 @@ struct Folds {
 
 void appendFolded(std::string& letters, std::string_view text) {
     static const Folds folds;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (const char single = folds.single[byte]; single != 0) {
-            letters.push_back(single);
-        } else {
-            letters += folds.letters[byte];
-        }
+    const std::size_t start = letters.size();
+    letters += text;
+    bool allSingle = true;
+    for (std::size_t i = start; i < letters.size(); ++i) {
+        letters[i] = folds.single[static_cast<unsigned char>(letters[i])];
+        allSingle = allSingle && letters[i] != 0;
     }
+    if (allSingle) return;
+    letters.resize(start);
+    for (const char c : text)
+        letters += folds.letters[static_cast<unsigned char>(c)];
 }
 
 }  // namespace
@@ -45,6 +48,11 @@ std::vector<std::string> foldedWords(std::string_view typed) {
         appendFolded(words.emplace_back(), typed.substr(0, length));
         typed.remove_prefix(length);
     }
+}
+
+void FoldedTexts::reserve(std::size_t rows, std::size_t letters) {
+    ends_.reserve(rows);
+    letters_.reserve(letters);
 }
 
 void FoldedTexts::add(std::string_view text) {

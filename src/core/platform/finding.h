@@ -16,6 +16,8 @@ std::vector<std::string> foldedWords(std::string_view typed);
 /// for all its cases and accents.
 class FoldedTexts {
   public:
+    /// Makes room for so many rows and letters.
+    void reserve(std::size_t rows, std::size_t letters);
     /// Adds a text to the row under way; no word reaches from one text into the next.
     void add(std::string_view text);
     void endRow() { ends_.push_back(letters_.size()); }

@@ -21,6 +21,10 @@ class RecordList : public ListTable<RecordView<Layout>> {
     /// All rows of the list, those as well that do not hold what is looked for.
     const std::vector<Row>& listed() const { return listed_; }
     std::string sought() const override { return sought_; }
+    /// Folds the texts of the rows, so that the first letter typed need not wait for it.
+    void prepareToFind() {
+        if (texts_.rows() != records_.size()) fold();
+    }
 
   protected:
     using Base = ListTable<Row>;
@@ -82,7 +86,7 @@ class RecordList : public ListTable<RecordView<Layout>> {
   private:
     void narrow() {
         if (words_.empty()) return;
-        if (texts_.rows() != records_.size()) fold();
+        prepareToFind();
         const char* const first = records_.bytes().data();
         std::erase_if(rows_, [&](const Row& row) {
             const auto place = static_cast<std::size_t>(row.bytes().data() - first) / Row::kSize;
@@ -92,6 +96,7 @@ class RecordList : public ListTable<RecordView<Layout>> {
 
     /// Of each record, the texts that the list shows.
     void fold() {
+        texts_.reserve(records_.size(), records_.bytes().size());
         for (const Row& record : records_) {
             for (const auto* column : shown_) {
                 const bool isText = column->amount == nullptr && column->characters > 0;
@@ -105,7 +110,7 @@ class RecordList : public ListTable<RecordView<Layout>> {
     typename Base::Sorting sortedBefore_;
     std::string sought_;
     std::vector<std::string> words_;  ///< of what is sought
-    FoldedTexts texts_;               ///< by the records' places; made when first needed
+    FoldedTexts texts_;               ///< by the records' places
 };
 
 }  // namespace bramblet

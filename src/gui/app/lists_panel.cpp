@@ -27,6 +27,9 @@ ListsPanel::ListsPanel(Program& program, QWidget* parent) : QWidget(parent), pro
 QLayout* ListsPanel::makeBar() {
     find_ = new FindBox("FindEd");
     connect(find_, &QLineEdit::textChanged, this, &ListsPanel::find);
+    connect(find_, &FindBox::entered, this, [this] {
+        showsOrders() ? program_.savedOrders.prepareToFind() : program_.stock.prepareToFind();
+    });
     connect(find_, &FindBox::listWanted, this, [this] { grid()->enter(); });
     label_ = namedLabel("BottomLabel");
     count_ = quietLabel("ListCount", {});

@@ -35,6 +35,11 @@ void FindBox::leave() {
     emit listWanted();
 }
 
+void FindBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    emit entered();
+}
+
 void FindBox::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Escape:

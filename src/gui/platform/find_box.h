@@ -17,10 +17,13 @@ class FindBox : public QLineEdit {
     void enter();
 
   signals:
+    /// The user is about to type.
+    void entered();
     /// The user goes on to the list.
     void listWanted();
 
   protected:
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
