@@ -2,6 +2,8 @@
 
 #include "support/office.h"
 
+#include <limits>
+
 namespace bramblet::test {
 namespace {
 
@@ -104,6 +106,63 @@ TEST_F(SavedOrdersTest, HeadingsSortInTurn) {
     }
     list().PopPOGrid();
     EXPECT_EQ(numbers(), sorted.back().second) << "it stays sorted as it was";
+}
+
+TEST_F(SavedOrdersTest, WhatIsListedIsSummedUpAndToldInWords) {
+    EXPECT_EQ(list().totalText(), "$4,938.00");
+    list().find("n");
+    EXPECT_EQ(list().totalText(), "$3,703.50");
+    EXPECT_EQ(list().sumsText(),
+              "Order Total: $3,703.50\r\nShipping: $0.00\r\nSales Tax: $0.00\r\nNet: $0.00\r\n"
+              "Discount: $0.00\r\nSub Total: $0.00");
+    list().find("");
+    Texts marks;
+    for (int row = 0; row < list().rowCount(); ++row)
+        marks.push_back(list().markText(row));
+    EXPECT_EQ(marks,
+              (Texts{"Requisition", "", "Requisition, received", "Purchase order, received"}));
+
+    OrderIndexRecord damaged;
+    damaged.OrderTotal = Currency{std::numeric_limits<std::int64_t>::max()};
+    writeFile(data("po_data.dat"),
+              stored("po_data.dat") + encodeRecord(kOrderIndexLayout, damaged));
+    list().PopPOGrid();
+    EXPECT_EQ(list().totalText(), "") << "beyond the range";
+}
+
+TEST_F(SavedOrdersTest, AColleaguesChangeIsNoticedWithoutAWord) {
+    const auto refreshes = [&] {
+        const std::size_t before = screen.refreshed.size();
+        program().lookForNews();
+        return screen.refreshed.size() - before;
+    };
+    EXPECT_EQ(refreshes(), 0u) << "nothing is new";
+    list().sortBy(kVendorColumn);
+    list().find("n");
+    add("A", "000011", "Amber & Nut");
+    EXPECT_EQ(refreshes(), 1u);
+    EXPECT_EQ(numbers(), (Texts{"000011", "000002", "000010", "000009"}));
+    EXPECT_EQ(refreshes(), 0u);
+    const std::string index = stored("po_data.dat");
+    writeFile(data("po_data.dat"), index);  // another time stamp, perhaps, but the same orders
+    EXPECT_EQ(refreshes(), 0u);
+
+    program().commands.say("A failure");
+    const int waited = waits;
+    std::filesystem::remove(data("po_data.dat"));
+    EXPECT_EQ(refreshes(), 0u);
+    EXPECT_FALSE(std::filesystem::exists(data("po_data.dat"))) << "a look creates nothing";
+    obstruct(data("po_data.dat"));
+    EXPECT_EQ(refreshes(), 0u);
+    EXPECT_EQ(numbers().size(), 4u);
+    EXPECT_EQ(waits, waited);
+    EXPECT_EQ(screen.lastLine, "A failure.") << "it says nothing of its own";
+
+    std::filesystem::remove_all(data("po_data.dat"));
+    writeFile(data("po_data.dat"), index.substr(0, 2 * index.size() / 6));
+    program().commands.run([&] { EXPECT_EQ(refreshes(), 0u) << "a command runs"; });
+    EXPECT_EQ(refreshes(), 1u);
+    EXPECT_EQ(numbers(), (Texts{"000010", "000009"}));
 }
 
 TEST_F(SavedOrdersTest, EqualRowsStayAsTheyWereSortedBefore) {

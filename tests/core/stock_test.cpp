@@ -112,8 +112,9 @@ TEST_F(Stock, SavingAChangeFindsTheItemByItsNumberAndRevivesADeletedOne) {
 TEST_F(Stock, AChangedUnitCostIsNotCleaned) {
     saveItem("first");
     const std::string before = bytes();
+    start();
     list().SaveChangedStockItem_Click();
-    deleteItem("A\r\nV\r\nfirst");
+    deleteItem("\r\n\r\n");
     expectSaid("Bad record number");
     EXPECT_EQ(bytes(), before) << "without a picked item nothing is written";
     list().StockGrid_Click(0);
@@ -248,6 +249,27 @@ TEST_F(Stock, HeadingsSortNumbersAsNumbersAndTextWithoutCase) {
     EXPECT_EQ(descriptions(), sorted.back().second) << "cannot be read, and stays";
     EXPECT_EQ(list().countText(), "3 stock items listed before; now it could not be read");
     expectSaid("The list of stock items was not read");
+}
+
+TEST_F(Stock, ANewItemIsThePickedOneAndAColleaguesIsNoticed) {
+    saveItems({"zinc", "anvil"});
+    list().sortBy(static_cast<int>(StockColumn::Description));
+    EXPECT_EQ(list().FileOrderTag(), "2");
+    saveChanged(&StockItemBoxes::StockDescriptionEd, "anvil, heavy");
+    EXPECT_EQ(catalogue(), "1: zinc, 2: anvil, heavy");
+    EXPECT_EQ(descriptions(), (Rows{"anvil, heavy", "zinc"})) << "it stays sorted";
+    list().find("zinc");
+    saveItem("bolt");
+    expectSaid("Item 3 is saved; it is not among those listed.");
+    EXPECT_EQ(list().FileOrderTag(), "3");
+    list().find("");
+
+    program().lookForNews();
+    const std::size_t refreshed = screen.refreshed.size();
+    rewrite(1, &StockItemRecord::Description, "tin");
+    program().lookForNews();
+    EXPECT_EQ(descriptions(), (Rows{"anvil, heavy", "bolt", "tin"}));
+    EXPECT_EQ(screen.refreshed.size(), refreshed + 1);
 }
 
 TEST_F(Stock, TheWidestAmountOfAColumnIsKnown) {

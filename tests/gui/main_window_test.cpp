@@ -283,9 +283,21 @@ TEST_F(MainWindowTest, TheListIsFilteredCountedAndRedWhereARequisitionIsOpen) {
     };
     EXPECT_EQ(colour(kNumberColumn).value<QColor>(), QColor(255, 0, 0));
     EXPECT_FALSE(colour(kVendorColumn).isValid());
+    const QModelIndex number = driver->find<QTableView>("POGrid")->model()->index(0, kNumberColumn);
+    EXPECT_TRUE(number.data(Qt::DecorationRole).isValid());
+    EXPECT_EQ(number.data(Qt::ToolTipRole).toString(), "Requisition");
     click("OptionPO");
     click("SaveChanges");
     EXPECT_FALSE(colour(kNumberColumn).isValid());
+    EXPECT_FALSE(number.data(Qt::DecorationRole).isValid());
+    click("MarkReceivedCheck");
+    click("SaveChanges");
+    EXPECT_EQ(number.data(Qt::ToolTipRole).toString(), "Purchase order, received");
+    EXPECT_EQ(colour(kNumberColumn).value<QColor>(),
+              QApplication::palette().color(QPalette::ButtonText));
+    EXPECT_NE(colour(kVendorColumn).value<QColor>(), QApplication::palette().color(QPalette::Text));
+    click("MarkReceivedCheck");
+    click("SaveChanges");
 
     for (const char* box : {"ListCheckRE", "ListCheckRecd", "ListCheckPO"}) {
         EXPECT_TRUE(driver->find<QCheckBox>(box)->isChecked()) << box;
@@ -342,6 +354,40 @@ TEST_F(MainWindowTest, TheFindBoxNarrowsTheListAndItsRowsStayWhatTheyAre) {
     EXPECT_EQ(current(), "000001");
     driver->press("FindEd", Qt::Key_Escape);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "ByEd") << "where it came from";
+}
+
+TEST_F(MainWindowTest, AColleaguesOrdersAppearAndTheViewStaysWhereItWas) {
+    newOrder();
+    auto* grid = driver->find<QTableView>("POGrid");
+    const auto colleagueSaves = [&](int first, int last) {
+        Order theirs = order();
+        for (int number = first; number <= last; ++number) {
+            theirs.PONoEd = std::to_string(number);
+            program->index.RecordData(theirs);
+        }
+    };
+    colleagueSaves(200, 300);
+    QTRY_COMPARE_WITH_TIMEOUT(driver->rows("POGrid"), 102, 10000);  // all by itself
+    grid->horizontalHeader()->moveSection(kVendorColumn, 0);
+    grid->horizontalHeader()->resizeSection(kVendorColumn, 333);
+    grid->selectRow(40);  // as the arrow keys do: nothing is opened
+    grid->verticalScrollBar()->setValue(38);
+    const auto onTop = [&] { return cell(grid->rowAt(0), kNumberColumn); };
+    const auto current = [&] { return cell(grid->currentIndex().row(), kNumberColumn); };
+    EXPECT_EQ(onTop() + current(), "262260");
+
+    colleagueSaves(301, 305);
+    program->lookForNews();
+    EXPECT_EQ(driver->rows("POGrid"), 107);
+    EXPECT_EQ(onTop() + current(), "262260");
+    EXPECT_TRUE(grid->selectionModel()->isRowSelected(grid->currentIndex().row(), {}));
+    EXPECT_EQ(text("PONoEd"), "000001");
+    EXPECT_EQ(grid->columnWidth(kVendorColumn), 333);
+    EXPECT_EQ(grid->horizontalHeader()->visualIndex(kVendorColumn), 0);
+
+    driver->clickHeading("POGrid", kNumberColumn);
+    EXPECT_EQ(current(), "260");
+    EXPECT_TRUE(grid->viewport()->rect().contains(grid->visualRect(grid->currentIndex()).center()));
 }
 
 TEST_F(MainWindowTest, TheCalendarFillsItsBoxAndClosesOnEscape) {

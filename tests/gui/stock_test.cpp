@@ -65,7 +65,8 @@ TEST_F(StockWindows, ItemsArePickedAddedToTheOrderAndChanged) {
     EXPECT_EQ(driver->cell("StockGrid", 0, 4), "7.95");
     EXPECT_EQ(text("FileOrderTag"), "1") << "it stays picked";
     saveItem("Hinges", "Eastgate", "Pivot hinge", "3");
-    EXPECT_EQ(text("StockDescriptionEd"), "Pivot hinge") << "it does not come back into the boxes";
+    EXPECT_EQ(text("StockDescriptionEd") + text("FileOrderTag"), "Pivot hinge3");
+    EXPECT_EQ(grid->currentIndex().row(), 2) << "the new one is picked";
 }
 
 TEST_F(StockWindows, EachListHasItsOwnFindingAndAHiddenItemIsNotAdded) {

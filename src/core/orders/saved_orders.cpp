@@ -77,11 +77,19 @@ void SavedOrders::PopPOGrid() {
     // What is shown changes in one go: reading may have to wait, and the windows stay live
     // meanwhile.
     OrderRecords records;
+    const auto state = index_.glance();
     const bool read = commands_.attempt(
         "The list of saved orders was not read: ", [&] { records = index_.readAll(); }, Loss::List);
-    if (read) return take(std::move(records));
+    if (read) {
+        seen_ = state;
+        return take(std::move(records));
+    }
     read_ = false;
     refill();
+}
+
+void SavedOrders::lookForNews() {
+    if (holdNews(index_.glance(), [this] { return index_.readAtOnce(); })) refill();
 }
 
 void SavedOrders::take(OrderRecords records) {
@@ -121,6 +129,22 @@ Table::Mark SavedOrders::mark(int row) const {
     const std::string status = cell(row, kStatusColumn);
     if (status == "R") return Mark::Requisition;
     return status == "a" || status == "r" ? Mark::Received : Mark::None;
+}
+
+std::string SavedOrders::markText(int row) const {
+    const std::string status = cell(row, kStatusColumn);
+    if (status == "R") return "Requisition";
+    if (status == "a") return "Purchase order, received";
+    return status == "r" ? "Requisition, received" : "";
+}
+
+std::string SavedOrders::sumsText() const {
+    std::string sums;
+    for (int column = kOrderTotalColumn; column <= kSubTotalColumn; ++column) {
+        if (column != kOrderTotalColumn) sums += "\r\n";
+        sums += std::string(look(column).heading) + ": " + sumText(column);
+    }
+    return sums;
 }
 
 int SavedOrders::rowOf(const std::string& orderNumber) const {

@@ -47,6 +47,9 @@ class SavedOrders : public RecordList<kOrderIndexLayout> {
     /// The same with records that have just been read.
     void take(OrderRecords records);
 
+    /// Rereads the index if somebody has changed it since; says nothing when that cannot be told.
+    void lookForNews();
+
     /// Switches to this list, and rereads it.
     void ViewExisting_Click();
     /// A click on one of the filter boxes: rebuilds the list.
@@ -59,6 +62,7 @@ class SavedOrders : public RecordList<kOrderIndexLayout> {
 
     std::string number(int row) const { return cell(row, kNumberColumn); }
     Mark mark(int row) const override;
+    std::string markText(int row) const override;
     std::string key(int row) const override { return number(row); }
     int rowOf(const std::string& orderNumber) const override;
 
@@ -67,6 +71,10 @@ class SavedOrders : public RecordList<kOrderIndexLayout> {
 
     /// The index as it was last read; nothing when that failed.
     const OrderRecords* records() const { return read_ ? &records_ : nullptr; }
+
+    /// What the listed orders come to, and the sums of all amounts, each with its heading.
+    std::string totalText() const { return sumText(kOrderTotalColumn); }
+    std::string sumsText() const;
 
     /// "12 orders listed", or that they could not be read: the tool tip of the label under the
     /// list.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/platform/currency.h"
+#include "core/platform/fault.h"
 #include "core/platform/regional_formats.h"
 #include "core/platform/sorting.h"
 
@@ -50,9 +51,10 @@ class Table {
     /// The row with a key; -1 when it is not there.
     virtual int rowOf(const std::string& /*key*/) const { return -1; }
 
-    /// What sets a row apart in its first cell.
+    /// What sets a row apart, and the same in words.
     enum class Mark { None, Requisition, Received };
     virtual Mark mark(int) const { return Mark::None; }
+    virtual std::string markText(int) const { return {}; }
 };
 
 /// A column of a list of `Row`s. It holds either a text or an amount.
@@ -125,6 +127,18 @@ class ListTable : public Table {
         std::string low = text(least, least < 0 ? 1 - kUnit : 0);
         std::string high = text(most, kUnit - 1);
         return low.size() > high.size() ? low : high;
+    }
+
+    /// What the amounts of a column come to; empty when that is beyond the range of Currency.
+    std::string sumText(int place) const {
+        Currency sum;
+        try {
+            for (const Row& row : rows_)
+                sum = sum + column(place).amount(row);
+        } catch (const Fault&) {
+            return {};
+        }
+        return column(place).amountText(sum, formats_);
     }
 
     std::optional<int> sortColumn() const override {

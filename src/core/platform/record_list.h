@@ -2,11 +2,14 @@
 // that hold what is looked for. Sorting and finding touch neither the file nor the records.
 #pragma once
 
+#include "core/platform/fault.h"
 #include "core/platform/finding.h"
 #include "core/platform/fixed_record.h"
 #include "core/platform/list_table.h"
+#include "core/platform/os_files.h"
 #include "core/platform/text.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,6 +41,22 @@ class RecordList : public ListTable<RecordView<Layout>> {
         records_ = std::move(records);
         texts_ = {};
         read_ = true;
+    }
+
+    /// Takes over what `read` gives, if the file is no longer as it was `seen_` and something in it
+    /// is new. What cannot be read at once is left for the next time.
+    template <class Read>
+    bool holdNews(const std::optional<os::FileStatus>& state, Read read) {
+        if (!state || state == seen_) return false;
+        try {
+            Records<Layout> records = read();
+            seen_ = state;
+            if (read_ && records.bytes() == records_.bytes()) return false;
+            hold(std::move(records));
+            return true;
+        } catch (const Fault&) {
+            return false;
+        }
     }
 
     /// Lists the records that `isListed` accepts, sorted as the list was.
@@ -81,7 +100,8 @@ class RecordList : public ListTable<RecordView<Layout>> {
     }
 
     Records<Layout> records_;
-    bool read_ = false;  ///< whether the records come from the last reading
+    bool read_ = false;                   ///< whether the records come from the last reading
+    std::optional<os::FileStatus> seen_;  ///< the file just before it was last read
 
   private:
     void narrow() {

@@ -92,15 +92,27 @@ void StockList::PopStockList() {
     // What is shown changes in one go: reading may have to wait, and the windows stay live
     // meanwhile. The items now listed stay when the catalogue cannot be read.
     if (commands_.folder().DataPathOK()) {
-        const std::string vendor =
-            VendorItemsCheck ? trimmed(open_.order().ToCombo) : std::string();
         StockRecords items;
+        const auto state = file_.glance();
         read_ = commands_.attempt(
-            "The list of stock items was not read: ", [&] { items = file_.readItems(vendor); },
-            Loss::List);
-        if (read_) hold(std::move(items));
+            "The list of stock items was not read: ",
+            [&] { items = file_.readItems(vendorListed()); }, Loss::List);
+        if (read_) {
+            seen_ = state;
+            hold(std::move(items));
+        }
     }
     refill();
+}
+
+void StockList::lookForNews() {
+    if (holdNews(file_.glance(), [this] { return file_.readItemsAtOnce(vendorListed()); }))
+        refill();
+}
+
+/// The vendor whose items alone are listed; empty when all are.
+std::string StockList::vendorListed() const {
+    return VendorItemsCheck ? trimmed(open_.order().ToCombo) : std::string();
 }
 
 void StockList::refill() {
@@ -169,8 +181,17 @@ void StockList::StockGrid_Click(int row) {
 }
 
 void StockList::SaveNewStockItem_Click() {
-    commands_.onData(
-        [&] { change("The new item was not saved: ", [&] { file_.SaveNewStockItem(boxes); }); });
+    commands_.onData([&] {
+        bool saved = false;
+        change("The new item was not saved: ", [&] {
+            picked_ = file_.SaveNewStockItem(boxes);
+            fileOrderTag_ = tagText(picked_.Tag);
+            saved = true;
+        });
+        if (saved && rowOf(fileOrderTag_) < 0) {
+            commands_.sayDone("Item " + fileOrderTag_ + " is saved; it is not among those listed.");
+        }
+    });
 }
 
 void StockList::SaveChangedStockItem_Click() {

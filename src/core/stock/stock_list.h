@@ -31,6 +31,10 @@ class StockList : public RecordList<kStockItemLayout> {
     /// cannot be read, the previous list stays.
     void PopStockList();
 
+    /// Rereads the catalogue if somebody has changed it since; says nothing when that cannot be
+    /// told.
+    void lookForNews();
+
     /// The text of a column, shown or not.
     std::string text(int row, StockColumn column) const;
     std::string key(int row) const override { return text(row, StockColumn::FileNumber); }
@@ -57,6 +61,7 @@ class StockList : public RecordList<kStockItemLayout> {
     const Entries& entries() const;
     const std::string& FileOrderTag() const { return fileOrderTag_; }
 
+    /// The new item becomes the one picked.
     void SaveNewStockItem_Click();
     void SaveChangedStockItem_Click();
     void DeleteStockItem_Click();
@@ -68,6 +73,7 @@ class StockList : public RecordList<kStockItemLayout> {
 
   private:
     void refill();
+    std::string vendorListed() const;
     int pickedRecord() const;
     std::string pickedInWords() const;
     /// If `record`, found at the number of the picked item, is not that item, says which item it is

@@ -34,6 +34,8 @@ QLayout* ListsPanel::makeBar() {
     label_ = namedLabel("BottomLabel");
     count_ = quietLabel("ListCount", {});
     count_->setMinimumWidth(1);  // in a narrow window, it is the first to be cut short
+    total_ = quietLabel("ListTotal", {});
+    total_->setMinimumWidth(1);
     filters_ = {
         filterBox("ListCheckPO", u"Purchase Orders"_s,
                   u"Check to include Purchase Orders in list"_s, &SavedOrders::ListCheckPO),
@@ -51,8 +53,8 @@ QLayout* ListsPanel::makeBar() {
                                 [this] { program_.savedOrders.ViewExisting_Click(); });
     hideOrders_ = edgedButton("HideOrders", Drawing::Lists, u"Stock Items List"_s,
                               u"Switch to stock items view."_s, [this] { HideOrders_Click(); });
-    return row(12, {grow(find_, 2), label_, count_, spring(), filters_[0], filters_[1], filters_[2],
-                    vendorItems_, viewExisting_, hideOrders_});
+    return row(12, {grow(find_, 2), label_, count_, total_, spring(), filters_[0], filters_[1],
+                    filters_[2], vendorItems_, viewExisting_, hideOrders_});
 }
 
 QCheckBox* ListsPanel::filterBox(const char* name, const QString& caption, const QString& tip,
@@ -67,6 +69,10 @@ QCheckBox* ListsPanel::filterBox(const char* name, const QString& caption, const
 
 void ListsPanel::refreshOrders() {
     orders_->refreshList();
+    const std::string total = program_.savedOrders.totalText();
+    total_->setText(total.empty() ? QString() : u"Total %1"_s.arg(toQt(total)));
+    total_->setToolTip(u"The orders listed come to\n"_s +
+                       messageToQt(program_.savedOrders.sumsText()));
     showView();
 }
 
@@ -111,7 +117,9 @@ void ListsPanel::showView() {
     showText(find_, toQt(orders ? program_.savedOrders.sought() : program_.stock.sought()));
     label_->setText(orders ? u"Saved Orders"_s : toQt(program_.stock.countText()));
     label_->setToolTip(orders ? count : QString());
-    count_->setText(orders ? count : QString());
+    count_->setText(count);
+    count_->setVisible(orders);
+    total_->setVisible(orders);
     for (QCheckBox* filter : filters_)
         filter->setVisible(orders);
     vendorItems_->setVisible(!orders);

@@ -53,6 +53,7 @@ class ListsPanel : public QWidget {
     FindBox* find_;
     QLabel* label_;
     QLabel* count_;
+    QLabel* total_;
     std::vector<QCheckBox*> filters_;
     QCheckBox* vendorItems_;
     QToolButton* viewExisting_;

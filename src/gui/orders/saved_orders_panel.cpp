@@ -4,6 +4,7 @@
 #include "gui/platform/grid_view.h"
 #include "gui/platform/qt_text.h"
 
+#include <QHeaderView>
 #include <QMenu>
 
 namespace bramblet {
@@ -13,6 +14,7 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
     : QWidget(parent), editor_(editor), orders_(orders), open_(open) {
     grid_ = new GridView("POGrid", u"Saved orders"_s,
                          u"Saved orders (click to open, right click for options)."_s, orders, 5);
+    grid_->horizontalHeader()->setSectionsMovable(true);
     auto* menu = new QMenu(this);
     menu->setObjectName(u"POPop"_s);
     auto* remove =

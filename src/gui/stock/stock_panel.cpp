@@ -6,6 +6,7 @@
 #include "gui/platform/qt_text.h"
 
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QMenu>
 
 namespace bramblet {
@@ -19,6 +20,7 @@ StockPanel::StockPanel(StockList& stock, LineItems& lines, QWidget* parent)
 void StockPanel::makeGrid() {
     grid_ = new GridView("StockGrid", u"Stock items"_s,
                          u"Stock items to pick from (double-click, add to order)."_s, stock_, 5);
+    grid_->horizontalHeader()->setSectionsMovable(true);
     auto* menu = new QMenu(this);
     menu->setObjectName(u"itemspop"_s);
     addEntry(menu, "ItemsPopDelete", u"&Delete"_s, {}, [this] { stock_.DeleteStockItem_Click(); });
