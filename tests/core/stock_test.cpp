@@ -112,8 +112,9 @@ TEST_F(Stock, SavingAChangeFindsTheItemByItsNumberAndRevivesADeletedOne) {
 TEST_F(Stock, AChangedUnitCostIsNotCleaned) {
     saveItem("first");
     const std::string before = bytes();
+    start();
     list().SaveChangedStockItem_Click();
-    deleteItem("A\r\nV\r\nfirst");
+    deleteItem("\r\n\r\n");
     expectSaid("Bad record number");
     EXPECT_EQ(bytes(), before) << "without a picked item nothing is written";
     list().StockGrid_Click(0);
@@ -250,6 +251,27 @@ TEST_F(Stock, HeadingsSortNumbersAsNumbersAndTextWithoutCase) {
     expectSaid("The list of stock items was not read");
 }
 
+TEST_F(Stock, ANewItemIsThePickedOneAndAColleaguesIsNoticed) {
+    saveItems({"zinc", "anvil"});
+    list().sortBy(static_cast<int>(StockColumn::Description));
+    EXPECT_EQ(list().FileOrderTag(), "2");
+    saveChanged(&StockItemBoxes::StockDescriptionEd, "anvil, heavy");
+    EXPECT_EQ(catalogue(), "1: zinc, 2: anvil, heavy");
+    EXPECT_EQ(descriptions(), (Rows{"anvil, heavy", "zinc"})) << "it stays sorted";
+    list().find("zinc");
+    saveItem("bolt");
+    expectSaid("Item 3 is saved; it is not among those listed.");
+    EXPECT_EQ(list().FileOrderTag(), "3");
+    list().find("");
+
+    program().lookForNews();
+    const std::size_t refreshed = screen.refreshed.size();
+    rewrite(1, &StockItemRecord::Description, "tin");
+    program().lookForNews();
+    EXPECT_EQ(descriptions(), (Rows{"anvil, heavy", "bolt", "tin"}));
+    EXPECT_EQ(screen.refreshed.size(), refreshed + 1);
+}
+
 TEST_F(Stock, TheWidestAmountOfAColumnIsKnown) {
     program().settings.UseQuantities = "Y";
     EXPECT_EQ(list().widest(static_cast<int>(StockColumn::UnitCost)), "0.00");
@@ -346,6 +368,8 @@ TEST_F(Exchange, ExportsWhatIsListedInItsOrder) {
     list().PopStockList();
     list().sortBy(static_cast<int>(StockColumn::Description));
     rewrite(2, &StockItemRecord::Status, kDeletedItem);  // elsewhere, since it was listed
+    list().find("zinc");  // which hides the others, but they are listed
+    EXPECT_EQ(list().rowCount(), 1);
     exportTo("Stock Items", file, {}, 2);
     Records exported{record(3), record(1)};
     exported[0].Status = exported[1].Status = kExportedItem;

@@ -124,6 +124,31 @@ TEST_F(MainWindowTest, OnlyAChoiceFromTheListPicksAnAddress) {
     EXPECT_EQ(text("ToCombo"), "Cole");
 }
 
+TEST_F(MainWindowTest, NamesAreSuggestedByAnyPartOfThemAndTakenOnlyWhenChosen) {
+    for (const char* vendor : {"Acme Steel", "Bolt", "Steelworks"})
+        saveVendor(vendor, QString(vendor) + " Road");
+    newOrder();
+    auto* box = driver->find<QComboBox>("ToCombo");
+    QAbstractItemView* const suggestions = box->completer()->popup();
+    type("ToField", "one-off address");
+    type("ToCombo", "");
+    QTest::keyClicks(box, "steel");
+    Driver::settle();
+    ASSERT_TRUE(suggestions->isVisible());
+    EXPECT_EQ(suggestions->model()->rowCount(), 2);
+    EXPECT_EQ(suggestions->model()->index(0, 0).data().toString(), "Acme Steel");
+    QTest::keyClick(suggestions, Qt::Key_Tab);  // points at none of them
+    EXPECT_EQ(text("ToCombo") + text("ToField"), "steelone-off address");
+
+    type("ToCombo", "");
+    QTest::keyClicks(box, "steel");
+    Driver::settle();
+    QTest::keyClick(suggestions, Qt::Key_Down);
+    EXPECT_EQ(text("ToCombo"), "steel") << "only pointed at";
+    QTest::keyClick(suggestions, Qt::Key_Return);
+    EXPECT_EQ(text("ToCombo") + text("ToField"), "Acme SteelAcme Steel Road");
+}
+
 TEST_F(MainWindowTest, AListedNameIsPickedWhenItsBoxIsLeftWithoutAnAddressAndCanBeDeleted) {
     // An imported name may hold a tab, which is listed as a blank.
     AddressFile(FileSystem(), program->folder.file("po_addy.dat"))
@@ -258,9 +283,21 @@ TEST_F(MainWindowTest, TheListIsFilteredCountedAndRedWhereARequisitionIsOpen) {
     };
     EXPECT_EQ(colour(kNumberColumn).value<QColor>(), QColor(255, 0, 0));
     EXPECT_FALSE(colour(kVendorColumn).isValid());
+    const QModelIndex number = driver->find<QTableView>("POGrid")->model()->index(0, kNumberColumn);
+    EXPECT_TRUE(number.data(Qt::DecorationRole).isValid());
+    EXPECT_EQ(number.data(Qt::ToolTipRole).toString(), "Requisition");
     click("OptionPO");
     click("SaveChanges");
     EXPECT_FALSE(colour(kNumberColumn).isValid());
+    EXPECT_FALSE(number.data(Qt::DecorationRole).isValid());
+    click("MarkReceivedCheck");
+    click("SaveChanges");
+    EXPECT_EQ(number.data(Qt::ToolTipRole).toString(), "Purchase order, received");
+    EXPECT_EQ(colour(kNumberColumn).value<QColor>(),
+              QApplication::palette().color(QPalette::ButtonText));
+    EXPECT_NE(colour(kVendorColumn).value<QColor>(), QApplication::palette().color(QPalette::Text));
+    click("MarkReceivedCheck");
+    click("SaveChanges");
 
     for (const char* box : {"ListCheckRE", "ListCheckRecd", "ListCheckPO"}) {
         EXPECT_TRUE(driver->find<QCheckBox>(box)->isChecked()) << box;
@@ -269,6 +306,88 @@ TEST_F(MainWindowTest, TheListIsFilteredCountedAndRedWhereARequisitionIsOpen) {
     }
     EXPECT_EQ(driver->rows("POGrid"), 0);
     EXPECT_EQ(driver->control("BottomLabel")->toolTip(), "0 orders listed");
+}
+
+TEST_F(MainWindowTest, TheFindBoxNarrowsTheListAndItsRowsStayWhatTheyAre) {
+    for (const char* vendor : {"Acme Steel", "Caf\u00e9 Noir", "Steel & Sons"}) {
+        newOrder();
+        type("ToCombo", vendor);
+        click("SaveChanges");
+    }
+    auto* grid = driver->find<QTableView>("POGrid");
+    const auto current = [&] {
+        return grid->currentIndex().isValid() ? cell(grid->currentIndex().row(), kNumberColumn)
+                                              : "";
+    };
+    driver->control("ByEd")->setFocus();
+    driver->trigger("mu_FindInList");  // Ctrl+F
+    ASSERT_EQ(QApplication::focusWidget(), driver->control("FindEd"));
+    QTest::keyClicks(QApplication::focusWidget(), "cafe");
+    EXPECT_EQ(driver->rows("POGrid"), 1);
+    EXPECT_EQ(text("ListCount"), "1 of 3 orders listed");
+    EXPECT_EQ(current(), "") << "the row of the order shown is hidden";
+    EXPECT_FALSE(grid->selectionModel()->hasSelection());
+    driver->trigger("mu_DeleteOrder");  // asks nothing: no row is current
+
+    type("FindEd", "STEEL");
+    EXPECT_EQ(driver->rows("POGrid"), 2);
+    EXPECT_EQ(current(), "000003") << "it can be seen again";
+    driver->clickHeading("POGrid", kVendorColumn);
+    driver->clickCell("POGrid", 0, kVendorColumn);
+    EXPECT_EQ(text("ToCombo"), "Acme Steel");
+    driver->answer("000003", QMessageBox::Yes);
+    chooseInMenu("POGrid", 1, "POPop", "POPop_delete");
+    EXPECT_EQ(driver->rows("POGrid"), 1);
+    EXPECT_EQ(text("ListCount"), "1 of 2 orders listed");
+    EXPECT_EQ(current(), "") << "nothing takes the place of the deleted one";
+
+    driver->control("ByEd")->setFocus();
+    driver->trigger("mu_FindInList");
+    driver->press("FindEd", Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), grid);
+    EXPECT_EQ(current(), "000001");
+    driver->control("ByEd")->setFocus();
+    driver->trigger("mu_FindInList");
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(text("FindEd"), "");
+    EXPECT_EQ(text("ListCount"), "2 orders listed");
+    EXPECT_EQ(current(), "000001");
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "ByEd") << "where it came from";
+}
+
+TEST_F(MainWindowTest, AColleaguesOrdersAppearAndTheViewStaysWhereItWas) {
+    newOrder();
+    auto* grid = driver->find<QTableView>("POGrid");
+    const auto colleagueSaves = [&](int first, int last) {
+        Order theirs = order();
+        for (int number = first; number <= last; ++number) {
+            theirs.PONoEd = std::to_string(number);
+            program->index.RecordData(theirs);
+        }
+    };
+    colleagueSaves(200, 300);
+    QTRY_COMPARE_WITH_TIMEOUT(driver->rows("POGrid"), 102, 10000);  // all by itself
+    grid->horizontalHeader()->moveSection(kVendorColumn, 0);
+    grid->horizontalHeader()->resizeSection(kVendorColumn, 333);
+    grid->selectRow(40);  // as the arrow keys do: nothing is opened
+    grid->verticalScrollBar()->setValue(38);
+    const auto onTop = [&] { return cell(grid->rowAt(0), kNumberColumn); };
+    const auto current = [&] { return cell(grid->currentIndex().row(), kNumberColumn); };
+    EXPECT_EQ(onTop() + current(), "262260");
+
+    colleagueSaves(301, 305);
+    program->lookForNews();
+    EXPECT_EQ(driver->rows("POGrid"), 107);
+    EXPECT_EQ(onTop() + current(), "262260");
+    EXPECT_TRUE(grid->selectionModel()->isRowSelected(grid->currentIndex().row(), {}));
+    EXPECT_EQ(text("PONoEd"), "000001");
+    EXPECT_EQ(grid->columnWidth(kVendorColumn), 333);
+    EXPECT_EQ(grid->horizontalHeader()->visualIndex(kVendorColumn), 0);
+
+    driver->clickHeading("POGrid", kNumberColumn);
+    EXPECT_EQ(current(), "260");
+    EXPECT_TRUE(grid->viewport()->rect().contains(grid->visualRect(grid->currentIndex()).center()));
 }
 
 TEST_F(MainWindowTest, TheCalendarFillsItsBoxAndClosesOnEscape) {
@@ -337,7 +456,7 @@ TEST_F(MainWindowTest, TabGoesThroughTheOrderAsItIsRead) {
     EXPECT_EQ(passed.join(' '),
               "ToField ShipToCombo ShipToField JobNumberEd ByEd ShipViaEd FOBEd TermsEd CommentsEd "
               "OrderGrid DiscountFactorEd DiscountEd TaxFactorEd SalesTaxEd ShippingEd POGrid "
-              "ListCheckPO ListCheckRE ListCheckRecd HideOrders NewPO Save_PO Clear TotalUp "
+              "FindEd ListCheckPO ListCheckRE ListCheckRecd HideOrders NewPO Save_PO Clear TotalUp "
               "MakeOrder HelpButton PONoEd OptionPO MarkReceivedCheck OrderDateEd OrderDatePicker "
               "ShipDateEd ShipDatePicker ToCombo");
 }

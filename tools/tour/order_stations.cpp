@@ -151,7 +151,11 @@ void openAndChange(Guide& guide) {
                                       {"OrderGrid", Qt::AlignRight | Qt::AlignBottom},
                                       {"SubTotalEd", Qt::AlignLeft},
                                       {"ListCheckPO", Qt::AlignLeft, true}});
-    guide.help("saved-orders", {"POGrid", "BottomLabel", "HideOrders"});
+    guide.help("saved-orders", {"POGrid", "FindEd", "HideOrders"});
+    guide.type("FindEd", "site 2026");
+    guide.picture("19-found");
+    guide.help("find", {"POGrid", "FindEd", "HideOrders"});
+    guide.press("FindEd", Qt::Key_Escape);
     guide.click("MarkReceivedCheck");
     guide.pictureOfNext("08-save-question", QMessageBox::Yes, "save-question");
     guide.clickCell("POGrid", 2, 3);

@@ -73,6 +73,12 @@ void Program::lookAround() {
     });
 }
 
+void Program::lookForNews() {
+    if (!folder.DataPathOK() || commands.running()) return;
+    savedOrders.lookForNews();
+    stock.lookForNews();
+}
+
 Program::Leave Program::leave(const WindowPlace& place) {
     Leave result = Leave::Now;
     commands.run([&] {

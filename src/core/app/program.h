@@ -57,6 +57,10 @@ class Program {
     /// list or only a document tells of. Called once, when the windows have been painted.
     void lookAround();
 
+    /// Shows what colleagues have changed in the lists since they were read. Called every few
+    /// seconds while nothing else goes on.
+    void lookForNews();
+
     enum class Leave { Now, Cancelled, Stay };
     /// Shuts down: offers to save a changed order and writes the settings. Returns Cancelled when
     /// the user cancels the offer, which writes nothing, and Stay when the order was to be saved

@@ -151,7 +151,10 @@ LineItems::Quantity LineItems::GetQuantity(const std::string& fileNumber) const 
 
 void LineItems::StockGrid_DblClick(const StockList& list, int row) {
     commands_.onData([&] {
-        if (row < 0 || row >= list.rowCount()) return;
+        if (row < 0 || row >= list.rowCount()) {
+            commands_.say("No item is picked in the list of stock items");
+            return;
+        }
         Quantity found;
         OrderLine line;
         const bool made = commands_.attempt("The item was not added: ", [&] {

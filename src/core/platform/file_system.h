@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -90,6 +91,8 @@ class FileSystem {
     os::FileStatus status(const std::filesystem::path& path) const {
         return run([&] { return os::status(path); });
     }
+    /// The same without waiting; nothing when it cannot be told.
+    std::optional<os::FileStatus> glance(const std::filesystem::path& path) const;
     void remove(const std::filesystem::path& path) const {
         run([&] { os::remove(path); });
     }

@@ -50,6 +50,8 @@ struct FileStatus {
     bool folder;
     std::uint64_t length;
     std::int64_t modified;  ///< nanoseconds since 1970, UTC
+
+    bool operator==(const FileStatus&) const = default;
 };
 
 /// Throws FileError when that cannot be said: what cannot be looked at must not pass for missing,

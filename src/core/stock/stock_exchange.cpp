@@ -232,8 +232,8 @@ void StockExchange::exportTo(const std::filesystem::path& path) {
     const StockRecords records = list_.file().readAll();
     std::string content;
     int exported = 0;
-    for (int row = 0; row < list_.rowCount(); ++row) {
-        const int number = recordNumberOf(list_.row(row).get<&Item::Tag>());
+    for (const StockRow& item : list_.listed()) {
+        const int number = recordNumberOf(item.get<&Item::Tag>());
         if (number < 1 || static_cast<std::size_t>(number) > records.size()) continue;
         std::string record(records[static_cast<std::size_t>(number) - 1].bytes());
         // It may have been deleted elsewhere since it was listed.

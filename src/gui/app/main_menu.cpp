@@ -65,6 +65,8 @@ void addListsMenu(QMenu* menu, Program& program, LinesPanel& lines, ListsPanel& 
              [&] { lines.grid()->setFocus(); });
     addEntry(menu, "mu_GoToList", u"&Go to the List"_s, QKeySequence(Qt::Key_F7),
              [&] { lists.grid()->setFocus(); });
+    addEntry(menu, "mu_FindInList", u"&Find in the List"_s, QKeySequence::Find,
+             [&] { lists.findInList(); });
     menu->addSeparator();
     addEntry(menu, "mu_ViewExisting", u"Saved &Orders"_s, QKeySequence(u"Ctrl+1"_s),
              [&] { program.savedOrders.ViewExisting_Click(); });

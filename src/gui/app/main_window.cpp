@@ -21,6 +21,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QSessionManager>
 #include <QSplitter>
 #include <QStatusBar>
@@ -29,6 +30,13 @@
 #include <utility>
 
 namespace bramblet {
+namespace {
+
+constexpr int kBetweenLooks = 3000;  // milliseconds, for what colleagues have changed
+constexpr int kTimesAsLong = 50;     // the pause after a look
+constexpr int kLongestPause = 10 * 60'000;
+
+}  // namespace
 
 MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waiting)
     : program_(program), waiting_(waiting) {
@@ -107,6 +115,20 @@ void MainWindow::paintEvent(QPaintEvent* event) {
     QMainWindow::paintEvent(event);
     if (std::exchange(painted_, true)) return;
     QTimer::singleShot(0, this, [this] { program_.lookAround(); });
+    QTimer::singleShot(kBetweenLooks, this, &MainWindow::lookForNews);
+}
+
+/// Only while the user is at this window and nothing goes on in it. A server that answers slowly is
+/// asked the less often.
+void MainWindow::lookForNews() {
+    const bool idle = isActiveWindow() && QApplication::activeModalWidget() == nullptr &&
+                      QApplication::activePopupWidget() == nullptr &&
+                      QApplication::mouseButtons() == Qt::NoButton;
+    QElapsedTimer took;
+    took.start();
+    if (idle) program_.lookForNews();
+    const auto pause = qMin<qint64>(kBetweenLooks + kTimesAsLong * took.elapsed(), kLongestPause);
+    QTimer::singleShot(static_cast<int>(pause), this, &MainWindow::lookForNews);
 }
 
 QWidget* MainWindow::makeContent() {

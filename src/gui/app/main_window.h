@@ -43,6 +43,7 @@ class MainWindow : public QMainWindow, private Screen {
     QLayout* makeCommandBar();
     void makeStatusBar();
     void tryToEnd();
+    void lookForNews();
     void showLine(const QString& line);
     void runBrowser(const QUrl& link);
 

@@ -1,0 +1,57 @@
+#include "gui/platform/find_box.h"
+
+#include "gui/platform/qt_text.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+namespace bramblet {
+namespace {
+
+constexpr int kLeastCharacters = 14;
+constexpr int kMostCharacters = 26;
+
+}  // namespace
+
+FindBox::FindBox(const char* name) {
+    setObjectName(QLatin1String(name));
+    setAccessibleName(u"Find in the list"_s);
+    setPlaceholderText(u"Find (Ctrl+F)"_s);
+    setToolTip(
+        u"Show only rows that hold all of these words, in any order; Esc shows all again."_s);
+    setClearButtonEnabled(true);
+    setMinimumWidth(fontMetrics().averageCharWidth() * kLeastCharacters);
+    setMaximumWidth(fontMetrics().averageCharWidth() * kMostCharacters);
+}
+
+void FindBox::enter() {
+    if (!hasFocus()) before_ = QApplication::focusWidget();
+    setFocus(Qt::ShortcutFocusReason);
+    selectAll();
+}
+
+void FindBox::leave() {
+    if (before_ != nullptr && before_->isVisible()) return before_->setFocus();
+    emit listWanted();
+}
+
+void FindBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    emit entered();
+}
+
+void FindBox::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Escape:
+            return text().isEmpty() ? leave() : clear();
+        case Qt::Key_Down:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            emit listWanted();
+            return;
+        default:
+            QLineEdit::keyPressEvent(event);
+    }
+}
+
+}  // namespace bramblet
