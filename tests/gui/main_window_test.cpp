@@ -229,6 +229,45 @@ TEST_F(MainWindowTest, LinesAreEditedByMouseAndKeyboard) {
     expectLines({});
 }
 
+TEST_F(MainWindowTest, TheUnitCostAndTheLineTotalFollowEachOther) {
+    driver->onNextDialog([&](QWidget&) {
+        type("QEd", "23");
+        type("UCEd", "2");
+        EXPECT_EQ(text("LineTotalEd"), "46.00");
+        type("LineTotalEd", "567.45");
+        EXPECT_EQ(text("UCEd"), "24.6717");
+        type("QEd", "10");
+        EXPECT_EQ(text("UCEd"), "56.745") << "the total was typed last";
+        type("UCEd", "12 / 5");
+        EXPECT_EQ(text("LineTotalEd"), "24.00");
+        click("Save");
+    });
+    driver->press("OrderGrid", Qt::Key_Insert);
+    EXPECT_EQ(driver->cell("OrderGrid", 0, kUnitCost), "2.40");
+    EXPECT_EQ(driver->cell("OrderGrid", 0, kLineTotal), "24.00");
+}
+
+TEST_F(MainWindowTest, LinesMoveByKeysAndArePastedFromATable) {
+    QApplication::clipboard()->setText("1\tea\tfirst\t1\n2\tea\tsecond\t2\n3\tea\tthird\t3");
+    driver->onNextDialog([&](QWidget& dialog) {
+        EXPECT_EQ(dialog.objectName(), "PasteLines");
+        EXPECT_EQ(text("PasteSummary"), "3 lines, 14.00 in all");
+        EXPECT_EQ(driver->rows("PasteGrid"), 3);
+        click("PasteAdd");
+    });
+    driver->press("OrderGrid", Qt::Key_V, Qt::ControlModifier);
+    expectLines({"first", "second", "third"});
+    driver->press("OrderGrid", Qt::Key_Up, Qt::AltModifier);
+    driver->press("OrderGrid", Qt::Key_Up, Qt::AltModifier);
+    driver->press("OrderGrid", Qt::Key_Up, Qt::AltModifier);
+    expectLines({"third", "first", "second"});
+    driver->press("OrderGrid", Qt::Key_Down, Qt::AltModifier);
+    expectLines({"first", "third", "second"});
+    driver->onNextDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    driver->press("OrderGrid", Qt::Key_V, Qt::ControlModifier);
+    expectLines({"first", "third", "second"});
+}
+
 TEST_F(MainWindowTest, RightClicksOpenTheMenusOfTheRowAndNoOrder) {
     newOrder();
     addLine("1", "first", "1");

@@ -45,6 +45,8 @@ void addItemsMenu(QMenu* menu, LinesPanel& lines, ListsPanel& lists) {
              [&] { lines.editCurrentLine(); });
     addEntry(menu, "mu_AddToOrder", u"Add the &stock item picked"_s, QKeySequence(Qt::Key_F8),
              [&] { lists.stock()->addCurrentItem(); });
+    menu->addSeparator();
+    menu->addActions(lines.gridCommands());
 }
 
 /// The headings of the list shown, for sorting without a mouse.

@@ -8,6 +8,7 @@
 #include "gui/orders/line_dialog.h"
 #include "gui/orders/lines_panel.h"
 #include "gui/orders/order_panel.h"
+#include "gui/orders/paste_dialog.h"
 #include "gui/orders/rebuild_dialog.h"
 #include "gui/orders/totals_panel.h"
 #include "gui/platform/boxes.h"
@@ -238,6 +239,10 @@ void MainWindow::showLine(int row) {
 std::optional<LineEntry> MainWindow::editLine(const LineEntry& entry, const std::string& caption) {
     return showLineDialog(entry, caption, program_.stock.entries().units, program_.formats(),
                           program_.commands, this);
+}
+
+bool MainWindow::lookAtPastedLines(PastedLines& lines) {
+    return showPasteDialog(lines, this);
 }
 
 void MainWindow::configure() {

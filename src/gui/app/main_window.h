@@ -54,6 +54,7 @@ class MainWindow : public QMainWindow, private Screen {
     void showCaption(const std::string& caption) override;
     void showLine(int row) override;
     std::optional<LineEntry> editLine(const LineEntry& entry, const std::string& caption) override;
+    bool lookAtPastedLines(PastedLines& lines) override;
     void configure() override;
     void showSavedOrders() override;
     void showViewer() override;
