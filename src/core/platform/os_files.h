@@ -77,6 +77,9 @@ void flushFolder(const std::filesystem::path& folder);
 /// A server may not hear of it: each file still has to be flushed, which then costs little.
 void flushDisk(const std::filesystem::path& folder);
 void createFolder(const std::filesystem::path& path);
+/// The same, but only the user can look into it, where the system gives folders such rights. (On
+/// Windows it has those of the folder that it is in.)
+void createPrivateFolder(const std::filesystem::path& path);
 enum class Kind { File, Folder, Other };
 /// Names (no path) of the plain files or the subfolders in a folder, in no particular order and
 /// exactly as they are on the disk. What is there but cannot be examined counts as a file, so that

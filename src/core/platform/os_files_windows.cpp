@@ -285,6 +285,10 @@ void createFolder(const std::filesystem::path& path) {
     if (!isFolder(native)) fail(path, error);
 }
 
+void createPrivateFolder(const std::filesystem::path& path) {
+    createFolder(path);
+}
+
 std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, Kind kind,
                                            const std::function<void()>& reached) {
     std::wstring pattern = nativePath(folder);
