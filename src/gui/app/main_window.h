@@ -4,6 +4,7 @@
 #include "core/app/program.h"
 #include "core/platform/screen.h"
 #include "gui/app/main_menu.h"
+#include "gui/platform/loss_hint.h"
 #include "gui/platform/waiting.h"
 
 #include <QMainWindow>
@@ -44,6 +45,7 @@ class MainWindow : public QMainWindow, private Screen {
     void makeStatusBar();
     void tryToEnd();
     void showLine(const QString& line);
+    bool showIfFree(const QString& line);
     void runBrowser(const QUrl& link);
 
     void refresh(const Views& views) override;
@@ -69,6 +71,7 @@ class MainWindow : public QMainWindow, private Screen {
     TotalsPanel* totals_;
     ListsPanel* lists_;
     MainMenu menu_;
+    LossHint lossHint_{[this](const QString& line) { return showIfFree(line); }};
     QToolButton* saveButton_;
     QToolButton* copyButton_;
     QPointer<HelpWindow> help_;
