@@ -5,6 +5,7 @@
 #include "gui/platform/icons.h"
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
+#include "gui/platform/theme.h"
 
 #include <QBuffer>
 #include <QLocale>
@@ -81,11 +82,11 @@ DisplayWindow::DisplayWindow(OrderViewer& viewer, QWidget* parent)
 
     auto* content = new QWidget;
     content->setAutoFillBackground(true);
-    QPalette desk = content->palette();
-    desk.setColor(QPalette::Window, desk.color(QPalette::Window).darker(112));
     fill(content, column(0, {makeBar(), grow(browser_)}));
     browser_->setBackgroundRole(QPalette::Window);
-    content->setPalette(desk);
+    recolour(content, [](QPalette& desk) {
+        desk.setColor(QPalette::Window, desk.color(QPalette::Window).darker(112));
+    });
     setCentralWidget(content);
     makeMenus();
 
