@@ -75,8 +75,9 @@ class Recolouring : public QObject {
     bool applying_ = false;
 };
 
-constexpr int kRowAir = 6;      // between the rows of a list
-constexpr int kButtonAir = 14;  // beside a button's caption
+constexpr int kRowAir = 6;        // between the rows of a list
+constexpr double kPlainEdge = 7;  // contrast
+constexpr int kButtonAir = 14;    // beside a button's caption
 
 /// Fusion with more room in grids, lists and buttons, and signs of our own.
 class RoomyStyle : public QProxyStyle {
@@ -119,6 +120,8 @@ class RoomyStyle : public QProxyStyle {
             return;
         }
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element == PE_FrameLineEdit || element == PE_Frame || element == PE_PanelButtonCommand)
+            outline(*option, *painter);
         const bool round = element == PE_IndicatorRadioButton;
         if (!round && element != PE_IndicatorCheckBox) return;
         if (option->palette.color(QPalette::Window).lightness() >= 128) return;
@@ -131,10 +134,29 @@ class RoomyStyle : public QProxyStyle {
         painter->restore();
     }
 
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        if (control == CC_ComboBox) outline(*option, *painter);
+    }
+
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
                        const QWidget* widget) const override {
         const QIcon sign = signIcon(which);
         return sign.isNull() ? QProxyStyle::standardIcon(which, option, widget) : sign;
+    }
+
+  private:
+    /// In themes of high contrast boxes are told from their ground by nothing but their edge.
+    static void outline(const QStyleOption& option, QPainter& painter) {
+        const QColor edge = option.palette.color(QPalette::Mid);
+        if (contrast(edge, option.palette.color(QPalette::Window)) < kPlainEdge) return;
+        painter.save();
+        painter.setPen(option.state.testFlag(State_HasFocus) ? option.palette.color(QPalette::Link)
+                                                             : edge);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+        painter.restore();
     }
 };
 
