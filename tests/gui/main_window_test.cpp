@@ -614,5 +614,55 @@ TEST_F(MainWindowTest, NothingIsCutOffAtTheSmallestSize) {
     }
 }
 
+TEST_F(MainWindowTest, ACharacterThatOrdersCannotHoldIsToldOfOnce) {
+    const QString hint = "Orders cannot hold the character %1: it becomes \"?\".";
+    const auto paste = [this](const QString& box, const QString& pasted) {
+        QApplication::clipboard()->setText(pasted);
+        driver->control(box)->setFocus();
+        for (const auto keys : {QKeySequence::SelectAll, QKeySequence::Paste})
+            QTest::keySequence(driver->control(box), keys);
+    };
+    const std::vector<std::tuple<QString, QString, QString>> cases{
+        {"ByEd", QString::fromUtf8("\u0141ukasz"), QString::fromUtf8("\"\u0141\"")},
+        {"ToCombo", QString::fromUtf8("\u03A9"), QString::fromUtf8("\"\u03A9\"")},
+        {"ToField", QString::fromUtf8("Oak Lane\nEndre\u0151d"), QString::fromUtf8("\"\u0151\"")},
+        {"CommentsEd", QString::fromUtf8("\U0001F600"), QString::fromUtf8("\"\U0001F600\"")},
+        {"JobNumberEd", QString::fromUtf8("a\u200Bb"), "U+200B"},
+        {"ShipToField", QString::fromUtf8("x\u0328"), "U+0328"},
+    };
+    for (const bool pasted : {false, true}) {
+        for (const auto& [box, content, character] : cases) {
+            // What has no key of its own can only be pasted.
+            if (!pasted && (box == "CommentsEd" || box == "JobNumberEd")) continue;
+            open();
+            for (const char* held : {"Caf\u00E9 \u20AC \u201Cx\u201D", "e\u0301", "plain?"}) {
+                paste(box, QString::fromUtf8(held));
+                EXPECT_EQ(status(), "") << held;
+            }
+            pasted ? paste(box, content) : type(box, content);
+            EXPECT_EQ(status(), hint.arg(character));
+            window->statusBar()->clearMessage();
+            pasted ? paste(box, content) : type(box, content);
+            EXPECT_EQ(status(), "") << "once is enough";
+        }
+    }
+}
+
+TEST_F(MainWindowTest, TheHintOfACharacterWaitsUntilTheStatusLineIsFree) {
+    const QString omega = QString::fromUtf8("\u03A9");
+    window->statusBar()->showMessage("A failure");
+    type("ByEd", omega);
+    EXPECT_EQ(status(), "A failure");
+    window->statusBar()->clearMessage();
+    driver->inDialog("OrderPop_OneTime", [&](QWidget& dialog) {
+        EXPECT_EQ(status(), "");
+        type("Text1", "Resistor, 4.7 k" + omega);
+        EXPECT_TRUE(status().contains(omega));
+        dialog.close();
+    });
+    click("Clear");
+    EXPECT_FALSE(status().contains(omega)) << "it goes with the next command";
+}
+
 }  // namespace
 }  // namespace bramblet::test

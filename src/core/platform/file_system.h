@@ -108,6 +108,11 @@ class FileSystem {
     bool isTaken(const std::filesystem::path& path) const;
     /// Creates a folder and any missing folders above it.
     void createFolders(const std::filesystem::path& path) const;
+    /// Creates a folder into which only the user can look, unless it is there.
+    void createPrivateFolder(const std::filesystem::path& path) const {
+        run([&] { os::createPrivateFolder(path); });
+        os::flushFolder(path.parent_path());
+    }
     /// `reached` is called for every entry of the folder; it may throw to end the listing.
     std::vector<std::filesystem::path> fileNames(
         const std::filesystem::path& folder, const std::function<void()>& reached = [] {}) const {

@@ -93,6 +93,7 @@ int main(int argc, char** argv) {
     program->start();
 
     application.window = &window;
+    onSystemLook(window, [] { applyTheme(systemTheme()); });
     QObject::connect(&application, &QApplication::commitDataRequest, &window,
                      &MainWindow::endSession, Qt::DirectConnection);
     // At the end of a session Windows lets nothing come after this.

@@ -47,6 +47,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     lines_ = new LinesPanel(program.lines, program.open, program.formats());
     totals_ = new TotalsPanel(program.editor, program.open, program.taxFreight, program.formats());
     lists_ = new ListsPanel(program);
+    lossHint_.watch(*order_);
     setCentralWidget(makeContent());
     makeStatusBar();
     menu_ = makeMainMenu(*this, program, *lines_, *lists_);
@@ -192,6 +193,13 @@ void MainWindow::showLine(const QString& line) {
     if (viewer_ != nullptr) viewer_->statusBar()->showMessage(line);
 }
 
+/// Unless something stands there.
+bool MainWindow::showIfFree(const QString& line) {
+    const bool free = statusBar()->currentMessage().isEmpty();
+    if (free) showLine(line);
+    return free;
+}
+
 void MainWindow::runBrowser(const QUrl& link) {
     program_.browser.RunBrowser(fromQt(link.toString()));
 }
@@ -225,7 +233,7 @@ void MainWindow::showStatus(const std::string& line, Tone tone) {
 }
 
 void MainWindow::showHint(const std::string& line) {
-    if (statusBar()->currentMessage().isEmpty()) showLine(toQt(line));
+    showIfFree(toQt(line));
 }
 
 void MainWindow::showCaption(const std::string& caption) {
@@ -238,7 +246,7 @@ void MainWindow::showLine(int row) {
 
 std::optional<LineEntry> MainWindow::editLine(const LineEntry& entry, const std::string& caption) {
     return showLineDialog(entry, caption, program_.stock.entries().units, program_.formats(),
-                          program_.commands, this);
+                          program_.commands, lossHint_, this);
 }
 
 bool MainWindow::lookAtPastedLines(PastedLines& lines) {

@@ -4,6 +4,7 @@
 #include "core/app/program.h"
 #include "core/platform/screen.h"
 #include "gui/app/main_menu.h"
+#include "gui/platform/loss_hint.h"
 #include "gui/platform/waiting.h"
 
 #include <QMainWindow>
@@ -45,6 +46,7 @@ class MainWindow : public QMainWindow, private Screen {
     void tryToEnd();
     void lookForNews();
     void showLine(const QString& line);
+    bool showIfFree(const QString& line);
     void runBrowser(const QUrl& link);
 
     void refresh(const Views& views) override;
@@ -71,6 +73,7 @@ class MainWindow : public QMainWindow, private Screen {
     TotalsPanel* totals_;
     ListsPanel* lists_;
     MainMenu menu_;
+    LossHint lossHint_{[this](const QString& line) { return showIfFree(line); }};
     QToolButton* saveButton_;
     QToolButton* copyButton_;
     QPointer<HelpWindow> help_;

@@ -2,6 +2,7 @@
 
 #include "gui/platform/boxes.h"
 #include "gui/platform/history_box.h"
+#include "gui/platform/loss_hint.h"
 #include "gui/platform/qt_text.h"
 
 #include <QDialog>
@@ -148,8 +149,9 @@ class EditLineDialog : public QDialog {
 std::optional<LineEntry> showLineDialog(const LineEntry& entry, const std::string& caption,
                                         const std::vector<std::string>& units,
                                         const RegionalFormats& formats, Commands& commands,
-                                        QWidget* parent) {
+                                        LossHint& lossHint, QWidget* parent) {
     EditLineDialog dialog(entry, caption, units, formats, commands, parent);
+    lossHint.watch(dialog);
     dialog.exec();
     return dialog.stored();
 }

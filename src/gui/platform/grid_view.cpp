@@ -264,12 +264,12 @@ void GridView::focusOutEvent(QFocusEvent* event) {
 }
 
 void GridView::tintSelection(bool focused) {
-    QPalette tinted = QApplication::palette();
-    tinted.setColor(QPalette::Highlight,
-                    blend(tinted.color(QPalette::Base), tinted.color(QPalette::Highlight),
-                          focused ? 0.38 : 0.18));
-    tinted.setColor(QPalette::HighlightedText, tinted.color(QPalette::Text));
-    setPalette(tinted);
+    recolour(this, [focused](QPalette& tinted) {
+        tinted.setColor(QPalette::Highlight,
+                        blend(tinted.color(QPalette::Base), tinted.color(QPalette::Highlight),
+                              focused ? 0.38 : 0.18));
+        tinted.setColor(QPalette::HighlightedText, tinted.color(QPalette::Text));
+    });
 }
 
 /// The rows have changed, and the widest texts with them.
