@@ -90,6 +90,17 @@ TEST_F(StockWindows, EachListHasItsOwnFindingAndAHiddenItemIsNotAdded) {
     EXPECT_EQ(text("BottomLabel"), "1 of 2 stock items listed");
 }
 
+TEST_F(StockWindows, WhatIsTypedIntoTheEditorOutlivesALookForAnotherItem) {
+    type("StockDescriptionEd", "Steel screw");
+    QTest::mouseClick(driver->control("FindEd"), Qt::LeftButton);
+    QTest::keyClicks(driver->control("FindEd"), "hinge");
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(driver->rows("StockGrid"), 2);
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "StockDescriptionEd");
+    EXPECT_EQ(text("StockDescriptionEd"), "Steel screw");
+}
+
 TEST_F(StockWindows, WhatIsEnteredByTabIsTypedOver) {
     saveItem("Hinges", "Northgate", "Pivot hinge", "3");
     driver->press("StockCatCombo", Qt::Key_Tab);

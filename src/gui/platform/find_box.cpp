@@ -20,19 +20,20 @@ FindBox::FindBox(const char* name) {
     setToolTip(
         u"Show only rows that hold all of these words, in any order; Esc shows all again."_s);
     setClearButtonEnabled(true);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        if (now == this && before != nullptr) before_ = before;
+    });
     setMinimumWidth(fontMetrics().averageCharWidth() * kLeastCharacters);
     setMaximumWidth(fontMetrics().averageCharWidth() * kMostCharacters);
 }
 
 void FindBox::enter() {
-    if (!hasFocus()) before_ = QApplication::focusWidget();
     setFocus(Qt::ShortcutFocusReason);
     selectAll();
 }
 
 void FindBox::leave() {
-    if (before_ != nullptr && before_->isVisible()) return before_->setFocus();
-    emit listWanted();
+    before_ != nullptr && before_->isVisible() ? before_->setFocus() : void(focusNextChild());
 }
 
 void FindBox::focusInEvent(QFocusEvent* event) {
