@@ -319,16 +319,19 @@ class Exchange : public Stock {
     /// Imports the file, or another outcome of the warning and the choice.
     void import(const std::optional<Message>& outcome = {}, Answer warned = Answer::Ok,
                 bool chosen = true) {
+        expectWarning(warned);
+        if (warned == Answer::Ok)
+            prompts.expectChoice("", chosen ? std::optional(file) : std::nullopt);
+        if (outcome) prompts.expect(*outcome);
+        program().stockExchange.mu_ImportStockItems_Click();
+    }
+    void expectWarning(Answer warned) {
         prompts.expect(
             {"It is strongly suggested that you run a complete data backup before "
              "performing an import operation! If you have not just done that, please "
              "click \"Cancel\" and do that first.",
              "Have you run a backup today?", Buttons::OkCancel, Icon::Exclamation, Answer::Cancel},
             warned);
-        if (warned == Answer::Ok)
-            prompts.expectChoice("", chosen ? std::optional(file) : std::nullopt);
-        if (outcome) prompts.expect(*outcome);
-        program().stockExchange.mu_ImportStockItems_Click();
     }
     static Message result(int added, int replaced) {
         return notice("Added " + std::to_string(added) + " new items.\r\nReplaced " +
@@ -501,6 +504,21 @@ TEST_F(Exchange, TheKeyedSearchHasTheResultOfTheRecordByRecordOne) {
         program().stockExchange.mu_ImportStockItems_Click();
         ASSERT_EQ(bytes(), mergedByScanning(before, bytesOf(imported))) << "round " << round;
     }
+}
+
+TEST_F(Exchange, AFileOpenedFromTheDesktopIsImportedAfterTheSameWarning) {
+    writeFile(file, encodeRecord(kStockItemLayout, item("Rope", "V", 1)));
+    expectWarning(Answer::Cancel);
+    program().stockExchange.offerImport(file);
+    EXPECT_EQ(program().stock.rowCount(), 0);
+    expectWarning(Answer::Ok);
+    prompts.expect(result(1, 0));
+    program().stockExchange.offerImport(file);
+    EXPECT_EQ(program().stock.rowCount(), 1);
+    std::filesystem::remove(file);
+    expectWarning(Answer::Ok);
+    program().stockExchange.offerImport(file);
+    expectSaid("The import ended early");
 }
 
 }  // namespace

@@ -197,6 +197,17 @@ void StockExchange::mu_ExportStockItems_Click() {
 }
 
 void StockExchange::mu_ImportStockItems_Click() {
+    import([&] {
+        return commands_.prompts().chooseFileToOpen({"Import Stock Items", "", "", {kFilter}});
+});
+}  // namespace bramblet
+
+void StockExchange::offerImport(const std::filesystem::path& path) {
+    import([&] { return path;
+});
+}
+
+void StockExchange::import(const Choose& choose) {
     commands_.onData([&] {
         const Message warning{
             "It is strongly suggested that you run a complete data backup before performing an "
@@ -204,11 +215,10 @@ void StockExchange::mu_ImportStockItems_Click() {
             "first.",
             "Have you run a backup today?", Buttons::OkCancel, Icon::Exclamation, Answer::Cancel};
         if (commands_.prompts().ask(warning) != Answer::Ok) return;
-        const auto path =
-            commands_.prompts().chooseFileToOpen({"Import Stock Items", "", "", {kFilter}});
+        const auto path = choose();
         if (!path) return;
-        const auto import = [&] { importFrom(*path); };
-        if (!commands_.attempt("The import ended early: ", import)) list_.PopStockList();
+        const auto step = [&] { importFrom(*path); };
+        if (!commands_.attempt("The import ended early: ", step)) list_.PopStockList();
     });
 }
 

@@ -77,6 +77,13 @@ void MainWindow::comeToFront() {
     front->activateWindow();
 }
 
+void MainWindow::offerImport(const std::filesystem::path& file) {
+    if (!program_.commands.running() && QApplication::activeModalWidget() == nullptr)
+        return program_.stockExchange.offerImport(file);
+    showLine(
+        u"%1 was not opened: finish what is open first, then open it again."_s.arg(pathToQt(file)));
+}
+
 void MainWindow::end() {
     constexpr int kBetweenTries = 50;  // milliseconds
     if (std::exchange(ending_, true)) return;

@@ -30,6 +30,9 @@ class MainWindow : public QMainWindow, private Screen {
 
     /// Another start has called for this window.
     void comeToFront();
+    /// Offers the import of a catalogue file that was opened from the desktop. While a command is
+    /// under way or another window waits for the user, only says that it could not.
+    void offerImport(const std::filesystem::path& file);
     /// Ends the program, asking nothing, as soon as the command under way is finished or given up.
     void end();
     /// The session on this machine is about to end: asks about an unsaved order if that is allowed.
