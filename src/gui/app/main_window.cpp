@@ -265,7 +265,8 @@ void MainWindow::configure() {
         showConfigDialog(program_.settingsEditor, program_.files(), program_.folder.DataPath(),
                          rewrite, parent);
     };
-    viewer_ != nullptr ? show([this] { viewer_->rewrite(); }, viewer_) : show({}, this);
+    const bool viewing = viewer_ != nullptr && viewer_->isVisible();  // not one about to go
+    viewing ? show([this] { viewer_->rewrite(); }, viewer_) : show({}, this);
 }
 
 void MainWindow::showSavedOrders() {

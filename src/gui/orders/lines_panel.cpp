@@ -59,7 +59,10 @@ void LinesPanel::addGridCommand(QMenu* menu, const char* name, const QString& ca
 }
 
 void LinesPanel::paste() {
-    lines_.paste(fromQt(QApplication::clipboard()->text()));
+    std::string table;
+    for (const QString& cell : QApplication::clipboard()->text().split(QLatin1Char('\t')))
+        table += (table.empty() ? "" : "\t") + linesFromQt(cell);
+    lines_.paste(table);
 }
 
 void LinesPanel::editCurrentLine() {
