@@ -248,7 +248,7 @@ TEST_F(MainWindowTest, TheUnitCostAndTheLineTotalFollowEachOther) {
 }
 
 TEST_F(MainWindowTest, LinesMoveByKeysAndArePastedFromATable) {
-    QApplication::clipboard()->setText("1\tea\tfirst\t1\n2\tea\tsecond\t2\n3\tea\tthird\t3");
+    QApplication::clipboard()->setText("\t1\tea\tfirst\t1\n\t2\tea\tsecond\t2\n\t3\tea\tthird\t3");
     driver->onNextDialog([&](QWidget& dialog) {
         EXPECT_EQ(dialog.objectName(), "PasteLines");
         EXPECT_EQ(text("PasteSummary"), "3 lines, 14.00 in all");

@@ -60,8 +60,11 @@ void LinesPanel::addGridCommand(QMenu* menu, const char* name, const QString& ca
 
 void LinesPanel::paste() {
     std::string table;
-    for (const QString& cell : QApplication::clipboard()->text().split(QLatin1Char('\t')))
-        table += (table.empty() ? "" : "\t") + linesFromQt(cell);
+    const char* divider = "";
+    for (const QString& cell : QApplication::clipboard()->text().split(QLatin1Char('\t'))) {
+        table += divider + linesFromQt(cell);
+        divider = "\t";
+    }
     lines_.paste(table);
 }
 
