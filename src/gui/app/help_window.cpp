@@ -4,6 +4,7 @@
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
 
+#include <QEvent>
 #include <QFile>
 #include <QListWidget>
 #include <QPainter>
