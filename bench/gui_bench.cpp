@@ -1,14 +1,16 @@
 // The list of orders on the screen, in the program's own main window, beside a QTableWidget with
-// the same cells: filling it anew and sorting it by a heading, until it is painted. Offscreen, so
-// that the screen's own work does not count.
+// the same cells: filling it anew, sorting it by a heading and finding in it, until it is painted.
+// Offscreen, so that the screen's own work does not count.
 
 #include "gui/app/main_window.h"
 #include "gui/platform/dialog_prompts.h"
+#include "gui/platform/qt_text.h"
 #include "gui/platform/theme.h"
 #include "office.h"
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QTableView>
 #include <QTableWidget>
 
@@ -48,11 +50,13 @@ class Desk {
         program->start();
         program->savedOrders.ViewExisting_Click();
         list = window_->findChild<QTableView*>(QStringLiteral("POGrid"));
-        if (list == nullptr) qFatal("The main window has no list of orders");
+        find = window_->findChild<QLineEdit*>(QStringLiteral("FindEd"));
+        if (list == nullptr || find == nullptr) qFatal("The main window has no list of orders");
     }
 
     std::unique_ptr<Program> program;
     QTableView* list = nullptr;
+    QLineEdit* find = nullptr;
 
   private:
     test::TemporaryFolder documents_;
@@ -86,6 +90,46 @@ void sortOrders(benchmark::State& state) {
     holds(state, desk.program->savedOrders.sortColumn() == kColumn);
 }
 BENCHMARK(sortOrders)->Name("screen_sort/bramblet")->Apply(onFullLists);
+
+/// The find box gets the focus.
+void prepareToFind(benchmark::State& state) {
+    SavedOrders& orders = the<Desk>().program->savedOrders;
+    for (auto _ : state) {
+        state.PauseTiming();
+        orders.PopPOGrid();
+        state.ResumeTiming();
+        orders.prepareToFind();
+    }
+}
+BENCHMARK(prepareToFind)->Name("find_prepare/bramblet")->Apply(onFullLists);
+
+/// A letter is typed into it: the first one or another one after it.
+void findOrders(benchmark::State& state, const QString& before, const QString& typed) {
+    Desk& desk = the<Desk>();
+    int rows = 0;
+    int rowsBefore = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        desk.find->clear();
+        desk.program->savedOrders.ViewExisting_Click();
+        desk.program->savedOrders.prepareToFind();
+        desk.find->setText(before);
+        paint(*desk.list);
+        rowsBefore = desk.list->model()->rowCount();
+        state.ResumeTiming();
+        desk.find->setText(typed);
+        paint(*desk.list);
+        rows = desk.list->model()->rowCount();
+    }
+    desk.find->clear();
+    holds(state, rows > 0 && rows <= rowsBefore);
+}
+BENCHMARK_CAPTURE(findOrders, first, QString(), u"f"_s)
+    ->Name("screen_find/bramblet")
+    ->Apply(onFullLists);
+BENCHMARK_CAPTURE(findOrders, next, u"st"_s, u"ste"_s)
+    ->Name("screen_find_next/bramblet")
+    ->Apply(onFullLists);
 
 /// The cells of the program's list as ready texts, and a window of the same size to show them in.
 class CellTable {

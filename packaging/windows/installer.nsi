@@ -37,6 +37,9 @@ VIAddVersionKey "LegalCopyright" "MIT licence"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Bramblet"
 
+!define ITEMS "Bramblet.StockItems"
+!define ITEMS_KEY "Software\Classes\${ITEMS}"
+
 Section
     SetShellVarContext current
     SetOutPath "$INSTDIR"
@@ -46,6 +49,17 @@ Section
     CreateShortcut "$SMPROGRAMS\Bramblet.lnk" "$INSTDIR\bramblet.exe"
 
     WriteRegStr HKCU "Software\Quenmoor\Bramblet" "InstallFolder" "$INSTDIR"
+    ; Another program's claim on the files' ending is left alone: it is only offered ours as well.
+    WriteRegStr HKCU "${ITEMS_KEY}" "" "Bramblet Stock Items"
+    WriteRegStr HKCU "${ITEMS_KEY}\DefaultIcon" "" "$INSTDIR\bramblet.exe,0"
+    WriteRegStr HKCU "${ITEMS_KEY}\shell\open\command" "" '"$INSTDIR\bramblet.exe" "%1"'
+    WriteRegStr HKCU "Software\Classes\.sid\OpenWithProgids" "${ITEMS}" ""
+    ReadRegStr $0 HKCU "Software\Classes\.sid" ""
+    ${If} $0 == ""
+        WriteRegStr HKCU "Software\Classes\.sid" "" "${ITEMS}"
+    ${EndIf}
+    ${RefreshShellIcons}
+
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Bramblet"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\bramblet.exe"
@@ -73,6 +87,15 @@ Section "Uninstall"
     ; Only when empty: what somebody else has put there is not ours.
     RMDir "$INSTDIR"
     Delete "$SMPROGRAMS\Bramblet.lnk"
+    ReadRegStr $0 HKCU "Software\Classes\.sid" ""
+    ${If} $0 == "${ITEMS}"
+        DeleteRegValue HKCU "Software\Classes\.sid" ""
+    ${EndIf}
+    DeleteRegValue HKCU "Software\Classes\.sid\OpenWithProgids" "${ITEMS}"
+    DeleteRegKey /ifempty HKCU "Software\Classes\.sid\OpenWithProgids"
+    DeleteRegKey /ifempty HKCU "Software\Classes\.sid"
+    DeleteRegKey HKCU "${ITEMS_KEY}"
+    ${RefreshShellIcons}
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
     DeleteRegKey HKCU "Software\Quenmoor\Bramblet"
     DeleteRegKey /ifempty HKCU "Software\Quenmoor"

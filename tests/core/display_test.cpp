@@ -111,6 +111,20 @@ TEST(DisplayHtml, OnlyCellsThatWouldHaveALineGetOne) {
               "<table border=\"0\"><tr><td>c</td></tr></table>");
 }
 
+TEST(DisplayHtml, TheRowThatGivesTheWidthsHoldsTheHeadings) {
+    const auto heads = [](const std::string& rows, const std::string& border = "1") {
+        const std::string page = shownAs("<table border=\"" + border + "\">" + rows + "</table>");
+        return std::pair(count(page, "<thead><tr"), count(page, "</tr></thead>"));
+    };
+    using Counts = std::pair<std::size_t, std::size_t>;
+    const std::string row = "<tr>\r\n<td width=\"7%\">a</td></tr>";
+    EXPECT_EQ(heads(row + "<tr><td>b"), Counts(1, 1));
+    EXPECT_EQ(heads(row.substr(0, row.size() - 5) + "<tr>" + row), Counts(1, 1)) << "left open";
+    EXPECT_EQ(heads("<tr><td>b" + row), Counts(0, 0)) << "not the first row";
+    EXPECT_EQ(heads("<tr bordercolor=white>" + row.substr(4)), Counts(0, 0));
+    EXPECT_EQ(heads(row, "0"), Counts(0, 0)) << "the addresses";
+}
+
 TEST(DisplayHtml, FontSizesAreAbsoluteOrRelativeToTheBase) {
     const std::string huge = "99999999999999999999999";
     const std::vector<std::pair<std::string, std::string>> cases{
@@ -132,6 +146,15 @@ TEST(DisplayHtml, TheTopGraphicAndTheHeadingAreFound) {
               "<img src=\"top.gif\">");
     EXPECT_EQ(page.heading, "PURCHASE ORDER");
     EXPECT_EQ(page.headingSize, 32);
+    EXPECT_EQ(page.number, "");
+    const auto numberBehind = [&](const std::string& text) {
+        const std::string start =
+            "<table border=0><tr><td><font size=\"6\"><b>ORDER</b></font><br>";
+        return displayPage(start + text, 1).number;
+    };
+    EXPECT_EQ(numberBehind("\r\n<b>No: LJ-7</b><br>"), "No: LJ-7");
+    EXPECT_EQ(numberBehind("<br><b>No: 7</b>"), "") << "a job number comes without bold";
+    EXPECT_EQ(numberBehind("<b>" + std::string(100'000, 'x')).size(), 200u);
     EXPECT_NE(page.html.find("<div style=\"white-space:nowrap\">"), std::string::npos);
     EXPECT_FALSE(
         displayPage("<table border=0><tr><td>" + heading + "<img src=x.gif>", 1).topGraphic);

@@ -1,5 +1,6 @@
 #include "core/orders/line_items.h"
 
+#include "core/orders/pasted_lines.h"
 #include "core/platform/fault.h"
 #include "support/office.h"
 #include "support/regions.h"
@@ -96,6 +97,106 @@ TEST(LineEntryTest, WhatTheDialogStores) {
     EXPECT_EQ(checkedEntry({"2 pcs", "", "", "3"}, {}).quantity, "2");
     EXPECT_THROW(checkedEntry({"1", "", "", "1.2.3"}, {}), BoxFault);
     EXPECT_THROW(checkedEntry({"1.2.3", "", "", "1"}, {}), BoxFault);
+}
+
+TEST_F(LineItemsTest, AUnitCostFollowsFromTheTotalAndFromADivision) {
+    const RegionalFormats us = enUS();
+    const RegionalFormats de = deDE();
+    const std::vector<std::array<std::string, 3>> cases{{"567.45", "23", "24.6717"},
+                                                        {"100", "3", "33.333"},
+                                                        {"0", "7", "0.00"},
+                                                        {"$1,200.00", "4 pcs", "300.00"},
+                                                        {"0.01", "32767", "0.0000003"},
+                                                        {"5", "0", ""},
+                                                        {"five", "1", "0.00"},
+                                                        {"5", "1.2.3", ""},
+                                                        {"9999999999999999999", "0.0001", "?"}};
+    for (const auto& [total, quantity, cost] : cases) {
+        const std::string found = unitCostFor(total, quantity, us);
+        if (cost != "?") {
+            EXPECT_EQ(found, cost) << total << " / " << quantity;
+        }
+        EXPECT_EQ(quotientIn(total + " / " + quantity, us), found);
+    }
+    EXPECT_EQ(unitCostFor("1.234,50", "7", de), "176,357");
+    EXPECT_EQ(quotientIn("567.45", us), "");
+}
+
+TEST_F(LineItemsTest, LinesMoveWithinTheOrder) {
+    newOrder();
+    for (const char* each : {"a", "b", "c"})
+        addLine({"1", "ea", each, "1"});
+    const auto moved = [&](int row, int by) {
+        program().lines.moveLine(row, by);
+        std::string order;
+        for (const auto& line : program().open.order().lines)
+            order += line[kDescription];
+        return order;
+    };
+    EXPECT_EQ(moved(2, -1), "acb");
+    EXPECT_EQ(screen.linesShown.back(), 1);
+    EXPECT_EQ(moved(0, 2), "cba");
+    const auto shown = screen.linesShown;
+    for (const auto& [row, by] : {std::pair(0, -1), {2, 1}, {-1, 1}, {3, -1}})
+        EXPECT_EQ(moved(row, by), "cba");
+    EXPECT_EQ(screen.linesShown, shown);
+    EXPECT_TRUE(dirty());
+}
+
+TEST(CopiedCells, AreThoseOfTheTable) {
+    using Rows = std::vector<std::vector<std::string>>;
+    EXPECT_EQ(copiedCells("a\tb\r\nc\r\n\t\r\n"), (Rows{{"a", "b"}, {"c", ""}}));
+    EXPECT_EQ(copiedCells("\"two\nlines\"\t\"3\"\" pipe\"\nlast"),
+              (Rows{{"two lines", "3\" pipe"}, {"last", ""}}));
+    EXPECT_EQ(copiedCells("\"never closed\ta\n"), (Rows{{"never closed a"}}));
+    EXPECT_EQ(copiedCells("a\r\rb"), (Rows{{"a"}, {"b"}}));
+    EXPECT_EQ(copiedCells(" \r\n\t"), Rows{});
+}
+
+TEST_F(LineItemsTest, PastedRowsBecomeOneTimeItems) {
+    const std::vector<std::tuple<const char*, std::string, std::string>> cases{
+        {"headings in any order", "Unit price\tItem\tQty\tUOM\n$1,200.00\tSaw\t2\tbox\n",
+         "2 box Saw 1,200.00 2,400.00 special"},
+        {"as the lines stand", "2\tbox\tSaw blades\t3.5\n1\tea\tSaw\t7\n",
+         "2 box Saw blades 3.5 7.00 special; 1 ea Saw 7 7.00 special"},
+        {"quantities and words", "2\tSaw\n3\tNails\n",
+         "2 ea Saw 0 0.00 special; 3 ea Nails 0 0.00 special"},
+        {"words and prices", "Saw\t7\nNails\t0.5\n",
+         "1 ea Saw 7 7.00 special; 1 ea Nails 0.5 0.50 special"},
+        {"words only", "Saw\nNails\n", "1 ea Saw 0 0.00 special; 1 ea Nails 0 0.00 special"},
+    };
+    newOrder();
+    for (const auto& [name, clipboard, expected] : cases) {
+        program().open.setLines({});
+        program().lines.paste(clipboard);
+        EXPECT_EQ(lines(), expected) << name;
+    }
+    EXPECT_TRUE(dirty());
+    const std::string before = lines();
+    program().lines.paste(" \n");
+    expectSaid("The clipboard holds no lines to paste");
+    screen.onPastedLines = [](PastedLines&) { return false; };
+    program().lines.paste("Saw");
+    EXPECT_EQ(lines(), before);
+}
+
+TEST_F(LineItemsTest, WhatIsPastedCanBeChosenAndDoubtsAreTold) {
+    screen.onPastedLines = [](PastedLines& pasted) {
+        EXPECT_TRUE(pasted.headed());
+        EXPECT_EQ(pasted.columns(), (std::vector<std::string>{"A: Item", "B: Net", "C: Gross"}));
+        EXPECT_EQ(pasted.source(3), PastedLines::kNowhere);
+        pasted.choose(3, 2);
+        EXPECT_EQ(pasted.summary(), "2 lines, 9.00 in all");
+        EXPECT_EQ(pasted.doubts(), "One amount cannot be read and counts as 0: \"-2\"");
+        pasted.setHeaded(false);
+        EXPECT_EQ(pasted.doubts(), "2 amounts cannot be read and count as 0: \"Gross\", \"-2\"");
+        EXPECT_EQ(pasted.rowCount(), 3);
+        pasted.choose(3, 1);
+        return true;
+    };
+    program().lines.paste("Item\tNet\tGross\nSaw\t8\t9\nCredit\t-1\t-2\n");
+    EXPECT_EQ(lines(),
+              "1 ea Item 0 0.00 special; 1 ea Saw 8 8.00 special; 1 ea Credit 0 0.00 special");
 }
 
 }  // namespace

@@ -18,8 +18,9 @@ class OpenHomeTest : public ::testing::Test {
     };
 
     bool enter(
-        OpenHome& home, const std::function<void()>& moment = [] {}) {
-        return home.enter(prompts, window, moment);
+        OpenHome& home, const std::function<void()>& moment = [] {},
+        const std::filesystem::path& file = {}) {
+        return home.enter(prompts, window, moment, file);
     }
     std::string sign() const { return contentOf(folder / "bramblet.open"); }
     void leaveSign(const std::string& text) const { writeFile(folder / "bramblet.open", text); }
@@ -41,6 +42,12 @@ TEST_F(OpenHomeTest, ASecondStartCallsTheFirstToTheFrontAndEnds) {
         int calls = 0;
         EXPECT_FALSE(enter(second, [&] { calls += first.wasCalled() ? 1 : 0; }));
         EXPECT_EQ(calls, 1);
+        for (const std::filesystem::path file : {u8"/home/\u0142/a b.sid", u8""}) {
+            std::optional<std::filesystem::path> called;
+            EXPECT_FALSE(enter(
+                second, [&] { called = first.wasCalled(); }, file));
+            EXPECT_EQ(called, file) << "which the first one opens";
+        }
         EXPECT_EQ(window.process_, os::processNumber());
     }
     EXPECT_FALSE(first.wasCalled());

@@ -2,6 +2,8 @@
 
 #include "support/office.h"
 
+#include <limits>
+
 namespace bramblet::test {
 namespace {
 
@@ -103,7 +105,125 @@ TEST_F(SavedOrdersTest, HeadingsSortInTurn) {
         EXPECT_EQ(numbers(), expected);
     }
     list().PopPOGrid();
-    EXPECT_EQ(numbers().front(), "000010");
+    EXPECT_EQ(numbers(), sorted.back().second) << "it stays sorted as it was";
+}
+
+TEST_F(SavedOrdersTest, WhatIsListedIsSummedUpAndToldInWords) {
+    EXPECT_EQ(list().totalText(), "$4,938.00");
+    list().find("n");
+    EXPECT_EQ(list().totalText(), "$3,703.50");
+    EXPECT_EQ(list().sumsText(),
+              "Order Total: $3,703.50\r\nShipping: $0.00\r\nSales Tax: $0.00\r\nNet: $0.00\r\n"
+              "Discount: $0.00\r\nSub Total: $0.00");
+    list().find("");
+    Texts marks;
+    for (int row = 0; row < list().rowCount(); ++row)
+        marks.push_back(list().markText(row));
+    EXPECT_EQ(marks,
+              (Texts{"Requisition", "", "Requisition, received", "Purchase order, received"}));
+
+    OrderIndexRecord damaged;
+    damaged.OrderTotal = Currency{std::numeric_limits<std::int64_t>::max()};
+    writeFile(data("po_data.dat"),
+              stored("po_data.dat") + encodeRecord(kOrderIndexLayout, damaged));
+    list().PopPOGrid();
+    EXPECT_EQ(list().totalText(), "") << "beyond the range";
+}
+
+TEST_F(SavedOrdersTest, AColleaguesChangeIsNoticedWithoutAWord) {
+    const auto refreshes = [&] {
+        const std::size_t before = screen.refreshed.size();
+        program().lookForNews();
+        return screen.refreshed.size() - before;
+    };
+    EXPECT_EQ(refreshes(), 0u) << "nothing is new";
+    list().sortBy(kVendorColumn);
+    list().find("n");
+    add("A", "000011", "Amber & Nut");
+    EXPECT_EQ(refreshes(), 1u);
+    EXPECT_EQ(numbers(), (Texts{"000011", "000002", "000010", "000009"}));
+    EXPECT_EQ(refreshes(), 0u);
+    const std::string index = stored("po_data.dat");
+    writeFile(data("po_data.dat"), index);  // another time stamp, perhaps, but the same orders
+    EXPECT_EQ(refreshes(), 0u);
+
+    program().commands.say("A failure");
+    const int waited = waits;
+    std::filesystem::remove(data("po_data.dat"));
+    EXPECT_EQ(refreshes(), 0u);
+    EXPECT_FALSE(std::filesystem::exists(data("po_data.dat"))) << "a look creates nothing";
+    obstruct(data("po_data.dat"));
+    EXPECT_EQ(refreshes(), 0u);
+    EXPECT_EQ(numbers().size(), 4u);
+    EXPECT_EQ(waits, waited);
+    EXPECT_EQ(screen.lastLine, "A failure.") << "it says nothing of its own";
+
+    std::filesystem::remove_all(data("po_data.dat"));
+    writeFile(data("po_data.dat"), index.substr(0, 2 * index.size() / 6));
+    program().commands.run([&] { EXPECT_EQ(refreshes(), 0u) << "a command runs"; });
+    EXPECT_EQ(refreshes(), 1u);
+    EXPECT_EQ(numbers(), (Texts{"000010", "000009"}));
+}
+
+TEST_F(SavedOrdersTest, EqualRowsStayAsTheyWereSortedBefore) {
+    add("A", "000011", "zinc");
+    list().PopPOGrid();
+    list().sortBy(kVendorColumn);
+    EXPECT_EQ(numbers(), (Texts{"000002", "000010", "PO11", "000011", "000009"}));
+    list().PopPOGrid();
+    EXPECT_EQ(numbers(), (Texts{"000002", "000010", "PO11", "000011", "000009"}));
+}
+
+TEST_F(SavedOrdersTest, AWordIsFoundAnywhereInTheRow) {
+    add("A", "000030", "\311clair & S\366hne, Caf\351", kToday);
+    add("A", "000031", "Stra\337e Eclair");
+    list().PopPOGrid();
+    const std::vector<std::pair<std::string, Texts>> found{
+        {"ZINC", {"000009"}},
+        {"eclair", {"000031", "000030"}},
+        {"\351CLAIR", {"000031", "000030"}},
+        {"  CAFE  \311cl ", {"000030"}},
+        {"strasse", {"000031"}},
+        {"clair 31", {"000031"}},
+        {"3/4/2026", {"000030", "000010"}},
+        {"2026 anvil", {"000010"}},
+        {"zinc 31", {}},
+        {"cafe1,234", {}},
+        {"1,234.50", {}},  // amounts are no texts
+        {"gone", {}},      // deleted
+        {" ", {"000031", "000030", "000010", "000009", "000002", "PO11"}},
+    };
+    for (const auto& [typed, expected] : found) {
+        list().find(typed);
+        EXPECT_EQ(numbers(), expected) << typed;
+        list().find("");
+        for (std::size_t length = 1; length <= typed.size(); ++length)
+            list().find(typed.substr(0, length));  // one letter after the other
+        EXPECT_EQ(numbers(), expected) << typed;
+    }
+}
+
+TEST_F(SavedOrdersTest, ANarrowedListIsSortedFilteredAndReadAnewAsSuch) {
+    list().find("n");  // zinc, Anvil, anchors
+    EXPECT_EQ(numbers(), (Texts{"000010", "000009", "000002"}));
+    EXPECT_EQ(list().countText(), "3 of 4 orders listed");
+    EXPECT_EQ(list().rowOf("000002"), 2);
+    EXPECT_EQ(list().rowOf("PO11"), -1);
+    EXPECT_EQ(list().useOf("PO11"), NumberUse::Taken);
+    list().sortBy(kVendorColumn);
+    EXPECT_EQ(numbers(), (Texts{"000002", "000010", "000009"}));
+    add("A", "000020", "nails");
+    add("A", "000021", "bolts");
+    list().ListCheck_Click(&SavedOrders::ListCheckRecd, false);
+    EXPECT_EQ(numbers(), (Texts{"000010", "000020", "000009"}));
+    EXPECT_EQ(list().countText(), "3 of 4 orders listed");
+    list().find("an");
+    EXPECT_EQ(numbers(), Texts{"000010"});
+    list().find("o");
+    EXPECT_EQ(numbers(), Texts{"000021"});
+    list().find("");
+    EXPECT_EQ(numbers(), (Texts{"000010", "000021", "000020", "000009"}));
+    EXPECT_EQ(list().countText(), "4 orders listed");
 }
 
 }  // namespace

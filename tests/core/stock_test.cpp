@@ -112,8 +112,9 @@ TEST_F(Stock, SavingAChangeFindsTheItemByItsNumberAndRevivesADeletedOne) {
 TEST_F(Stock, AChangedUnitCostIsNotCleaned) {
     saveItem("first");
     const std::string before = bytes();
+    start();
     list().SaveChangedStockItem_Click();
-    deleteItem("A\r\nV\r\nfirst");
+    deleteItem("\r\n\r\n");
     expectSaid("Bad record number");
     EXPECT_EQ(bytes(), before) << "without a picked item nothing is written";
     list().StockGrid_Click(0);
@@ -250,6 +251,27 @@ TEST_F(Stock, HeadingsSortNumbersAsNumbersAndTextWithoutCase) {
     expectSaid("The list of stock items was not read");
 }
 
+TEST_F(Stock, ANewItemIsThePickedOneAndAColleaguesIsNoticed) {
+    saveItems({"zinc", "anvil"});
+    list().sortBy(static_cast<int>(StockColumn::Description));
+    EXPECT_EQ(list().FileOrderTag(), "2");
+    saveChanged(&StockItemBoxes::StockDescriptionEd, "anvil, heavy");
+    EXPECT_EQ(catalogue(), "1: zinc, 2: anvil, heavy");
+    EXPECT_EQ(descriptions(), (Rows{"anvil, heavy", "zinc"})) << "it stays sorted";
+    list().find("zinc");
+    saveItem("bolt");
+    expectSaid("Item 3 is saved; it is not among those listed.");
+    EXPECT_EQ(list().FileOrderTag(), "3");
+    list().find("");
+
+    program().lookForNews();
+    const std::size_t refreshed = screen.refreshed.size();
+    rewrite(1, &StockItemRecord::Description, "tin");
+    program().lookForNews();
+    EXPECT_EQ(descriptions(), (Rows{"anvil, heavy", "bolt", "tin"}));
+    EXPECT_EQ(screen.refreshed.size(), refreshed + 1);
+}
+
 TEST_F(Stock, TheWidestAmountOfAColumnIsKnown) {
     program().settings.UseQuantities = "Y";
     EXPECT_EQ(list().widest(static_cast<int>(StockColumn::UnitCost)), "0.00");
@@ -297,16 +319,19 @@ class Exchange : public Stock {
     /// Imports the file, or another outcome of the warning and the choice.
     void import(const std::optional<Message>& outcome = {}, Answer warned = Answer::Ok,
                 bool chosen = true) {
+        expectWarning(warned);
+        if (warned == Answer::Ok)
+            prompts.expectChoice("", chosen ? std::optional(file) : std::nullopt);
+        if (outcome) prompts.expect(*outcome);
+        program().stockExchange.mu_ImportStockItems_Click();
+    }
+    void expectWarning(Answer warned) {
         prompts.expect(
             {"It is strongly suggested that you run a complete data backup before "
              "performing an import operation! If you have not just done that, please "
              "click \"Cancel\" and do that first.",
              "Have you run a backup today?", Buttons::OkCancel, Icon::Exclamation, Answer::Cancel},
             warned);
-        if (warned == Answer::Ok)
-            prompts.expectChoice("", chosen ? std::optional(file) : std::nullopt);
-        if (outcome) prompts.expect(*outcome);
-        program().stockExchange.mu_ImportStockItems_Click();
     }
     static Message result(int added, int replaced) {
         return notice("Added " + std::to_string(added) + " new items.\r\nReplaced " +
@@ -346,6 +371,8 @@ TEST_F(Exchange, ExportsWhatIsListedInItsOrder) {
     list().PopStockList();
     list().sortBy(static_cast<int>(StockColumn::Description));
     rewrite(2, &StockItemRecord::Status, kDeletedItem);  // elsewhere, since it was listed
+    list().find("zinc");  // which hides the others, but they are listed
+    EXPECT_EQ(list().rowCount(), 1);
     exportTo("Stock Items", file, {}, 2);
     Records exported{record(3), record(1)};
     exported[0].Status = exported[1].Status = kExportedItem;
@@ -477,6 +504,21 @@ TEST_F(Exchange, TheKeyedSearchHasTheResultOfTheRecordByRecordOne) {
         program().stockExchange.mu_ImportStockItems_Click();
         ASSERT_EQ(bytes(), mergedByScanning(before, bytesOf(imported))) << "round " << round;
     }
+}
+
+TEST_F(Exchange, AFileOpenedFromTheDesktopIsImportedAfterTheSameWarning) {
+    writeFile(file, encodeRecord(kStockItemLayout, item("Rope", "V", 1)));
+    expectWarning(Answer::Cancel);
+    program().stockExchange.offerImport(file);
+    EXPECT_EQ(program().stock.rowCount(), 0);
+    expectWarning(Answer::Ok);
+    prompts.expect(result(1, 0));
+    program().stockExchange.offerImport(file);
+    EXPECT_EQ(program().stock.rowCount(), 1);
+    std::filesystem::remove(file);
+    expectWarning(Answer::Ok);
+    program().stockExchange.offerImport(file);
+    expectSaid("The import ended early");
 }
 
 }  // namespace

@@ -112,6 +112,60 @@ TEST_F(Viewer, TheMailHasTheDocumentAndTheGraphicWhenThereIsOne) {
     mailed();
 }
 
+TEST_F(Viewer, AMailedPdfHasTheOrdersNumberAndStaysForADay) {
+    viewSavedOrder();
+    const auto mailedPdf = [&](const std::string& pdf) {
+        viewer().mailPdf(pdf);
+        EXPECT_EQ(desktop.mail.attachments.size(), 1u);
+        return desktop.mail.attachments.back();
+    };
+    const std::filesystem::path first = mailedPdf("%PDF 1");
+    EXPECT_EQ(first.filename(), "000001.pdf");
+    EXPECT_EQ(desktop.mail.subject, "Bramblet #000001");
+    EXPECT_EQ(desktop.mail.text, "pdf format purchase order attached (file 000001.pdf)");
+#ifndef _WIN32
+    EXPECT_EQ(std::filesystem::status(first.parent_path()).permissions(),
+              std::filesystem::perms::owner_all);
+#endif
+    const std::filesystem::path second = mailedPdf("%PDF 2");
+    EXPECT_EQ(contentOf(first), "%PDF 1") << "the mail program may not have read it yet";
+    EXPECT_EQ(contentOf(second), "%PDF 2");
+    given(&Order::PONoEd, "../9");
+    EXPECT_EQ(mailedPdf("%PDF 3").parent_path(), first.parent_path());
+
+    const auto setDay = [&](const std::filesystem::path& path, int day) {
+        constexpr int kDayOf1970 = 25569;
+        constexpr std::int64_t kDay = 86'400'000'000'000;
+        os::setModified(path, (kToday - kDayOf1970 + day) * kDay + kDay / 2);
+    };
+    setDay(first, -2);
+    setDay(second, -1);
+    program().lookAround();
+    EXPECT_FALSE(os::exists(first));
+    EXPECT_TRUE(os::exists(second));
+    setDay(second, -2);
+    EXPECT_EQ(mailedPdf("%PDF 4").filename(), "__9 2.pdf");
+    EXPECT_TRUE(contains(desktop.mail.text, "(file __9 2.pdf)")) << desktop.mail.text;
+    EXPECT_FALSE(os::exists(second));
+}
+
+TEST_F(Viewer, APdfThatCannotBeMailedIsTold) {
+    viewSavedOrder();
+    for (const auto& [result, told] :
+         {std::pair(MailResult::NoMailProgram, "No mail program was found"),
+          std::pair(MailResult::Failed, "could not take the order")}) {
+        desktop.mailResult = result;
+        prompts.expectSaying(told);
+        viewer().mailPdf("%PDF");
+    }
+    desktop.mail = {};
+    std::filesystem::remove_all(home() / "mail.tmp");
+    writeFile(home() / "mail.tmp", "not a folder");
+    prompts.expectSaying("The PDF was not written");
+    viewer().mailPdf("%PDF");
+    EXPECT_TRUE(desktop.mail.subject.empty()) << "there is nothing to be mailed";
+}
+
 TEST_F(Viewer, TheMailsPathsAreThoseOfTheFilesWhateverTheLettersInThem) {
     const std::filesystem::path folder = documents / u8"home-\u0142ukasz";
     std::filesystem::create_directory(folder);

@@ -124,6 +124,31 @@ TEST_F(MainWindowTest, OnlyAChoiceFromTheListPicksAnAddress) {
     EXPECT_EQ(text("ToCombo"), "Cole");
 }
 
+TEST_F(MainWindowTest, NamesAreSuggestedByAnyPartOfThemAndTakenOnlyWhenChosen) {
+    for (const char* vendor : {"Acme Steel", "Bolt", "Steelworks"})
+        saveVendor(vendor, QString(vendor) + " Road");
+    newOrder();
+    auto* box = driver->find<QComboBox>("ToCombo");
+    QAbstractItemView* const suggestions = box->completer()->popup();
+    type("ToField", "one-off address");
+    type("ToCombo", "");
+    QTest::keyClicks(box, "steel");
+    Driver::settle();
+    ASSERT_TRUE(suggestions->isVisible());
+    EXPECT_EQ(suggestions->model()->rowCount(), 2);
+    EXPECT_EQ(suggestions->model()->index(0, 0).data().toString(), "Acme Steel");
+    QTest::keyClick(suggestions, Qt::Key_Tab);  // points at none of them
+    EXPECT_EQ(text("ToCombo") + text("ToField"), "steelone-off address");
+
+    type("ToCombo", "");
+    QTest::keyClicks(box, "steel");
+    Driver::settle();
+    QTest::keyClick(suggestions, Qt::Key_Down);
+    EXPECT_EQ(text("ToCombo"), "steel") << "only pointed at";
+    QTest::keyClick(suggestions, Qt::Key_Return);
+    EXPECT_EQ(text("ToCombo") + text("ToField"), "Acme SteelAcme Steel Road");
+}
+
 TEST_F(MainWindowTest, AListedNameIsPickedWhenItsBoxIsLeftWithoutAnAddressAndCanBeDeleted) {
     // An imported name may hold a tab, which is listed as a blank.
     AddressFile(FileSystem(), program->folder.file("po_addy.dat"))
@@ -204,6 +229,45 @@ TEST_F(MainWindowTest, LinesAreEditedByMouseAndKeyboard) {
     expectLines({});
 }
 
+TEST_F(MainWindowTest, TheUnitCostAndTheLineTotalFollowEachOther) {
+    driver->onNextDialog([&](QWidget&) {
+        type("QEd", "23");
+        type("UCEd", "2");
+        EXPECT_EQ(text("LineTotalEd"), "46.00");
+        type("LineTotalEd", "567.45");
+        EXPECT_EQ(text("UCEd"), "24.6717");
+        type("QEd", "10");
+        EXPECT_EQ(text("UCEd"), "56.745") << "the total was typed last";
+        type("UCEd", "12 / 5");
+        EXPECT_EQ(text("LineTotalEd"), "24.00");
+        click("Save");
+    });
+    driver->press("OrderGrid", Qt::Key_Insert);
+    EXPECT_EQ(driver->cell("OrderGrid", 0, kUnitCost), "2.40");
+    EXPECT_EQ(driver->cell("OrderGrid", 0, kLineTotal), "24.00");
+}
+
+TEST_F(MainWindowTest, LinesMoveByKeysAndArePastedFromATable) {
+    QApplication::clipboard()->setText("\t1\tea\tfirst\t1\n\t2\tea\tsecond\t2\n\t3\tea\tthird\t3");
+    driver->onNextDialog([&](QWidget& dialog) {
+        EXPECT_EQ(dialog.objectName(), "PasteLines");
+        EXPECT_EQ(text("PasteSummary"), "3 lines, 14.00 in all");
+        EXPECT_EQ(driver->rows("PasteGrid"), 3);
+        click("PasteAdd");
+    });
+    driver->press("OrderGrid", Qt::Key_V, Qt::ControlModifier);
+    expectLines({"first", "second", "third"});
+    driver->press("OrderGrid", Qt::Key_Up, Qt::AltModifier);
+    driver->press("OrderGrid", Qt::Key_Up, Qt::AltModifier);
+    driver->press("OrderGrid", Qt::Key_Up, Qt::AltModifier);
+    expectLines({"third", "first", "second"});
+    driver->press("OrderGrid", Qt::Key_Down, Qt::AltModifier);
+    expectLines({"first", "third", "second"});
+    driver->onNextDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    driver->press("OrderGrid", Qt::Key_V, Qt::ControlModifier);
+    expectLines({"first", "third", "second"});
+}
+
 TEST_F(MainWindowTest, RightClicksOpenTheMenusOfTheRowAndNoOrder) {
     newOrder();
     addLine("1", "first", "1");
@@ -258,9 +322,21 @@ TEST_F(MainWindowTest, TheListIsFilteredCountedAndRedWhereARequisitionIsOpen) {
     };
     EXPECT_EQ(colour(kNumberColumn).value<QColor>(), QColor(255, 0, 0));
     EXPECT_FALSE(colour(kVendorColumn).isValid());
+    const QModelIndex number = driver->find<QTableView>("POGrid")->model()->index(0, kNumberColumn);
+    EXPECT_TRUE(number.data(Qt::DecorationRole).isValid());
+    EXPECT_EQ(number.data(Qt::ToolTipRole).toString(), "Requisition");
     click("OptionPO");
     click("SaveChanges");
     EXPECT_FALSE(colour(kNumberColumn).isValid());
+    EXPECT_FALSE(number.data(Qt::DecorationRole).isValid());
+    click("MarkReceivedCheck");
+    click("SaveChanges");
+    EXPECT_EQ(number.data(Qt::ToolTipRole).toString(), "Purchase order, received");
+    EXPECT_EQ(colour(kNumberColumn).value<QColor>(),
+              QApplication::palette().color(QPalette::ButtonText));
+    EXPECT_NE(colour(kVendorColumn).value<QColor>(), QApplication::palette().color(QPalette::Text));
+    click("MarkReceivedCheck");
+    click("SaveChanges");
 
     for (const char* box : {"ListCheckRE", "ListCheckRecd", "ListCheckPO"}) {
         EXPECT_TRUE(driver->find<QCheckBox>(box)->isChecked()) << box;
@@ -269,6 +345,90 @@ TEST_F(MainWindowTest, TheListIsFilteredCountedAndRedWhereARequisitionIsOpen) {
     }
     EXPECT_EQ(driver->rows("POGrid"), 0);
     EXPECT_EQ(driver->control("BottomLabel")->toolTip(), "0 orders listed");
+}
+
+TEST_F(MainWindowTest, TheFindBoxNarrowsTheListAndItsRowsStayWhatTheyAre) {
+    for (const char* vendor : {"Acme Steel", "Caf\u00e9 Noir", "Steel & Sons"}) {
+        newOrder();
+        type("ToCombo", vendor);
+        click("SaveChanges");
+    }
+    auto* grid = driver->find<QTableView>("POGrid");
+    const auto current = [&] {
+        return grid->currentIndex().isValid() ? cell(grid->currentIndex().row(), kNumberColumn)
+                                              : "";
+    };
+    driver->control("ByEd")->setFocus();
+    driver->trigger("mu_FindInList");  // Ctrl+F
+    ASSERT_EQ(QApplication::focusWidget(), driver->control("FindEd"));
+    QTest::keyClicks(QApplication::focusWidget(), "cafe");
+    EXPECT_EQ(driver->rows("POGrid"), 1);
+    EXPECT_EQ(text("ListCount"), "1 of 3 orders listed");
+    EXPECT_EQ(current(), "") << "the row of the order shown is hidden";
+    EXPECT_FALSE(grid->selectionModel()->hasSelection());
+    driver->trigger("mu_DeleteOrder");  // asks nothing: no row is current
+
+    type("FindEd", "STEEL");
+    EXPECT_EQ(driver->rows("POGrid"), 2);
+    EXPECT_EQ(current(), "000003") << "it can be seen again";
+    driver->clickHeading("POGrid", kVendorColumn);
+    driver->clickCell("POGrid", 0, kVendorColumn);
+    EXPECT_EQ(text("ToCombo"), "Acme Steel");
+    driver->answer("000003", QMessageBox::Yes);
+    chooseInMenu("POGrid", 1, "POPop", "POPop_delete");
+    EXPECT_EQ(driver->rows("POGrid"), 1);
+    EXPECT_EQ(text("ListCount"), "1 of 2 orders listed");
+    EXPECT_EQ(current(), "") << "nothing takes the place of the deleted one";
+
+    driver->control("ByEd")->setFocus();
+    driver->trigger("mu_FindInList");
+    driver->press("FindEd", Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), grid);
+    EXPECT_EQ(current(), "000001");
+    driver->control("ByEd")->setFocus();
+    driver->trigger("mu_FindInList");
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(text("FindEd"), "");
+    EXPECT_EQ(text("ListCount"), "2 orders listed");
+    EXPECT_EQ(current(), "000001");
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "ByEd") << "where it came from";
+}
+
+TEST_F(MainWindowTest, AColleaguesOrdersAppearAndTheViewStaysWhereItWas) {
+    newOrder();
+    auto* grid = driver->find<QTableView>("POGrid");
+    const auto colleagueSaves = [&](int first, int last) {
+        Order theirs = order();
+        for (int number = first; number <= last; ++number) {
+            theirs.PONoEd = std::to_string(number);
+            program->index.RecordData(theirs);
+        }
+    };
+    colleagueSaves(200, 300);
+    window->activateWindow();  // which the question took the focus from
+    EXPECT_TRUE(QTest::qWaitFor([&] { return driver->rows("POGrid") == 102; }, 10000))
+        << "all by itself";
+    grid->horizontalHeader()->moveSection(kVendorColumn, 0);
+    grid->horizontalHeader()->resizeSection(kVendorColumn, 333);
+    grid->selectRow(40);  // as the arrow keys do: nothing is opened
+    grid->verticalScrollBar()->setValue(38);
+    const auto onTop = [&] { return cell(grid->rowAt(0), kNumberColumn); };
+    const auto current = [&] { return cell(grid->currentIndex().row(), kNumberColumn); };
+    EXPECT_EQ(onTop() + current(), "262260");
+
+    colleagueSaves(301, 305);
+    program->lookForNews();
+    EXPECT_EQ(driver->rows("POGrid"), 107);
+    EXPECT_EQ(onTop() + current(), "262260");
+    EXPECT_TRUE(grid->selectionModel()->isRowSelected(grid->currentIndex().row(), {}));
+    EXPECT_EQ(text("PONoEd"), "000001");
+    EXPECT_EQ(grid->columnWidth(kVendorColumn), 333);
+    EXPECT_EQ(grid->horizontalHeader()->visualIndex(kVendorColumn), 0);
+
+    driver->clickHeading("POGrid", kNumberColumn);
+    EXPECT_EQ(current(), "260");
+    EXPECT_TRUE(grid->viewport()->rect().contains(grid->visualRect(grid->currentIndex()).center()));
 }
 
 TEST_F(MainWindowTest, TheCalendarFillsItsBoxAndClosesOnEscape) {
@@ -337,7 +497,7 @@ TEST_F(MainWindowTest, TabGoesThroughTheOrderAsItIsRead) {
     EXPECT_EQ(passed.join(' '),
               "ToField ShipToCombo ShipToField JobNumberEd ByEd ShipViaEd FOBEd TermsEd CommentsEd "
               "OrderGrid DiscountFactorEd DiscountEd TaxFactorEd SalesTaxEd ShippingEd POGrid "
-              "ListCheckPO ListCheckRE ListCheckRecd HideOrders NewPO Save_PO Clear TotalUp "
+              "FindEd ListCheckPO ListCheckRE ListCheckRecd HideOrders NewPO Save_PO Clear TotalUp "
               "MakeOrder HelpButton PONoEd OptionPO MarkReceivedCheck OrderDateEd OrderDatePicker "
               "ShipDateEd ShipDatePicker ToCombo");
 }
@@ -454,6 +614,56 @@ TEST_F(MainWindowTest, NothingIsCutOffAtTheSmallestSize) {
         const QRect place(child->mapTo(window.get(), QPoint()), child->size());
         EXPECT_TRUE(window->rect().contains(place)) << child->objectName();
     }
+}
+
+TEST_F(MainWindowTest, ACharacterThatOrdersCannotHoldIsToldOfOnce) {
+    const QString hint = "Orders cannot hold the character %1: it becomes \"?\".";
+    const auto paste = [this](const QString& box, const QString& pasted) {
+        QApplication::clipboard()->setText(pasted);
+        driver->control(box)->setFocus();
+        for (const auto keys : {QKeySequence::SelectAll, QKeySequence::Paste})
+            QTest::keySequence(driver->control(box), keys);
+    };
+    const std::vector<std::tuple<QString, QString, QString>> cases{
+        {"ByEd", QString::fromUtf8("\u0141ukasz"), QString::fromUtf8("\"\u0141\"")},
+        {"ToCombo", QString::fromUtf8("\u03A9"), QString::fromUtf8("\"\u03A9\"")},
+        {"ToField", QString::fromUtf8("Oak Lane\nEndre\u0151d"), QString::fromUtf8("\"\u0151\"")},
+        {"CommentsEd", QString::fromUtf8("\U0001F600"), QString::fromUtf8("\"\U0001F600\"")},
+        {"JobNumberEd", QString::fromUtf8("a\u200Bb"), "U+200B"},
+        {"ShipToField", QString::fromUtf8("x\u0328"), "U+0328"},
+    };
+    for (const bool pasted : {false, true}) {
+        for (const auto& [box, content, character] : cases) {
+            // What has no key of its own can only be pasted.
+            if (!pasted && (box == "CommentsEd" || box == "JobNumberEd")) continue;
+            open();
+            for (const char* held : {"Caf\u00E9 \u20AC \u201Cx\u201D", "e\u0301", "plain?"}) {
+                paste(box, QString::fromUtf8(held));
+                EXPECT_EQ(status(), "") << held;
+            }
+            pasted ? paste(box, content) : type(box, content);
+            EXPECT_EQ(status(), hint.arg(character));
+            window->statusBar()->clearMessage();
+            pasted ? paste(box, content) : type(box, content);
+            EXPECT_EQ(status(), "") << "once is enough";
+        }
+    }
+}
+
+TEST_F(MainWindowTest, TheHintOfACharacterWaitsUntilTheStatusLineIsFree) {
+    const QString omega = QString::fromUtf8("\u03A9");
+    window->statusBar()->showMessage("A failure");
+    type("ByEd", omega);
+    EXPECT_EQ(status(), "A failure");
+    window->statusBar()->clearMessage();
+    driver->inDialog("OrderPop_OneTime", [&](QWidget& dialog) {
+        EXPECT_EQ(status(), "");
+        type("Text1", "Resistor, 4.7 k" + omega);
+        EXPECT_TRUE(status().contains(omega));
+        dialog.close();
+    });
+    click("Clear");
+    EXPECT_FALSE(status().contains(omega)) << "it goes with the next command";
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <QtGui>
 
 #include <algorithm>
+#include <ctime>
 #include <gtest/gtest.h>
 
 namespace bramblet::test {
@@ -26,23 +27,28 @@ std::string repeated(const std::string& part, int times) {
 class PagesTest : public ::testing::Test {
   protected:
     void divide(const std::string& document, double height) {
+        constexpr double kRunningHead = 30;
         sheet.show(document, 1);
-        breaks.clear();
-        for (const PageBreak& pageBreak : pageBreaks(sheet, height))
-            breaks.push_back(pageBreak.at);
-        for (std::size_t i = 1; i < breaks.size(); ++i) {
-            EXPECT_GT(breaks[i], breaks[i - 1]);
-            EXPECT_LE(breaks[i], breaks[i - 1] + height);
+        pages = pagesOf(sheet, height, kRunningHead);
+        double end = 0;
+        for (const Page& page : pages) {
+            EXPECT_EQ(page.from, end);
+            EXPECT_GT(page.to, page.from);
+            const double above = (end > 0 ? kRunningHead : 0) + page.headingsHeight();
+            EXPECT_LE(above + page.to - page.from, height);
+            end = page.to;
         }
-        EXPECT_EQ(breaks.back(), sheet.size().height());
+        EXPECT_EQ(end, sheet.size().height());
     }
     static QRectF place(const OrderSheet& in, const QTextBlock& block) {
         return in.documentLayout()->blockBoundingRect(block);
     }
     /// No page ends between two heights.
     void expectWhole(double top, double bottom, const QTextBlock& block) const {
-        for (const double at : breaks)
-            EXPECT_FALSE(at > top + 0.01 && at < bottom - 0.01) << block.text().toStdString();
+        for (const Page& page : pages) {
+            EXPECT_FALSE(page.from > top + 0.01 && page.from < bottom - 0.01)
+                << block.text().toStdString();
+        }
     }
     void expectNoLineCut() const {
         for (QTextBlock block = sheet.begin(); block.isValid(); block = block.next()) {
@@ -54,13 +60,29 @@ class PagesTest : public ::testing::Test {
         }
     }
 
+    /// The texts of the rows that begin between two heights of the items table.
+    QStringList rowsBetween(double from, double to) const {
+        QStringList rows;
+        const QTextTable* const table = sheet.find("Quant").currentTable();
+        for (int row = 0; row < table->rows(); ++row) {
+            const double middle =
+                place(sheet, table->cellAt(row, 0).firstCursorPosition().block()).center().y();
+            if (middle < from || middle > to) continue;
+            QStringList texts;
+            for (int column = 0; column < table->columns(); ++column)
+                texts += table->cellAt(row, column).firstCursorPosition().block().text();
+            rows += texts.join('|');
+        }
+        return rows;
+    }
+
     OrderSheet sheet{noPicture};
-    std::vector<double> breaks;
+    std::vector<Page> pages;
 };
 
 TEST_F(PagesTest, BreakBetweenRowsAndHoldEveryLine) {
     divide(longDocument(200), 950);
-    EXPECT_GE(breaks.size(), 5u);
+    EXPECT_GE(pages.size(), 5u);
     expectNoLineCut();
     int tallCells = 0;
     for (QTextBlock block = sheet.begin(); block.isValid(); block = block.next()) {
@@ -79,10 +101,64 @@ TEST_F(PagesTest, BreakBetweenRowsAndHoldEveryLine) {
 
 TEST_F(PagesTest, TablesCloseTogetherFillThePagesAndAHighRowBreaksBetweenItsLines) {
     divide(repeated("<table><tr><td>a</td></tr></table>", 500), 900);
-    EXPECT_LE(breaks.size(), sheet.size().height() / 900 + 3);
+    EXPECT_LE(pages.size(), sheet.size().height() / 900 + 3);
     divide("<table border=\"1\"><tr><td>" + repeated("line<br>", 100) + "</td></tr></table>", 300);
-    EXPECT_GE(breaks.size(), 4u);
+    EXPECT_GE(pages.size(), 4u);
     expectNoLineCut();
+}
+
+/// The pages' ends wander over the rows as the order grows.
+TEST_F(PagesTest, HeadingsAreRepeatedWhereTheTableGoesOnAndTotalsStayTogether) {
+    const QString headings = "Quant|Unit|Description|Unit Price|Amount";
+    std::size_t most = 0;
+    for (int lines = 1; lines <= 60; ++lines) {
+        SCOPED_TRACE(lines);
+        divide(longDocument(lines), 500);
+        most = std::max(most, pages.size());
+        EXPECT_EQ(pages[0].headingsHeight(), 0);
+        const double tableEnd = place(sheet, sheet.find("Order Total").block()).bottom();
+        for (std::size_t i = 0; i < pages.size(); ++i) {
+            const QStringList rows = rowsBetween(pages[i].from, pages[i].to);
+            const bool goesOn = i > 0 && pages[i].from < tableEnd;
+            EXPECT_EQ(rowsBetween(pages[i].headingsFrom, pages[i].headingsTo),
+                      goesOn ? QStringList(headings) : QStringList());
+            EXPECT_TRUE(rows.isEmpty() || rows.last() != headings) << "with nothing below them";
+            EXPECT_NE(rows.join('/').contains("Sub Total"),
+                      !rows.join('/').contains("Order Total"));
+        }
+    }
+    EXPECT_GE(most, 3u);
+}
+
+TEST_F(PagesTest, HeadingsThatWouldFillThePageAreNotRepeated) {
+    const std::string row = "<tr><td>item</td></tr>";
+    const auto table = [&](const std::string& heading) {
+        return "<table border=\"1\"><tr>\r\n<td width=\"50%\">" + heading + "</td></tr>" +
+               repeated(row, 100) + "</table>";
+    };
+    divide(table("item"), 300);
+    EXPECT_GT(pages.at(1).headingsHeight(), 0);
+    divide(table(repeated("high<br>", 15)), 300);
+    EXPECT_EQ(pages.at(1).headingsHeight(), 0);
+    divide(table("a") + repeated("<p>between</p>", 20) + table("b<br>b"), 300);
+    for (const Page& page : pages) {
+        const bool second = page.from > sheet.size().height() / 2;
+        const double height = page.headingsHeight();
+        EXPECT_TRUE(height == 0 || (height > 25) == second) << "the headings of its own table";
+    }
+}
+
+TEST_F(PagesTest, PrintingTakesAsLongAsTheOrder) {
+    const auto ticks = [](int lines) {
+        QBuffer pdf;
+        pdf.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&pdf);
+        const std::string document = longDocument(lines);
+        const auto start = std::clock();
+        OrderSheet::print(document, noPicture, writer);
+        return std::clock() - start;
+    };
+    EXPECT_LT(ticks(1500), 20 * ticks(150));
 }
 
 TEST_F(PagesTest, OnlyThePagesAskedForArePrinted) {

@@ -65,7 +65,40 @@ TEST_F(StockWindows, ItemsArePickedAddedToTheOrderAndChanged) {
     EXPECT_EQ(driver->cell("StockGrid", 0, 4), "7.95");
     EXPECT_EQ(text("FileOrderTag"), "1") << "it stays picked";
     saveItem("Hinges", "Eastgate", "Pivot hinge", "3");
-    EXPECT_EQ(text("StockDescriptionEd"), "Pivot hinge") << "it does not come back into the boxes";
+    EXPECT_EQ(text("StockDescriptionEd") + text("FileOrderTag"), "Pivot hinge3");
+    EXPECT_EQ(grid->currentIndex().row(), 2) << "the new one is picked";
+}
+
+TEST_F(StockWindows, EachListHasItsOwnFindingAndAHiddenItemIsNotAdded) {
+    driver->clickCell("StockGrid", 0, 1);
+    driver->trigger("mu_FindInList");
+    type("FindEd", "screw");
+    EXPECT_EQ(text("BottomLabel"), "1 of 2 stock items listed");
+    EXPECT_EQ(text("FileOrderTag"), "1") << "the editor keeps its item";
+    click("AddToOrder");
+    EXPECT_EQ(driver->rows("OrderGrid"), 0) << "its row is not shown";
+    EXPECT_EQ(window->statusBar()->currentMessage(),
+              "No item is picked in the list of stock items.");
+    driver->doubleClickCell("StockGrid", 0, 1);
+    EXPECT_EQ(driver->cell("OrderGrid", 0, kDescription), "Brass screw");
+
+    click("ViewExisting");
+    EXPECT_EQ(text("FindEd"), "");
+    type("FindEd", "nothing");
+    driver->trigger("mu_HideOrders");
+    EXPECT_EQ(text("FindEd"), "screw");
+    EXPECT_EQ(text("BottomLabel"), "1 of 2 stock items listed");
+}
+
+TEST_F(StockWindows, WhatIsTypedIntoTheEditorOutlivesALookForAnotherItem) {
+    type("StockDescriptionEd", "Steel screw");
+    QTest::mouseClick(driver->control("FindEd"), Qt::LeftButton);
+    QTest::keyClicks(driver->control("FindEd"), "hinge");
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(driver->rows("StockGrid"), 2);
+    driver->press("FindEd", Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "StockDescriptionEd");
+    EXPECT_EQ(text("StockDescriptionEd"), "Steel screw");
 }
 
 TEST_F(StockWindows, WhatIsEnteredByTabIsTypedOver) {

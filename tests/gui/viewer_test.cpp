@@ -69,6 +69,14 @@ TEST_F(ViewerTest, ItSavesAPdfMailsAndFollowsALinkInTheBrowser) {
     });
     EXPECT_EQ(contentOf(pdf).substr(0, 5), "%PDF-");
     EXPECT_EQ(desktop.mail.subject, "Bramblet #000001");
+    view([&](QWidget&) { click("MailPdf"); });
+    ASSERT_EQ(desktop.mail.attachments.size(), 1u);
+    const auto withoutDate = [](const std::filesystem::path& path) {
+        std::string pages = contentOf(path);
+        const auto date = pages.find("/CreationDate");
+        return pages.erase(date, pages.find('\n', date) - date);
+    };
+    EXPECT_EQ(withoutDate(desktop.mail.attachments[0]), withoutDate(pdf)) << "the same pages";
 }
 
 TEST_F(ViewerTest, RewriteShowsTheSettingsAtOnce) {

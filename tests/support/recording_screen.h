@@ -19,6 +19,9 @@ class RecordingScreen : public Screen {
     std::vector<std::string> opened;  ///< the windows
     std::function<void()> onBackupProgress = [] {};
 
+    /// Looks at the lines to be pasted; whether they are to be added.
+    std::function<bool(PastedLines& lines)> onPastedLines = [](PastedLines&) { return true; };
+
     std::optional<LineEntry> lineAnswer;  ///< what the line dialog stores; none for Cancel
     std::string lastCaption;              ///< of the line dialog
     LineEntry lastEntry;
@@ -36,6 +39,7 @@ class RecordingScreen : public Screen {
         lastEntry = entry;
         return lineAnswer;
     }
+    bool lookAtPastedLines(PastedLines& lines) override { return onPastedLines(lines); }
     void showViewer() override { opened.push_back("viewer"); }
     void showHelp() override { opened.push_back("help"); }
     void showContactImport() override { opened.push_back("contact import"); }

@@ -3,7 +3,9 @@
 #include "tour/sample_company.h"
 #include "tour/stations.h"
 
+#include <QApplication>
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QMenu>
 
 namespace bramblet::tour {
@@ -59,6 +61,19 @@ void lineMenu(Guide& guide) {
     menu->close();
 }
 
+void pasteLines(Guide& guide) {
+    QApplication::clipboard()->setText(
+        "Description\tQty\tUnit\tUnit price\tTotal\n"
+        "Deck screws 3 in\t6\tbox\t11.90\t71.40\n"
+        "Joist hangers\t24\tea\t2.15\t51.60\n"
+        "Concrete mix 60 lb\t12\tbag\ton request\t\n");
+    guide.inDialog("OrderPop_Paste", [&](QWidget& dialog) {
+        guide.pictureWith("06-paste", dialog);
+        guide.help("paste", dialog);
+        guide.click("Cancel");
+    });
+}
+
 /// Once the order is written: its parts, for the help.
 void picturesOfOrder(Guide& guide) {
     guide.picture("05-order");
@@ -66,6 +81,7 @@ void picturesOfOrder(Guide& guide) {
     guide.help("address", {"ToCombo", "DeleteVendor", "ToField"});
     guide.help("totals", {"DiscountLab", "SubTotalEd", "OrderTotalEd"});
     lineMenu(guide);
+    pasteLines(guide);
 }
 
 void writeOrder(Guide& guide, const SampleOrder& order, bool withPictures) {
@@ -151,7 +167,11 @@ void openAndChange(Guide& guide) {
                                       {"OrderGrid", Qt::AlignRight | Qt::AlignBottom},
                                       {"SubTotalEd", Qt::AlignLeft},
                                       {"ListCheckPO", Qt::AlignLeft, true}});
-    guide.help("saved-orders", {"POGrid", "BottomLabel", "HideOrders"});
+    guide.help("saved-orders", {"POGrid", "FindEd", "HideOrders"});
+    guide.type("FindEd", "site 2026");
+    guide.picture("19-found");
+    guide.help("find", {"POGrid", "FindEd", "HideOrders"});
+    guide.press("FindEd", Qt::Key_Escape);
     guide.click("MarkReceivedCheck");
     guide.pictureOfNext("08-save-question", QMessageBox::Yes, "save-question");
     guide.clickCell("POGrid", 2, 3);

@@ -2,10 +2,26 @@
 
 #include "core/platform/path_text.h"
 
+#include <cstring>
 #include <sstream>
 #include <utility>
 
 namespace bramblet {
+namespace {
+
+/// A path as it stands in a file: exactly, whatever its letters are.
+std::string bytesOf(const std::filesystem::path& path) {
+    const auto* const bytes = reinterpret_cast<const char*>(path.c_str());
+    return {bytes, path.native().size() * sizeof(std::filesystem::path::value_type)};
+}
+std::filesystem::path pathOfBytes(const std::string& bytes) {
+    std::filesystem::path::string_type native(
+        bytes.size() / sizeof(std::filesystem::path::value_type), 0);
+    std::memcpy(native.data(), bytes.data(), native.size() * sizeof(native[0]));
+    return native;
+}
+
+}  // namespace
 
 OpenHome::OpenHome(std::filesystem::path folder)
     : folder_(std::move(folder)),
@@ -15,13 +31,14 @@ OpenHome::OpenHome(std::filesystem::path folder)
     own_ = os::machineName() + '\n' + std::to_string(process) + '\n' + os::processMark(process);
 }
 
-bool OpenHome::enter(Prompts& prompts, Desktop& desktop, const std::function<void()>& moment) {
+bool OpenHome::enter(Prompts& prompts, Desktop& desktop, const std::function<void()>& moment,
+                     const std::filesystem::path& file) {
     try {
         files_.createFolders(folder_);
         for (entered_ = putUp(); !entered_; entered_ = putUp()) {
             const auto other = occupant();
             Answer answer = Answer::Ignore;
-            if (other && calls(*other, desktop, moment)) return false;
+            if (other && calls(*other, desktop, moment, file)) return false;
             if (other) answer = ask(*other, prompts);
             if (answer == Answer::Close) return false;
             if (answer == Answer::Ignore) files_.remove(sign_);
@@ -33,13 +50,14 @@ bool OpenHome::enter(Prompts& prompts, Desktop& desktop, const std::function<voi
     return true;
 }
 
-bool OpenHome::wasCalled() const {
+std::optional<std::filesystem::path> OpenHome::wasCalled() const {
     try {
-        if (!entered_ || !files_.exists(call_)) return false;
+        if (!entered_ || !files_.exists(call_)) return std::nullopt;
+        const std::string file = files_.read(call_);
         files_.remove(call_);
-        return true;
+        return pathOfBytes(file);
     } catch (const FileError&) {
-        return false;
+        return std::nullopt;
     }
 }
 
@@ -75,13 +93,12 @@ std::optional<OpenHome::Occupant> OpenHome::occupant() const {
 }
 
 /// Asks the other program to show itself; false when it does not answer.
-bool OpenHome::calls(const Occupant& other, Desktop& desktop,
-                     const std::function<void()>& moment) const {
+bool OpenHome::calls(const Occupant& other, Desktop& desktop, const std::function<void()>& moment,
+                     const std::filesystem::path& file) const {
     constexpr int kMoments = 40;
     if (other.machine != os::machineName()) return false;
     desktop.letToFront(other.process);
-    if (files_.exists(call_)) files_.remove(call_);
-    files_.touch(call_);
+    files_.replace(call_, bytesOf(file));
     for (int i = 0; i < kMoments; ++i) {
         moment();
         if (!files_.exists(call_)) return true;

@@ -24,11 +24,14 @@ class OpenHome {
 
     /// Puts the sign up. Where another program's sign is, calls that program to the front, and asks
     /// the user what to do if it does not come; `moment` lets a little time pass. Returns false if
-    /// this program is not to start. Where no sign can be put up, it starts all the same.
-    bool enter(Prompts& prompts, Desktop& desktop, const std::function<void()>& moment);
+    /// this program is not to start. Where no sign can be put up, it starts all the same. `file` is
+    /// what this program was started to open, if anything; the program called opens it instead.
+    bool enter(Prompts& prompts, Desktop& desktop, const std::function<void()>& moment,
+               const std::filesystem::path& file = {});
 
-    /// Whether a second program has called since; that answers it.
-    bool wasCalled() const;
+    /// What a second program that has called since was started to open: an empty path for nothing.
+    /// Nothing at all if none has called. That answers it.
+    std::optional<std::filesystem::path> wasCalled() const;
 
     /// Takes the sign down, unless another program has put up its own instead.
     void leave();
@@ -41,7 +44,8 @@ class OpenHome {
     };
     std::optional<Occupant> occupant() const;
     bool putUp() const;
-    bool calls(const Occupant& other, Desktop& desktop, const std::function<void()>& moment) const;
+    bool calls(const Occupant& other, Desktop& desktop, const std::function<void()>& moment,
+               const std::filesystem::path& file) const;
     Answer ask(const Occupant& other, Prompts& prompts) const;
 
     FileSystem files_;  // without waiting

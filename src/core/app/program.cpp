@@ -12,6 +12,7 @@ Program::Program(Environment environment, Prompts& prompts)
       files_(environment_.waitForFile),
       settingsFile_(files_, homeFolderIn(environment_.documentsFolder)),
       keptOrders_(files_, environment_.clock, settingsFile_.homeFolder()),
+      mailedPdfs_(files_, environment_.clock, settingsFile_.homeFolder()),
       settings(settingsFile_.LoadConfig(prompts)),
       folder(pathOfFolder(settings.DataDirectory)),
       taxFreight(isOn(settings.TaxFreight)),
@@ -29,7 +30,7 @@ Program::Program(Environment environment, Prompts& prompts)
               open, addresses, histories, index, savedOrders, stock, documents}),
       lines(commands, open, environment_.formats),
       contactImport(files_, commands, addresses),
-      viewer(files_, commands, settings, editor, open, environment_.desktop),
+      viewer(files_, commands, settings, editor, open, mailedPdfs_, environment_.desktop),
       csvExport(files_, commands, index, environment_.formats, environment_.desktop),
       backup(files_, commands, settings, {addresses, savedOrders, stock, histories}),
       settingsEditor(files_, commands, settings),
@@ -60,6 +61,7 @@ void Program::start() {
 }
 
 void Program::lookAround() {
+    mailedPdfs_.removeOld();
     if (!folder.DataPathOK() || commands.running()) return;
     commands.edit([&] {
         std::vector<std::filesystem::path> names;
@@ -71,6 +73,12 @@ void Program::lookAround() {
         documents.recoverLeftovers(names);
         listRebuild.tellOfStrays(names);
     });
+}
+
+void Program::lookForNews() {
+    if (!folder.DataPathOK() || commands.running()) return;
+    savedOrders.lookForNews();
+    stock.lookForNews();
 }
 
 Program::Leave Program::leave(const WindowPlace& place) {

@@ -12,6 +12,7 @@
 #include "core/orders/kept_orders.h"
 #include "core/orders/line_items.h"
 #include "core/orders/list_rebuild.h"
+#include "core/orders/mailed_pdfs.h"
 #include "core/orders/order_documents.h"
 #include "core/orders/order_editor.h"
 #include "core/orders/order_index.h"
@@ -53,9 +54,14 @@ class Program {
     /// watching.
     void start();
 
-    /// Looks for what a program that died has left in the data folder, and for orders that only the
-    /// list or only a document tells of. Called once, when the windows have been painted.
+    /// Removes what was left for the mail program, and looks for what a program that died has left
+    /// in the data folder, and for orders that only the list or only a document tells of. Called
+    /// once, when the windows have been painted.
     void lookAround();
+
+    /// Shows what colleagues have changed in the lists since they were read. Called every few
+    /// seconds while nothing else goes on.
+    void lookForNews();
 
     enum class Leave { Now, Cancelled, Stay };
     /// Shuts down: offers to save a changed order and writes the settings. Returns Cancelled when
@@ -84,6 +90,7 @@ class Program {
     FileSystem files_;
     SettingsFile settingsFile_;
     KeptOrders keptOrders_;
+    MailedPdfs mailedPdfs_;
     std::optional<Order> settled_;  ///< the order about which leaving has been settled
 
   public:

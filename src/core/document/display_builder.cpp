@@ -95,11 +95,11 @@ void DisplayBuilder::openTable(const Element& element, const std::string& openin
     push({&element, tooMany || cells_ > kMostCells ? "" : opening, lined});
 }
 
-void DisplayBuilder::openRow(const Tag& tag, bool lined) {
+void DisplayBuilder::openRow(const Tag& tag, bool lined, bool headings) {
     const auto table = findOpen(isTable);
     if (!table || leavesOut(tag)) return;
     closeDownTo(*table + 1);
-    addRow(tag, lined);
+    addRow(tag, lined, headings);
 }
 
 void DisplayBuilder::openCell(const Tag& tag, bool empty) {
@@ -177,12 +177,15 @@ bool DisplayBuilder::leavesOut(const Tag& tag) {
     return true;
 }
 
-void DisplayBuilder::addRow(const Tag& tag, bool lined) {
+void DisplayBuilder::addRow(const Tag& tag, bool lined, bool headings) {
     const Open& table = stack_.back();
+    const bool first = table.cells == 0;
     cells_ += table.cells;  // a short row is filled up with empty cells
     const bool shown = !table.opening.empty();
     lined = lined && table.lined;
-    push({tag.element, shown ? "<tr" + shownAttributes(tag, scale_) + ">" : "", lined});
+    headings = headings && shown && lined && first;
+    if (headings) html_ += "<thead>";
+    push({tag.element, shown ? "<tr" + shownAttributes(tag, scale_) + ">" : "", lined, headings});
 }
 
 std::string DisplayBuilder::cellStyle(const Open& row, bool empty) {
@@ -224,6 +227,7 @@ void DisplayBuilder::closeDownTo(std::size_t count) {
         const std::string& opening = stack_.back().opening;
         if (opening.empty()) continue;
         html_ += "</" + opening.substr(1, opening.find_first_of(" >") - 1) + ">";
+        if (stack_.back().headings) html_ += "</thead>";
     }
 }
 

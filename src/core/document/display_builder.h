@@ -32,9 +32,10 @@ class DisplayBuilder {
 
     /// Opens a text element. Its HTML is `opening`, empty for an element that has no effect.
     void openText(const Element& element, const std::string& opening);
-    /// In a `lined` table, the cells of `lined` rows get lines unless they are empty.
+    /// In a `lined` table, the cells of `lined` rows get lines unless they are empty, and the first
+    /// row may be that of the `headings`.
     void openTable(const Element& element, const std::string& opening, bool lined);
-    void openRow(const Tag& tag, bool lined);
+    void openRow(const Tag& tag, bool lined, bool headings);
     void openCell(const Tag& tag, bool empty);
     /// Makes the next cell opened higher, by pixels at this zoom.
     void addHeight(double pixels) { addedHeight_ = pixels; }
@@ -47,9 +48,10 @@ class DisplayBuilder {
     /// An element whose end is still to come.
     struct Open {
         const Element* element;
-        std::string opening;  ///< as it stands in the page; empty if left out
-        bool lined = false;   ///< of a table or a row
-        int cells = 0;        ///< in a row, or in a table's longest row
+        std::string opening;    ///< as it stands in the page; empty if left out
+        bool lined = false;     ///< of a table or a row
+        bool headings = false;  ///< of a table, in a row
+        int cells = 0;          ///< in a row, or in a table's longest row
     };
 
     void addCharacter(char c);
@@ -57,7 +59,7 @@ class DisplayBuilder {
     void divide();
     void closeParagraph(std::string_view name);
     bool leavesOut(const Tag& tag);
-    void addRow(const Tag& tag, bool lined);
+    void addRow(const Tag& tag, bool lined, bool headings = false);
     std::string cellStyle(const Open& row, bool empty);
     void ensureCell();
     bool isBetweenCells() const;

@@ -101,7 +101,18 @@ class Translation {
         builder_.close(Tag{&block, true, {}});
         builder_.openText(block, "<div>");  // otherwise the next text would join the heading's line
         reader_.skip(kStart.size() + length + kEnd.size());
+        page_.number = numberIn(reader_.rest());
         return true;
+    }
+
+    /// What stands in bold on the line under the heading: "<b>No: 000123</b>".
+    static std::string numberIn(std::string_view rest) {
+        constexpr std::string_view kStart = "<b>";
+        constexpr std::size_t kLongest = 200;
+        rest.remove_prefix(std::min(rest.find_first_not_of("\r\n"), rest.size()));
+        if (!rest.starts_with(kStart)) return {};
+        rest = rest.substr(kStart.size(), kLongest);
+        return std::string(rest.substr(0, rest.find("</b>")));
     }
 
     void addSingle(const Tag& tag) {
@@ -152,7 +163,9 @@ class Translation {
     void openRow(const Tag& tag, std::string_view text) {
         const bool white = tag.word("bordercolor") == "white";
         if (white) shortenFillers(text);
-        builder_.openRow(tag, !white);
+        const std::string_view rest = reader_.rest();
+        const auto content = std::min(rest.find_first_not_of("\r\n"), rest.size());
+        builder_.openRow(tag, !white, rest.substr(content).starts_with("<td width="));
     }
 
     /// When there are very many equal filler rows, turns the first ones into one high row.

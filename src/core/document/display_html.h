@@ -29,11 +29,13 @@ struct DisplayPage {
     std::optional<TopGraphic> topGraphic;
     std::string heading;  ///< "PURCHASE ORDER", bold, kept on one line
     int headingSize = 0;
+    std::string number;  ///< of the order as printed under the heading, "No: 000123"; may be empty
 };
 
 /// Translates a document, at `zoom` times its size, into well-formed HTML. The markers are dropped,
 /// the frame table becomes the page's width, and cells of bordered tables get lines unless they are
-/// empty or their row is marked with a white border. Anything that is not a tag of the dialect
+/// empty or their row is marked with a white border. The first row of such a table is marked as its
+/// headings if it gives the columns their widths. Anything that is not a tag of the dialect
 /// (markup.h) is text. Of tags, only what is known to be harmless gets through: lengths within
 /// bounds, pictures by plain names, links to the web and to mail addresses, tables nested four
 /// deep.

@@ -1,5 +1,6 @@
 #include "core/orders/line_items.h"
 
+#include "core/orders/pasted_lines.h"
 #include "core/platform/amount_text.h"
 #include "core/platform/fault.h"
 #include "core/platform/text.h"
@@ -71,11 +72,46 @@ LineEntry checkedEntry(const LineEntry& boxes, const RegionalFormats& formats) {
     return stored;
 }
 
+OrderLine specialLine(const LineEntry& entry) {
+    OrderLine line;
+    line[kQuantity] = entry.quantity;
+    line[kUnit] = entry.unit;
+    line[kDescription] = entry.description;
+    line[kUnitCost] = entry.unitCost;
+    line[kFileNumber] = kSpecial;
+    return line;
+}
+
 std::string lineTotal(const std::string& quantity, const std::string& unitCost,
                       const RegionalFormats& formats) {
     const double count = numberOf(cleanedNumber(quantity), formats);
     const double cost = numberOf(cleanedNumber(unitCost), formats);
     return standardText(count * cost, formats);
+}
+
+std::string unitCostFor(const std::string& total, const std::string& quantity,
+                        const RegionalFormats& formats) {
+    constexpr int kMostDecimals = 8;
+    try {
+        const double wanted = numberOf(cleanedNumber(total), formats);
+        const double count = numberOf(cleanedNumber(quantity), formats);
+        if (count == 0) return {};
+        for (int decimals = 2;; ++decimals) {
+            const auto digits = plainDigits(
+                rounded(Decimal(wanted / count), decimals, Halves::AwayFromZero), decimals);
+            std::string cost = digits.whole + formats.decimalSeparator + digits.fraction;
+            const bool exact = lineTotal(quantity, cost, formats) == standardText(wanted, formats);
+            if (exact || decimals == kMostDecimals) return cost;
+        }
+    } catch (const Fault&) {
+        return {};
+    }
+}
+
+std::string quotientIn(const std::string& unitCost, const RegionalFormats& formats) {
+    const auto slash = unitCost.find('/');
+    if (slash == std::string::npos) return {};
+    return unitCostFor(unitCost.substr(0, slash), unitCost.substr(slash + 1), formats);
 }
 
 LineTable::LineTable(const RegionalFormats& formats) : ListTable(formats) {
@@ -136,6 +172,33 @@ void LineItems::removeLine(int row) {
         [&] { change([&](std::vector<OrderLine>& lines) { lines.erase(lines.begin() + row); }); });
 }
 
+void LineItems::moveLine(int row, int by) {
+    const int to = row + by;
+    if (!hasLine(row) || !hasLine(to)) return;
+    commands_.run([&] {
+        change([&](std::vector<OrderLine>& lines) {
+            const auto from = lines.begin() + row;
+            if (by < 0) std::rotate(lines.begin() + to, from, from + 1);
+            if (by > 0) std::rotate(from, from + 1, from + 1 + by);
+        });
+        show(to);
+    });
+}
+
+void LineItems::paste(const std::string& clipboard) {
+    commands_.run([&] {
+        PastedLines pasted(clipboard, formats_);
+        if (pasted.rowCount() == 0) return commands_.say("The clipboard holds no lines to paste");
+        if (!commands_.screen().lookAtPastedLines(pasted)) return;
+        change([&](std::vector<OrderLine>& lines) {
+            for (int row = 0; row < pasted.rowCount(); ++row)
+                lines.push_back(pasted.row(row));
+        });
+        showLast();
+        commands_.sayDone(pasted.summary() + " added");
+    });
+}
+
 LineItems::Quantity LineItems::GetQuantity(const std::string& fileNumber) const {
     const std::string wanted = trimmed(fileNumber);
     const auto& lines = open_.order().lines;
@@ -151,7 +214,10 @@ LineItems::Quantity LineItems::GetQuantity(const std::string& fileNumber) const 
 
 void LineItems::StockGrid_DblClick(const StockList& list, int row) {
     commands_.onData([&] {
-        if (row < 0 || row >= list.rowCount()) return;
+        if (row < 0 || row >= list.rowCount()) {
+            commands_.say("No item is picked in the list of stock items");
+            return;
+        }
         Quantity found;
         OrderLine line;
         const bool made = commands_.attempt("The item was not added: ", [&] {
@@ -187,11 +253,9 @@ bool LineItems::hasLine(int row) const {
 }
 
 void LineItems::store(OrderLine& line, const LineEntry& entry) const {
-    line[kQuantity] = entry.quantity;
-    line[kUnit] = entry.unit;
-    line[kDescription] = entry.description;
-    line[kUnitCost] = entry.unitCost;
-    line[kFileNumber] = kSpecial;
+    std::string total = std::move(line[kLineTotal]);
+    line = specialLine(entry);
+    line[kLineTotal] = std::move(total);
     // Fails for a product out of range, or a cell of a document edited by hand.
     commands_.attempt("The line's total was not computed: ", [&] {
         line[kLineTotal] = lineTotal(entry.quantity, entry.unitCost, formats_);
@@ -205,9 +269,13 @@ void LineItems::change(const std::function<void(std::vector<OrderLine>& lines)>&
     open_.recompute();
 }
 
-void LineItems::showLast() {
+void LineItems::show(int row) {
     commands_.showChanges();
-    commands_.screen().showLine(static_cast<int>(open_.order().lines.size()) - 1);
+    commands_.screen().showLine(row);
+}
+
+void LineItems::showLast() {
+    show(static_cast<int>(open_.order().lines.size()) - 1);
 }
 
 }  // namespace bramblet

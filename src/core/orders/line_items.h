@@ -20,9 +20,21 @@ LineEntry storedEntry(const LineEntry& boxes);
 /// As `storedEntry`, but throws BoxFault when an amount cannot be read even then.
 LineEntry checkedEntry(const LineEntry& boxes, const RegionalFormats& formats);
 
+/// A one-time item, whose total is still empty.
+OrderLine specialLine(const LineEntry& entry);
+
 /// `quantity` × `unitCost` in the format "standard". Throws Fault for text that is not a number.
 std::string lineTotal(const std::string& quantity, const std::string& unitCost,
                       const RegionalFormats& formats);
+
+/// The unit cost, with as few decimals (two to eight) as it takes, at which `quantity` costs
+/// `total`. Empty when one of them is not a number, or the quantity is 0.
+std::string unitCostFor(const std::string& total, const std::string& quantity,
+                        const RegionalFormats& formats);
+
+/// What a unit cost typed as a division comes to, "24.6717" for "567.45 / 23"; empty for any other
+/// text.
+std::string quotientIn(const std::string& unitCost, const RegionalFormats& formats);
 
 /// The lines as their grid shows them. Numbers are never cut short.
 class LineTable : public ListTable<OrderLine> {
@@ -61,11 +73,19 @@ class LineItems {
     /// What the dialog's Del does to a line, without the dialog.
     void removeLine(int row);
 
+    /// Moves a line so many rows down, or up if `by` is negative; it stays the current one.
+    void moveLine(int row, int by);
+
+    /// Adds the rows of another program's table as one-time items, once the user has looked at
+    /// them.
+    void paste(const std::string& clipboard);
+
   private:
     bool hasLine(int row) const;
     OrderLine itemLine(const StockList& list, int row, int quantity) const;
     void store(OrderLine& line, const LineEntry& entry) const;
     void change(const std::function<void(std::vector<OrderLine>& lines)>& change);
+    void show(int row);
     void showLast();
 
     Commands& commands_;

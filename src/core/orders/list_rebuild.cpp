@@ -199,7 +199,7 @@ void ListRebuild::compare() {
     if (content_.size() % OrderRow::kSize != 0) add(Finding::CutOff, "", kCutOff);
     std::sort(rows_.begin(), rows_.end(),
               [](const Finding& a, const Finding& b) { return comesBefore(a.number, b.number); });
-    sort(&kColumns[0], false);
+    sort({&kColumns[0], false});
 }
 
 void ListRebuild::compareWith(const std::string& number, std::optional<std::size_t> place) {

@@ -40,7 +40,7 @@ class ListRebuild : public ListTable<Finding> {
     /// Keeps the present list in the folder "kept" and puts the new one in its place.
     void Rebuild_Click();
 
-    void sortBy(int column) { sortByHeading(column); }
+    void sortBy(int column) { sort(sortingOf(column)); }
 
     /// Says in the status bar, once in a run, if going by their names there are listed orders
     /// without a document or documents of orders that are not listed. `names` are those of the

@@ -120,6 +120,10 @@ OrderRecords OrderIndex::readAll() const {
     return openIndex(files_, path_).readAll();
 }
 
+OrderRecords OrderIndex::readAtOnce() const {
+    return openIndex(files_.withoutRetry(), path_).readAll();
+}
+
 std::string OrderIndex::content() const {
     try {
         return files_.read(path_);

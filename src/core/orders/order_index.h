@@ -70,6 +70,10 @@ class OrderIndex {
     bool markDeleted(const std::string& number) const;
 
     OrderRecords readAll() const;
+    /// The same without waiting for a file that somebody holds.
+    OrderRecords readAtOnce() const;
+    /// The file's size and time stamp; nothing when it cannot be looked at at once.
+    std::optional<os::FileStatus> glance() const { return files_.glance(path_); }
 
     /// The file's bytes, whatever they are; none when it is missing.
     std::string content() const;

@@ -16,12 +16,14 @@ constexpr std::uint64_t kLongestShown = 4 << 20;
 }  // namespace
 
 OrderViewer::OrderViewer(const FileSystem& files, Commands& commands, const Settings& settings,
-                         OrderEditor& editor, OpenOrder& open, Desktop& desktop)
+                         OrderEditor& editor, OpenOrder& open, const MailedPdfs& pdfs,
+                         Desktop& desktop)
     : files_(files),
       commands_(commands),
       settings_(settings),
       editor_(editor),
       open_(open),
+      pdfs_(pdfs),
       desktop_(desktop) {}
 
 void OrderViewer::MakeOrder_Click() {
@@ -95,25 +97,39 @@ void OrderViewer::printed(bool good) {
 }
 
 void OrderViewer::IE_Button_Click() {
+    commands_.run([&] { compose(mail()); });
+}
+
+void OrderViewer::mailPdf(const std::string& pdf) {
     commands_.run([&] {
-        const MailResult result = desktop_.compose(mail());
-        if (result == MailResult::NoMailProgram) {
-            commands_.tell(
-                "No mail program was found on this machine. Set one up, or save the order as PDF "
-                "and send that.",
-                "E-mail", Icon::Exclamation);
-        } else if (result == MailResult::Failed) {
-            commands_.tell("The mail program could not take the order.", "E-mail",
-                           Icon::Exclamation);
-        }
+        std::filesystem::path path;
+        const bool written = commands_.attemptOrAsk("The PDF was not written: ", "E-mail",
+                                                    [&] { path = pdfs_.add(orderNumber(), pdf); });
+        if (written) compose(mailWith(path, "pdf", shown(path.filename())));
     });
 }
 
+void OrderViewer::compose(const Mail& mail) {
+    const MailResult result = desktop_.compose(mail);
+    if (result == MailResult::NoMailProgram) {
+        commands_.tell(
+            "No mail program was found on this machine. Set one up, or save the order as PDF "
+            "and send that.",
+            "E-mail", Icon::Exclamation);
+    } else if (result == MailResult::Failed) {
+        commands_.tell("The mail program could not take the order.", "E-mail", Icon::Exclamation);
+    }
+}
+
+Mail OrderViewer::mailWith(const std::filesystem::path& document, const std::string& format,
+                           const std::string& name) const {
+    return {"Bramblet #" + orderNumber(),
+            format + " format purchase order attached (file " + name + ")",
+            {document}};
+}
+
 Mail OrderViewer::mail() const {
-    Mail mail;
-    mail.subject = "Bramblet #" + orderNumber();
-    mail.text = "html format purchase order attached (file " + orderNumber() + ".htm)";
-    mail.attachments.push_back(path_);
+    Mail mail = mailWith(path_, "html", orderNumber() + ".htm");
     const std::string graphic = trimmedField(settings_.TopGraphic);
     if (isOn(settings_.UseTopGraphic) && isPlainFileName(graphic) && hasFile(graphic)) {
         mail.attachments.push_back(commands_.folder().file(graphic));

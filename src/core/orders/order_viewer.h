@@ -1,6 +1,7 @@
 // Viewing the order shown in its finished form: which document it is, its pictures, mailing it.
 #pragma once
 
+#include "core/orders/mailed_pdfs.h"
 #include "core/orders/order_editor.h"
 #include "core/platform/desktop.h"
 
@@ -13,7 +14,7 @@ namespace bramblet {
 class OrderViewer {
   public:
     OrderViewer(const FileSystem& files, Commands& commands, const Settings& settings,
-                OrderEditor& editor, OpenOrder& open, Desktop& desktop);
+                OrderEditor& editor, OpenOrder& open, const MailedPdfs& pdfs, Desktop& desktop);
 
     /// Opens the viewer's window on the order's document, which is written first when the order has
     /// unsaved changes or no number yet, or when there is no document.
@@ -40,9 +41,14 @@ class OrderViewer {
 
     /// Hands the document to the user's mail program.
     void IE_Button_Click();
+    /// Hands it a PDF of the document instead.
+    void mailPdf(const std::string& pdf);
 
   private:
     Mail mail() const;
+    Mail mailWith(const std::filesystem::path& document, const std::string& format,
+                  const std::string& name) const;
+    void compose(const Mail& mail);
     bool hasFile(const std::string& name) const;
     bool write();
     bool read();
@@ -53,6 +59,7 @@ class OrderViewer {
     const Settings& settings_;
     OrderEditor& editor_;
     OpenOrder& open_;
+    const MailedPdfs& pdfs_;
     Desktop& desktop_;
     std::filesystem::path path_;
     std::string document_;

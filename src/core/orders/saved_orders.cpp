@@ -67,34 +67,38 @@ constexpr std::array<IndexColumn, kSavedOrderColumns> kOrderColumnTable{
 
 SavedOrders::SavedOrders(Commands& commands, const OrderIndex& index,
                          const RegionalFormats& formats)
-    : ListTable(formats), commands_(commands), index_(index) {
+    : RecordList(formats), commands_(commands), index_(index) {
     for (const IndexColumn& column : kOrderColumnTable)
         shown_.push_back(&column);
+    sorting_ = {&kOrderColumnTable[kNumberColumn], true};
 }
 
 void SavedOrders::PopPOGrid() {
     // What is shown changes in one go: reading may have to wait, and the windows stay live
     // meanwhile.
     OrderRecords records;
+    const auto state = index_.glance();
     const bool read = commands_.attempt(
         "The list of saved orders was not read: ", [&] { records = index_.readAll(); }, Loss::List);
-    if (read) return take(std::move(records));
+    if (read) {
+        seen_ = state;
+        return take(std::move(records));
+    }
     read_ = false;
     refill();
 }
 
+void SavedOrders::lookForNews() {
+    if (holdNews(index_.glance(), [this] { return index_.readAtOnce(); })) refill();
+}
+
 void SavedOrders::take(OrderRecords records) {
-    records_ = std::move(records);
-    read_ = true;
+    hold(std::move(records));
     refill();
 }
 
 void SavedOrders::refill() {
-    rows_.clear();
-    for (const OrderRow record : records_) {
-        if (isListed(record)) rows_.push_back(record);
-    }
-    sort(&kOrderColumnTable[kNumberColumn], true);
+    list([this](const OrderRow& record) { return isListed(record); });
     commands_.changed(&Views::savedOrders);
 }
 
@@ -115,11 +119,32 @@ void SavedOrders::sortBy(int column) {
     commands_.changed(&Views::savedOrders);
 }
 
+void SavedOrders::find(const std::string& typed) {
+    seek(typed);
+    commands_.changed(&Views::savedOrders);
+}
+
 /// Open requisitions, and received orders of both kinds.
 Table::Mark SavedOrders::mark(int row) const {
     const std::string status = cell(row, kStatusColumn);
     if (status == "R") return Mark::Requisition;
     return status == "a" || status == "r" ? Mark::Received : Mark::None;
+}
+
+std::string SavedOrders::markText(int row) const {
+    const std::string status = cell(row, kStatusColumn);
+    if (status == "R") return "Requisition";
+    if (status == "a") return "Purchase order, received";
+    return status == "r" ? "Requisition, received" : "";
+}
+
+std::string SavedOrders::sumsText() const {
+    std::string sums;
+    for (int column = kOrderTotalColumn; column <= kSubTotalColumn; ++column) {
+        if (column != kOrderTotalColumn) sums += "\r\n";
+        sums += std::string(look(column).heading) + ": " + sumText(column);
+    }
+    return sums;
 }
 
 int SavedOrders::rowOf(const std::string& orderNumber) const {
@@ -136,10 +161,6 @@ NumberUse SavedOrders::useOf(const std::string& orderNumber) const {
         return deleted ? NumberUse::TakenByDeleted : NumberUse::Taken;
     }
     return NumberUse::Free;
-}
-
-std::string SavedOrders::countText() const {
-    return listedText(rows_.size(), "orders", read_);
 }
 
 bool SavedOrders::isListed(const OrderRow& record) const {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/orders/order_index.h"
-#include "core/platform/list_table.h"
+#include "core/platform/record_list.h"
 #include "core/settings/commands.h"
 
 #include <array>
@@ -32,7 +32,7 @@ extern const std::array<Column<OrderRow>, kSavedOrderColumns> kOrderColumnTable;
 /// Whether the index held an order number when it was last read.
 enum class NumberUse { Free, Taken, TakenByDeleted };
 
-class SavedOrders : public ListTable<OrderRow> {
+class SavedOrders : public RecordList<kOrderIndexLayout> {
   public:
     SavedOrders(Commands& commands, const OrderIndex& index, const RegionalFormats& formats);
 
@@ -41,11 +41,14 @@ class SavedOrders : public ListTable<OrderRow> {
     bool ListCheckRE = true;
     bool ListCheckRecd = true;
 
-    /// Rereads the index; the highest order number comes first. If it cannot be read, the previous
-    /// list stays.
+    /// Rereads the index; the highest order number comes first until the list is sorted by another
+    /// column. If the index cannot be read, the previous list stays.
     void PopPOGrid();
     /// The same with records that have just been read.
     void take(OrderRecords records);
+
+    /// Rereads the index if somebody has changed it since; says nothing when that cannot be told.
+    void lookForNews();
 
     /// Switches to this list, and rereads it.
     void ViewExisting_Click();
@@ -54,11 +57,14 @@ class SavedOrders : public ListTable<OrderRow> {
     /// A click on a heading. Order numbers sort as numbers, everything else as text regardless of
     /// case.
     void sortBy(int column);
+    /// Narrows the list to the orders that hold all words of a typed text.
+    void find(const std::string& typed);
 
     std::string number(int row) const { return cell(row, kNumberColumn); }
     Mark mark(int row) const override;
-    /// The row of an order number; -1 when it is not listed.
-    int rowOf(const std::string& orderNumber) const;
+    std::string markText(int row) const override;
+    std::string key(int row) const override { return number(row); }
+    int rowOf(const std::string& orderNumber) const override;
 
     /// Covers all orders: those that the filters leave out have numbers too.
     NumberUse useOf(const std::string& orderNumber) const;
@@ -66,9 +72,13 @@ class SavedOrders : public ListTable<OrderRow> {
     /// The index as it was last read; nothing when that failed.
     const OrderRecords* records() const { return read_ ? &records_ : nullptr; }
 
+    /// What the listed orders come to, and the sums of all amounts, each with its heading.
+    std::string totalText() const { return sumText(kOrderTotalColumn); }
+    std::string sumsText() const;
+
     /// "12 orders listed", or that they could not be read: the tool tip of the label under the
     /// list.
-    std::string countText() const;
+    std::string countText() const { return countOf("orders"); }
 
   private:
     bool isListed(const OrderRow& record) const;
@@ -76,8 +86,6 @@ class SavedOrders : public ListTable<OrderRow> {
 
     Commands& commands_;
     const OrderIndex& index_;
-    OrderRecords records_;
-    bool read_ = false;  ///< whether the records come from the last reading
 };
 
 }  // namespace bramblet

@@ -282,6 +282,14 @@ bool FileSystem::renameNew(const std::filesystem::path& from,
     return true;
 }
 
+std::optional<os::FileStatus> FileSystem::glance(const std::filesystem::path& path) const {
+    try {
+        return os::status(path);
+    } catch (const FileError&) {
+        return std::nullopt;
+    }
+}
+
 void FileSystem::createFolders(const std::filesystem::path& path) const {
     // Only missing folders are created: a drive or a server name cannot be.
     std::vector<std::filesystem::path> missing;

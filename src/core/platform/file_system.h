@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -90,6 +91,8 @@ class FileSystem {
     os::FileStatus status(const std::filesystem::path& path) const {
         return run([&] { return os::status(path); });
     }
+    /// The same without waiting; nothing when it cannot be told.
+    std::optional<os::FileStatus> glance(const std::filesystem::path& path) const;
     void remove(const std::filesystem::path& path) const {
         run([&] { os::remove(path); });
     }
@@ -105,6 +108,11 @@ class FileSystem {
     bool isTaken(const std::filesystem::path& path) const;
     /// Creates a folder and any missing folders above it.
     void createFolders(const std::filesystem::path& path) const;
+    /// Creates a folder into which only the user can look, unless it is there.
+    void createPrivateFolder(const std::filesystem::path& path) const {
+        run([&] { os::createPrivateFolder(path); });
+        os::flushFolder(path.parent_path());
+    }
     /// `reached` is called for every entry of the folder; it may throw to end the listing.
     std::vector<std::filesystem::path> fileNames(
         const std::filesystem::path& folder, const std::function<void()>& reached = [] {}) const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/platform/currency.h"
+#include "core/platform/fault.h"
 #include "core/platform/regional_formats.h"
 #include "core/platform/sorting.h"
 
@@ -41,9 +42,19 @@ class Table {
     virtual std::optional<int> sortColumn() const = 0;
     virtual bool sortedDescending() const = 0;
 
-    /// What sets a row apart in its first cell.
+    /// What is looked for in the list: only rows that hold it are there.
+    virtual std::string sought() const { return {}; }
+
+    /// What tells a row from all others, wherever it stands; empty in lists whose rows have no such
+    /// thing.
+    virtual std::string key(int) const { return {}; }
+    /// The row with a key; -1 when it is not there.
+    virtual int rowOf(const std::string& /*key*/) const { return -1; }
+
+    /// What sets a row apart, and the same in words.
     enum class Mark { None, Requisition, Received };
     virtual Mark mark(int) const { return Mark::None; }
+    virtual std::string markText(int) const { return {}; }
 };
 
 /// A column of a list of `Row`s. It holds either a text or an amount.
@@ -101,7 +112,7 @@ class ListTable : public Table {
         std::int64_t least = 0;
         std::int64_t most = 0;
         bool moreDecimals = false;
-        for (const Row& row : rows_) {
+        for (const Row& row : allRows()) {
             const std::int64_t amount = wanted.amount(row).tenThousandths;
             least = std::min(least, amount);
             most = std::max(most, amount);
@@ -118,41 +129,61 @@ class ListTable : public Table {
         return low.size() > high.size() ? low : high;
     }
 
+    /// What the amounts of a column come to; empty when that is beyond the range of Currency.
+    std::string sumText(int place) const {
+        Currency sum;
+        try {
+            for (const Row& row : rows_)
+                sum = sum + column(place).amount(row);
+        } catch (const Fault&) {
+            return {};
+        }
+        return column(place).amountText(sum, formats_);
+    }
+
     std::optional<int> sortColumn() const override {
-        const auto place = std::find(shown_.begin(), shown_.end(), sortedBy_);
+        const auto place = std::find(shown_.begin(), shown_.end(), sorting_.by);
         if (place == shown_.end()) return std::nullopt;
         return static_cast<int>(place - shown_.begin());
     }
-    bool sortedDescending() const override { return descending_; }
+    bool sortedDescending() const override { return sorting_.descending; }
 
   protected:
-    /// What a click on a heading does: sorts by that column, first ascending, then alternating.
-    void sortByHeading(int place) {
-        sort(&column(place), sortedBy_ == &column(place) && !descending_);
+    struct Sorting {
+        const Column<Row>* by = nullptr;  ///< null for the file's own order
+        bool descending = false;
+    };
+
+    /// What a click on a heading asks for: that column, first ascending, then alternating.
+    Sorting sortingOf(int heading) const {
+        const Column<Row>* const by = &column(heading);
+        return {by, sorting_.by == by && !sorting_.descending};
     }
 
-    void sort(const Column<Row>* by, bool descending) {
-        sortedBy_ = by;
-        descending_ = descending;
+    void sort(const Sorting& sorting) {
+        sorting_ = sorting;
+        const Column<Row>* const by = sorting.by;
+        if (by == nullptr) return;
         if (by->number != nullptr) {
-            sortRows(rows_, descending, by->number);
+            sortRows(rows_, sorting.descending, by->number);
         } else {
-            sortRows(rows_, descending,
+            sortRows(rows_, sorting.descending,
                      [&](const Row& row) { return sortKey(by->textOf(row, formats_)); });
         }
     }
 
+    /// Those that count for the widths, which stay as they are when the list is narrowed.
+    virtual const std::vector<Row>& allRows() const { return rows_; }
+
     const RegionalFormats& formats_;
     std::vector<Row> rows_;
     std::vector<const Column<Row>*> shown_;  ///< the columns, from left to right
-    const Column<Row>* sortedBy_ = nullptr;  ///< null for the file's own order
+    Sorting sorting_;
 
   private:
     static constexpr std::int64_t kUnit = 10000;  ///< 1, as Currency counts
 
     const Column<Row>& column(int place) const { return *shown_[static_cast<std::size_t>(place)]; }
-
-    bool descending_ = false;
 };
 
 }  // namespace bramblet

@@ -50,6 +50,8 @@ struct FileStatus {
     bool folder;
     std::uint64_t length;
     std::int64_t modified;  ///< nanoseconds since 1970, UTC
+
+    bool operator==(const FileStatus&) const = default;
 };
 
 /// Throws FileError when that cannot be said: what cannot be looked at must not pass for missing,
@@ -79,6 +81,9 @@ void flushFolder(const std::filesystem::path& folder);
 /// A server may not hear of it: each file still has to be flushed, which then costs little.
 void flushDisk(const std::filesystem::path& folder);
 void createFolder(const std::filesystem::path& path);
+/// The same, but only the user can look into it, where the system gives folders such rights. (On
+/// Windows it has those of the folder that it is in.)
+void createPrivateFolder(const std::filesystem::path& path);
 /// False when the name is taken. Of several programs, only one is told that it has made the folder.
 bool createNewFolder(const std::filesystem::path& path);
 /// Removes an empty folder.

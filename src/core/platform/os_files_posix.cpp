@@ -266,10 +266,20 @@ void flushDisk([[maybe_unused]] const std::filesystem::path& folder) {
 #endif
 }
 
-void createFolder(const std::filesystem::path& path) {
-    if (::mkdir(path.c_str(), 0777) == 0) return;
+namespace {
+void createFolder(const std::filesystem::path& path, ::mode_t rights) {
+    if (::mkdir(path.c_str(), rights) == 0) return;
     const int error = errno;
     if (!isFolder(path)) fail(path, error);
+}
+}  // namespace
+
+void createFolder(const std::filesystem::path& path) {
+    createFolder(path, 0777);
+}
+
+void createPrivateFolder(const std::filesystem::path& path) {
+    createFolder(path, 0700);
 }
 
 bool createNewFolder(const std::filesystem::path& path) {

@@ -296,6 +296,10 @@ void removeFolder(const std::filesystem::path& path) {
     if (!::RemoveDirectoryW(nativePath(path).c_str())) fail(path);
 }
 
+void createPrivateFolder(const std::filesystem::path& path) {
+    createFolder(path);
+}
+
 std::vector<std::filesystem::path> namesIn(const std::filesystem::path& folder, Kind kind,
                                            const std::function<void()>& reached) {
     std::wstring pattern = nativePath(folder);

@@ -7,6 +7,8 @@
 
 namespace bramblet {
 
+class PastedLines;
+
 /// What has to be shown anew.
 struct Views {
     bool order = false;         ///< its boxes, lines and totals, and what can be done with it
@@ -50,6 +52,9 @@ class Screen {
     virtual std::optional<LineEntry> editLine(const LineEntry&, const std::string& /*caption*/) {
         return std::nullopt;
     }
+
+    /// Shows what pasting would add, until the user agrees or not.
+    virtual bool lookAtPastedLines(PastedLines&) { return false; }
 
     /// Shows the settings dialog until it is closed. While an order is viewed, it can rewrite the
     /// document shown.

@@ -62,8 +62,9 @@ std::string fitted(std::string_view text, std::size_t width) {
     return out;
 }
 
-std::string listedText(std::size_t count, const std::string& things, bool read) {
-    std::string listed = std::to_string(count) + " " + things + " listed";
+std::string listedText(std::size_t shown, std::size_t count, const std::string& things, bool read) {
+    const std::string some = shown == count ? "" : std::to_string(shown) + " of ";
+    std::string listed = some + std::to_string(count) + " " + things + " listed";
     if (read) return listed;
     return count == 0 ? "The list could not be read" : listed + " before; now it could not be read";
 }

@@ -47,9 +47,9 @@ void makeUpper(std::string& text);
 /// The text at exactly `width` bytes: cut when longer, padded with blanks when shorter.
 std::string fitted(std::string_view text, std::size_t width);
 
-/// The text under a list: "12 orders listed", or that the entries are old or there are none because
-/// the file could not be `read`.
-std::string listedText(std::size_t count, const std::string& things, bool read);
+/// The text under a list: "12 orders listed", "3 of 12 orders listed" when only those are shown, or
+/// that the entries are old or there are none because the file could not be `read`.
+std::string listedText(std::size_t shown, std::size_t count, const std::string& things, bool read);
 
 /// UTF-16 of a code page text.
 std::u16string toUnicode(std::string_view text);

@@ -197,6 +197,17 @@ void StockExchange::mu_ExportStockItems_Click() {
 }
 
 void StockExchange::mu_ImportStockItems_Click() {
+    import([&] {
+        return commands_.prompts().chooseFileToOpen({"Import Stock Items", "", "", {kFilter}});
+});
+}  // namespace bramblet
+
+void StockExchange::offerImport(const std::filesystem::path& path) {
+    import([&] { return path;
+});
+}
+
+void StockExchange::import(const Choose& choose) {
     commands_.onData([&] {
         const Message warning{
             "It is strongly suggested that you run a complete data backup before performing an "
@@ -204,11 +215,10 @@ void StockExchange::mu_ImportStockItems_Click() {
             "first.",
             "Have you run a backup today?", Buttons::OkCancel, Icon::Exclamation, Answer::Cancel};
         if (commands_.prompts().ask(warning) != Answer::Ok) return;
-        const auto path =
-            commands_.prompts().chooseFileToOpen({"Import Stock Items", "", "", {kFilter}});
+        const auto path = choose();
         if (!path) return;
-        const auto import = [&] { importFrom(*path); };
-        if (!commands_.attempt("The import ended early: ", import)) list_.PopStockList();
+        const auto step = [&] { importFrom(*path); };
+        if (!commands_.attempt("The import ended early: ", step)) list_.PopStockList();
     });
 }
 
@@ -232,8 +242,8 @@ void StockExchange::exportTo(const std::filesystem::path& path) {
     const StockRecords records = list_.file().readAll();
     std::string content;
     int exported = 0;
-    for (int row = 0; row < list_.rowCount(); ++row) {
-        const int number = recordNumberOf(list_.row(row).get<&Item::Tag>());
+    for (const StockRow& item : list_.listed()) {
+        const int number = recordNumberOf(item.get<&Item::Tag>());
         if (number < 1 || static_cast<std::size_t>(number) > records.size()) continue;
         std::string record(records[static_cast<std::size_t>(number) - 1].bytes());
         // It may have been deleted elsewhere since it was listed.

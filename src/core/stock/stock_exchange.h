@@ -4,6 +4,8 @@
 #include "core/stock/stock_list.h"
 
 #include <filesystem>
+#include <functional>
+#include <optional>
 
 namespace bramblet {
 
@@ -17,11 +19,15 @@ class StockExchange {
     /// Merges a file that the user chooses into the catalogue: an item with the same description
     /// and vendor (ignoring case) is replaced, any other is added.
     void mu_ImportStockItems_Click();
+    /// The same with a file that the user has opened from outside the program.
+    void offerImport(const std::filesystem::path& path);
 
   private:
     std::string suggestedName() const;
     bool isCatalogue(const std::filesystem::path& path) const;
     void exportTo(const std::filesystem::path& path);
+    using Choose = std::function<std::optional<std::filesystem::path>()>;
+    void import(const Choose& choose);
     void importFrom(const std::filesystem::path& path);
 
     FileSystem files_;

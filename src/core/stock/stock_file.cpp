@@ -38,8 +38,8 @@ StockRecords StockFile::readAll() {
     return records;
 }
 
-StockRecords StockFile::readItems(const std::string& vendor) {
-    const File file(files_, path_);
+StockRecords StockFile::readItems(const FileSystem& files, const std::string& vendor) {
+    const File file(files, path_);
     StockRecords records = file.readThose([&](const StockRow& item) {
         return item.field<&StockItemRecord::Status>() != kDeletedItem && !isOfAnother(item, vendor);
     });
@@ -54,13 +54,14 @@ double StockFile::GetNextTag() {
     return highest + 1;
 }
 
-void StockFile::SaveNewStockItem(const StockItemBoxes& boxes) {
+StockItemRecord StockFile::SaveNewStockItem(const StockItemBoxes& boxes) {
     const double tag = GetNextTag();
     fill(boxes, cleanedNumber(boxes.StockUnitCostEd));
     buffer_.Tag = tag;
     File file(files_, path_);
     file.append(encodeRecord(kStockItemLayout, buffer_));
     file.flush();
+    return buffer_;
 }
 
 std::optional<StockItemRecord> StockFile::SaveChangedStockItem(double tag,

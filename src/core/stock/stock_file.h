@@ -62,14 +62,20 @@ class StockFile {
 
     StockRecords readAll();
     /// The live items of a vendor, or all live ones if `vendor` is empty.
-    StockRecords readItems(const std::string& vendor);
+    StockRecords readItems(const std::string& vendor) { return readItems(files_, vendor); }
+    /// The same without waiting for a file that somebody holds.
+    StockRecords readItemsAtOnce(const std::string& vendor) {
+        return readItems(files_.withoutRetry(), vendor);
+    }
+    /// The file's size and time stamp; nothing when it cannot be looked at at once.
+    std::optional<os::FileStatus> glance() const { return files_.glance(path_); }
 
     /// The number for a new item: the highest in the file, deleted items included, plus one.
     double GetNextTag();
 
     /// Appends an item. What the boxes do not give (quantity on hand, spare fields) is taken from
-    /// the last record in the file.
-    void SaveNewStockItem(const StockItemBoxes& boxes);
+    /// the last record in the file. Returns its record.
+    StockItemRecord SaveNewStockItem(const StockItemBoxes& boxes);
 
     /// Rewrites the first record with a number, deleted or not; it is live afterwards. Returns the
     /// record as it was, or nothing when there is none. The unit cost must be a number as it
@@ -82,6 +88,7 @@ class StockFile {
     StockItemRecord setOnHand(int recordNumber, Currency quantity);
 
   private:
+    StockRecords readItems(const FileSystem& files, const std::string& vendor);
     void fill(const StockItemBoxes& boxes, const std::string& unitCost);
     template <class Change>
     StockItemRecord rewrite(int recordNumber, Change change);

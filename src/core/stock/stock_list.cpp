@@ -77,7 +77,7 @@ class Distinct {
 
 StockList::StockList(FileSystem files, Commands& commands, const Settings& settings,
                      const OpenOrder& open, const RegionalFormats& formats)
-    : ListTable(formats),
+    : RecordList(formats),
       commands_(commands),
       settings_(settings),
       open_(open),
@@ -92,27 +92,38 @@ void StockList::PopStockList() {
     // What is shown changes in one go: reading may have to wait, and the windows stay live
     // meanwhile. The items now listed stay when the catalogue cannot be read.
     if (commands_.folder().DataPathOK()) {
-        const std::string vendor =
-            VendorItemsCheck ? trimmed(open_.order().ToCombo) : std::string();
         StockRecords items;
+        const auto state = file_.glance();
         read_ = commands_.attempt(
-            "The list of stock items was not read: ", [&] { items = file_.readItems(vendor); },
-            Loss::List);
-        if (read_) list(std::move(items));
+            "The list of stock items was not read: ",
+            [&] { items = file_.readItems(vendorListed()); }, Loss::List);
+        if (read_) {
+            seen_ = state;
+            hold(std::move(items));
+        }
     }
+    refill();
+}
+
+void StockList::lookForNews() {
+    if (holdNews(file_.glance(), [this] { return file_.readItemsAtOnce(vendorListed()); }))
+        refill();
+}
+
+/// The vendor whose items alone are listed; empty when all are.
+std::string StockList::vendorListed() const {
+    return VendorItemsCheck ? trimmed(open_.order().ToCombo) : std::string();
+}
+
+void StockList::refill() {
     shown_.clear();
     for (const ItemColumn& column : kColumns) {
         if (&column != &facts(StockColumn::OnHand) || isOn(settings_.UseQuantities))
             shown_.push_back(&column);
     }
-    commands_.changed(&Views::stockList);
-}
-
-void StockList::list(StockRecords items) {
-    records_ = std::move(items);
-    rows_.assign(records_.begin(), records_.end());
-    sortedBy_ = nullptr;
+    list([](const StockRow&) { return true; });
     entries_.reset();
+    commands_.changed(&Views::stockList);
 }
 
 const StockList::Entries& StockList::entries() const {
@@ -146,13 +157,14 @@ int StockList::rowOf(const std::string& fileNumber) const {
     return row == rows_.end() ? -1 : static_cast<int>(row - rows_.begin());
 }
 
-std::string StockList::countText() const {
-    return listedText(rows_.size(), "stock items", read_);
-}
-
 void StockList::sortBy(int column) {
     if (column >= columnCount()) return;
     sortByHeading(column);
+    commands_.changed(&Views::stockList);
+}
+
+void StockList::find(const std::string& typed) {
+    seek(typed);
     commands_.changed(&Views::stockList);
 }
 
@@ -169,8 +181,17 @@ void StockList::StockGrid_Click(int row) {
 }
 
 void StockList::SaveNewStockItem_Click() {
-    commands_.onData(
-        [&] { change("The new item was not saved: ", [&] { file_.SaveNewStockItem(boxes); }); });
+    commands_.onData([&] {
+        bool saved = false;
+        change("The new item was not saved: ", [&] {
+            picked_ = file_.SaveNewStockItem(boxes);
+            fileOrderTag_ = tagText(picked_.Tag);
+            saved = true;
+        });
+        if (saved && rowOf(fileOrderTag_) < 0) {
+            commands_.sayDone("Item " + fileOrderTag_ + " is saved; it is not among those listed.");
+        }
+    });
 }
 
 void StockList::SaveChangedStockItem_Click() {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/document/open_order.h"
-#include "core/platform/list_table.h"
+#include "core/platform/record_list.h"
 #include "core/settings/commands.h"
 #include "core/settings/settings.h"
 #include "core/stock/stock_file.h"
@@ -18,7 +18,7 @@ namespace bramblet {
 /// file number is the sixth or the seventh column.
 enum class StockColumn { Category, Vendor, Unit, Description, UnitCost, OnHand, FileNumber };
 
-class StockList : public ListTable<StockRow> {
+class StockList : public RecordList<kStockItemLayout> {
   public:
     StockList(FileSystem files, Commands& commands, const Settings& settings, const OpenOrder& open,
               const RegionalFormats& formats);
@@ -27,19 +27,26 @@ class StockList : public ListTable<StockRow> {
     bool VendorItemsCheck = false;
     void VendorItemsCheck_Click(bool checked);
 
-    /// Rereads the catalogue, in file order. If it cannot be read, the previous list stays.
+    /// Rereads the catalogue, in file order until the list is sorted by a column. If the catalogue
+    /// cannot be read, the previous list stays.
     void PopStockList();
+
+    /// Rereads the catalogue if somebody has changed it since; says nothing when that cannot be
+    /// told.
+    void lookForNews();
 
     /// The text of a column, shown or not.
     std::string text(int row, StockColumn column) const;
-    /// The row of an item's number; -1 when it is not listed.
-    int rowOf(const std::string& fileNumber) const;
+    std::string key(int row) const override { return text(row, StockColumn::FileNumber); }
+    int rowOf(const std::string& fileNumber) const override;
     /// "40 stock items listed", or that they could not be read.
-    std::string countText() const;
+    std::string countText() const { return countOf("stock items"); }
 
     /// A click on a heading. Amounts and file numbers sort as numbers, everything else as text
     /// regardless of case.
     void sortBy(int column);
+    /// Narrows the list to the items that hold all words of a typed text.
+    void find(const std::string& typed);
     bool showsOnHand() const;
 
     /// A click on a row: loads its item into the editor.
@@ -54,6 +61,7 @@ class StockList : public ListTable<StockRow> {
     const Entries& entries() const;
     const std::string& FileOrderTag() const { return fileOrderTag_; }
 
+    /// The new item becomes the one picked.
     void SaveNewStockItem_Click();
     void SaveChangedStockItem_Click();
     void DeleteStockItem_Click();
@@ -64,7 +72,8 @@ class StockList : public ListTable<StockRow> {
     StockFile& file() { return file_; }
 
   private:
-    void list(StockRecords items);
+    void refill();
+    std::string vendorListed() const;
     int pickedRecord() const;
     std::string pickedInWords() const;
     /// If `record`, found at the number of the picked item, is not that item, says which item it is
@@ -77,8 +86,6 @@ class StockList : public ListTable<StockRow> {
     const Settings& settings_;
     const OpenOrder& open_;
     StockFile file_;
-    StockRecords records_;
-    bool read_ = false;  ///< whether the records come from the last reading
     mutable std::optional<Entries> entries_;
     std::string fileOrderTag_ = "0";
     StockItemRecord picked_;  ///< as the list held it when it was picked, or as saved since then

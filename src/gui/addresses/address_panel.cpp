@@ -48,6 +48,7 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
         u"Pick the %1 from the list, or type the name of a new one."_s.arg(look.one));
     name_->lineEdit()->setMaxLength(kNameLimit);
     name_->setMaxVisibleItems(16);
+    name_->suggestFromInside();
     address_ = new QPlainTextEdit;
     address_->setObjectName(QLatin1String(look.addressBox));
     address_->setAccessibleName(u"Address of the %1"_s.arg(look.one));

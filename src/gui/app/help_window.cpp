@@ -4,6 +4,7 @@
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
 
+#include <QEvent>
 #include <QFile>
 #include <QListWidget>
 #include <QPainter>
@@ -99,13 +100,24 @@ class HelpWindow::Page : public QTextBrowser {
 
     void resizeEvent(QResizeEvent* event) override {
         QTextBrowser::resizeEvent(event);
-        if (lineWrapColumnOrWidth() == textWidth()) return;
+        if (lineWrapColumnOrWidth() != textWidth()) showAgain();
+    }
+
+    void changeEvent(QEvent* event) override {
+        QTextBrowser::changeEvent(event);
+        if (event->type() != QEvent::PaletteChange) return;
+        document()->setDefaultStyleSheet(styleFor(palette()));
+        showAgain();
+    }
+
+  private:
+    /// At the same place.
+    void showAgain() {
         const int place = verticalScrollBar()->value();
         showContent(content_);
         verticalScrollBar()->setValue(place);
     }
 
-  private:
     int textWidth() const { return std::min(viewport()->width(), kWidestText); }
 
     QString content_;

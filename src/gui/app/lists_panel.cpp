@@ -2,6 +2,7 @@
 
 #include "gui/orders/saved_orders_panel.h"
 #include "gui/platform/boxes.h"
+#include "gui/platform/find_box.h"
 #include "gui/platform/grid_view.h"
 #include "gui/platform/icons.h"
 #include "gui/platform/qt_text.h"
@@ -24,8 +25,17 @@ ListsPanel::ListsPanel(Program& program, QWidget* parent) : QWidget(parent), pro
 }
 
 QLayout* ListsPanel::makeBar() {
+    find_ = new FindBox("FindEd");
+    connect(find_, &QLineEdit::textChanged, this, &ListsPanel::find);
+    connect(find_, &FindBox::entered, this, [this] {
+        showsOrders() ? program_.savedOrders.prepareToFind() : program_.stock.prepareToFind();
+    });
+    connect(find_, &FindBox::listWanted, this, [this] { grid()->enter(); });
     label_ = namedLabel("BottomLabel");
-    count_ = quietLabel("", {});
+    count_ = quietLabel("ListCount", {});
+    count_->setMinimumWidth(1);  // in a narrow window, it is the first to be cut short
+    total_ = quietLabel("ListTotal", {});
+    total_->setMinimumWidth(1);
     filters_ = {
         filterBox("ListCheckPO", u"Purchase Orders"_s,
                   u"Check to include Purchase Orders in list"_s, &SavedOrders::ListCheckPO),
@@ -43,8 +53,8 @@ QLayout* ListsPanel::makeBar() {
                                 [this] { program_.savedOrders.ViewExisting_Click(); });
     hideOrders_ = edgedButton("HideOrders", Drawing::Lists, u"Stock Items List"_s,
                               u"Switch to stock items view."_s, [this] { HideOrders_Click(); });
-    return row(12, {label_, count_, spring(), filters_[0], filters_[1], filters_[2], vendorItems_,
-                    viewExisting_, hideOrders_});
+    return row(12, {grow(find_, 2), label_, count_, total_, spring(), filters_[0], filters_[1],
+                    filters_[2], vendorItems_, viewExisting_, hideOrders_});
 }
 
 QCheckBox* ListsPanel::filterBox(const char* name, const QString& caption, const QString& tip,
@@ -59,6 +69,10 @@ QCheckBox* ListsPanel::filterBox(const char* name, const QString& caption, const
 
 void ListsPanel::refreshOrders() {
     orders_->refreshList();
+    const std::string total = program_.savedOrders.totalText();
+    total_->setText(total.empty() ? QString() : u"Total %1"_s.arg(toQt(total)));
+    total_->setToolTip(u"The orders listed come to\n"_s +
+                       messageToQt(program_.savedOrders.sumsText()));
     showView();
 }
 
@@ -88,12 +102,24 @@ GridView* ListsPanel::grid() const {
     return showsOrders() ? orders_->grid() : stock_->grid();
 }
 
+void ListsPanel::findInList() {
+    find_->enter();
+}
+
+void ListsPanel::find(const QString& typed) {
+    const std::string text = fromQt(typed);
+    showsOrders() ? program_.savedOrders.find(text) : program_.stock.find(text);
+}
+
 void ListsPanel::showView() {
     const bool orders = showsOrders();
     const QString count = toQt(program_.savedOrders.countText());
+    showText(find_, toQt(orders ? program_.savedOrders.sought() : program_.stock.sought()));
     label_->setText(orders ? u"Saved Orders"_s : toQt(program_.stock.countText()));
     label_->setToolTip(orders ? count : QString());
-    count_->setText(orders ? count : QString());
+    count_->setText(count);
+    count_->setVisible(orders);
+    total_->setVisible(orders);
     for (QCheckBox* filter : filters_)
         filter->setVisible(orders);
     vendorItems_->setVisible(!orders);

@@ -13,6 +13,7 @@ class QToolButton;
 
 namespace bramblet {
 
+class FindBox;
 class GridView;
 class SavedOrdersPanel;
 class StockPanel;
@@ -35,18 +36,24 @@ class ListsPanel : public QWidget {
     /// The grid of the list shown now.
     GridView* grid() const;
 
+    /// Goes to the find box of the list shown now.
+    void findInList();
+
   private:
     QLayout* makeBar();
     QCheckBox* filterBox(const char* name, const QString& caption, const QString& tip,
                          bool SavedOrders::*filter);
+    void find(const QString& typed);
     void showView();
 
     Program& program_;
     SavedOrdersPanel* orders_;
     StockPanel* stock_;
     QStackedWidget* views_;
+    FindBox* find_;
     QLabel* label_;
     QLabel* count_;
+    QLabel* total_;
     std::vector<QCheckBox*> filters_;
     QCheckBox* vendorItems_;
     QToolButton* viewExisting_;

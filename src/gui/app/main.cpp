@@ -12,6 +12,7 @@
 #include "gui/platform/waiting.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QFileSystemWatcher>
 #include <QIcon>
 #include <QMessageBox>
@@ -82,7 +83,11 @@ int main(int argc, char** argv) {
     SystemDesktop desktop;
     OpenHome home(Program::homeFolderIn(folder));
     const auto moment = [] { std::this_thread::sleep_for(std::chrono::milliseconds(50)); };
-    if (!home.enter(prompts, desktop, moment)) return EXIT_SUCCESS;
+    // A catalogue file, when the user has opened one.
+    std::filesystem::path file;
+    if (const QStringList given = QApplication::arguments(); given.size() > 1)
+        file = pathFromQt(QFileInfo(given[1]).absoluteFilePath());
+    if (!home.enter(prompts, desktop, moment, file)) return EXIT_SUCCESS;
     const auto program =
         loadProgram({desktop, folder, systemRegionalFormats(), clock,
                      [&waiting](const FileError& error) { waiting.waitForFile(error); }},
@@ -93,6 +98,7 @@ int main(int argc, char** argv) {
     program->start();
 
     application.window = &window;
+    onSystemLook(window, [] { applyTheme(systemTheme()); });
     QObject::connect(&application, &QApplication::commitDataRequest, &window,
                      &MainWindow::endSession, Qt::DirectConnection);
     // At the end of a session Windows lets nothing come after this.
@@ -101,10 +107,14 @@ int main(int argc, char** argv) {
     onEndSignals(window, [&window] { window.end(); });
 #endif
     const auto answer = [&] {
-        if (home.wasCalled()) window.comeToFront();
+        const auto called = home.wasCalled();
+        if (!called) return;
+        window.comeToFront();
+        if (!called->empty()) window.offerImport(*called);
     };
     QFileSystemWatcher door({pathToQt(Program::homeFolderIn(folder))});
     QObject::connect(&door, &QFileSystemWatcher::directoryChanged, &window, answer);
     answer();
+    if (!file.empty()) QTimer::singleShot(0, &window, [&] { window.offerImport(file); });
     return QApplication::exec();
 }

@@ -45,6 +45,8 @@ void addItemsMenu(QMenu* menu, LinesPanel& lines, ListsPanel& lists) {
              [&] { lines.editCurrentLine(); });
     addEntry(menu, "mu_AddToOrder", u"Add the &stock item picked"_s, QKeySequence(Qt::Key_F8),
              [&] { lists.stock()->addCurrentItem(); });
+    menu->addSeparator();
+    menu->addActions(lines.gridCommands());
 }
 
 /// The headings of the list shown, for sorting without a mouse.
@@ -65,6 +67,8 @@ void addListsMenu(QMenu* menu, Program& program, LinesPanel& lines, ListsPanel& 
              [&] { lines.grid()->setFocus(); });
     addEntry(menu, "mu_GoToList", u"&Go to the List"_s, QKeySequence(Qt::Key_F7),
              [&] { lists.grid()->setFocus(); });
+    addEntry(menu, "mu_FindInList", u"&Find in the List"_s, QKeySequence::Find,
+             [&] { lists.findInList(); });
     menu->addSeparator();
     addEntry(menu, "mu_ViewExisting", u"Saved &Orders"_s, QKeySequence(u"Ctrl+1"_s),
              [&] { program.savedOrders.ViewExisting_Click(); });

@@ -8,6 +8,7 @@
 #include "gui/orders/line_dialog.h"
 #include "gui/orders/lines_panel.h"
 #include "gui/orders/order_panel.h"
+#include "gui/orders/paste_dialog.h"
 #include "gui/orders/rebuild_dialog.h"
 #include "gui/orders/totals_panel.h"
 #include "gui/platform/boxes.h"
@@ -21,6 +22,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QSessionManager>
 #include <QSplitter>
 #include <QStatusBar>
@@ -29,6 +31,13 @@
 #include <utility>
 
 namespace bramblet {
+namespace {
+
+constexpr int kBetweenLooks = 3000;  // milliseconds, for what colleagues have changed
+constexpr int kTimesAsLong = 50;     // the pause after a look
+constexpr int kLongestPause = 10 * 60'000;
+
+}  // namespace
 
 MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waiting)
     : program_(program), waiting_(waiting) {
@@ -38,6 +47,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     lines_ = new LinesPanel(program.lines, program.open, program.formats());
     totals_ = new TotalsPanel(program.editor, program.open, program.taxFreight, program.formats());
     lists_ = new ListsPanel(program);
+    lossHint_.watch(*order_);
     setCentralWidget(makeContent());
     makeStatusBar();
     menu_ = makeMainMenu(*this, program, *lines_, *lists_);
@@ -65,6 +75,13 @@ void MainWindow::comeToFront() {
     raise();
     front->raise();
     front->activateWindow();
+}
+
+void MainWindow::offerImport(const std::filesystem::path& file) {
+    if (!program_.commands.running() && QApplication::activeModalWidget() == nullptr)
+        return program_.stockExchange.offerImport(file);
+    showLine(
+        u"%1 was not opened: finish what is open first, then open it again."_s.arg(pathToQt(file)));
 }
 
 void MainWindow::end() {
@@ -107,6 +124,20 @@ void MainWindow::paintEvent(QPaintEvent* event) {
     QMainWindow::paintEvent(event);
     if (std::exchange(painted_, true)) return;
     QTimer::singleShot(0, this, [this] { program_.lookAround(); });
+    QTimer::singleShot(kBetweenLooks, this, &MainWindow::lookForNews);
+}
+
+/// Only while the user is at this window and nothing goes on in it. A server that answers slowly is
+/// asked the less often.
+void MainWindow::lookForNews() {
+    const bool idle = isActiveWindow() && QApplication::activeModalWidget() == nullptr &&
+                      QApplication::activePopupWidget() == nullptr &&
+                      QApplication::mouseButtons() == Qt::NoButton;
+    QElapsedTimer took;
+    took.start();
+    if (idle) program_.lookForNews();
+    const auto pause = qMin<qint64>(kBetweenLooks + kTimesAsLong * took.elapsed(), kLongestPause);
+    QTimer::singleShot(static_cast<int>(pause), this, &MainWindow::lookForNews);
 }
 
 QWidget* MainWindow::makeContent() {
@@ -169,6 +200,13 @@ void MainWindow::showLine(const QString& line) {
     if (viewer_ != nullptr) viewer_->statusBar()->showMessage(line);
 }
 
+/// Unless something stands there.
+bool MainWindow::showIfFree(const QString& line) {
+    const bool free = statusBar()->currentMessage().isEmpty();
+    if (free) showLine(line);
+    return free;
+}
+
 void MainWindow::runBrowser(const QUrl& link) {
     program_.browser.RunBrowser(fromQt(link.toString()));
 }
@@ -202,7 +240,7 @@ void MainWindow::showStatus(const std::string& line, Tone tone) {
 }
 
 void MainWindow::showHint(const std::string& line) {
-    if (statusBar()->currentMessage().isEmpty()) showLine(toQt(line));
+    showIfFree(toQt(line));
 }
 
 void MainWindow::showCaption(const std::string& caption) {
@@ -215,7 +253,11 @@ void MainWindow::showLine(int row) {
 
 std::optional<LineEntry> MainWindow::editLine(const LineEntry& entry, const std::string& caption) {
     return showLineDialog(entry, caption, program_.stock.entries().units, program_.formats(),
-                          program_.commands, this);
+                          program_.commands, lossHint_, this);
+}
+
+bool MainWindow::lookAtPastedLines(PastedLines& lines) {
+    return showPasteDialog(lines, this);
 }
 
 void MainWindow::configure() {

@@ -4,6 +4,7 @@
 #include "core/app/program.h"
 #include "core/platform/screen.h"
 #include "gui/app/main_menu.h"
+#include "gui/platform/loss_hint.h"
 #include "gui/platform/waiting.h"
 
 #include <QMainWindow>
@@ -29,6 +30,9 @@ class MainWindow : public QMainWindow, private Screen {
 
     /// Another start has called for this window.
     void comeToFront();
+    /// Offers the import of a catalogue file that was opened from the desktop. While a command is
+    /// under way or another window waits for the user, only says that it could not.
+    void offerImport(const std::filesystem::path& file);
     /// Ends the program, asking nothing, as soon as the command under way is finished or given up.
     void end();
     /// The session on this machine is about to end: asks about an unsaved order if that is allowed.
@@ -43,7 +47,9 @@ class MainWindow : public QMainWindow, private Screen {
     QLayout* makeCommandBar();
     void makeStatusBar();
     void tryToEnd();
+    void lookForNews();
     void showLine(const QString& line);
+    bool showIfFree(const QString& line);
     void runBrowser(const QUrl& link);
 
     void refresh(const Views& views) override;
@@ -53,6 +59,7 @@ class MainWindow : public QMainWindow, private Screen {
     void showCaption(const std::string& caption) override;
     void showLine(int row) override;
     std::optional<LineEntry> editLine(const LineEntry& entry, const std::string& caption) override;
+    bool lookAtPastedLines(PastedLines& lines) override;
     void configure() override;
     void showSavedOrders() override;
     void showViewer() override;
@@ -69,6 +76,7 @@ class MainWindow : public QMainWindow, private Screen {
     TotalsPanel* totals_;
     ListsPanel* lists_;
     MainMenu menu_;
+    LossHint lossHint_{[this](const QString& line) { return showIfFree(line); }};
     QToolButton* saveButton_;
     QToolButton* copyButton_;
     QPointer<HelpWindow> help_;

@@ -5,6 +5,7 @@
 #include "gui/platform/icons.h"
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
+#include "gui/platform/theme.h"
 
 #include <QBuffer>
 #include <QLocale>
@@ -81,11 +82,11 @@ DisplayWindow::DisplayWindow(OrderViewer& viewer, QWidget* parent)
 
     auto* content = new QWidget;
     content->setAutoFillBackground(true);
-    QPalette desk = content->palette();
-    desk.setColor(QPalette::Window, desk.color(QPalette::Window).darker(112));
     fill(content, column(0, {makeBar(), grow(browser_)}));
     browser_->setBackgroundRole(QPalette::Window);
-    content->setPalette(desk);
+    recolour(content, [](QPalette& desk) {
+        desk.setColor(QPalette::Window, desk.color(QPalette::Window).darker(112));
+    });
     setCentralWidget(content);
     makeMenus();
 
@@ -106,6 +107,9 @@ QWidget* DisplayWindow::makeBar() {
                 toolButton("IE_Button", Drawing::Mail, u"&E-mail"_s,
                            u"Send this order with your mail program."_s,
                            [this] { viewer_.IE_Button_Click(); }),
+                toolButton("MailPdf", Drawing::Mail, u"E-&mail as PDF"_s,
+                           u"Send this order as a PDF with your mail program."_s,
+                           [this] { viewer_.mailPdf(pdf()); }),
                 toolButton("Configuration", Drawing::Settings, u"&Configuration ..."_s,
                            u"Change how orders look."_s, [this] { emit configurationWanted(); }),
                 spring(),
@@ -120,6 +124,7 @@ void DisplayWindow::makeMenus() {
     addEntry(file, "mu_Preview", u"Print Previe&w ..."_s, {}, [this] { preview(); });
     addEntry(file, "mu_SavePdf", u"&Save as PDF ..."_s, QKeySequence::Save, [this] { savePdf(); });
     addEntry(file, "mu_Mail", u"&E-mail"_s, {}, [this] { viewer_.IE_Button_Click(); });
+    addEntry(file, "mu_MailPdf", u"E-&mail as PDF"_s, {}, [this] { viewer_.mailPdf(pdf()); });
     addEntry(file, "mu_conf", u"&Configuration ..."_s, {}, [this] { emit configurationWanted(); });
     file->addSeparator();
     addEntry(file, "mu_exit", u"C&lose"_s, QKeySequence(Qt::Key_Escape), [this] { close(); });
@@ -195,14 +200,17 @@ void DisplayWindow::preview() {
 
 void DisplayWindow::savePdf() {
     const auto path = viewer_.pdfTarget();
-    if (!path) return;
+    if (path) viewer_.savePdf(*path, pdf());
+}
+
+std::string DisplayWindow::pdf() const {
     QBuffer pdf;
     pdf.open(QIODevice::WriteOnly);
     QPdfWriter writer(&pdf);
     writer.setTitle(windowTitle());
     writer.setPageLayout(usualPage());
     OrderSheet::print(document_, pictures(), writer);
-    viewer_.savePdf(*path, pdf.data().toStdString());
+    return pdf.data().toStdString();
 }
 
 PictureSource DisplayWindow::pictures() const {

@@ -38,6 +38,7 @@ class DisplayWindow : public QMainWindow {
     void print();
     void preview();
     void savePdf();
+    std::string pdf() const;
     PictureSource pictures() const;
 
     OrderViewer& viewer_;

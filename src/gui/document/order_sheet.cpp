@@ -35,6 +35,14 @@ constexpr double kTouch = .5;            // pixels by which two things may touch
 constexpr double kMostOfHeading = .65;   // of the form's width
 constexpr double kHighestPicture = 900;  // pixels at zoom 1, so that it fits a page
 
+// The line between two rows closes one page and, drawn again, opens the next.
+constexpr double kLine = 1;
+// What stands above each page but the first, in pixels at zoom 1.
+constexpr double kRunningHead = 24;
+constexpr int kRunningSize = 10;
+constexpr const char* kRunningColour = "#666666";
+constexpr double kLeastPage = 10 * kRunningHead;  // a lower one has no room for it
+
 }  // namespace
 
 OrderSheet::OrderSheet(PictureSource pictures, QObject* parent)
@@ -105,50 +113,81 @@ bool OrderSheet::print(const std::string& document, const PictureSource& picture
     const double reduction = qMin(1.0, paper.width() / sheet.formWidth());
     const double left = (paper.width() / reduction - sheet.formWidth()) / 2;
 
-    QAbstractTextDocumentLayout::PaintContext context;
-    context.palette.setColor(QPalette::Text, Qt::black);
-    // The line between two rows closes one page and, drawn again, opens the next.
-    constexpr double kLine = 1;
-    const auto breaks = pageBreaks(sheet, paper.height() / reduction - 2 * kLine);
-    sheet.divideParagraphs(breaks);
+    const double height = paper.height() / reduction - 2 * kLine;
+    const bool running = height > kLeastPage;
+    const auto pages = pagesOf(sheet, height, running ? kRunningHead : 0);
+    sheet.divideParagraphs(pages);
     const QPageRanges wanted = device.pageRanges();
     bool first = true;
-    for (std::size_t i = 0; i + 1 < breaks.size(); ++i) {
+    for (std::size_t i = 0; i < pages.size(); ++i) {
         if (!wanted.isEmpty() && !wanted.contains(static_cast<int>(i) + 1)) continue;
         if (!first && !device.newPage()) return false;
         first = false;
         painter.save();
         painter.scale(dotsPerPixel * reduction, dotsPerPixel * reduction);
-        const PageBreak& from = breaks[i];
-        painter.translate(left, kLine - from.at);
-        const QRectF part(QPointF(-kLine, from.at),
-                          QPointF(sheet.formWidth() + kLine, breaks[i + 1].at));
-        painter.setClipRect(part.adjusted(0, -kLine, 0, 0));
-        // Lines that only touch the part belong to another page, but would be in a PDF's text.
-        context.clip = part.adjusted(0, kTouch, 0, -kTouch);
+        painter.translate(left, kLine);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        sheet.documentLayout()->draw(&painter, context);
-        painter.fillRect(QRectF(from.left, from.at - kLine, from.right - from.left, kLine),
-                         QColor(kLineColour));
+        if (i > 0 && running) {
+            sheet.drawRunningHead(painter, i + 1, pages.size());
+            painter.translate(0, kRunningHead);
+        }
+        sheet.drawPage(painter, pages[i]);
         painter.restore();
     }
     return painter.end();
 }
 
+/// The order's number and the page's, small and grey.
+void OrderSheet::drawRunningHead(QPainter& painter, std::size_t page, std::size_t pages) const {
+    const QRectF line(0, 0, formWidth(), kRunningHead);
+    const QString place = u"page %1 of %2"_s.arg(page).arg(pages);
+    QFont font = defaultFont();
+    font.setPixelSize(kRunningSize);
+    const QFontMetricsF metrics(font);
+    const double room = line.width() - 2 * metrics.horizontalAdvance(place);
+    const QString order = toQt(page_.heading + " " + page_.number).trimmed();
+    painter.setFont(font);
+    painter.setPen(QColor(kRunningColour));
+    painter.drawText(line, Qt::AlignLeft, metrics.elidedText(order, Qt::ElideRight, room));
+    painter.drawText(line, Qt::AlignRight, place);
+}
+
+void OrderSheet::drawPage(QPainter& painter, const Page& page) const {
+    drawPart(painter, page.headingsFrom, page.headingsTo);
+    painter.translate(0, page.headingsHeight());
+    drawPart(painter, page.from, page.to);
+    painter.fillRect(QRectF(page.lineLeft, -kLine, page.lineRight - page.lineLeft, kLine),
+                     QColor(kLineColour));
+}
+
+/// Draws the sheet between two heights at the painter's origin.
+void OrderSheet::drawPart(QPainter& painter, double from, double to) const {
+    if (from == to) return;
+    painter.save();
+    painter.translate(0, -from);
+    const QRectF part(QPointF(-kLine, from), QPointF(formWidth() + kLine, to));
+    painter.setClipRect(part.adjusted(0, -kLine, 0, 0));
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette.setColor(QPalette::Text, Qt::black);
+    // Lines that only touch the part belong to another one, but would be in a PDF's text.
+    context.clip = part.adjusted(0, kTouch, 0, -kTouch);
+    documentLayout()->draw(&painter, context);
+    painter.restore();
+}
+
 /// Splits in two each paragraph that runs on to another page. The text engine draws whole lines of
 /// a paragraph beyond the part asked for; they are out of sight, but in a PDF's text.
-void OrderSheet::divideParagraphs(const std::vector<PageBreak>& breaks) {
+void OrderSheet::divideParagraphs(const std::vector<Page>& pages) {
     std::vector<int> places;
     for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
         const QRectF place = documentLayout()->blockBoundingRect(block);
-        auto pageEnd = std::lower_bound(
-            breaks.begin(), breaks.end(), place.top() + kTouch,
-            [](const PageBreak& pageBreak, double top) { return pageBreak.at < top; });
-        for (int i = 1; i < block.layout()->lineCount() && pageEnd != breaks.end(); ++i) {
+        auto page = std::lower_bound(pages.begin(), pages.end(), place.top() + kTouch,
+                                     [](const Page& each, double top) { return each.to < top; });
+        for (int i = 1; i < block.layout()->lineCount() && page != pages.end(); ++i) {
             const QTextLine line = block.layout()->lineAt(i);
-            if (place.top() + line.y() < pageEnd->at - kTouch) continue;
+            if (place.top() + line.y() < page->to - kTouch) continue;
             places.push_back(block.position() + line.textStart());
-            ++pageEnd;
+            ++page;
         }
     }
     for (auto at = places.rbegin(); at != places.rend(); ++at)

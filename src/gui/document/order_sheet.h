@@ -13,6 +13,7 @@
 #include <vector>
 
 class QPagedPaintDevice;
+class QPainter;
 
 namespace bramblet {
 
@@ -32,7 +33,8 @@ class OrderSheet : public QTextDocument {
     int formWidth() const { return page_.width; }
 
     /// Prints a document within the device's margins, reduced if the form is wider than the page.
-    /// False if the device could not be used.
+    /// From the second page on, each begins with the order's number, its own, and the headings of
+    /// the table that goes on there. False if the device could not be used.
     static bool print(const std::string& document, const PictureSource& pictures,
                       QPagedPaintDevice& device);
 
@@ -47,7 +49,10 @@ class OrderSheet : public QTextDocument {
     QString html(Medium medium);
     QString hint() const;
     const QImage& picture(const QString& file);
-    void divideParagraphs(const std::vector<PageBreak>& breaks);
+    void drawRunningHead(QPainter& painter, std::size_t page, std::size_t pages) const;
+    void drawPage(QPainter& painter, const Page& page) const;
+    void drawPart(QPainter& painter, double from, double to) const;
+    void divideParagraphs(const std::vector<Page>& pages);
     void divideParagraph(int place);
     QImage load(const QString& file) const;
     double roomFor(const QString& file) const;

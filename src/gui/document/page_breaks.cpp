@@ -13,6 +13,8 @@ namespace {
 
 /// Half the space between the texts of two rows; the line between them is in the middle.
 constexpr double kRowMargin = 3;
+/// Of a page's height, the most that headings may take to be repeated.
+constexpr double kMostForHeadings = .25;
 
 /// Something that a page end should not cut, from top to bottom, with the line above it.
 struct Span {
@@ -20,6 +22,12 @@ struct Span {
     double bottom;
     double lineLeft = 0;
     double lineRight = 0;
+};
+
+/// A table's row of headings, and where the table ends.
+struct Headings {
+    Span row;
+    double tableEnd;
 };
 
 class Spans {
@@ -30,16 +38,31 @@ class Spans {
         sort(rows_);
         sort(lines_);
         separateRows();
+        sort(blocks_);
+        std::sort(headings_.begin(), headings_.end(),
+                  [](const Headings& a, const Headings& b) { return a.row.top < b.row.top; });
     }
 
-    /// The latest place at which a page of this height that begins at `start` may end.
-    PageBreak pageEnd(double start, double height) const {
-        PageBreak end{start + height};
-        for (const auto* spans : {&rows_, &lines_}) {
-            while (const Span* cut = highestCut(*spans, start, end.at, height))
-                end = {cut->top, cut->lineLeft, cut->lineRight};
+    /// The page behind one of this height that begins at `start` and ends as late as it may.
+    Page pageBehind(double start, double height) const {
+        Page page{start + height};
+        for (const auto* spans : {&blocks_, &rows_, &lines_}) {
+            while (const Span* cut = highestCut(*spans, start, page.from, height))
+                page = {cut->top, 0, cut->lineLeft, cut->lineRight};
         }
-        return end;
+        return page;
+    }
+
+    /// Repeats the headings of a table in whose rows the page begins.
+    void addHeadings(Page& page, double height) const {
+        const auto isBefore = [&](const Headings& table) { return table.row.bottom <= page.from; };
+        const auto behind = std::partition_point(headings_.begin(), headings_.end(), isBefore);
+        if (behind == headings_.begin()) return;
+        const Headings& table = *(behind - 1);
+        const double needed = table.row.bottom - table.row.top;
+        if (table.tableEnd <= page.from || needed > kMostForHeadings * height) return;
+        page.headingsFrom = table.row.top;
+        page.headingsTo = table.row.bottom;
     }
 
   private:
@@ -80,6 +103,7 @@ class Spans {
     }
 
     void addRows(const QTextTable& table) {
+        const std::size_t first = rows_.size();
         std::optional<double> end;
         for (int row = 0; row < table.rows(); ++row) {
             Span span = textOf(table, row);
@@ -90,6 +114,26 @@ class Spans {
             rows_.push_back(span);
             end = textEnd;
         }
+        addBlocks(table, first);
+    }
+
+    /// The table's headings with its next row, and its totals.
+    void addBlocks(const QTextTable& table, std::size_t first) {
+        const double left = rows_[first].lineLeft;
+        const Span& last = rows_.back();
+        const bool inCell = table.parentFrame()->parentFrame() != nullptr;
+        if (table.format().headerRowCount() > 0 && first + 1 < rows_.size() && !inCell) {
+            headings_.push_back({rows_[first], last.bottom - kRowMargin});
+            blocks_.push_back(rows_[first]);
+            blocks_.back().bottom = rows_[first + 1].bottom;
+        }
+        // The lines of totals begin farther right than those of other rows.
+        std::size_t totals = rows_.size();
+        while (totals > first && rows_[totals - 1].lineLeft > left)
+            --totals;
+        if (totals == rows_.size()) return;
+        blocks_.push_back(rows_[totals]);
+        blocks_.back().bottom = last.bottom;
     }
 
     /// From the top of a row's texts to the end of the longest, and across the cells with a line
@@ -121,22 +165,29 @@ class Spans {
     }
 
     const QAbstractTextDocumentLayout& layout_;
-    // Both from top to bottom.
+    // All from top to bottom.
     std::vector<Span> rows_;
     std::vector<Span> lines_;
+    std::vector<Span> blocks_;  ///< of rows that belong together
+    std::vector<Headings> headings_;
 };
 
 }  // namespace
 
-std::vector<PageBreak> pageBreaks(const QTextDocument& document, double height) {
+std::vector<Page> pagesOf(const QTextDocument& document, double height, double runningHead) {
     const Spans spans(document);
     const double end = document.size().height();
-    std::vector<PageBreak> breaks{{}};
-    while (breaks.back().at + height < end) {
-        breaks.push_back(spans.pageEnd(breaks.back().at, height));
+    std::vector<Page> pages{{}};
+    double room = height;
+    while (pages.back().from + room < end) {
+        Page next = spans.pageBehind(pages.back().from, room);
+        spans.addHeadings(next, height);
+        pages.back().to = next.from;
+        room = height - runningHead - next.headingsHeight();
+        pages.push_back(next);
     }
-    breaks.push_back({end});
-    return breaks;
+    pages.back().to = end;
+    return pages;
 }
 
 }  // namespace bramblet

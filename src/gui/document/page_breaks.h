@@ -1,4 +1,4 @@
-// Where the pages of a laid-out document end when it is printed.
+// Which part of a laid-out document stands on which page when it is printed.
 #pragma once
 
 #include <vector>
@@ -7,17 +7,26 @@ class QTextDocument;
 
 namespace bramblet {
 
-/// A place between two pages, and the part of the line between two table rows there that has to be
-/// drawn again at the top of the second page (`left` = `right` if there is none). In pixels from
-/// the top and the left of the document.
-struct PageBreak {
-    double at = 0;
-    double left = 0;
-    double right = 0;
+/// The part of the document on one page, in pixels from the top and the left of the document.
+struct Page {
+    double from = 0;
+    double to = 0;
+    /// The part of the line between two table rows at `from` that has to be drawn again at the top
+    /// of the page: `lineLeft` = `lineRight` if there is none.
+    double lineLeft = 0;
+    double lineRight = 0;
+    /// The headings of the table that goes on at `from`, to be drawn again above it: both 0 if
+    /// there are none.
+    double headingsFrom = 0;
+    double headingsTo = 0;
+
+    double headingsHeight() const { return headingsTo - headingsFrom; }
 };
 
-/// The beginning of each page of at most this height, and the end of the last one. Pages break
-/// between table rows and, where a row is higher than a page, between lines of text.
-std::vector<PageBreak> pageBreaks(const QTextDocument& document, double height);
+/// Divides a document into pages of at most this height. From the second page on, `runningHead` of
+/// it and what repeated headings take are left free at the top. Pages break between table rows and,
+/// where a row is higher than a page, between lines of text. Headings stay with the row below them,
+/// and totals stay together, as far as there is room on a page.
+std::vector<Page> pagesOf(const QTextDocument& document, double height, double runningHead);
 
 }  // namespace bramblet

@@ -2,6 +2,7 @@
 
 #include "gui/platform/boxes.h"
 #include "gui/platform/history_box.h"
+#include "gui/platform/loss_hint.h"
 #include "gui/platform/qt_text.h"
 
 #include <QDialog>
@@ -29,7 +30,10 @@ class EditLineDialog : public QDialog {
           description_(new QPlainTextEdit(linesToQt(entry.description))),
           quantity_(
               amountBox("QEd", entry.quantity, u"How many are ordered; 0 removes the line."_s)),
-          unitCost_(amountBox("UCEd", entry.unitCost, u"What one unit costs."_s)) {
+          unitCost_(amountBox("UCEd", entry.unitCost,
+                              u"What one unit costs; \"567.45 / 23\" is worked out."_s)),
+          total_(amountBox("LineTotalEd", {},
+                           u"What the line costs. Type it, and the unit cost follows."_s)) {
         setObjectName(u"EditLineItem"_s);
         setWindowTitle(toQt(caption));
         description_->setObjectName(u"Text1"_s);
@@ -43,6 +47,18 @@ class EditLineDialog : public QDialog {
         unit_->setEntries(units);
         showText(unit_->lineEdit(), toQt(entry.unit));
 
+        connect(quantity_, &QLineEdit::textEdited, this, &EditLineDialog::follow);
+        connect(unitCost_, &QLineEdit::textEdited, this, [this] {
+            totalTyped_ = false;
+            follow();
+        });
+        connect(unitCost_, &QLineEdit::editingFinished, this, &EditLineDialog::divide);
+        connect(total_, &QLineEdit::textEdited, this, [this] {
+            totalTyped_ = true;
+            follow();
+        });
+        follow();
+
         auto* save = button("Save", u"&Save"_s, u"Store the line."_s, [this] { this->save(); });
         auto* remove = button("Del", u"De&lete"_s, u"Remove the line from the order."_s,
                               [this] { this->remove(); });
@@ -52,7 +68,8 @@ class EditLineDialog : public QDialog {
         save->setDefault(true);
         auto* amounts = row(6, {boxLabel(u"&Quantity"_s, quantity_), grow(quantity_, 2), gap(10),
                                 boxLabel(u"&Unit"_s, unit_), grow(unit_, 3), gap(10),
-                                boxLabel(u"Unit &Cost"_s, unitCost_), grow(unitCost_, 3)});
+                                boxLabel(u"Unit &Cost"_s, unitCost_), grow(unitCost_, 3), gap(10),
+                                boxLabel(u"Line &Total"_s, total_), grow(total_, 3)});
         setLayout(column(8, {boxLabel(u"&Description"_s, description_), description_, amounts,
                              spring(), gap(6), row(-1, {remove, spring(), save, cancel})}));
         setTabOrder(cancel, remove);
@@ -67,7 +84,31 @@ class EditLineDialog : public QDialog {
                 fromQt(description_->toPlainText()), fromQt(unitCost_->text())};
     }
 
+    /// The unit cost and the line total: the one that was not typed last follows the other.
+    void follow() {
+        const LineEntry typed = boxes();
+        if (totalTyped_) {
+            const auto cost = unitCostFor(fromQt(total_->text()), typed.quantity, formats_);
+            if (!cost.empty()) showText(unitCost_, toQt(cost));
+            return;
+        }
+        try {
+            const auto quotient = quotientIn(typed.unitCost, formats_);
+            showText(total_,
+                     toQt(lineTotal(typed.quantity, quotient.empty() ? typed.unitCost : quotient,
+                                    formats_)));
+        } catch (const Fault&) {
+            showText(total_, {});
+        }
+    }
+
+    void divide() {
+        const auto quotient = quotientIn(fromQt(unitCost_->text()), formats_);
+        if (!quotient.empty()) showText(unitCost_, toQt(quotient));
+    }
+
     void save() {
+        divide();
         const auto check = [this] { stored_ = checkedEntry(boxes(), formats_); };
         if (commands_.attemptOrAsk("", "Edit Line Item", check)) accept();
     }
@@ -98,6 +139,8 @@ class EditLineDialog : public QDialog {
     HistoryBox* unit_ = new HistoryBox("DescriptionUnitCombo", u"Unit"_s,
                                        u"The unit of measure, for example ea or box."_s);
     QLineEdit* unitCost_;
+    QLineEdit* total_;
+    bool totalTyped_ = false;  ///< later than the unit cost
     std::optional<LineEntry> stored_;
 };
 
@@ -106,8 +149,9 @@ class EditLineDialog : public QDialog {
 std::optional<LineEntry> showLineDialog(const LineEntry& entry, const std::string& caption,
                                         const std::vector<std::string>& units,
                                         const RegionalFormats& formats, Commands& commands,
-                                        QWidget* parent) {
+                                        LossHint& lossHint, QWidget* parent) {
     EditLineDialog dialog(entry, caption, units, formats, commands, parent);
+    lossHint.watch(dialog);
     dialog.exec();
     return dialog.stored();
 }

@@ -11,11 +11,13 @@ class QWidget;
 
 namespace bramblet {
 
+class LossHint;
+
 /// Shows the dialog until it is closed; `units` fills the list of units. Returns what Save or
 /// Delete stored, or nothing.
 std::optional<LineEntry> showLineDialog(const LineEntry& entry, const std::string& caption,
                                         const std::vector<std::string>& units,
                                         const RegionalFormats& formats, Commands& commands,
-                                        QWidget* parent);
+                                        LossHint& lossHint, QWidget* parent);
 
 }  // namespace bramblet

@@ -4,6 +4,8 @@
 #include "gui/platform/grid_view.h"
 #include "gui/platform/qt_text.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QMenu>
 
 namespace bramblet {
@@ -18,6 +20,14 @@ LinesPanel::LinesPanel(LineItems& lines, const OpenOrder& open, const RegionalFo
     addEntry(menu, "OrderPop_OneTime", u"&Add one-time item"_s, {}, [this] { addOneTimeItem(); });
     auto* edit = addEntry(menu, "OrderPop_DescriptionOverride", u"&Edit this item"_s, {},
                           [this] { editCurrentLine(); });
+
+    menu->addSeparator();
+    addGridCommand(menu, "OrderPop_MoveUp", u"Move &up"_s, QKeySequence(u"Alt+Up"_s),
+                   [this] { lines_.moveLine(grid_->currentRow(), -1); });
+    addGridCommand(menu, "OrderPop_MoveDown", u"Move &down"_s, QKeySequence(u"Alt+Down"_s),
+                   [this] { lines_.moveLine(grid_->currentRow(), 1); });
+    addGridCommand(menu, "OrderPop_Paste", u"&Paste lines ..."_s, QKeySequence::Paste,
+                   [this] { paste(); });
 
     connect(grid_, &GridView::menuRequested, this, [this, menu, edit](const QPoint& place) {
         edit->setEnabled(grid_->currentRow() >= 0);
@@ -37,6 +47,25 @@ void LinesPanel::refresh(bool anotherOrder) {
     grid_->refresh();
     const int last = table_.rowCount() - 1;
     if (row >= 0 && last >= 0) grid_->showRow(qMin(row, last));
+}
+
+/// Its keys work in the grid only: boxes use them as well.
+void LinesPanel::addGridCommand(QMenu* menu, const char* name, const QString& caption,
+                                const QKeySequence& keys, const std::function<void()>& command) {
+    QAction* action = addEntry(menu, name, caption, keys, command);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    grid_->addAction(action);
+    gridCommands_.append(action);
+}
+
+void LinesPanel::paste() {
+    std::string table;
+    const char* divider = "";
+    for (const QString& cell : QApplication::clipboard()->text().split(QLatin1Char('\t'))) {
+        table += divider + linesFromQt(cell);
+        divider = "\t";
+    }
+    lines_.paste(table);
 }
 
 void LinesPanel::editCurrentLine() {

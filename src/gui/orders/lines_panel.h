@@ -3,7 +3,10 @@
 
 #include "core/orders/line_items.h"
 
+#include <QAction>
 #include <QWidget>
+
+#include <functional>
 
 namespace bramblet {
 
@@ -23,12 +26,19 @@ class LinesPanel : public QWidget {
     void showLine(int row);
 
     GridView* grid() const { return grid_; }
+    /// The commands on lines that only make sense while the grid has the focus.
+    const QList<QAction*>& gridCommands() const { return gridCommands_; }
 
   private:
+    void addGridCommand(QMenu* menu, const char* name, const QString& caption,
+                        const QKeySequence& keys, const std::function<void()>& command);
+    void paste();
+
     LineItems& lines_;
     const OpenOrder& open_;
     LineTable table_;
     GridView* grid_;
+    QList<QAction*> gridCommands_;
 };
 
 }  // namespace bramblet

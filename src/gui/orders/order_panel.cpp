@@ -168,6 +168,14 @@ void OrderPanel::paintEvent(QPaintEvent*) {
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
 }
 
+/// The calendar is made anew in the new colours when it is next opened.
+void OrderPanel::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || calendar_ == nullptr) return;
+    calendar_->deleteLater();
+    calendar_ = nullptr;
+}
+
 bool OrderPanel::eventFilter(QObject* watched, QEvent* event) {
     if (watched == numberLabel_ && event->type() == QEvent::MouseButtonDblClick) {
         Label11_DblClick();

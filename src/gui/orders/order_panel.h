@@ -34,6 +34,7 @@ class OrderPanel : public QWidget {
     QLayout* makeTerms();
     void Label11_DblClick() { editor_.unlockNumber(); }
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
     OrderEditor& editor_;

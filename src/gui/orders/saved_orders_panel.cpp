@@ -4,6 +4,7 @@
 #include "gui/platform/grid_view.h"
 #include "gui/platform/qt_text.h"
 
+#include <QHeaderView>
 #include <QMenu>
 
 namespace bramblet {
@@ -13,6 +14,7 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
     : QWidget(parent), editor_(editor), orders_(orders), open_(open) {
     grid_ = new GridView("POGrid", u"Saved orders"_s,
                          u"Saved orders (click to open, right click for options)."_s, orders, 5);
+    grid_->horizontalHeader()->setSectionsMovable(true);
     auto* menu = new QMenu(this);
     menu->setObjectName(u"POPop"_s);
     auto* remove =
@@ -31,12 +33,13 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
 
 void SavedOrdersPanel::refreshList() {
     grid_->refresh();
-    const int row = rowOfShownOrder();
-    if (row >= 0) grid_->showRow(row);
+    if (open_.storedNumber() != shownOrder_) showOpenOrder();
 }
 
-int SavedOrdersPanel::rowOfShownOrder() const {
-    return open_.storedNumber().empty() ? -1 : orders_.rowOf(open_.storedNumber());
+/// Its row becomes current.
+void SavedOrdersPanel::showOpenOrder() {
+    shownOrder_ = open_.storedNumber();
+    grid_->showKey(shownOrder_);
 }
 
 void SavedOrdersPanel::deleteCurrentOrder() {
@@ -46,11 +49,7 @@ void SavedOrdersPanel::deleteCurrentOrder() {
 
 void SavedOrdersPanel::openRow(int clicked) {
     editor_.POGrid_Click(orders_.number(clicked));
-    // The order in the clicked row may not have been opened.
-    const int current = grid_->currentRow();
-    if (current >= 0 && orders_.number(current) == open_.storedNumber()) return;
-    const int row = rowOfShownOrder();
-    row >= 0 ? grid_->showRow(row) : grid_->selectionModel()->clear();
+    showOpenOrder();  // the order in the clicked row may not have been opened
 }
 
 }  // namespace bramblet

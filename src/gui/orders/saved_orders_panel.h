@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <string>
+
 namespace bramblet {
 
 class GridView;
@@ -23,12 +25,13 @@ class SavedOrdersPanel : public QWidget {
 
   private:
     void openRow(int row);
-    int rowOfShownOrder() const;
+    void showOpenOrder();
 
     OrderEditor& editor_;
     SavedOrders& orders_;
     const OpenOrder& open_;
     GridView* grid_;
+    std::string shownOrder_;  ///< the number of the order whose row was last made current
 };
 
 }  // namespace bramblet

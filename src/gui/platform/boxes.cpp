@@ -78,9 +78,7 @@ QLineEdit* lineEdit(const char* name, const QString& tip, int limit) {
 void showOnly(QLineEdit* box) {
     box->setReadOnly(true);
     box->setFocusPolicy(Qt::ClickFocus);
-    QPalette plain = box->palette();
-    plain.setBrush(QPalette::Base, plain.window());
-    box->setPalette(plain);
+    recolour(box, [](QPalette& plain) { plain.setBrush(QPalette::Base, plain.window()); });
 }
 
 Part gap(int pixels) {
@@ -126,10 +124,10 @@ void showText(QLineEdit* box, const QString& text) {
 }
 
 void markRefused(QLineEdit* box, bool refused) {
-    QPalette palette;
-    const QColor base = QApplication::palette().color(QPalette::Base);
-    if (refused) palette.setColor(QPalette::Base, blend(base, QColor("#d03030"), 0.3));
-    box->setPalette(palette);
+    recolour(box, [refused](QPalette& tinted) {
+        const QColor base = tinted.color(QPalette::Base);
+        if (refused) tinted.setColor(QPalette::Base, blend(base, QColor("#d03030"), 0.3));
+    });
 }
 
 QString linesIn(const QPlainTextEdit* box) {

@@ -1,6 +1,7 @@
 #include "gui/platform/grid_view.h"
 
 #include "core/platform/list_table.h"
+#include "gui/platform/icons.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/theme.h"
 
@@ -9,9 +10,13 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include <functional>
 #include <numeric>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace bramblet {
@@ -21,6 +26,12 @@ constexpr int kCellMargin = 14;
 constexpr int kRowMargin = 8;
 constexpr int kMostFitted = 32;  ///< characters up to which a text widens its column
 constexpr int kMostGiven = 3;    ///< in a narrow view, columns give up to a third of their width
+
+/// How a list is sorted and narrowed, as one text.
+std::string arrangementOf(const Table& table) {
+    return std::to_string(table.sortColumn().value_or(-1)) +
+           (table.sortedDescending() ? "descending " : "ascending ") + table.sought();
+}
 
 }  // namespace
 
@@ -51,7 +62,10 @@ class GridView::Model : public QAbstractTableModel {
         if (index.row() >= table_.rowCount() || index.column() >= table_.columnCount()) return {};
         if (role == Qt::DisplayRole) return toQt(table_.cell(index.row(), index.column()));
         if (role == Qt::TextAlignmentRole) return alignment(index.column());
-        if (role == Qt::ForegroundRole && index.column() == 0) return colour(index.row());
+        if (role == Qt::ForegroundRole) return colour(index);
+        if (role == Qt::DecorationRole && index.column() == 0) return sign(index.row());
+        if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole)
+            return toQt(table_.markText(index.row()));
         return {};
     }
 
@@ -71,18 +85,44 @@ class GridView::Model : public QAbstractTableModel {
         return QVariant::fromValue(Qt::AlignVCenter | side);
     }
 
-    /// Red for open requisitions, the button text's for orders that have been received, the grid's
-    /// own for all other rows.
-    QVariant colour(int row) const {
-        const Table::Mark mark = table_.mark(row);
+    /// The first cell is red in open requisitions and has the button text's colour in orders that
+    /// have been received, whose other cells are quieter; everything else has the grid's own.
+    QVariant colour(const QModelIndex& cell) const {
+        constexpr double kQuiet = 0.36;
+        const Table::Mark mark = table_.mark(cell.row());
+        const QPalette palette = QApplication::palette();
+        if (cell.column() > 0) {
+            if (mark != Table::Mark::Received) return {};
+            return blend(palette.color(QPalette::Text), palette.color(QPalette::Base), kQuiet);
+        }
         if (mark == Table::Mark::Requisition) return QColor(255, 0, 0);
         if (mark == Table::Mark::None) return {};
-        return QApplication::palette().color(QPalette::ButtonText);
+        return palette.color(QPalette::ButtonText);
+    }
+
+    QVariant sign(int row) const {
+        const Table::Mark mark = table_.mark(row);
+        if (mark == Table::Mark::None) return {};
+        return mark == Table::Mark::Requisition ? requisition_ : received_;
     }
 
     const Table& table_;
+    const QIcon requisition_ = icon(Drawing::Requisition);
+    const QIcon received_ = icon(Drawing::Received);
     int rows_ = 0;
     int columns_ = 0;
+};
+
+/// Signs stand at the right edge of their cells, so that texts with and without one stay in line.
+class SignsAtTheRight : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->decorationPosition = QStyleOptionViewItem::Right;
+    }
 };
 
 GridView::GridView(const char* name, const QString& accessibleName, const QString& tip,
@@ -99,6 +139,7 @@ GridView::GridView(const char* name, const QString& accessibleName, const QStrin
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
+    setItemDelegateForColumn(0, new SignsAtTheRight(this));
     tintSelection(false);
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
@@ -114,17 +155,46 @@ GridView::GridView(const char* name, const QString& accessibleName, const QStrin
             [this](const QModelIndex& index) { emit rowClicked(index.row()); });
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { emit rowDoubleClicked(index.row()); });
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
+        if (!refreshing_) topKey_ = value > 0 ? keyOf(rowAt(0)) : std::string();
+    });
     setModel(model_);
 }
 
 void GridView::refresh() {
     if (model_->columnCount() != table_.columnCount()) resizedByHand_ = false;
+    refreshing_ = true;
+    const int scrolled = verticalScrollBar()->value();
     model_->refresh();
+    keepPlace(scrolled);
+    refreshing_ = false;
     const auto sorted = table_.sortColumn();
     horizontalHeader()->setSortIndicatorShown(sorted.has_value());
     if (!sorted) return;
     horizontalHeader()->setSortIndicator(
         *sorted, table_.sortedDescending() ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+/// `scrolled` is the place of the scroll bar before the rows changed.
+void GridView::keepPlace(int scrolled) {
+    const int sideways = horizontalScrollBar()->value();
+    const std::string arrangement = arrangementOf(table_);
+    const bool rearranged = std::exchange(arrangement_, arrangement) != arrangement;
+    const int current = currentKey_.empty() ? -1 : table_.rowOf(currentKey_);
+    if (current >= 0) showRow(current);
+    if (current < 0 && scrolled == 0) return;
+    executeDelayedItemsLayout();  // the scroll bar learns of the rows
+    if (!rearranged) {
+        const int top = topKey_.empty() ? -1 : table_.rowOf(topKey_);
+        verticalScrollBar()->setValue(top >= 0 ? top : scrolled);
+    } else {
+        current >= 0 ? scrollTo(model_->index(current, 0)) : scrollToTop();
+    }
+    horizontalScrollBar()->setValue(sideways);
+}
+
+std::string GridView::keyOf(int row) const {
+    return row >= 0 && row < table_.rowCount() ? table_.key(row) : std::string();
 }
 
 void GridView::showRow(int row) {
@@ -133,8 +203,21 @@ void GridView::showRow(int row) {
     showingRow_ = false;
 }
 
+void GridView::showKey(const std::string& key) {
+    if (key == currentKey_) return;
+    const int row = key.empty() ? -1 : table_.rowOf(key);
+    row >= 0 ? showRow(row) : selectionModel()->clear();
+    currentKey_ = key;
+}
+
+void GridView::enter() {
+    if (currentRow() < 0 && model_->rowCount() > 0) selectRow(0);
+    setFocus();
+}
+
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
+    currentKey_ = keyOf(current.row());
     if (!showingRow_ && current.isValid()) emit rowReached(current.row());
 }
 
@@ -181,12 +264,12 @@ void GridView::focusOutEvent(QFocusEvent* event) {
 }
 
 void GridView::tintSelection(bool focused) {
-    QPalette tinted = QApplication::palette();
-    tinted.setColor(QPalette::Highlight,
-                    blend(tinted.color(QPalette::Base), tinted.color(QPalette::Highlight),
-                          focused ? 0.38 : 0.18));
-    tinted.setColor(QPalette::HighlightedText, tinted.color(QPalette::Text));
-    setPalette(tinted);
+    recolour(this, [focused](QPalette& tinted) {
+        tinted.setColor(QPalette::Highlight,
+                        blend(tinted.color(QPalette::Base), tinted.color(QPalette::Highlight),
+                              focused ? 0.38 : 0.18));
+        tinted.setColor(QPalette::HighlightedText, tinted.color(QPalette::Text));
+    });
 }
 
 /// The rows have changed, and the widest texts with them.

@@ -4,6 +4,8 @@
 
 #include <QTableView>
 
+#include <string>
+
 namespace bramblet {
 
 class Table;
@@ -15,12 +17,17 @@ class GridView : public QTableView {
     GridView(const char* name, const QString& accessibleName, const QString& tip,
              const Table& table, int lines);
 
-    /// Shows what the table holds now.
+    /// Shows what the table holds now. Where its rows have keys, the same row stays current and the
+    /// same one on top of the view; a list that is sorted or narrowed anew shows the current row.
     void refresh();
     /// -1 when no row is current.
     int currentRow() const { return currentIndex().row(); }
     /// Makes a row current without signalling that it has been reached.
     void showRow(int row);
+    /// The same with the row of a key, at once or as soon as it is listed.
+    void showKey(const std::string& key);
+    /// Takes the focus; the first row becomes current if none is.
+    void enter();
     void reset() override;
 
   signals:
@@ -48,6 +55,8 @@ class GridView : public QTableView {
 
   private:
     class Model;
+    void keepPlace(int scrolled);
+    std::string keyOf(int row) const;
     void layOutColumns();
     int headingWidth(int column) const;
     int widthOf(int column) const;
@@ -56,6 +65,10 @@ class GridView : public QTableView {
 
     const Table& table_;
     Model* model_;
+    std::string currentKey_;   ///< of the row that is current, or will be when it is listed
+    std::string topKey_;       ///< of the first row in view; empty at the start of the list
+    std::string arrangement_;  ///< how the list was sorted and narrowed when last shown
+    bool refreshing_ = false;
     bool showingRow_ = false;
     bool layingOut_ = false;
     bool resizedByHand_ = false;

@@ -55,6 +55,10 @@ void HistoryBox::offerToForget(std::function<MayForget> mayForget) {
     lineEdit()->installEventFilter(this);
 }
 
+void HistoryBox::suggestFromInside() {
+    completer()->setFilterMode(Qt::MatchContains);
+}
+
 void HistoryBox::setEntries(const std::vector<std::string>& entries) {
     if (entries == entries_) return;
     entries_ = entries;

@@ -25,6 +25,9 @@ class HistoryBox : public QComboBox {
     using MayForget = bool(const QString& entry);
     void offerToForget(std::function<MayForget> mayForget = [](const QString&) { return true; });
 
+    /// Suggests entries that hold what is typed anywhere, not only those that begin with it.
+    void suggestFromInside();
+
     /// Sets what the list offers. The text shown stays.
     void setEntries(const std::vector<std::string>& entries);
 

@@ -58,6 +58,10 @@ constexpr Drawing Drawing::Mail{
 constexpr Drawing Drawing::Settings{
     "M 1.5 4 L 14.5 4 M 1.5 8 L 14.5 8 M 1.5 12 L 14.5 12 O 5 4 1.6 O 11 8 1.6 "
     "O 6.5 12 1.6"};
+constexpr Drawing Drawing::Requisition{
+    "M 5.5 3 L 3 3 L 3 14.5 L 13 14.5 L 13 3 L 10.5 3 M 5.5 1.5 L 10.5 1.5 "
+    "L 10.5 4.5 L 5.5 4.5 L 5.5 1.5 M 5.8 8 L 10.2 8 M 5.8 11 L 10.2 11"};
+constexpr Drawing Drawing::Received{"M 3 8.5 L 6.5 12 L 13 4.5"};
 constexpr Drawing Drawing::Close{"M 3.5 3.5 L 12.5 12.5 M 12.5 3.5 L 3.5 12.5"};
 
 namespace {

@@ -12,7 +12,7 @@ struct Drawing {
     const char* strokes;
 
     static const Drawing New, Save, Copy, Clear, TotalUp, Calendar, Store, Delete, Help, Previous,
-        Next, Up, Lists, View, Print, Preview, Mail, Settings, Close;
+        Next, Up, Lists, View, Print, Preview, Mail, Settings, Close, Requisition, Received;
 };
 
 /// The drawing in the current palette's text colours, greyed when disabled.

@@ -16,6 +16,15 @@ std::string fromQt(const QString& text) {
     return withoutControls(fromUnicode(composed.toStdU16String()));
 }
 
+std::optional<char32_t> firstLost(const QString& text) {
+    const QString composed = text.normalized(QString::NormalizationForm_C);
+    for (const char32_t character : charactersOf(composed.toStdU16String())) {
+        const bool endsLine = character == QChar::LineSeparator;
+        if (!endsLine && !byteOf(character)) return character;
+    }
+    return std::nullopt;
+}
+
 QString linesToQt(const std::string& text) {
     return toQt(text).replace(u"\r\n"_s, u"\n"_s);
 }

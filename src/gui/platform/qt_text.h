@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace bramblet {
@@ -14,6 +15,8 @@ QString toQt(const std::string& text);
 /// One line of text: letters are composed, then converted to the code page. What it lacks becomes
 /// "?"; pasted line breaks, tabs and other control characters become spaces.
 std::string fromQt(const QString& text);
+/// The first character that `fromQt` turns into "?" though it is none.
+std::optional<char32_t> firstLost(const QString& text);
 
 /// Text of several lines: CR LF in the core, LF in Qt's boxes.
 QString linesToQt(const std::string& text);

@@ -3,12 +3,21 @@
 
 #include "core/platform/desktop.h"
 
+#include <functional>
+
+class QWidget;
+
 namespace bramblet {
 
 enum class Theme;
 
-/// Dark when the system's own windows are dark, or the user has asked for dark programs.
+/// Dark when the system's own windows are dark, or the user has asked for dark programs, and of
+/// high contrast when they are. Takes its own colours off the application to look at the system's.
 Theme systemTheme();
+
+/// Calls `changed` each time that the system may have changed its look, as long as the window is
+/// there.
+void onSystemLook(QWidget& window, std::function<void()> changed);
 
 class SystemDesktop : public Desktop {
   public:

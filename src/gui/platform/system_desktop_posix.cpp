@@ -3,11 +3,14 @@
 #include "gui/platform/theme.h"
 
 #include <QApplication>
-#include <QColor>
+#include <QEvent>
 #include <QEventLoop>
 #include <QPalette>
 #include <QProcess>
 #include <QTimer>
+#include <QWidget>
+
+#include <utility>
 
 namespace bramblet {
 namespace {
@@ -18,6 +21,24 @@ constexpr int kAnswerPatience = 8000;
 constexpr int kOpenPatience = 1500;
 // Exit code of the xdg tools when a program they need is missing.
 constexpr int kToolMissing = 3;
+
+/// Sees the event that the system's change of its look sends to each window.
+class LookWatch : public QObject {
+  public:
+    LookWatch(QWidget& window, std::function<void()> changed)
+        : QObject(&window), changed_(std::move(changed)) {
+        window.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ThemeChange) QTimer::singleShot(0, this, changed_);
+        return false;
+    }
+
+  private:
+    std::function<void()> changed_;
+};
 
 /// How far a tool got, and what it wrote.
 struct Outcome {
@@ -70,8 +91,12 @@ Outcome openWithTool(const char* name, const QStringList& arguments) {
 }  // namespace
 
 Theme systemTheme() {
-    const QColor window = QApplication::palette().color(QPalette::Window);
-    return window.lightness() < 128 ? Theme::Dark : Theme::Light;
+    QApplication::setPalette(QPalette());
+    return themeLike(QApplication::palette());
+}
+
+void onSystemLook(QWidget& window, std::function<void()> changed) {
+    new LookWatch(window, std::move(changed));
 }
 
 std::filesystem::path SystemDesktop::programFor(const std::filesystem::path& path) {

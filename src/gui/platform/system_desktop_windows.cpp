@@ -3,12 +3,16 @@
 #include "gui/platform/system_desktop.h"
 #include "gui/platform/theme.h"
 
+#include <QAbstractNativeEventFilter>
 #include <QApplication>
+#include <QColor>
 #include <QFileInfo>
 #include <QSettings>
+#include <QTimer>
 #include <QWidget>
 
 #include <array>
+#include <utility>
 #include <windows.h>
 // After windows.h, whose types it uses.
 #include <shellapi.h>
@@ -35,15 +39,53 @@ HWND activeWindow() {
     return window != nullptr ? reinterpret_cast<HWND>(window->winId()) : nullptr;
 }
 
+/// Sees the messages that the system sends to all windows when its settings or colours change.
+class LookWatch : public QObject, public QAbstractNativeEventFilter {
+  public:
+    LookWatch(QWidget& window, std::function<void()> changed)
+        : QObject(&window), changed_(std::move(changed)) {
+        QCoreApplication::instance()->installNativeEventFilter(this);
+    }
+
+    bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
+        const UINT what = static_cast<const MSG*>(message)->message;
+        const bool isLook = what == WM_SETTINGCHANGE || what == WM_SYSCOLORCHANGE;
+        // One change sends several to each window.
+        if (isLook && !std::exchange(waiting_, true)) {
+            QTimer::singleShot(0, this, [this] {
+                waiting_ = false;
+                changed_();
+            });
+        }
+        return false;
+    }
+
+  private:
+    std::function<void()> changed_;
+    bool waiting_ = false;
+};
+
 }  // namespace
 
 Theme systemTheme() {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    const bool known =
+        ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0;
+    if (known && (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0) {
+        const bool dark = QColor::fromRgb(::GetSysColor(COLOR_WINDOW)).lightness() < 128;
+        return dark ? Theme::HighContrastDark : Theme::HighContrastLight;
+    }
     const QSettings colours(
         u"HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\"
         "Themes\\Personalize"_s,
         QSettings::NativeFormat);
     const bool light = colours.value(u"AppsUseLightTheme"_s, 1).toInt() != 0;
     return light ? Theme::Light : Theme::Dark;
+}
+
+void onSystemLook(QWidget& window, std::function<void()> changed) {
+    new LookWatch(window, std::move(changed));
 }
 
 void SystemDesktop::letToFront(std::uint64_t process) {

@@ -6,6 +6,7 @@
 #include "gui/platform/qt_text.h"
 
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QMenu>
 
 namespace bramblet {
@@ -19,6 +20,7 @@ StockPanel::StockPanel(StockList& stock, LineItems& lines, QWidget* parent)
 void StockPanel::makeGrid() {
     grid_ = new GridView("StockGrid", u"Stock items"_s,
                          u"Stock items to pick from (double-click, add to order)."_s, stock_, 5);
+    grid_->horizontalHeader()->setSectionsMovable(true);
     auto* menu = new QMenu(this);
     menu->setObjectName(u"itemspop"_s);
     addEntry(menu, "ItemsPopDelete", u"&Delete"_s, {}, [this] { stock_.DeleteStockItem_Click(); });
@@ -120,8 +122,7 @@ void StockPanel::refreshList() {
     for (HistoryBox* combo : {category_, vendor_, unit_}) {
         if (combo->hasFocus()) fillList(combo);
     }
-    const int row = stock_.rowOf(stock_.FileOrderTag());
-    if (row >= 0) grid_->showRow(row);
+    grid_->showKey(stock_.FileOrderTag());
     refreshEditor();
 }
 
