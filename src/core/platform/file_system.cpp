@@ -82,7 +82,7 @@ class Claim {
 };
 
 /// A file written beside another one to take its place. It is removed again if it does not get that
-/// far.
+/// far, unless it is another program's by then.
 class Replacement {
   public:
     /// Faults are reported for `target`, which is the file the user knows.
@@ -93,7 +93,7 @@ class Replacement {
     ~Replacement() {
         file_.reset();
         try {
-            if (os::exists(path_)) os::remove(path_);
+            if (ours_ && os::exists(path_)) os::remove(path_);
         } catch (const FileError&) {
             // The share is gone; a temporary file left behind does no harm.
         }
@@ -125,8 +125,9 @@ class Replacement {
         if (modified_) run([&] { os::setModified(path_, *modified_); });
         run([&] { os::rename(path_, target_); });
     }
-    /// Takes the place; a file there that must not be replaced is handed to `keep`.
-    void takePlace(const MayReplace& mayReplace, const Keep& keep) {
+    /// Takes the place with `content`, which has been written; a file there that must not be
+    /// replaced is handed to `keep`.
+    void takePlace(std::string_view content, const MayReplace& mayReplace, const Keep& keep) {
         file_.reset();
         for (;;) {
             auto renaming = os::Renaming::Unsupported;
@@ -135,7 +136,7 @@ class Replacement {
             auto exchanged = os::Exchange::Unsupported;
             if (renaming == os::Renaming::Taken)
                 run([&] { exchanged = os::exchange(path_, target_); });
-            if (exchanged == os::Exchange::Done) return keepOther(mayReplace, keep);
+            if (exchanged == os::Exchange::Done) return keepOther(content, mayReplace, keep);
             if (exchanged == os::Exchange::Unsupported) break;
         }
         // In several steps, then, which nobody else may take meanwhile.
@@ -168,12 +169,23 @@ class Replacement {
     }
 
     /// The file that was there has this one's temporary name now.
-    void keepOther(const MayReplace& mayReplace, const Keep& keep) {
+    void keepOther(std::string_view content, const MayReplace& mayReplace, const Keep& keep) {
+        ours_ = false;
         try {
             if (!mayReplace(files_.read(path_))) keep(path_);
+            ours_ = true;  // to be removed, if it is still there
         } catch (const FileError&) {
-            os::exchange(path_, target_);  // back to its place
+            putBack(content);
             throw;
+        }
+    }
+    /// What comes back for it may be the file of a third program.
+    void putBack(std::string_view content) {
+        try {
+            ours_ = os::exchange(path_, target_) == os::Exchange::Done &&
+                    files_.withoutRetry().read(path_) == content;
+        } catch (const FileError&) {
+            // It stays under its temporary name, where the next start finds it.
         }
     }
     bool mayReplaceTarget(const MayReplace& mayReplace) const {
@@ -190,6 +202,7 @@ class Replacement {
     std::filesystem::path path_;
     std::optional<os::File> file_;
     std::optional<std::int64_t> modified_;
+    bool ours_ = true;  ///< what stands under the temporary name
 };
 
 void RandomFile::write(std::uint64_t offset, std::string_view bytes) {
@@ -254,7 +267,7 @@ void FileSystem::put(const std::filesystem::path& path, std::string_view content
     Replacement replacement(*this, path);
     replacement.write(0, content);
     replacement.flush();
-    replacement.takePlace(mayReplace, keep);
+    replacement.takePlace(content, mayReplace, keep);
     os::flushFolder(path.parent_path());
 }
 
