@@ -141,6 +141,11 @@ std::string Course::broken(const Files& now, bool torn) const {
         if (!good)
             broken += path + " is " + (is ? std::to_string(is->size()) + " bytes" : "gone") + "; ";
     }
+    for (const auto& [path, content] : dataOf(after)) {
+        const auto isIt = [&](const auto& file) { return file.second == content; };
+        if (isKept(path) && std::none_of(now.begin(), now.end(), isIt))
+            broken += "what " + path + " keeps is lost; ";
+    }
     return broken;
 }
 

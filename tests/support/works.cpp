@@ -101,6 +101,14 @@ void atItem(WatchedDesk& desk) {
     desk.start();
     desk.program().stock.StockGrid_Click(1);
 }
+void rebuild(WatchedDesk& desk) {
+    const std::size_t opened = desk.screen.opened.size();
+    desk.program().listRebuild.mu_RebuildOrderList_Click();
+    if (desk.screen.opened.size() == opened) return;
+    const std::string found = desk.program().listRebuild.summary();
+    if (found.find("cannot be read") != std::string::npos) desk.prompts.complaints.push_back(found);
+    desk.program().listRebuild.Rebuild_Click();
+}
 void copyFiles(WatchedDesk& desk) {
     desk.program().backup.RunBackup_Click();
 }
@@ -261,6 +269,13 @@ const std::vector<Work>& works() {
          [](WatchedDesk& desk) { desk.program().editor.make10_Click(); }, true},
         {"Delete an order", "old", start,
          [](WatchedDesk& desk) { desk.program().editor.POPop_delete_Click("000002"); }},
+        {"Rebuild the list of orders", "old",
+         [](WatchedDesk& desk) {
+             const std::size_t length = recordSize(kOrderIndexLayout);
+             std::filesystem::resize_file(data("po_data.dat"), 2 * length);
+             desk.start();
+         },
+         rebuild},
         {"Save a new address", "old", start,
          [](WatchedDesk& desk) { desk.address(Vendor, "Cole", "4 Mill Lane"); }},
         {"Save the first address of all", "new", start,

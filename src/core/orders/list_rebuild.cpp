@@ -282,9 +282,12 @@ void ListRebuild::Rebuild_Click() {
 /// Keeps the list as it is and returns its new name; nothing for an empty list.
 std::string ListRebuild::keep() const {
     if (content_.empty()) return {};
-    const std::filesystem::path path = documents_.keptPath("po_data", ".dat");
-    files_.replace(path, content_);
-    return "kept/" + shown(path.filename());
+    // A start removes it, should the program die before it is moved.
+    const std::filesystem::path passing = commands_.folder().file("~bramblet-list.tmp");
+    files_.replace(passing, content_);
+    const auto kept = documents_.keep(passing, "po_data", ".dat");
+    if (!kept) throw FileError(FaultNumber::FileNotFound, passing);
+    return "kept/" + shown(kept->filename());
 }
 
 void ListRebuild::tellOfStrays(const std::vector<std::filesystem::path>& names) {

@@ -75,11 +75,11 @@ void OrderDocuments::putBack(std::vector<std::filesystem::path>& kept,
     }
 }
 
-/// Moves a file to where it is kept; nothing when it is gone by itself.
 std::optional<std::filesystem::path> OrderDocuments::keep(const std::filesystem::path& path,
-                                                          const std::string& what) const {
+                                                          const std::string& what,
+                                                          const char* ending) const {
     for (;;) {
-        const std::filesystem::path kept = keptPath(what, ".htm");
+        const std::filesystem::path kept = keptPath(files_, keptFolder(), what, ending, clock_);
         try {
             if (files_.renameNew(path, kept)) return kept;
         } catch (const FileError& error) {
@@ -91,11 +91,6 @@ std::optional<std::filesystem::path> OrderDocuments::keep(const std::filesystem:
 
 std::filesystem::path OrderDocuments::keptFolder() const {
     return commands_.folder().file("kept");
-}
-
-std::filesystem::path OrderDocuments::keptPath(const std::string& what,
-                                               const std::string& ending) const {
-    return bramblet::keptPath(files_, keptFolder(), what, ending, clock_);
 }
 
 void OrderDocuments::recoverLeftovers(std::vector<std::filesystem::path>& names) const {
@@ -121,7 +116,7 @@ std::optional<std::filesystem::path> OrderDocuments::recover(
     Order order;
     const bool readable = isWhole(document) && readMarkers(document, order).has(&Order::PONoEd);
     const std::string number = trimmed(order.PONoEd);
-    if (!readable || number == kPendingNumber) {  // a pending one is of a mere look at it
+    if (!readable || number == kPendingNumber) {  // of a mere look at it
         files_.remove(leftover);
         return std::nullopt;
     }

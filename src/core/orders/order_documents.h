@@ -31,8 +31,11 @@ class OrderDocuments {
     /// The subfolder of what is kept, "kept".
     std::filesystem::path keptFolder() const;
 
-    /// A path in that subfolder for something to be kept (kept_orders.h).
-    std::filesystem::path keptPath(const std::string& what, const std::string& ending) const;
+    /// Moves a file of the data folder there, under a name that tells `what` it is and when that
+    /// was. Returns its new path; nothing when it is gone by itself.
+    std::optional<std::filesystem::path> keep(const std::filesystem::path& path,
+                                              const std::string& what,
+                                              const char* ending = ".htm") const;
 
     /// Looks at the files that a program which died in the middle of a save has left in the data
     /// folder, and that nobody has touched for ten minutes. An order whose document is missing gets
@@ -43,8 +46,6 @@ class OrderDocuments {
   private:
     void sayKept(const std::string& number, const std::vector<std::filesystem::path>& kept) const;
     void putBack(std::vector<std::filesystem::path>& kept, const std::filesystem::path& path) const;
-    std::optional<std::filesystem::path> keep(const std::filesystem::path& path,
-                                              const std::string& what) const;
     std::optional<std::filesystem::path> recover(const std::filesystem::path& leftover) const;
 
     const FileSystem& files_;
