@@ -429,6 +429,10 @@ TEST_F(MainWindowTest, AColleaguesOrdersAppearAndTheViewStaysWhereItWas) {
     driver->clickHeading("POGrid", kNumberColumn);
     EXPECT_EQ(current(), "260");
     EXPECT_TRUE(grid->viewport()->rect().contains(grid->visualRect(grid->currentIndex()).center()));
+    const QString before = onTop();
+    colleagueSaves(306, 306);
+    program->lookForNews();
+    EXPECT_EQ(onTop(), before) << "which it was since the list was sorted anew";
 }
 
 TEST_F(MainWindowTest, TheCalendarFillsItsBoxAndClosesOnEscape) {

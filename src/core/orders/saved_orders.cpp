@@ -70,21 +70,18 @@ SavedOrders::SavedOrders(Commands& commands, const OrderIndex& index,
     : RecordList(formats), commands_(commands), index_(index) {
     for (const IndexColumn& column : kOrderColumnTable)
         shown_.push_back(&column);
-    sorting_ = {&kOrderColumnTable[kNumberColumn], true};
+    usual_ = {&kOrderColumnTable[kNumberColumn], true};
+    sorting_ = usual_;
 }
 
 void SavedOrders::PopPOGrid() {
     // What is shown changes in one go: reading may have to wait, and the windows stay live
     // meanwhile.
-    OrderRecords records;
-    const auto state = index_.glance();
-    const bool read = commands_.attempt(
-        "The list of saved orders was not read: ", [&] { records = index_.readAll(); }, Loss::List);
-    if (read) {
-        seen_ = state;
-        return take(std::move(records));
-    }
-    read_ = false;
+    reread(index_.glance(), [&](OrderRecords& records) {
+        return commands_.attempt(
+            "The list of saved orders was not read: ", [&] { records = index_.readAll(); },
+            Loss::List);
+    });
     refill();
 }
 

@@ -42,6 +42,15 @@ class RecordList : public ListTable<RecordView<Layout>> {
         texts_ = {};
         read_ = true;
     }
+    /// Takes over what `read` gives, which is called with the records to fill and says whether it
+    /// could. Otherwise the records stay, and the next look for news tries again.
+    template <class Read>
+    void reread(const std::optional<os::FileStatus>& state, Read read) {
+        Records<Layout> records;
+        read_ = read(records);
+        seen_ = read_ ? state : std::nullopt;
+        if (read_) hold(std::move(records));
+    }
 
     /// Takes over what `read` gives, if the file is no longer as it was `seen_` and something in it
     /// is new. What cannot be read at once is left for the next time.
@@ -59,26 +68,26 @@ class RecordList : public ListTable<RecordView<Layout>> {
         }
     }
 
-    /// Lists the records that `isListed` accepts, sorted as the list was.
+    /// Lists the records that `isListed` accepts: in their usual order, and if the user has chosen
+    /// a column to sort by, by that.
     template <class IsListed>
     void list(IsListed isListed) {
         rows_.clear();
         for (const Row& record : records_) {
             if (isListed(record)) rows_.push_back(record);
         }
-        const auto sorting = sorting_;
-        this->sort(sortedBefore_);
-        this->sort(sorting);
+        const auto chosen = sorting_;
+        this->sort(usual_);
+        if (isChosen_) this->sort(chosen);
         listed_ = rows_;
         narrow();
     }
 
     /// Rows that are equal in this column stay in the order in which they were.
     void sortByHeading(int heading) {
-        const auto sorting = this->sortingOf(heading);
-        if (sorting.by != sorting_.by) sortedBefore_ = sorting_;
+        isChosen_ = true;
         rows_ = listed_;
-        this->sort(sorting);
+        this->sort(this->sortingOf(heading));
         listed_ = rows_;
         narrow();
     }
@@ -102,6 +111,7 @@ class RecordList : public ListTable<RecordView<Layout>> {
     Records<Layout> records_;
     bool read_ = false;                   ///< whether the records come from the last reading
     std::optional<os::FileStatus> seen_;  ///< the file just before it was last read
+    typename Base::Sorting usual_;        ///< how the list is sorted until the user chooses
 
   private:
     void narrow() {
@@ -127,7 +137,7 @@ class RecordList : public ListTable<RecordView<Layout>> {
     }
 
     std::vector<Row> listed_;
-    typename Base::Sorting sortedBefore_;
+    bool isChosen_ = false;  ///< whether the user has chosen a column to sort by
     std::string sought_;
     std::vector<std::string> words_;  ///< of what is sought
     FoldedTexts texts_;               ///< by the records' places

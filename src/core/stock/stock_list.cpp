@@ -92,15 +92,11 @@ void StockList::PopStockList() {
     // What is shown changes in one go: reading may have to wait, and the windows stay live
     // meanwhile. The items now listed stay when the catalogue cannot be read.
     if (commands_.folder().DataPathOK()) {
-        StockRecords items;
-        const auto state = file_.glance();
-        read_ = commands_.attempt(
-            "The list of stock items was not read: ",
-            [&] { items = file_.readItems(vendorListed()); }, Loss::List);
-        if (read_) {
-            seen_ = state;
-            hold(std::move(items));
-        }
+        reread(file_.glance(), [&](StockRecords& items) {
+            return commands_.attempt(
+                "The list of stock items was not read: ",
+                [&] { items = file_.readItems(vendorListed()); }, Loss::List);
+        });
     }
     refill();
 }

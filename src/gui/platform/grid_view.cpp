@@ -156,7 +156,7 @@ GridView::GridView(const char* name, const QString& accessibleName, const QStrin
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { emit rowDoubleClicked(index.row()); });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
-        if (!refreshing_) topKey_ = value > 0 ? keyOf(rowAt(0)) : std::string();
+        if (!refreshing_) noteTop(value);
     });
     setModel(model_);
 }
@@ -189,8 +189,14 @@ void GridView::keepPlace(int scrolled) {
         verticalScrollBar()->setValue(top >= 0 ? top : scrolled);
     } else {
         current >= 0 ? scrollTo(model_->index(current, 0)) : scrollToTop();
+        noteTop(verticalScrollBar()->value());
     }
     horizontalScrollBar()->setValue(sideways);
+}
+
+/// `scrolled` is the place of the scroll bar.
+void GridView::noteTop(int scrolled) {
+    topKey_ = scrolled > 0 ? keyOf(rowAt(0)) : std::string();
 }
 
 std::string GridView::keyOf(int row) const {

@@ -56,6 +56,7 @@ class GridView : public QTableView {
   private:
     class Model;
     void keepPlace(int scrolled);
+    void noteTop(int scrolled);
     std::string keyOf(int row) const;
     void layOutColumns();
     int headingWidth(int column) const;
