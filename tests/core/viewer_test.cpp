@@ -138,12 +138,12 @@ TEST_F(Viewer, AMailedPdfHasTheOrdersNumberAndStaysForADay) {
         constexpr std::int64_t kDay = 86'400'000'000'000;
         os::setModified(path, (kToday - kDayOf1970 + day) * kDay + kDay / 2);
     };
-    setDay(first, -2);
-    setDay(second, -1);
+    setDay(first, -3);
+    setDay(second, -2);
     program().lookAround();
     EXPECT_FALSE(os::exists(first));
     EXPECT_TRUE(os::exists(second));
-    setDay(second, -2);
+    setDay(second, -3);
     EXPECT_EQ(mailedPdf("%PDF 4").filename(), "__9 2.pdf");
     EXPECT_TRUE(contains(desktop.mail.text, "(file __9 2.pdf)")) << desktop.mail.text;
     EXPECT_FALSE(os::exists(second));

@@ -3,6 +3,7 @@
 #include "core/platform/path_text.h"
 
 #include <utility>
+#include <vector>
 
 namespace bramblet {
 
@@ -22,13 +23,17 @@ std::filesystem::path MailedPdfs::add(const std::string& number, const std::stri
 }
 
 void MailedPdfs::removeOld() const {
+    std::vector<std::filesystem::path> names;
     try {
-        if (!files_.exists(folder_)) return;
-        for (const auto& name : files_.fileNames(folder_)) {
-            if (isOld(folder_ / name)) files_.remove(folder_ / name);
-        }
+        if (files_.exists(folder_)) names = files_.fileNames(folder_);
     } catch (const FileError&) {
-        // The next time will do.
+        // The next time will do, for a file as well.
+    }
+    for (const auto& name : names) {
+        try {
+            if (isOld(folder_ / name)) files_.remove(folder_ / name);
+        } catch (const FileError&) {
+        }
     }
 }
 
@@ -36,7 +41,8 @@ bool MailedPdfs::isOld(const std::filesystem::path& path) const {
     constexpr std::int64_t kNanosecondsOfDay = 86'400'000'000'000;
     constexpr DayCount kDayOf1970 = 25569;
     const std::int64_t day = files_.status(path).modified / kNanosecondsOfDay + kDayOf1970;
-    return clock_.today() - day >= 2;
+    // It began up to a day earlier or later here than where the clocks show universal time.
+    return clock_.today() - day >= 3;
 }
 
 }  // namespace bramblet

@@ -1,5 +1,5 @@
 // PDFs of orders on their way into the user's mail program. It may read them long after it was
-// handed them, even after this program has ended: they stay for a day, and are removed after it.
+// handed them, even after this program has ended: they stay for a day at least.
 #pragma once
 
 #include "core/platform/clock.h"
@@ -19,7 +19,7 @@ class MailedPdfs {
     /// Writes a PDF under the order's number, and a further one beside those that are still there.
     std::filesystem::path add(const std::string& number, const std::string& pdf) const;
 
-    /// Removes those of the day before yesterday and earlier.
+    /// Removes those of three days ago and earlier, by universal time.
     void removeOld() const;
 
   private:
