@@ -115,6 +115,6 @@ int main(int argc, char** argv) {
     QFileSystemWatcher door({pathToQt(Program::homeFolderIn(folder))});
     QObject::connect(&door, &QFileSystemWatcher::directoryChanged, &window, answer);
     answer();
-    if (!file.empty()) QTimer::singleShot(0, &window, [&] { window.offerImport(file); });
+    if (!file.empty()) window.offerImport(file);
     return QApplication::exec();
 }

@@ -78,10 +78,14 @@ void MainWindow::comeToFront() {
 }
 
 void MainWindow::offerImport(const std::filesystem::path& file) {
-    if (!program_.commands.running() && QApplication::activeModalWidget() == nullptr)
-        return program_.stockExchange.offerImport(file);
-    showLine(
-        u"%1 was not opened: finish what is open first, then open it again."_s.arg(pathToQt(file)));
+    if (!lookedAround_) {
+        offered_ = file;
+    } else if (!program_.commands.running() && QApplication::activeModalWidget() == nullptr) {
+        program_.stockExchange.offerImport(file);
+    } else {
+        showLine(u"%1 was not opened: finish what is open first, then open it again."_s.arg(
+            pathToQt(file)));
+    }
 }
 
 void MainWindow::end() {
@@ -123,7 +127,11 @@ void MainWindow::endSession(QSessionManager& session) {
 void MainWindow::paintEvent(QPaintEvent* event) {
     QMainWindow::paintEvent(event);
     if (std::exchange(painted_, true)) return;
-    QTimer::singleShot(0, this, [this] { program_.lookAround(); });
+    QTimer::singleShot(0, this, [this] {
+        program_.lookAround();
+        lookedAround_ = true;
+        if (!offered_.empty()) offerImport(offered_);
+    });
     QTimer::singleShot(kBetweenLooks, this, &MainWindow::lookForNews);
 }
 
@@ -265,8 +273,7 @@ void MainWindow::configure() {
         showConfigDialog(program_.settingsEditor, program_.files(), program_.folder.DataPath(),
                          rewrite, parent);
     };
-    const bool viewing = viewer_ != nullptr && viewer_->isVisible();  // not one about to go
-    viewing ? show([this] { viewer_->rewrite(); }, viewer_) : show({}, this);
+    viewer_ != nullptr ? show([this] { viewer_->rewrite(); }, viewer_) : show({}, this);
 }
 
 void MainWindow::showSavedOrders() {
@@ -275,6 +282,7 @@ void MainWindow::showSavedOrders() {
 
 void MainWindow::showViewer() {
     viewer_ = new DisplayWindow(program_.viewer, this);
+    connect(viewer_, &DisplayWindow::closed, this, [this] { viewer_ = nullptr; });
     connect(viewer_, &DisplayWindow::linkFollowed, this, &MainWindow::runBrowser);
     connect(viewer_, &DisplayWindow::configurationWanted, this, [this] { program_.configure(); });
     viewer_->show();

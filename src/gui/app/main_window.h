@@ -30,8 +30,9 @@ class MainWindow : public QMainWindow, private Screen {
 
     /// Another start has called for this window.
     void comeToFront();
-    /// Offers the import of a catalogue file that was opened from the desktop. While a command is
-    /// under way or another window waits for the user, only says that it could not.
+    /// Offers the import of a catalogue file that was opened from the desktop, at the earliest when
+    /// the start is over. While a command is under way or another window waits for the user, only
+    /// says that it could not.
     void offerImport(const std::filesystem::path& file);
     /// Ends the program, asking nothing, as soon as the command under way is finished or given up.
     void end();
@@ -80,11 +81,13 @@ class MainWindow : public QMainWindow, private Screen {
     QToolButton* saveButton_;
     QToolButton* copyButton_;
     QPointer<HelpWindow> help_;
-    QPointer<DisplayWindow> viewer_;
+    DisplayWindow* viewer_ = nullptr;  ///< while it is open
     QPointer<BackupDialog> backup_;
     QString waitingLine_;
     QString doneLine_;
     bool painted_ = false;
+    bool lookedAround_ = false;
+    std::filesystem::path offered_;  ///< a catalogue opened before the look around
     bool ending_ = false;
 };
 

@@ -8,6 +8,7 @@
 #include "gui/platform/theme.h"
 
 #include <QBuffer>
+#include <QCloseEvent>
 #include <QLocale>
 #include <QMenuBar>
 #include <QPdfWriter>
@@ -160,6 +161,11 @@ void DisplayWindow::setZoom(double zoom) {
 
 void DisplayWindow::placePaper() {
     browser_->place(sheet_->formWidth() + qRound(2 * kPaperMargin * zoom_));
+}
+
+void DisplayWindow::closeEvent(QCloseEvent* event) {
+    QMainWindow::closeEvent(event);
+    emit closed();
 }
 
 bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -20,11 +20,13 @@ class DisplayWindow : public QMainWindow {
     void rewrite();
 
   signals:
+    void closed();
     void configurationWanted();
     /// A link in the document was clicked.
     void linkFollowed(const QUrl& link);
 
   protected:
+    void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

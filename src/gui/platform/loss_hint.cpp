@@ -22,12 +22,12 @@ QString named(char32_t character) {
 
 void LossHint::watch(const QWidget& widget) {
     for (QLineEdit* box : widget.findChildren<QLineEdit*>())
-        QObject::connect(box, &QLineEdit::textEdited, box, [this](const QString& t) { look(t); });
+        connect(box, &QLineEdit::textEdited, this, [this](const QString& t) { look(t); });
     for (QPlainTextEdit* box : widget.findChildren<QPlainTextEdit*>()) {
         const QTextDocument* document = box->document();
         // By the time of `textChanged` the box may show the text as it is held.
-        QObject::connect(
-            document, &QTextDocument::contentsChange, box,
+        connect(
+            document, &QTextDocument::contentsChange, this,
             [this, document](int place, int, int added) { lookAtBlocks(*document, place, added); });
     }
 }

@@ -1,6 +1,7 @@
 // A hint, once, when a character is typed that the data files cannot hold.
 #pragma once
 
+#include <QObject>
 #include <QString>
 
 #include <functional>
@@ -10,13 +11,13 @@ class QWidget;
 
 namespace bramblet {
 
-class LossHint {
+class LossHint : public QObject {
   public:
     /// `tell` shows a line; it returns false if there is no room for it just now, in which case the
     /// next such character is told of.
     explicit LossHint(std::function<bool(const QString& line)> tell) : tell_(std::move(tell)) {}
 
-    /// Watches all boxes within a widget. It must not outlive this object.
+    /// Watches all boxes within a widget.
     void watch(const QWidget& widget);
 
   private:
