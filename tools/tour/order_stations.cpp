@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QClipboard>
+#include <QDeadlineTimer>
 #include <QMenu>
 
 namespace bramblet::tour {
@@ -183,6 +184,16 @@ void copyOrder(Guide& guide) {
     guide.answer("Create new purchase order based on details", QMessageBox::Yes);
     guide.click("Save_PO");
     guide.picture("10-copy");
+    guide.onNextDialog([&](QWidget& dialog) {
+        const QDeadlineTimer soon(5000);
+        while (guide.text("LastPaid").isEmpty() && !soon.hasExpired())
+            QApplication::processEvents();
+        guide.pictureWith("10-last-paid", dialog);
+        guide.help("last-paid", dialog);
+        guide.click("Cancel");
+    });
+    guide.doubleClickCell("OrderGrid", 0, 4);
+    guide.click("SaveChanges");
 }
 
 void catalogue(Guide& guide, const QString& file) {

@@ -10,6 +10,7 @@
 #include "core/history/field_histories.h"
 #include "core/orders/csv_export.h"
 #include "core/orders/kept_orders.h"
+#include "core/orders/last_paid.h"
 #include "core/orders/line_items.h"
 #include "core/orders/list_rebuild.h"
 #include "core/orders/mailed_pdfs.h"
@@ -106,6 +107,7 @@ class Program {
     OrderIndex index;
     SavedOrders savedOrders;
     OrderDocuments documents;
+    LastPaid lastPaid;
     ListRebuild listRebuild;
     OrderEditor editor;
     LineItems lines;

@@ -72,6 +72,9 @@ class SavedOrders : public RecordList<kOrderIndexLayout> {
     /// The index as it was last read; nothing when that failed.
     const OrderRecords* records() const { return read_ ? &records_ : nullptr; }
 
+    /// The index file just before it was last read; nothing when that could not be told.
+    const std::optional<os::FileStatus>& seen() const { return seen_; }
+
     /// What the listed orders come to, and the sums of all amounts, each with its heading.
     std::string totalText() const { return sumText(kOrderTotalColumn); }
     std::string sumsText() const;

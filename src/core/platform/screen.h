@@ -23,12 +23,13 @@ struct Views {
 /// A line for the status bar: a failure stays until the next line.
 enum class Tone { Failure, Done };
 
-/// The four boxes of the line dialog.
+/// The four boxes of the line dialog, and what is known of the line besides.
 struct LineEntry {
     std::string quantity;
     std::string unit;
     std::string description;
     std::string unitCost;
+    std::string fileNumber = {};  ///< of the stock item that it is
 };
 
 class Screen {

@@ -12,9 +12,10 @@
 
 namespace bramblet {
 
-ListsPanel::ListsPanel(Program& program, QWidget* parent) : QWidget(parent), program_(program) {
+ListsPanel::ListsPanel(Program& program, PaidReader& reader, QWidget* parent)
+    : QWidget(parent), program_(program) {
     orders_ = new SavedOrdersPanel(program.editor, program.savedOrders, program.open);
-    stock_ = new StockPanel(program.stock, program.lines);
+    stock_ = new StockPanel(program.stock, program.lines, reader);
     views_ = new QStackedWidget;
     views_->addWidget(orders_);
     views_->addWidget(stock_);

@@ -15,12 +15,13 @@ namespace bramblet {
 
 class FindBox;
 class GridView;
+class PaidReader;
 class SavedOrdersPanel;
 class StockPanel;
 
 class ListsPanel : public QWidget {
   public:
-    explicit ListsPanel(Program& program, QWidget* parent = nullptr);
+    ListsPanel(Program& program, PaidReader& reader, QWidget* parent = nullptr);
 
     /// The list of orders, or of stock items, has changed.
     void refreshOrders();

@@ -46,7 +46,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
                             program.formats().firstDayOfWeek);
     lines_ = new LinesPanel(program.lines, program.open, program.formats());
     totals_ = new TotalsPanel(program.editor, program.open, program.taxFreight, program.formats());
-    lists_ = new ListsPanel(program);
+    lists_ = new ListsPanel(program, paidReader_);
     lossHint_.watch(*order_);
     setCentralWidget(makeContent());
     makeStatusBar();
@@ -136,6 +136,7 @@ void MainWindow::lookForNews() {
     QElapsedTimer took;
     took.start();
     if (idle) program_.lookForNews();
+    paidReader_.goOn();
     const auto pause = qMin<qint64>(kBetweenLooks + kTimesAsLong * took.elapsed(), kLongestPause);
     QTimer::singleShot(static_cast<int>(pause), this, &MainWindow::lookForNews);
 }
@@ -252,7 +253,8 @@ void MainWindow::showLine(int row) {
 }
 
 std::optional<LineEntry> MainWindow::editLine(const LineEntry& entry, const std::string& caption) {
-    return showLineDialog(entry, caption, program_.stock.entries().units, program_.formats(),
+    return showLineDialog(entry, caption, program_.stock.entries().units,
+                          program_.open.storedNumber(), paidReader_, program_.formats(),
                           program_.commands, lossHint_, this);
 }
 
