@@ -15,6 +15,8 @@ void openAndChange(Guide& guide);
 void copyOrder(Guide& guide);
 /// Types the catalogue, picks from it into a new order, and writes it out to `file`.
 void catalogue(Guide& guide, const QString& file);
+/// Looks at what the orders come to, and lists those of one vendor.
+void spending(Guide& guide);
 /// Asks for a quote for a whole list of items.
 void longRequest(Guide& guide);
 void sizes(Guide& guide);

@@ -26,6 +26,7 @@ Program::Program(Environment environment, Prompts& prompts)
       savedOrders(commands, index, environment_.formats),
       documents(files_, commands, environment_.clock),
       lastPaid(files_, folder, savedOrders, environment_.formats),
+      spending(files_, commands, savedOrders, environment_.formats),
       listRebuild(files_, commands, index, savedOrders, documents, environment_.formats),
       editor({files_, commands, settings, taxFreight, environment_.formats, environment_.clock,
               open, addresses, histories, index, savedOrders, stock, documents, lastPaid}),

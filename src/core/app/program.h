@@ -19,6 +19,7 @@
 #include "core/orders/order_index.h"
 #include "core/orders/order_viewer.h"
 #include "core/orders/saved_orders.h"
+#include "core/orders/spending.h"
 #include "core/platform/clock.h"
 #include "core/platform/file_system.h"
 #include "core/platform/regional_formats.h"
@@ -108,6 +109,7 @@ class Program {
     SavedOrders savedOrders;
     OrderDocuments documents;
     LastPaid lastPaid;
+    Spending spending;
     ListRebuild listRebuild;
     OrderEditor editor;
     LineItems lines;

@@ -67,6 +67,7 @@ class Screen {
     virtual void showHelp() {}
     virtual void showContactImport() {}
     virtual void showRebuild() {}
+    virtual void showSpending() {}
     virtual void showBackup() {}
     /// Shows how far a backup or restore has got; called for every file that is listed, counted,
     /// copied or compared, so that the windows stay live and can stop it.

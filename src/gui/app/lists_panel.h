@@ -45,6 +45,8 @@ class ListsPanel : public QWidget {
     QCheckBox* filterBox(const char* name, const QString& caption, const QString& tip,
                          bool SavedOrders::*filter);
     void find(const QString& typed);
+    void showAll();
+    QString shortened(QString text) const;
     void showView();
 
     Program& program_;
@@ -52,6 +54,7 @@ class ListsPanel : public QWidget {
     StockPanel* stock_;
     QStackedWidget* views_;
     FindBox* find_;
+    QToolButton* shownOnly_;
     QLabel* label_;
     QLabel* count_;
     QLabel* total_;

@@ -10,6 +10,7 @@
 #include "gui/orders/order_panel.h"
 #include "gui/orders/paste_dialog.h"
 #include "gui/orders/rebuild_dialog.h"
+#include "gui/orders/spending_dialog.h"
 #include "gui/orders/totals_panel.h"
 #include "gui/platform/boxes.h"
 #include "gui/platform/dialog_prompts.h"
@@ -298,6 +299,10 @@ void MainWindow::showContactImport() {
 
 void MainWindow::showRebuild() {
     showRebuildDialog(program_.listRebuild, this);
+}
+
+void MainWindow::showSpending() {
+    showSpendingDialog(program_.spending, this);
 }
 
 void MainWindow::showBackup() {

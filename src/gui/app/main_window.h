@@ -67,6 +67,7 @@ class MainWindow : public QMainWindow, private Screen {
     void showHelp() override;
     void showContactImport() override;
     void showRebuild() override;
+    void showSpending() override;
     void showBackup() override;
     void showBackupProgress() override;
 
