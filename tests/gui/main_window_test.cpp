@@ -670,5 +670,56 @@ TEST_F(MainWindowTest, TheHintOfACharacterWaitsUntilTheStatusLineIsFree) {
     EXPECT_FALSE(status().contains(omega)) << "it goes with the next command";
 }
 
+TEST_F(MainWindowTest, TheSpendingIsShownAndABarListsItsOrders) {
+    for (const char* vendor : {"Acme", "Bolt & Co", "Acme"}) {
+        newOrder();
+        type("ToCombo", vendor);
+        addLine("1", "Nails", "2.50");
+        click("SaveChanges");
+    }
+    const auto expectOnly = [&](const QString& orders, const QString& caption) {
+        QStringList numbers;
+        for (int row = 0; row < driver->rows("POGrid"); ++row)
+            numbers.append(cell(row, 0));
+        EXPECT_EQ(numbers.join(' '), orders);
+        EXPECT_EQ(visible("ShownOnly"), !caption.isEmpty());
+        EXPECT_EQ(caption.isEmpty() ? "" : driver->find<QToolButton>("ShownOnly")->text(), caption);
+    };
+    const auto inSpending = [&](const std::function<void()>& act) {
+        driver->inDialog("mu_Spending", [act](QWidget&) { act(); });
+    };
+    click("HideOrders");
+    inSpending([&] {
+        EXPECT_EQ(driver->cell("SpendingVendorGrid", 0, 2), "$5.00");
+        driver->press("SpendingVendors", Qt::Key_Down);
+        EXPECT_TRUE(driver->control("SpendingVendors")
+                        ->accessibleDescription()
+                        .startsWith("Bolt & Co: $2.50"));
+        driver->press("SpendingVendors", Qt::Key_Return);
+    });
+    expectOnly("000002", "Bolt && Co");
+    driver->press("FindEd", Qt::Key_Escape);
+    expectOnly("000003 000002 000001", "");
+    inSpending([&] {
+        QWidget* const chart = driver->control("SpendingVendors");
+        QTest::mouseClick(chart, Qt::LeftButton, {}, QPoint(chart->width() / 2, 10));
+    });
+    expectOnly("000003 000001", "Acme");
+    click("ShownOnly");
+    expectOnly("000003 000002 000001", "");
+    inSpending([&] { driver->press("SpendingVendorGrid", Qt::Key_Return); });
+    expectOnly("000003 000001", "Acme");
+
+    const QString picture = QString::fromStdString((documents.path() / "s.png").string());
+    inSpending([&] {
+        driver->chooseFile(picture);
+        click("SpendingPicture");
+        click("Close");
+    });
+    const QImage saved(picture);
+    ASSERT_FALSE(saved.isNull());
+    EXPECT_EQ(saved.pixelColor(0, 0), QColor(Qt::white));
+}
+
 }  // namespace
 }  // namespace bramblet::test

@@ -187,5 +187,43 @@ TEST_F(StockWindows, TheVendorsItemsAloneAndAgainNextTime) {
     EXPECT_TRUE(program->stock.VendorItemsCheck);
 }
 
+TEST_F(StockWindows, TheLastPriceIsTakenOverIntoALineAndIntoAnItem) {
+    saveItem("Nails", "Acme", "Nails", "3");
+    const auto order = [this](const char* vendor, const char* cost) {
+        newOrder();
+        type("ToCombo", vendor);
+        addLine("1", "Nails", cost);
+        click("SaveChanges");
+    };
+    order("Bolt", "2.50");
+    order("Acme", "2.75");
+    newOrder();
+    addLine("1", "Rope", "4");
+    driver->inDialog("OrderPop_OneTime", [this](QWidget&) {
+        EXPECT_EQ(text("LastPaid"), "");
+        EXPECT_FALSE(visible("LastPaidUse"));
+        type("Text1", "nails");
+        EXPECT_TRUE(QTest::qWaitFor([this] { return visible("LastPaidOlder"); }));
+        EXPECT_EQ(text("LastPaid"), "Last paid 2.75, Acme, 3/4/2026");
+        type("DescriptionUnitCombo", "box");
+        EXPECT_EQ(text("LastPaid"), "Last paid 2.75 per ea, Acme, 3/4/2026");
+        driver->find<QMenu>("LastPaidMenu")->actions().first()->trigger();
+        EXPECT_EQ(text("UCEd"), "2.50");
+        driver->press("QEd", Qt::Key_E, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return text("UCEd") == "2.75"; }));
+        type("QEd", "2");
+        click("Save");
+    });
+    EXPECT_EQ(driver->cell("OrderGrid", 1, kUnit), "ea");
+    EXPECT_EQ(driver->cell("OrderGrid", 1, kLineTotal), "5.50");
+
+    driver->clickCell("StockGrid", 2, 3);
+    EXPECT_EQ(text("StockLastPaid"), "Last paid 2.75, 3/4/2026");
+    click("StockLastPaidUse");
+    EXPECT_EQ(text("StockUnitCostEd"), "2.75");
+    click("SaveChangedStockItem");
+    EXPECT_EQ(driver->cell("StockGrid", 2, 4), "2.75");
+}
+
 }  // namespace
 }  // namespace bramblet::test

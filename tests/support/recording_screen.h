@@ -44,6 +44,7 @@ class RecordingScreen : public Screen {
     void showHelp() override { opened.push_back("help"); }
     void showContactImport() override { opened.push_back("contact import"); }
     void showRebuild() override { opened.push_back("rebuild"); }
+    void showSpending() override { opened.push_back("spending"); }
     void showBackup() override { opened.push_back("backup"); }
     void showBackupProgress() override { onBackupProgress(); }
 };

@@ -360,6 +360,10 @@ const std::vector<Work>& works() {
          [](WatchedDesk& desk) {
              desk.program().viewer.savePdf(at("000001.pdf"), "%PDF-1.4, or nearly so");
          }},
+        {"Save a picture of the spending", "old", start,
+         [](WatchedDesk& desk) {
+             desk.program().spending.savePicture(at("spending.png"), "PNG, or nearly so");
+         }},
         {"Mail an order as PDF", "old", atAnn,
          [](WatchedDesk& desk) { desk.program().viewer.mailPdf("%PDF-1.4, or nearly so"); }, true},
     };

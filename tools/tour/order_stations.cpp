@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QClipboard>
+#include <QDeadlineTimer>
 #include <QMenu>
+#include <QTabWidget>
 
 namespace bramblet::tour {
 namespace {
@@ -183,6 +185,16 @@ void copyOrder(Guide& guide) {
     guide.answer("Create new purchase order based on details", QMessageBox::Yes);
     guide.click("Save_PO");
     guide.picture("10-copy");
+    guide.onNextDialog([&](QWidget& dialog) {
+        const QDeadlineTimer soon(5000);
+        while (guide.text("LastPaid").isEmpty() && !soon.hasExpired())
+            QApplication::processEvents();
+        guide.pictureWith("10-last-paid", dialog);
+        guide.help("last-paid", dialog);
+        guide.click("Cancel");
+    });
+    guide.doubleClickCell("OrderGrid", 0, 4);
+    guide.click("SaveChanges");
 }
 
 void catalogue(Guide& guide, const QString& file) {
@@ -194,6 +206,23 @@ void catalogue(Guide& guide, const QString& file) {
     guide.chooseFile(file.chopped(4));  // the ending is added
     guide.pictureOfNext("14-exported", QMessageBox::Ok);
     guide.trigger("mu_ExportStockItems");
+}
+
+void spending(Guide& guide) {
+    guide.click("ViewExisting");
+    guide.inDialog("mu_Spending", [&](QWidget& dialog) {
+        guide.pictureWith("14-spending", dialog);
+        guide.help("spending", dialog);
+        guide.find<QTabWidget>("SpendingTabs")->setCurrentIndex(1);
+        guide.pictureWith("14-spending-by-month", dialog);
+        guide.find<QTabWidget>("SpendingTabs")->setCurrentIndex(0);
+        guide.press("SpendingVendors", Qt::Key_Down);
+        guide.press("SpendingVendors", Qt::Key_Return);
+    });
+    guide.picture("14-spending-of-one");
+    guide.help("spending-one", {"POGrid", "FindEd", "HideOrders"});
+    guide.click("ShownOnly");
+    guide.click("HideOrders");
 }
 
 void longRequest(Guide& guide) {

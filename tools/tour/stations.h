@@ -11,9 +11,12 @@ void typeAddresses(Guide& guide);
 void writeOrders(Guide& guide);
 /// Opens an order from the list, changes it, and meets the question asked on going to another.
 void openAndChange(Guide& guide);
+/// Copies an order, and looks at what was last paid for its first line.
 void copyOrder(Guide& guide);
 /// Types the catalogue, picks from it into a new order, and writes it out to `file`.
 void catalogue(Guide& guide, const QString& file);
+/// Looks at what the orders come to, and lists those of one vendor.
+void spending(Guide& guide);
 /// Asks for a quote for a whole list of items.
 void longRequest(Guide& guide);
 void sizes(Guide& guide);

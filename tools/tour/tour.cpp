@@ -78,6 +78,7 @@ bool throughFirstOffice(MainWindow& window, const Album& album) {
     openAndChange(guide);
     copyOrder(guide);
     catalogue(guide, album.folder() + "/catalogue.sid");
+    spending(guide);
     longRequest(guide);
     viewOrder(guide);
     printPages(guide, album.folder());

@@ -10,6 +10,7 @@
 #include "core/history/field_histories.h"
 #include "core/orders/csv_export.h"
 #include "core/orders/kept_orders.h"
+#include "core/orders/last_paid.h"
 #include "core/orders/line_items.h"
 #include "core/orders/list_rebuild.h"
 #include "core/orders/mailed_pdfs.h"
@@ -18,6 +19,7 @@
 #include "core/orders/order_index.h"
 #include "core/orders/order_viewer.h"
 #include "core/orders/saved_orders.h"
+#include "core/orders/spending.h"
 #include "core/platform/clock.h"
 #include "core/platform/file_system.h"
 #include "core/platform/regional_formats.h"
@@ -106,6 +108,8 @@ class Program {
     OrderIndex index;
     SavedOrders savedOrders;
     OrderDocuments documents;
+    LastPaid lastPaid;
+    Spending spending;
     ListRebuild listRebuild;
     OrderEditor editor;
     LineItems lines;

@@ -16,7 +16,7 @@ namespace bramblet {
 namespace {
 
 LineEntry entryOf(const OrderLine& line) {
-    return {line[kQuantity], line[kUnit], line[kDescription], line[kUnitCost]};
+    return {line[kQuantity], line[kUnit], line[kDescription], line[kUnitCost], line[kFileNumber]};
 }
 
 /// A text made fit for a cell of a line: a tab or a line break would end the cell or the line when
@@ -56,9 +56,13 @@ constexpr std::array kColumns{
 }  // namespace
 
 LineEntry storedEntry(const LineEntry& boxes) {
-    LineEntry stored{cleanedNumber(boxes.quantity), textCell(boxes.unit),
-                     trimmed(boxes.description), cleanedNumber(boxes.unitCost)};
-    for (char& c : stored.description) {
+    return {cleanedNumber(boxes.quantity), textCell(boxes.unit),
+            storedDescription(boxes.description), cleanedNumber(boxes.unitCost)};
+}
+
+std::string storedDescription(const std::string& description) {
+    std::string stored = trimmed(description);
+    for (char& c : stored) {
         const auto code = static_cast<unsigned char>(c);
         if (code < 32 || code > 126) c = ' ';
     }

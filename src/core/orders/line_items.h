@@ -16,6 +16,8 @@ namespace bramblet {
 /// description, everything beyond ASCII) replaced by blanks, amounts reduced to digits, "." and
 /// ",".
 LineEntry storedEntry(const LineEntry& boxes);
+/// The same of a description alone.
+std::string storedDescription(const std::string& description);
 
 /// As `storedEntry`, but throws BoxFault when an amount cannot be read even then.
 LineEntry checkedEntry(const LineEntry& boxes, const RegionalFormats& formats);

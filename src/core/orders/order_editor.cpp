@@ -320,6 +320,7 @@ bool OrderEditor::writeFiles(const std::filesystem::path& path, Histories histor
     // Done last: a mere convenience must not keep an order from being saved.
     if (histories == Histories::Remember) histories_.AddToUserFields();
     if (records) savedOrders_.take(std::move(*records));
+    if (documented) lastPaid_.saved(open_.order());
     return entered && documented;
 }
 

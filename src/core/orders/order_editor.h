@@ -5,6 +5,7 @@
 #include "core/document/open_order.h"
 #include "core/history/field_histories.h"
 #include "core/orders/kept_orders.h"
+#include "core/orders/last_paid.h"
 #include "core/orders/order_documents.h"
 #include "core/orders/order_index.h"
 #include "core/orders/saved_orders.h"
@@ -34,6 +35,7 @@ struct OrderWorkplace {
     SavedOrders& savedOrders_;
     StockList& stock_;
     OrderDocuments& documents_;
+    LastPaid& lastPaid_;
 };
 
 class OrderEditor : private OrderWorkplace {

@@ -121,6 +121,16 @@ void SavedOrders::find(const std::string& typed) {
     commands_.changed(&Views::savedOrders);
 }
 
+void SavedOrders::showOnly(const std::string& name, std::function<bool(const OrderRow&)> only) {
+    shownOnly_ = name;
+    showOnlyThose(std::move(only));
+    commands_.changed(&Views::savedOrders);
+}
+
+void SavedOrders::showAll() {
+    showOnly({}, nullptr);
+}
+
 /// Open requisitions, and received orders of both kinds.
 Table::Mark SavedOrders::mark(int row) const {
     const std::string status = cell(row, kStatusColumn);

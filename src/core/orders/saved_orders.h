@@ -6,6 +6,8 @@
 #include "core/settings/commands.h"
 
 #include <array>
+#include <functional>
+#include <optional>
 #include <string>
 
 namespace bramblet {
@@ -59,6 +61,11 @@ class SavedOrders : public RecordList<kOrderIndexLayout> {
     void sortBy(int column);
     /// Narrows the list to the orders that hold all words of a typed text.
     void find(const std::string& typed);
+    /// Narrows it, besides, to those orders that `only` accepts, under a name for them.
+    void showOnly(const std::string& name, std::function<bool(const OrderRow&)> only);
+    /// Gives that up.
+    void showAll();
+    std::string shownOnly() const override { return shownOnly_; }
 
     std::string number(int row) const { return cell(row, kNumberColumn); }
     Mark mark(int row) const override;
@@ -71,6 +78,9 @@ class SavedOrders : public RecordList<kOrderIndexLayout> {
 
     /// The index as it was last read; nothing when that failed.
     const OrderRecords* records() const { return read_ ? &records_ : nullptr; }
+
+    /// The index file just before it was last read; nothing when that could not be told.
+    const std::optional<os::FileStatus>& seen() const { return seen_; }
 
     /// What the listed orders come to, and the sums of all amounts, each with its heading.
     std::string totalText() const { return sumText(kOrderTotalColumn); }
@@ -86,6 +96,7 @@ class SavedOrders : public RecordList<kOrderIndexLayout> {
 
     Commands& commands_;
     const OrderIndex& index_;
+    std::string shownOnly_;
 };
 
 }  // namespace bramblet

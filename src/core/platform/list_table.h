@@ -44,6 +44,8 @@ class Table {
 
     /// What is looked for in the list: only rows that hold it are there.
     virtual std::string sought() const { return {}; }
+    /// What else the list is narrowed to.
+    virtual std::string shownOnly() const { return {}; }
 
     /// What tells a row from all others, wherever it stands; empty in lists whose rows have no such
     /// thing.

@@ -9,6 +9,7 @@
 #include "core/platform/os_files.h"
 #include "core/platform/text.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -102,6 +103,13 @@ class RecordList : public ListTable<RecordView<Layout>> {
         narrow();
     }
 
+    /// Only rows that `only` accepts remain, beside what is sought; null lists all again.
+    void showOnlyThose(std::function<bool(const Row&)> only) {
+        only_ = std::move(only);
+        rows_ = listed_;
+        narrow();
+    }
+
     const std::vector<Row>& allRows() const override { return listed_; }
 
     std::string countOf(const std::string& things) const {
@@ -115,6 +123,7 @@ class RecordList : public ListTable<RecordView<Layout>> {
 
   private:
     void narrow() {
+        if (only_) std::erase_if(rows_, [this](const Row& row) { return !only_(row); });
         if (words_.empty()) return;
         prepareToFind();
         const char* const first = records_.bytes().data();
@@ -137,6 +146,7 @@ class RecordList : public ListTable<RecordView<Layout>> {
     }
 
     std::vector<Row> listed_;
+    std::function<bool(const Row&)> only_;
     bool isChosen_ = false;  ///< whether the user has chosen a column to sort by
     std::string sought_;
     std::vector<std::string> words_;  ///< of what is sought

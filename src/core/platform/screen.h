@@ -23,12 +23,13 @@ struct Views {
 /// A line for the status bar: a failure stays until the next line.
 enum class Tone { Failure, Done };
 
-/// The four boxes of the line dialog.
+/// The four boxes of the line dialog, and what is known of the line besides.
 struct LineEntry {
     std::string quantity;
     std::string unit;
     std::string description;
     std::string unitCost;
+    std::string fileNumber = {};  ///< of the stock item that it is
 };
 
 class Screen {
@@ -66,6 +67,7 @@ class Screen {
     virtual void showHelp() {}
     virtual void showContactImport() {}
     virtual void showRebuild() {}
+    virtual void showSpending() {}
     virtual void showBackup() {}
     /// Shows how far a backup or restore has got; called for every file that is listed, counted,
     /// copied or compared, so that the windows stay live and can stop it.

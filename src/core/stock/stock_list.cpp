@@ -235,6 +235,10 @@ void StockList::ItemsPopOnHand_Click(int row) {
     });
 }
 
+bool StockList::editsPicked() const {
+    return trimmedField(picked_.Description) == trimmed(boxes.StockDescriptionEd);
+}
+
 int StockList::pickedRecord() const {
     return recordNumberOf(leadingNumber(fileOrderTag_));
 }

@@ -60,6 +60,8 @@ class StockList : public RecordList<kStockItemLayout> {
     /// Collected from the list when they are asked for.
     const Entries& entries() const;
     const std::string& FileOrderTag() const { return fileOrderTag_; }
+    /// Whether what is in the boxes is still called what the item picked is.
+    bool editsPicked() const;
 
     /// The new item becomes the one picked.
     void SaveNewStockItem_Click();

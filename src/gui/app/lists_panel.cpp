@@ -12,9 +12,11 @@
 
 namespace bramblet {
 
-ListsPanel::ListsPanel(Program& program, QWidget* parent) : QWidget(parent), program_(program) {
-    orders_ = new SavedOrdersPanel(program.editor, program.savedOrders, program.open);
-    stock_ = new StockPanel(program.stock, program.lines);
+ListsPanel::ListsPanel(Program& program, PaidReader& reader, QWidget* parent)
+    : QWidget(parent), program_(program) {
+    orders_ =
+        new SavedOrdersPanel(program.editor, program.savedOrders, program.spending, program.open);
+    stock_ = new StockPanel(program.stock, program.lines, reader);
     views_ = new QStackedWidget;
     views_->addWidget(orders_);
     views_->addWidget(stock_);
@@ -31,6 +33,12 @@ QLayout* ListsPanel::makeBar() {
         showsOrders() ? program_.savedOrders.prepareToFind() : program_.stock.prepareToFind();
     });
     connect(find_, &FindBox::listWanted, this, [this] { grid()->enter(); });
+    connect(find_, &FindBox::allWanted, this, [this] {
+        if (showsOrders()) showAll();
+    });
+    shownOnly_ = edgedButton("ShownOnly", Drawing::Close, {}, u"List all orders again"_s,
+                             [this] { showAll(); });
+    shownOnly_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     label_ = namedLabel("BottomLabel");
     count_ = quietLabel("ListCount", {});
     count_->setMinimumWidth(1);  // in a narrow window, it is the first to be cut short
@@ -53,8 +61,8 @@ QLayout* ListsPanel::makeBar() {
                                 [this] { program_.savedOrders.ViewExisting_Click(); });
     hideOrders_ = edgedButton("HideOrders", Drawing::Lists, u"Stock Items List"_s,
                               u"Switch to stock items view."_s, [this] { HideOrders_Click(); });
-    return row(12, {grow(find_, 2), label_, count_, total_, spring(), filters_[0], filters_[1],
-                    filters_[2], vendorItems_, viewExisting_, hideOrders_});
+    return row(12, {grow(find_, 2), shownOnly_, label_, count_, total_, spring(), filters_[0],
+                    filters_[1], filters_[2], vendorItems_, viewExisting_, hideOrders_});
 }
 
 QCheckBox* ListsPanel::filterBox(const char* name, const QString& caption, const QString& tip,
@@ -111,10 +119,32 @@ void ListsPanel::find(const QString& typed) {
     showsOrders() ? program_.savedOrders.find(text) : program_.stock.find(text);
 }
 
+/// Gives up what the list has been narrowed to from another window.
+void ListsPanel::showAll() {
+    if (program_.savedOrders.shownOnly().empty()) return;
+    const bool focused = shownOnly_->hasFocus();
+    program_.savedOrders.showAll();
+    if (focused) grid()->setFocus();
+}
+
+/// A caption for a button; a text may hold "&" that is no mnemonic.
+QString ListsPanel::shortened(QString text) const {
+    constexpr int kMostCharacters = 18;
+    text = fontMetrics().elidedText(text, Qt::ElideRight,
+                                    fontMetrics().averageCharWidth() * kMostCharacters);
+    return text.replace(u'&', u"&&"_s);
+}
+
 void ListsPanel::showView() {
     const bool orders = showsOrders();
     const QString count = toQt(program_.savedOrders.countText());
     showText(find_, toQt(orders ? program_.savedOrders.sought() : program_.stock.sought()));
+    const std::string only = program_.savedOrders.shownOnly();
+    shownOnly_->setVisible(orders && !only.empty());
+    shownOnly_->setText(shortened(toQt(only)));
+    shownOnly_->setToolTip(
+        u"Only the orders of %1 are listed. Press to list all again."_s.arg(toQt(only)));
+    shownOnly_->setAccessibleName(shownOnly_->toolTip());
     label_->setText(orders ? u"Saved Orders"_s : toQt(program_.stock.countText()));
     label_->setToolTip(orders ? count : QString());
     count_->setText(count);

@@ -15,12 +15,13 @@ namespace bramblet {
 
 class FindBox;
 class GridView;
+class PaidReader;
 class SavedOrdersPanel;
 class StockPanel;
 
 class ListsPanel : public QWidget {
   public:
-    explicit ListsPanel(Program& program, QWidget* parent = nullptr);
+    ListsPanel(Program& program, PaidReader& reader, QWidget* parent = nullptr);
 
     /// The list of orders, or of stock items, has changed.
     void refreshOrders();
@@ -44,6 +45,8 @@ class ListsPanel : public QWidget {
     QCheckBox* filterBox(const char* name, const QString& caption, const QString& tip,
                          bool SavedOrders::*filter);
     void find(const QString& typed);
+    void showAll();
+    QString shortened(QString text) const;
     void showView();
 
     Program& program_;
@@ -51,6 +54,7 @@ class ListsPanel : public QWidget {
     StockPanel* stock_;
     QStackedWidget* views_;
     FindBox* find_;
+    QToolButton* shownOnly_;
     QLabel* label_;
     QLabel* count_;
     QLabel* total_;

@@ -76,6 +76,8 @@ void addListsMenu(QMenu* menu, Program& program, LinesPanel& lines, ListsPanel& 
              [&] { lists.HideOrders_Click(); });
     menu->addSeparator();
     addSortMenu(menu->addMenu(u"&Sort by"_s), lists);
+    addEntry(menu, "mu_Spending", u"S&pending ..."_s, {},
+             [&] { program.spending.mu_Spending_Click(); });
     addEntry(menu, "mu_OpenKeptOrder", u"Open &Kept Order ..."_s, {},
              [&] { program.editor.openKeptOrder(); });
     QAction* remove = addEntry(menu, "mu_DeleteOrder", u"&Delete Order"_s, {},

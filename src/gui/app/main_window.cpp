@@ -10,6 +10,7 @@
 #include "gui/orders/order_panel.h"
 #include "gui/orders/paste_dialog.h"
 #include "gui/orders/rebuild_dialog.h"
+#include "gui/orders/spending_dialog.h"
 #include "gui/orders/totals_panel.h"
 #include "gui/platform/boxes.h"
 #include "gui/platform/dialog_prompts.h"
@@ -46,7 +47,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
                             program.formats().firstDayOfWeek);
     lines_ = new LinesPanel(program.lines, program.open, program.formats());
     totals_ = new TotalsPanel(program.editor, program.open, program.taxFreight, program.formats());
-    lists_ = new ListsPanel(program);
+    lists_ = new ListsPanel(program, paidReader_);
     lossHint_.watch(*order_);
     setCentralWidget(makeContent());
     makeStatusBar();
@@ -144,6 +145,7 @@ void MainWindow::lookForNews() {
     QElapsedTimer took;
     took.start();
     if (idle) program_.lookForNews();
+    paidReader_.goOn();
     const auto pause = qMin<qint64>(kBetweenLooks + kTimesAsLong * took.elapsed(), kLongestPause);
     QTimer::singleShot(static_cast<int>(pause), this, &MainWindow::lookForNews);
 }
@@ -260,7 +262,8 @@ void MainWindow::showLine(int row) {
 }
 
 std::optional<LineEntry> MainWindow::editLine(const LineEntry& entry, const std::string& caption) {
-    return showLineDialog(entry, caption, program_.stock.entries().units, program_.formats(),
+    return showLineDialog(entry, caption, program_.stock.entries().units,
+                          program_.open.storedNumber(), paidReader_, program_.formats(),
                           program_.commands, lossHint_, this);
 }
 
@@ -304,6 +307,10 @@ void MainWindow::showContactImport() {
 
 void MainWindow::showRebuild() {
     showRebuildDialog(program_.listRebuild, this);
+}
+
+void MainWindow::showSpending() {
+    showSpendingDialog(program_.spending, this);
 }
 
 void MainWindow::showBackup() {

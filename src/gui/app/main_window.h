@@ -6,6 +6,7 @@
 #include "gui/app/main_menu.h"
 #include "gui/platform/loss_hint.h"
 #include "gui/platform/waiting.h"
+#include "gui/stock/last_paid_line.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -67,6 +68,7 @@ class MainWindow : public QMainWindow, private Screen {
     void showHelp() override;
     void showContactImport() override;
     void showRebuild() override;
+    void showSpending() override;
     void showBackup() override;
     void showBackupProgress() override;
 
@@ -77,6 +79,7 @@ class MainWindow : public QMainWindow, private Screen {
     TotalsPanel* totals_;
     ListsPanel* lists_;
     MainMenu menu_;
+    PaidReader paidReader_{program_.lastPaid};
     LossHint lossHint_{[this](const QString& line) { return showIfFree(line); }};
     QToolButton* saveButton_;
     QToolButton* copyButton_;

@@ -3,13 +3,13 @@
 #include "core/platform/file_system.h"
 #include "gui/platform/boxes.h"
 #include "gui/platform/icons.h"
+#include "gui/platform/paper.h"
 #include "gui/platform/placement.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/theme.h"
 
 #include <QBuffer>
 #include <QCloseEvent>
-#include <QLocale>
 #include <QMenuBar>
 #include <QPdfWriter>
 #include <QPrintDialog>
@@ -29,13 +29,6 @@ constexpr double kSmallestZoom = 0.4;
 constexpr double kLargestZoom = 4;
 constexpr int kPaperMargin = 36;  // of the sheet, at its own size
 constexpr int kDeskMargin = 18;   // around the sheet
-
-/// The region's paper size, with margins of half an inch.
-QPageLayout usualPage() {
-    const bool imperial = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
-    const QPageSize paper(imperial ? QPageSize::Letter : QPageSize::A4);
-    return {paper, QPageLayout::Portrait, QMarginsF(0.5, 0.5, 0.5, 0.5), QPageLayout::Inch};
-}
 
 }  // namespace
 

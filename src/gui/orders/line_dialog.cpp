@@ -4,6 +4,7 @@
 #include "gui/platform/history_box.h"
 #include "gui/platform/loss_hint.h"
 #include "gui/platform/qt_text.h"
+#include "gui/stock/last_paid_line.h"
 
 #include <QDialog>
 #include <QKeyEvent>
@@ -22,8 +23,9 @@ QLineEdit* amountBox(const char* name, const std::string& text, const QString& t
 class EditLineDialog : public QDialog {
   public:
     EditLineDialog(const LineEntry& entry, const std::string& caption,
-                   const std::vector<std::string>& units, const RegionalFormats& formats,
-                   Commands& commands, QWidget* parent)
+                   const std::vector<std::string>& units, const std::string& order,
+                   PaidReader& reader, const RegionalFormats& formats, Commands& commands,
+                   QWidget* parent)
         : QDialog(parent),
           formats_(formats),
           commands_(commands),
@@ -46,6 +48,14 @@ class EditLineDialog : public QDialog {
         description_->selectAll();
         unit_->setEntries(units);
         showText(unit_->lineEdit(), toQt(entry.unit));
+
+        auto* lastPaid = new LastPaidLine(
+            u"LastPaid"_s, u"Us&e"_s, reader,
+            [this, entry, order] { return goodsOf(boxes(), entry, order); },
+            [this](const PaidPrice& price) { takePrice(price); });
+        connect(description_, &QPlainTextEdit::textChanged, lastPaid, &LastPaidLine::refresh);
+        connect(unit_, &QComboBox::currentTextChanged, lastPaid, &LastPaidLine::refresh);
+        lastPaid->refresh();
 
         connect(quantity_, &QLineEdit::textEdited, this, &EditLineDialog::follow);
         connect(unitCost_, &QLineEdit::textEdited, this, [this] {
@@ -70,8 +80,9 @@ class EditLineDialog : public QDialog {
                                 boxLabel(u"&Unit"_s, unit_), grow(unit_, 3), gap(10),
                                 boxLabel(u"Unit &Cost"_s, unitCost_), grow(unitCost_, 3), gap(10),
                                 boxLabel(u"Line &Total"_s, total_), grow(total_, 3)});
-        setLayout(column(8, {boxLabel(u"&Description"_s, description_), description_, amounts,
-                             spring(), gap(6), row(-1, {remove, spring(), save, cancel})}));
+        setLayout(
+            column(8, {boxLabel(u"&Description"_s, description_), description_, amounts, lastPaid,
+                       spring(), gap(6), row(-1, {remove, spring(), save, cancel})}));
         setTabOrder(cancel, remove);
     }
 
@@ -100,6 +111,13 @@ class EditLineDialog : public QDialog {
         } catch (const Fault&) {
             showText(total_, {});
         }
+    }
+
+    void takePrice(const PaidPrice& price) {
+        unitCost_->setText(toQt(price.cost));
+        if (!price.unit.empty()) unit_->setEditText(toQt(price.unit));
+        totalTyped_ = false;
+        follow();
     }
 
     void divide() {
@@ -148,9 +166,10 @@ class EditLineDialog : public QDialog {
 
 std::optional<LineEntry> showLineDialog(const LineEntry& entry, const std::string& caption,
                                         const std::vector<std::string>& units,
+                                        const std::string& order, PaidReader& reader,
                                         const RegionalFormats& formats, Commands& commands,
                                         LossHint& lossHint, QWidget* parent) {
-    EditLineDialog dialog(entry, caption, units, formats, commands, parent);
+    EditLineDialog dialog(entry, caption, units, order, reader, formats, commands, parent);
     lossHint.watch(dialog);
     dialog.exec();
     return dialog.stored();

@@ -9,8 +9,8 @@
 
 namespace bramblet {
 
-SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, const OpenOrder& open,
-                                   QWidget* parent)
+SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, Spending& spending,
+                                   const OpenOrder& open, QWidget* parent)
     : QWidget(parent), editor_(editor), orders_(orders), open_(open) {
     grid_ = new GridView("POGrid", u"Saved orders"_s,
                          u"Saved orders (click to open, right click for options)."_s, orders, 5);
@@ -20,6 +20,8 @@ SavedOrdersPanel::SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, con
     auto* remove =
         addEntry(menu, "POPop_delete", u"&Delete Order"_s, {}, [this] { deleteCurrentOrder(); });
 
+    addEntry(menu, "POPop_Spending", u"&Spending ..."_s, {},
+             [&spending] { spending.mu_Spending_Click(); });
     connect(grid_, &GridView::rowClicked, this, &SavedOrdersPanel::openRow);
     connect(grid_, &GridView::rowEntered, this, &SavedOrdersPanel::openRow);
     connect(grid_, &GridView::deletePressed, this, &SavedOrdersPanel::deleteCurrentOrder);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/orders/order_editor.h"
+#include "core/orders/spending.h"
 
 #include <QWidget>
 
@@ -13,8 +14,8 @@ class GridView;
 
 class SavedOrdersPanel : public QWidget {
   public:
-    SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, const OpenOrder& open,
-                     QWidget* parent = nullptr);
+    SavedOrdersPanel(OrderEditor& editor, SavedOrders& orders, Spending& spending,
+                     const OpenOrder& open, QWidget* parent = nullptr);
 
     /// The list has changed.
     void refreshList();

@@ -44,6 +44,7 @@ void FindBox::focusInEvent(QFocusEvent* event) {
 void FindBox::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Escape:
+            emit allWanted();
             return text().isEmpty() ? leave() : clear();
         case Qt::Key_Down:
         case Qt::Key_Return:

@@ -19,6 +19,8 @@ class FindBox : public QLineEdit {
   signals:
     /// The user is about to type.
     void entered();
+    /// Escape: whatever narrows the list is to be given up.
+    void allWanted();
     /// The user goes on to the list.
     void listWanted();
 

@@ -30,7 +30,8 @@ constexpr int kMostGiven = 3;    ///< in a narrow view, columns give up to a thi
 /// How a list is sorted and narrowed, as one text.
 std::string arrangementOf(const Table& table) {
     return std::to_string(table.sortColumn().value_or(-1)) +
-           (table.sortedDescending() ? "descending " : "ascending ") + table.sought();
+           (table.sortedDescending() ? "descending " : "ascending ") + table.sought() + '\n' +
+           table.shownOnly();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "gui/platform/history_box.h"
 #include "gui/platform/icons.h"
 #include "gui/platform/qt_text.h"
+#include "gui/stock/last_paid_line.h"
 
 #include <QGridLayout>
 #include <QHeaderView>
@@ -11,8 +12,8 @@
 
 namespace bramblet {
 
-StockPanel::StockPanel(StockList& stock, LineItems& lines, QWidget* parent)
-    : QWidget(parent), stock_(stock), lines_(lines) {
+StockPanel::StockPanel(StockList& stock, LineItems& lines, PaidReader& reader, QWidget* parent)
+    : QWidget(parent), stock_(stock), lines_(lines), reader_(reader) {
     makeGrid();
     fill(this, row(10, {grow(grid_), makeEditor()}));
 }
@@ -54,11 +55,16 @@ QWidget* StockPanel::makeEditor() {
     boxes_.bind(unitCost_, stock_.boxes, &StockItemBoxes::StockUnitCostEd);
     unitCost_->setAlignment(Qt::AlignRight);
     unitCost_->setMinimumWidth(fontMetrics().horizontalAdvance(u"000,000.0000"_s) + 14);
+    lastPaid_ = new LastPaidLine(
+        u"StockLastPaid"_s, u"Use"_s, reader_, [this] { return goodsOf(stock_); },
+        [this](const PaidPrice& price) { takePrice(price); });
+    for (QLineEdit* box : {description, unit_->lineEdit()})
+        connect(box, &QLineEdit::textEdited, lastPaid_, &LastPaidLine::refresh);
     fileNumber_ = quietLabel("FileOrderTag", u"File number of the item picked last"_s);
 
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(4);
+    grid->setVerticalSpacing(3);
     const auto addRow = [&](int row, const QString& caption, QWidget* box, int span) {
         grid->addWidget(boxLabel(caption, box), row, 0);
         grid->addWidget(box, row, 1, 1, span);
@@ -70,9 +76,10 @@ QWidget* StockPanel::makeEditor() {
     grid->addWidget(boxLabel(u"Cost"_s, unitCost_), 2, 2);
     grid->addWidget(unitCost_, 2, 3);
     addRow(3, u"Description"_s, description, 3);
-    grid->addLayout(makeButtons(), 4, 0, 1, 4);
+    grid->addWidget(lastPaid_, 4, 0, 1, 4);
+    grid->addLayout(makeButtons(), 5, 0, 1, 4);
     grid->setColumnStretch(1, 1);
-    grid->setRowStretch(5, 1);
+    grid->setRowStretch(6, 1);
     QWidget* editor = fill(new QWidget, grid);
     editor->setFixedWidth(
         qMax(fontMetrics().averageCharWidth() * 44, editor->minimumSizeHint().width()));
@@ -137,6 +144,14 @@ void StockPanel::fillList(HistoryBox* combo) {
 void StockPanel::refreshEditor() {
     boxes_.refresh();
     fileNumber_->setText(toQt(stock_.FileOrderTag()));
+    lastPaid_->refresh();
+}
+
+/// As if it were typed: it is stored with the item.
+void StockPanel::takePrice(const PaidPrice& price) {
+    stock_.boxes.StockUnitCostEd = price.cost;
+    if (!price.unit.empty()) stock_.boxes.StockUnitCombo = price.unit;
+    refreshEditor();
 }
 
 void StockPanel::addCurrentItem() {

@@ -1,6 +1,7 @@
 // The list of stock items with its pop-up menu, and the editor beside it.
 #pragma once
 
+#include "core/orders/last_paid.h"
 #include "core/orders/line_items.h"
 #include "core/stock/stock_list.h"
 #include "gui/platform/boxes.h"
@@ -12,10 +13,12 @@ namespace bramblet {
 
 class GridView;
 class HistoryBox;
+class LastPaidLine;
+class PaidReader;
 
 class StockPanel : public QWidget {
   public:
-    StockPanel(StockList& stock, LineItems& lines, QWidget* parent = nullptr);
+    StockPanel(StockList& stock, LineItems& lines, PaidReader& reader, QWidget* parent = nullptr);
 
     /// For when the rows have changed, and for when another item has been picked.
     void refreshList();
@@ -34,9 +37,11 @@ class StockPanel : public QWidget {
     QLayout* makeButtons();
     void fillList(HistoryBox* combo);
     void startNext();
+    void takePrice(const PaidPrice& price);
 
     StockList& stock_;
     LineItems& lines_;
+    PaidReader& reader_;
     GridView* grid_;
     QAction* onHand_;
     HistoryBox* category_;
@@ -44,6 +49,7 @@ class StockPanel : public QWidget {
     HistoryBox* unit_;
     QLineEdit* unitCost_;
     QLabel* fileNumber_;
+    LastPaidLine* lastPaid_;
     BoundBoxes boxes_;
 };
 
