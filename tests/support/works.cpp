@@ -101,6 +101,9 @@ void atItem(WatchedDesk& desk) {
     desk.start();
     desk.program().stock.StockGrid_Click(1);
 }
+void takeBack(WatchedDesk& desk) {
+    desk.program().undo.mu_Undo_Click();
+}
 void copyFiles(WatchedDesk& desk) {
     desk.program().backup.RunBackup_Click();
 }
@@ -261,6 +264,12 @@ const std::vector<Work>& works() {
          [](WatchedDesk& desk) { desk.program().editor.make10_Click(); }, true},
         {"Delete an order", "old", start,
          [](WatchedDesk& desk) { desk.program().editor.POPop_delete_Click("000002"); }},
+        {"Take back the deletion of an order", "old",
+         [](WatchedDesk& desk) {
+             desk.start();
+             desk.program().editor.POPop_delete_Click("000002");
+         },
+         takeBack},
         {"Save a new address", "old", start,
          [](WatchedDesk& desk) { desk.address(Vendor, "Cole", "4 Mill Lane"); }},
         {"Save the first address of all", "new", start,
@@ -272,6 +281,13 @@ const std::vector<Work>& works() {
              desk.program().addresses.Combo_Change(Vendor, "Ames");
              desk.program().addresses.Delete_Click(Vendor);
          }},
+        {"Take back the deletion of an address", "old",
+         [](WatchedDesk& desk) {
+             desk.start();
+             desk.program().addresses.Combo_Change(Vendor, "Ames");
+             desk.program().addresses.Delete_Click(Vendor);
+         },
+         takeBack},
         {"Import contacts", "old",
          [](WatchedDesk& desk) {
              chooses(desk, "contacts.dat");
@@ -290,6 +306,12 @@ const std::vector<Work>& works() {
          }},
         {"Delete a stock item", "old", atItem,
          [](WatchedDesk& desk) { desk.program().stock.DeleteStockItem_Click(); }},
+        {"Take back the deletion of a stock item", "old",
+         [](WatchedDesk& desk) {
+             atItem(desk);
+             desk.program().stock.DeleteStockItem_Click();
+         },
+         takeBack},
         {"Set a quantity on hand", "old", atItem,
          [](WatchedDesk& desk) { desk.program().stock.ItemsPopOnHand_Click(1); }},
         {"Import stock items", "old", [](WatchedDesk& desk) { chooses(desk, "more.sid"); },

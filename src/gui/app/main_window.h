@@ -5,6 +5,7 @@
 #include "core/platform/screen.h"
 #include "gui/app/main_menu.h"
 #include "gui/platform/loss_hint.h"
+#include "gui/platform/undo_key.h"
 #include "gui/platform/waiting.h"
 
 #include <QMainWindow>
@@ -54,6 +55,8 @@ class MainWindow : public QMainWindow, private Screen {
 
     void refresh(const Views& views) override;
     void refreshOrder(bool another);
+    void refreshUndo();
+    void placeUndoButton(const QString& line);
     void showStatus(const std::string& line, Tone tone) override;
     void showHint(const std::string& line) override;
     void showCaption(const std::string& caption) override;
@@ -79,6 +82,8 @@ class MainWindow : public QMainWindow, private Screen {
     LossHint lossHint_{[this](const QString& line) { return showIfFree(line); }};
     QToolButton* saveButton_;
     QToolButton* copyButton_;
+    QToolButton* undoButton_;
+    UndoKey undoKey_;
     QPointer<HelpWindow> help_;
     QPointer<DisplayWindow> viewer_;
     QPointer<BackupDialog> backup_;
