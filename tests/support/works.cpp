@@ -148,7 +148,8 @@ void putBack(const Files& files) {
 }
 
 bool isKept(const std::string& path) {
-    return path.find("po_data/kept/") != std::string::npos;
+    return path.find("po_data/kept/") != std::string::npos ||
+           path.find("/Data before restore ") != std::string::npos;
 }
 
 bool isPassing(const std::string& path) {

@@ -34,7 +34,8 @@ Program::Program(Environment environment, Prompts& prompts)
       contactImport(files_, commands, addresses),
       viewer(files_, commands, settings, editor, open, mailedPdfs_, environment_.desktop),
       csvExport(files_, commands, index, environment_.formats, environment_.desktop),
-      backup(files_, commands, settings, {addresses, savedOrders, stock, histories}),
+      backup(files_, commands, settings, settingsFile_, environment_.clock,
+             {addresses, savedOrders, stock, histories}),
       settingsEditor(files_, commands, settings),
       browser(files_, settingsFile_.homeFolder(), environment_.desktop, commands) {
     stock.VendorItemsCheck = leadingNumber(trimmedField(settings.VendorItemsCheck)) != 0;
@@ -74,6 +75,7 @@ void Program::lookAround() {
         }
         documents.recoverLeftovers(names);
         listRebuild.tellOfStrays(names);
+        backup.remind(names);
     });
 }
 
