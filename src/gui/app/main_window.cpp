@@ -181,11 +181,11 @@ QLayout* MainWindow::makeCommandBar() {
 }
 
 void MainWindow::makeStatusBar() {
-    auto* dataLabel =
+    dataLabel_ =
         quietLabel("Label16", u"Data Path = %1"_s.arg(pathToQt(program_.folder.DataPath())));
-    dataLabel->setText(u"Data Folder"_s);
+    dataLabel_->setText(u"Data Folder"_s);
     statusBar()->addPermanentWidget(waiting_.makeStopButton());
-    statusBar()->addPermanentWidget(dataLabel);
+    statusBar()->addPermanentWidget(dataLabel_);
     undoButton_ = new QToolButton(statusBar());
     undoButton_->setObjectName(u"Undo"_s);
     undoButton_->setText(u"Undo"_s);
@@ -226,7 +226,7 @@ void MainWindow::placeUndoButton(const QString& line) {
     const int gap = fontMetrics().averageCharWidth() * 2;
     const QSize size = undoButton_->sizeHint().boundedTo(statusBar()->size());
     const int end = kBegin + statusBar()->fontMetrics().horizontalAdvance(line) + gap;
-    undoButton_->setGeometry(QRect(QPoint(qMin(end, statusBar()->width() - size.width()),
+    undoButton_->setGeometry(QRect(QPoint(qMin(end, dataLabel_->x() - gap - size.width()),
                                           (statusBar()->height() - size.height()) / 2),
                                    size));
 }

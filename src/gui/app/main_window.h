@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
+class QLabel;
 class QSessionManager;
 class QToolButton;
 class QUrl;
@@ -83,6 +84,7 @@ class MainWindow : public QMainWindow, private Screen {
     QToolButton* saveButton_;
     QToolButton* copyButton_;
     QToolButton* undoButton_;
+    QLabel* dataLabel_;
     UndoKey undoKey_;
     QPointer<HelpWindow> help_;
     QPointer<DisplayWindow> viewer_;
