@@ -8,6 +8,8 @@
 namespace bramblet::test {
 namespace {
 
+constexpr const char* kKept = "Data before restore 2026-03-04 143005";
+
 using Names = std::vector<std::filesystem::path>;
 
 class BackupTest : public Office {
@@ -242,7 +244,166 @@ TEST_F(BackupTest, AnErrorEndsTheRunAndLeavesNoHalfFile) {
     EXPECT_EQ(inTarget(), (Names{"B.HTM", "a.dat"})) << "copied so far, and nothing else";
     EXPECT_EQ(backup().progress().files, 2u);
     EXPECT_EQ(backup().BackUpProgress, "Aborted at c.Gif: Path/File access error (error 75)");
-    expectFailure("Path not found\r\n\r\nError number: 76", documents / "nowhere");
+}
+
+TEST_F(BackupTest, AMissingTargetIsCreatedOnceTheUserAgrees) {
+    const auto missing = withSeparator(documents / "stick" / "safe");
+    const Message question =
+        yesNo("The folder " + shown(missing) + " does not exist.\r\n\r\nCreate it?");
+    prompts.expect(question, Answer::No);
+    EXPECT_FALSE(runTo(missing));
+    EXPECT_FALSE(os::exists(documents / "stick"));
+    prompts.expect(question, Answer::Yes);
+    prompts.expect(notice("Backup completed!", "Finished"));
+    EXPECT_TRUE(runTo(missing));
+    EXPECT_EQ(FileSystem().fileNames(missing).size(), 5u);
+    writeFile(documents / "file", "");
+    prompts.expectSaying("does not exist", Answer::Yes);
+    expectFailure("Error number: 76", documents / "file" / "safe");
+}
+
+TEST_F(BackupTest, ADatedBackupLeavesTheEarlierOnesAloneAndTheNewestIsFoundAgain) {
+    writeFile(data("po_data.dat"), "");
+    backup().mu_DataBackup_Click();
+    backup().BackUpTarget = target();
+    backup().dated = true;
+    prompts.expect(notice("There is no dated backup in " + shown(target()) + ".", "Nothing to do!",
+                          Icon::Exclamation));
+    backup().Verify_Click();
+    for (const char* name : {"Bramblet 2026-03-04 143005", "Bramblet 2026-03-04 143005 2"}) {
+        writeFile(data("a.dat"), name);
+        prompts.expect(notice("Backup completed!", "Finished"));
+        EXPECT_TRUE(backup().RunBackup_Click());
+        EXPECT_EQ(backup().BackUpProgress, "6 files copied to \"" + std::string(name) + "\"");
+        EXPECT_EQ(contentOf(target() / name / "a.dat"), name);
+        verify("6 files agree, 0 differ, 0 missing.");
+    }
+    EXPECT_EQ(inTarget(), Names{});
+    EXPECT_EQ(program().settings.BackupFolder, target());
+
+    std::filesystem::create_directory(target() / "Bramblet 2026-03-05 090000");  // unfinished
+    backup().mu_DataRestore_Click();
+    backup().list();
+    EXPECT_EQ(backup().warning,
+              "There is no list of orders in this folder. The newest backup in it is \"Bramblet "
+              "2026-03-04 143005 2\".");
+    backup().TakeNewest_Click();
+    EXPECT_EQ(backup().warning, "");
+    EXPECT_EQ(backup().BackMeUp.size(), 6u);
+    start();
+    backup().mu_DataBackup_Click();
+    EXPECT_TRUE(backup().dated) << "as the last one was made";
+}
+
+TEST_F(BackupTest, TheSettingsGoAlongByChoiceAndComeBackWithoutTheirFolders) {
+    program().settings.IDText1 = fitted("Larkfield Joinery", 60);
+    backup().mu_DataBackup_Click();
+    backup().BackUpTarget = target();
+    backup().takeSettingsAlong(true);
+    EXPECT_EQ(backup().BackMeUp.back(), "po15.cfg");
+    prompts.expect(notice("Backup completed!", "Finished"));
+    EXPECT_TRUE(backup().RunBackup_Click());
+    verify("6 files agree, 0 differ, 0 missing.");
+    EXPECT_EQ(contentOf(target() / "po15.cfg").size(), 1719u);
+
+    program().settings.IDText1 = "Somebody else";
+    Settings others = program().settings;
+    EXPECT_TRUE(restore(target(), Answer::Yes, "Restoration completed!"));
+    EXPECT_EQ(program().settings.IDText1, "Somebody else") << "not asked for";
+    program().settings.BackupFolder = fitted((documents / "elsewhere").string(), 300);
+    const std::string folder = program().settings.BackupFolder;
+    backup().mu_DataRestore_Click();
+    backup().Backuplist = target();
+    backup().takeSettingsAlong(true);
+    prompts.expectSaying("CAUTION", Answer::Yes);
+    prompts.expectSaying("Restoration completed!");
+    EXPECT_TRUE(backup().RunBackup_Click());
+    EXPECT_EQ(trimmed(program().settings.IDText1), "Larkfield Joinery");
+    EXPECT_EQ(trimmed(program().settings.BackupFolder), trimmed(folder));
+    EXPECT_EQ(program().settings.DataDirectory, others.DataDirectory);
+    EXPECT_EQ(contentOf(home() / "po15.cfg"), encodeRecord(kSettingsLayout, program().settings));
+    verify("6 files agree, 0 differ, 0 missing.");
+    EXPECT_TRUE(contains(contentOf(home() / kKept / "po15.cfg"), "Somebody else"));
+    writeFile(target() / "po15.cfg", "too short");
+    prompts.expectSaying("CAUTION", Answer::Yes);
+    prompts.expectSaying("cannot be kept: Input past end of file (error 62)", Answer::No);
+    EXPECT_FALSE(backup().RunBackup_Click());
+}
+
+TEST_F(BackupTest, ARestoreFirstKeepsWhatItReplaces) {
+    backUp();
+    EXPECT_TRUE(restore(target(), Answer::Yes, "Restoration completed!"));
+    EXPECT_FALSE(os::exists(home() / kKept)) << "nothing is replaced by anything else";
+    writeFile(data("a.dat"), "written since");
+    os::remove(data("B.HTM"));
+    EXPECT_TRUE(restore(target(), Answer::Yes, "Restoration completed!"));
+    EXPECT_EQ(FileSystem().fileNames(home() / kKept), Names{"a.dat"});
+    EXPECT_EQ(contentOf(home() / kKept / "a.dat"), "written since");
+    EXPECT_EQ(stored("a.dat") + stored("B.HTM"), "content of a.datcontent of B.HTM");
+    EXPECT_EQ(screen.lastLine, "What the restore has replaced is kept in " + shown(home() / kKept));
+    EXPECT_EQ(backup().BackUpProgress,
+              "5 files copied; what they have replaced is kept in " + shown(home() / kKept));
+}
+
+TEST_F(BackupTest, WhatCannotBeKeptIsNotReplacedUnasked) {
+    backUp();
+    writeFile(data("a.dat"), "written since");
+    obstruct(data("c.Gif"));
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        prompts.expectSaying("CAUTION", Answer::Yes);
+        prompts.expect(
+            {"What is there now, and would be replaced, cannot be kept: Path/File access "
+             "error (error 75).\r\n\r\nRestore all the same?",
+             "Confirm", Buttons::YesNo, Icon::Stop, Answer::No},
+            answer);
+        if (answer == Answer::Yes) prompts.expectSaying("Error number: 75");  // its place is taken
+        program().settings.BackupFolder = target().string();
+        backup().mu_DataRestore_Click();
+        EXPECT_FALSE(backup().RunBackup_Click());
+        EXPECT_FALSE(os::exists(home() / kKept));
+        EXPECT_EQ(stored("a.dat"), answer == Answer::No ? "written since" : "content of a.dat");
+    }
+}
+
+TEST_F(BackupTest, ABackupOlderThanAWeekIsHintedAtIfThereAreOrders) {
+    const std::string none = "No backup of these orders is known: Data > Back Up Data makes one";
+    struct Case {
+        const char* note;
+        const char* orderDate;
+        std::string hint;
+    };
+    const std::vector<Case> cases{
+        {"", "3/4/2026", ""},
+        {"", "2/25/2026", ""},
+        {"", "2/24/2026", none},
+        {"not a date", "2/24/2026", none},
+        {"2026-02-25", "1/1/2026", ""},
+        {"2026-03-09", "1/1/2026", ""},
+        {"2026-02-24 dated", "3/4/2026",
+         "The last backup is 8 days old: Data > Back Up Data makes a new one"}};
+    for (const auto& [note, orderDate, hint] : cases) {
+        SCOPED_TRACE(note + std::string(orderDate));
+        wipeData();
+        start();
+        program().lookAround();
+        newOrder();
+        type(&Order::OrderDateEd, orderDate);
+        save();
+        if (*note != '\0') writeFile(data("last_backup.txt"), note);
+        screen.hints.clear();
+        start();
+        program().lookAround();
+        EXPECT_EQ(screen.hints, hint.empty() ? std::vector<std::string>{} : std::vector{hint});
+    }
+    prompts.expectSaying("Delete purchase order", Answer::Yes);
+    program().editor.POPop_delete_Click("000001");
+    screen.hints.clear();
+    start();
+    program().lookAround();
+    EXPECT_EQ(screen.hints.size(), 0u) << "there is no order";
+    newOrder();
+    backUp();
+    EXPECT_EQ(stored("last_backup.txt"), "2026-03-04 dated\r\n");
 }
 
 TEST_F(BackupTest, WhatWasCopiedBeforeAnErrorIsThereInALargeFolderToo) {

@@ -135,7 +135,7 @@ TEST_F(Stock, DeletingTakesTheNumberForTheRecordsAndKeepsTheRecord) {
     deleteItem("A\r\nV\r\nfirst");
     EXPECT_EQ(screen.lastLine,
               "Number 2 in the file of the catalogue is \"second\" of \"V\": that one has been "
-              "deleted, not the item shown.");
+              "deleted, not the item shown. Stock item \"second\" deleted.");
     saveItem("third");
     EXPECT_EQ(catalogue(), "2: first, 2 deleted: second, 3: third");
 }
@@ -158,7 +158,7 @@ TEST_F(Stock, WhichItemWasMetIsToldWhenTwoDesksGaveOneNumberTwice) {
     saveChanged(&StockItemBoxes::StockDescriptionEd, "renamed");
     deleteItem("A\r\nV\r\nrenamed");
     EXPECT_EQ(catalogue(), "1 deleted: renamed x5, 1: second");
-    EXPECT_EQ(screen.lastLine, "");
+    EXPECT_EQ(screen.lastLine, "Stock item \"renamed\" deleted.");
 }
 
 TEST_F(Stock, ACatalogueThatHasGrownBeyondSenseIsToldAndTheProgramStarts) {

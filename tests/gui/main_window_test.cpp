@@ -281,6 +281,39 @@ TEST_F(MainWindowTest, RightClicksOpenTheMenusOfTheRowAndNoOrder) {
     EXPECT_EQ(driver->rows("POGrid"), 1);
 }
 
+TEST_F(MainWindowTest, WhatWasDeletedComesBackByKeyMenuAndButton) {
+    const auto* entry = window->findChild<QAction*>("mu_Undo");
+    newOrder();
+    addLine("1", "Hammer & tongs", "5");
+    addLine("1", "Saw", "7");
+    EXPECT_FALSE(entry->isEnabled() || visible("Undo"));
+    driver->clickCell("OrderGrid", 0, kDescription);
+    driver->press("OrderGrid", Qt::Key_Delete);
+    EXPECT_EQ(status(), "Line \"Hammer & tongs\" deleted.");
+    EXPECT_EQ(entry->text(), "Un&do deleting line \"Hammer && tongs\"");
+    EXPECT_EQ(driver->control("Undo")->accessibleName(), "Undo deleting line \"Hammer & tongs\"");
+    driver->press("Undo", Qt::Key_Space);
+    expectLines({"Hammer & tongs", "Saw"});
+    EXPECT_FALSE(entry->isEnabled() || visible("Undo"));
+
+    driver->press("OrderGrid", Qt::Key_Delete);
+    for (const char* box : {"ByEd", "CommentsEd", "ShippingEd", "ToField", "StockDescriptionEd"}) {
+        SCOPED_TRACE(box);
+        const QString before = text(box);
+        type(box, "5");
+        while (text(box) != before)
+            driver->press(box, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_TRUE(entry->isEnabled()) << "the box had something of its own to undo";
+        driver->press(box, Qt::Key_Z, Qt::ControlModifier);
+        expectLines({"Hammer & tongs", "Saw"});
+        driver->press("OrderGrid", Qt::Key_Delete);
+    }
+    driver->trigger("mu_Undo");
+    click("Clear");
+    driver->trigger("mu_Undo");
+    expectLines({"Hammer & tongs", "Saw"});
+}
+
 TEST_F(MainWindowTest, TheTipsOfTheMultipliersAreRightInTheRegion) {
     for (const auto& [formats, half, percent] :
          {std::tuple(enUS(), ".5", ".065 = 6.5%"), std::tuple(deDE(), "0,5", "0,065 = 6,5%")}) {

@@ -30,13 +30,26 @@ TEST_F(SafetyTest, ABackupIsMadeVerifiedAndRestored) {
         EXPECT_EQ(bar->value(), bar->maximum());
         driver->answer("12 files agree, 0 differ, 0 missing.");
         click("Verify");
+        click("BackUpSettings");
+        EXPECT_EQ(driver->find<QListView>("BackMeUp")->model()->rowCount(), 13);
+        click("BackUpDated");
+        driver->answer("Backup completed!");
+        click("RunBackup");
+        EXPECT_EQ(text("BackUpProgress"), "13 files copied to \"Bramblet 2026-03-04 143005\"");
         click("StopBackup");
     });
 
+    FileSystem().remove(target / "po_data.dat");
     FileSystem().remove(program->folder.file("po_data.dat"));
     driver->inDialog("mu_DataRestore", [&](QWidget& dialog) {
         EXPECT_EQ(dialog.objectName(), "TandrilfrmRestore");
         EXPECT_EQ(text("Backuplist"), pathToQt(target));
+        EXPECT_TRUE(text("BackUpWarning").startsWith("There is no list of orders in this folder."));
+        click("TakeNewest");
+        EXPECT_FALSE(visible("BackUpWarning") || visible("TakeNewest"));
+        click("BackUpSettings");
+        driver->answer("12 files agree, 0 differ, 1 missing.");
+        click("Verify");
         driver->answer("CAUTION", QMessageBox::Yes);
         driver->answer("Restoration completed!");
         click("RunBackup");

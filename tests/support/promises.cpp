@@ -135,7 +135,9 @@ std::string Course::broken(const Files& now, bool torn) const {
                                    : areLinesGood(at(before, path), at(after, path), *is, torn);
             else if (isKept(path))
                 good = std::any_of(paths.begin(), paths.end(), [&](const auto& other) {
-                    return other.second == *is && isDocument(other.first);
+                    const auto name = std::filesystem::path(path).filename();
+                    return other.second == *is &&
+                           (isDocument(other.first) || other.first == kData + name.string());
                 });
         }
         if (!good)

@@ -109,6 +109,9 @@ void rebuild(WatchedDesk& desk) {
     if (found.find("cannot be read") != std::string::npos) desk.prompts.complaints.push_back(found);
     desk.program().listRebuild.Rebuild_Click();
 }
+void takeBack(WatchedDesk& desk) {
+    desk.program().undo.mu_Undo_Click();
+}
 void copyFiles(WatchedDesk& desk) {
     desk.program().backup.RunBackup_Click();
 }
@@ -153,7 +156,8 @@ void putBack(const Files& files) {
 }
 
 bool isKept(const std::string& path) {
-    return path.find("po_data/kept/") != std::string::npos;
+    return path.find("po_data/kept/") != std::string::npos ||
+           path.find("/Data before restore ") != std::string::npos;
 }
 
 bool isPassing(const std::string& path) {
@@ -276,6 +280,12 @@ const std::vector<Work>& works() {
              desk.start();
          },
          rebuild},
+        {"Take back the deletion of an order", "old",
+         [](WatchedDesk& desk) {
+             desk.start();
+             desk.program().editor.POPop_delete_Click("000002");
+         },
+         takeBack},
         {"Save a new address", "old", start,
          [](WatchedDesk& desk) { desk.address(Vendor, "Cole", "4 Mill Lane"); }},
         {"Save the first address of all", "new", start,
@@ -287,6 +297,13 @@ const std::vector<Work>& works() {
              desk.program().addresses.Combo_Change(Vendor, "Ames");
              desk.program().addresses.Delete_Click(Vendor);
          }},
+        {"Take back the deletion of an address", "old",
+         [](WatchedDesk& desk) {
+             desk.start();
+             desk.program().addresses.Combo_Change(Vendor, "Ames");
+             desk.program().addresses.Delete_Click(Vendor);
+         },
+         takeBack},
         {"Import contacts", "old",
          [](WatchedDesk& desk) {
              chooses(desk, "contacts.dat");
@@ -305,6 +322,12 @@ const std::vector<Work>& works() {
          }},
         {"Delete a stock item", "old", atItem,
          [](WatchedDesk& desk) { desk.program().stock.DeleteStockItem_Click(); }},
+        {"Take back the deletion of a stock item", "old",
+         [](WatchedDesk& desk) {
+             atItem(desk);
+             desk.program().stock.DeleteStockItem_Click();
+         },
+         takeBack},
         {"Set a quantity on hand", "old", atItem,
          [](WatchedDesk& desk) { desk.program().stock.ItemsPopOnHand_Click(1); }},
         {"Import stock items", "old", [](WatchedDesk& desk) { chooses(desk, "more.sid"); },

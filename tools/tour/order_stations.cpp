@@ -76,6 +76,16 @@ void pasteLines(Guide& guide) {
     });
 }
 
+/// A line is deleted, and comes back.
+void undoDeletion(Guide& guide) {
+    const int lines = guide.rows("OrderGrid");
+    guide.press("OrderGrid", Qt::Key_Delete);
+    guide.picture("06-line-deleted");
+    guide.help("undo", {"FindEd", "HideOrders", "Undo"});
+    guide.press("Undo", Qt::Key_Space);
+    if (guide.rows("OrderGrid") != lines) guide.complain("The line is not back");
+}
+
 /// Once the order is written: its parts, for the help.
 void picturesOfOrder(Guide& guide) {
     guide.picture("05-order");
@@ -84,6 +94,7 @@ void picturesOfOrder(Guide& guide) {
     guide.help("totals", {"DiscountLab", "SubTotalEd", "OrderTotalEd"});
     lineMenu(guide);
     pasteLines(guide);
+    undoDeletion(guide);
 }
 
 void writeOrder(Guide& guide, const SampleOrder& order, bool withPictures) {

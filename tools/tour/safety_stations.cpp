@@ -86,10 +86,13 @@ void importContacts(Guide& guide, const QString& folder) {
 void backUp(Guide& guide, const QString& folder) {
     guide.inDialog("mu_DataBackup", [&](QWidget& dialog) {
         guide.type("BackUpTarget", QDir::toNativeSeparators(folder));
+        guide.click("BackUpDated");
+        guide.click("BackUpSettings");
         guide.pictureWith("36-backup", dialog);
+        guide.pictureOfNext("37-target-missing", QMessageBox::Yes, "create-target");
         guide.pictureOfNext("37-backup-completed", QMessageBox::Ok);
         guide.click("RunBackup");
-        expectProgress(guide, "files copied");
+        expectProgress(guide, "2026-03-04 162000\"");
         guide.picture("38-backup-done", dialog);
         guide.help("backup", dialog);
         guide.pictureOfNext("39-verified", QMessageBox::Ok, "verified");
@@ -103,11 +106,16 @@ void restore(Guide& guide, const QString& folder) {
     guide.inDialog("mu_DataRestore", [&](QWidget& dialog) {
         guide.chooseFile(folder);
         guide.click("SelectSource");
+        guide.picture("50-restore-nothing", dialog);
+        guide.help("restore-nothing", dialog);
+        guide.click("TakeNewest");
         guide.pictureWith("50-restore", dialog);
         guide.help("restore", dialog);
         guide.pictureOfNext("51-restore-caution", QMessageBox::Yes, "restore-caution");
         guide.answer("Restoration completed!", QMessageBox::Ok);
         guide.click("RunBackup");
+        guide.picture("51-restored", dialog);
+        guide.help("restored", dialog);
         guide.click("StopBackup");
     });
     guide.click("ViewExisting");

@@ -103,7 +103,6 @@ int runTour(const Album& album) {
     for (const char* file : {"/catalogue.sid", "/contacts.dat", "/orders.csv", "/request.pdf"})
         QFile::remove(folder + file);
     QDir(backupFolder(album)).removeRecursively();
-    QDir().mkpath(backupFolder(album));
     bool good = layOutArtwork(folder + "/artwork");
     const QString data = inOffice(folder + "/documents", [&](MainWindow& window, const QString&) {
         good = throughFirstOffice(window, album) && good;

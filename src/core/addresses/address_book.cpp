@@ -33,9 +33,10 @@ bool isBlank(const std::string& address) {
 
 }  // namespace
 
-AddressBook::AddressBook(const FileSystem& files, Commands& commands, OpenOrder& open,
+AddressBook::AddressBook(const FileSystem& files, Commands& commands, Undo& undo, OpenOrder& open,
                          StockList& stock)
     : commands_(commands),
+      undo_(undo),
       open_(open),
       stock_(stock),
       file_(files, commands.folder().file("po_addy.dat")) {}
@@ -168,12 +169,13 @@ void AddressBook::Delete_Click(AddressSide side) {
             commands_.tell(facts(side).nothingToDelete, "Nothing to do!");
             return;
         }
-        if (!removeNamed(name(side))) return;
-        changing(side).changedEnabled = false;
-        PopAddyLists();
-        open_.fill(facts(side).name, "");
-        open_.MarkOrderChanged();
-        refillStock(side);
+        remove(name(side), [&] {
+            changing(side).changedEnabled = false;
+            PopAddyLists();
+            open_.fill(facts(side).name, "");
+            open_.MarkOrderChanged();
+            refillStock(side);
+        });
     });
 }
 
@@ -182,9 +184,73 @@ bool AddressBook::readAll(AddressRecords& records) {
         "The address book was not read: ", [&] { records = file_.readAll(); }, Loss::List);
 }
 
-bool AddressBook::removeNamed(const std::string& name) {
-    return commands_.attemptOrAsk(
-        "The address was not deleted: ", "Bramblet", [&] { file_.removeNamed(name); }, Icon::Stop);
+/// Removes the entries of a name, does what comes `after` that, and offers the way back.
+void AddressBook::remove(const std::string& name, const std::function<void()>& after) {
+    const std::string removedName = trimmed(name);  // which may be that of a box
+    const OpenOrder::State before = open_.state();
+    const Standing standing = shown_;
+    RemovedAddresses removed;
+    const bool done = commands_.attemptOrAsk(
+        "The address was not deleted: ", "Bramblet", [&] { removed = file_.removeNamed(name); },
+        Icon::Stop);
+    if (!done) return;
+    after();
+    undo_.offer(deletionOf(called("address", removedName), [=, this, now = open_.state()] {
+        return putBack(removed, before, standing, now);
+    }));
+}
+
+/// Under their old name, the addresses also come back into the boxes that the removal has emptied.
+bool AddressBook::putBack(const RemovedAddresses& removed, const OpenOrder::State& before,
+                          const Standing& standing, const OpenOrder::State& after) {
+    const std::string name = file_.putBack(removed);
+    const std::string former =
+        removed.empty() ? name
+                        : trimmed(withoutControls(trimmedField(removed.front().record.Name)));
+    if (name == former) bringBackBoxes(before, standing, after);
+    refreshNames();
+    stock_.PopStockList();
+    if (name != former) {
+        commands_.sayDone("There is another \"" + former +
+                          "\" by now: the one that was deleted is back as \"" + name + "\"");
+    } else if (!removed.empty()) {
+        commands_.sayDone("\"" + name + "\" is back in the address book");
+    }
+    return true;
+}
+
+void AddressBook::bringBackBoxes(const OpenOrder::State& before, const Standing& standing,
+                                 const OpenOrder::State& after) {
+    if (open_.state() == after) {
+        open_.bringBack(before);
+        return bringBack(standing);
+    }
+    if (!open_.isStill(after)) return;
+    for (const AddressSide side : kAddressSides) {
+        const auto is = [&, now = open_.order()](OrderField box) {
+            return now.*box == after.order.*box;
+        };
+        const auto was = [&](OrderField box) { return before.order.*box == after.order.*box; };
+        const SideFacts& boxes = facts(side);
+        const bool emptied = !was(boxes.name) || !was(boxes.address);
+        if (!emptied || !is(boxes.name) || !is(boxes.address)) continue;
+        open_.fill(boxes.name, before.order.*boxes.name);
+        open_.fill(boxes.address, before.order.*boxes.address);
+        open_.MarkOrderChanged();
+        bringBack(side, standing);
+    }
+}
+
+void AddressBook::bringBack(const Standing& standing) {
+    for (const AddressSide side : kAddressSides)
+        bringBack(side, standing);
+}
+
+void AddressBook::bringBack(AddressSide side, const Standing& standing) {
+    Shown& shown = changing(side);
+    std::vector<std::string> names = std::move(shown.names);
+    shown = standing[index(side)];
+    shown.names = std::move(names);
 }
 
 bool AddressBook::mayDeleteEntry(AddressSide side, const std::string& entry) const {
@@ -196,11 +262,12 @@ bool AddressBook::mayDeleteEntry(AddressSide side, const std::string& entry) con
 void AddressBook::deleteEntry(AddressSide side, const std::string& entry) {
     if (trimmed(entry) == trimmed(name(side))) return Delete_Click(side);
     commands_.onData([&] {
-        if (!removeNamed(entry)) return;
-        const Order before = open_.order();
-        PopAddyLists();
-        // The other side may have been showing an entry of the same name.
-        if (open_.order() != before) open_.MarkOrderChanged();
+        remove(entry, [&] {
+            const Order before = open_.order();
+            PopAddyLists();
+            // The other side may have been showing an entry of the same name.
+            if (open_.order() != before) open_.MarkOrderChanged();
+        });
     });
 }
 

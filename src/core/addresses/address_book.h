@@ -5,9 +5,11 @@
 #include "core/addresses/address_file.h"
 #include "core/document/open_order.h"
 #include "core/settings/commands.h"
+#include "core/settings/undo.h"
 #include "core/stock/stock_list.h"
 
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,7 +21,8 @@ inline constexpr std::array kAddressSides{AddressSide::Vendor, AddressSide::Dest
 class AddressBook {
   public:
     /// `stock` lists the items of the vendor picked.
-    AddressBook(const FileSystem& files, Commands& commands, OpenOrder& open, StockList& stock);
+    AddressBook(const FileSystem& files, Commands& commands, Undo& undo, OpenOrder& open,
+                StockList& stock);
 
     /// What one side shows besides the order's own texts.
     struct Shown {
@@ -31,6 +34,11 @@ class AddressBook {
         bool addressEdited = false;      ///< whether the address has been edited since then
     };
     const Shown& shown(AddressSide side) const { return shown_[index(side)]; }
+
+    /// What both sides show, for a way back to it: the lists of names stay those of the book.
+    using Standing = std::array<Shown, 2>;
+    const Standing& standing() const { return shown_; }
+    void bringBack(const Standing& standing);
 
     /// Clears up at start-up what an interrupted delete has left behind (address_file.h).
     void clearLeftover();
@@ -86,7 +94,12 @@ class AddressBook {
     /// blank while the name differs from the one looked up.
     bool addressIsUntouched(AddressSide side) const;
     bool readAll(AddressRecords& records);
-    bool removeNamed(const std::string& name);
+    void remove(const std::string& name, const std::function<void()>& after);
+    bool putBack(const RemovedAddresses& removed, const OpenOrder::State& before,
+                 const Standing& standing, const OpenOrder::State& after);
+    void bringBack(AddressSide side, const Standing& standing);
+    void bringBackBoxes(const OpenOrder::State& before, const Standing& standing,
+                        const OpenOrder::State& after);
     void showPicked(AddressSide side, const AddressRecords& records);
     void fillList(AddressSide side, const AddressRecords& records);
     bool hasUnsavedEdits(AddressSide side) const { return shown_[index(side)].changedEnabled; }
@@ -101,10 +114,11 @@ class AddressBook {
     void refillStock(AddressSide side);
 
     Commands& commands_;
+    Undo& undo_;
     OpenOrder& open_;
     StockList& stock_;
     AddressFile file_;
-    std::array<Shown, 2> shown_;
+    Standing shown_;
 };
 
 }  // namespace bramblet

@@ -4,6 +4,7 @@
 #include "core/platform/text.h"
 
 #include <algorithm>
+#include <set>
 
 namespace bramblet {
 namespace {
@@ -42,6 +43,48 @@ auto isNamed(const AddressRecords& records, const std::string& name,
 std::size_t placeOf(const AddressRecords& records, const std::string& name,
                     std::string (*folded)(std::string_view)) {
     return records.placeOf(isNamed(records, name, folded));
+}
+
+constexpr std::size_t kNameWidth = AddressRow::fieldOf<&AddressRecord::Name>().width;
+
+/// The name, or if it is taken the first that is not: "Ames (2)".
+std::string freeName(const AddressRecords& records, const std::string& name) {
+    std::set<std::string> taken;
+    for (const AddressRow& record : records)
+        taken.insert(listedName(record));
+    std::string free = name;
+    for (int i = 2; taken.contains(free); ++i) {
+        const std::string number = " (" + std::to_string(i) + ")";
+        free = trimmed(name.substr(0, kNameWidth - number.size())) + number;
+    }
+    return free;
+}
+
+/// Gives new numbers to those whose own has been given to another.
+void renumber(const AddressRecords& records, RemovedAddresses& removed) {
+    std::set<double> taken;
+    for (const AddressRow& record : records)
+        taken.insert(record.get<&AddressRecord::Tag>());
+    for (RemovedAddress& each : removed) {
+        if (!each.sharedNumber && taken.contains(each.record.Tag))
+            each.record.Tag = *taken.rbegin() + 1;
+        taken.insert(each.record.Tag);
+    }
+}
+
+/// All of them, each of those that were removed at its old place.
+std::string inserted(const AddressRecords& records, const RemovedAddresses& removed) {
+    std::string bytes;
+    std::size_t next = 0;
+    for (const RemovedAddress& each : removed) {
+        const std::size_t before = each.place - static_cast<std::size_t>(&each - removed.data());
+        for (; next < std::min(before, records.size()); ++next)
+            bytes += records[next].bytes();
+        bytes += encodeRecord(kAddressLayout, each.record);
+    }
+    for (; next < records.size(); ++next)
+        bytes += records[next].bytes();
+    return bytes;
 }
 
 }  // namespace
@@ -118,19 +161,56 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
     file.flush();
 }
 
-void AddressFile::removeNamed(const std::string& name) {
+RemovedAddresses AddressFile::removeNamed(const std::string& name) {
     const FileSystem once = files_.withoutRetry();
+    RemovedAddresses removed;
     once.touch(path_);
     once.edit(path_, [&](const std::string&) {
         std::string kept;
+        std::set<double> numbers;
+        removed.clear();
         const AddressRecords records = File(once, path_).readAll();
         const auto isRemoved = isNamed(records, name, asItIs);
-        for (const AddressRow record : records) {
-            if (!isRemoved(record)) kept += record.bytes();
+        for (std::size_t place = 0; place < records.size(); ++place) {
+            const AddressRow& record = records[place];
+            if (isRemoved(record)) {
+                removed.push_back({place, record.record(), false});
+            } else {
+                kept += record.bytes();
+                numbers.insert(record.get<&AddressRecord::Tag>());
+            }
         }
+        for (RemovedAddress& each : removed)
+            each.sharedNumber = numbers.contains(each.record.Tag);
         if (!records.empty()) buffer_ = records.back().record();
         return kept;
     });
+    return removed;
+}
+
+std::string AddressFile::putBack(const RemovedAddresses& removed) {
+    std::string name;
+    files_.touch(path_);
+    files_.edit(path_, [&](const std::string& content) {
+        const AddressRecords records = File(files_, path_).readAll();
+        RemovedAddresses missing;
+        for (const RemovedAddress& each : removed) {
+            const std::string bytes = encodeRecord(kAddressLayout, each.record);
+            const auto same = [&](const AddressRow& record) { return record.bytes() == bytes; };
+            if (std::none_of(records.begin(), records.end(), same)) missing.push_back(each);
+        }
+        if (!removed.empty()) name = trimmed(withoutControls(trimmedField(removed[0].record.Name)));
+        if (missing.empty()) return content;
+        const std::string free = freeName(records, name);
+        if (free != name) {
+            name = free;
+            for (RemovedAddress& each : missing)
+                each.record.Name = fitted(name, kNameWidth);
+        }
+        renumber(records, missing);
+        return inserted(records, missing);
+    });
+    return name;
 }
 
 bool AddressFile::clearLeftover(std::int64_t now) const {

@@ -5,6 +5,7 @@
 #include "core/platform/file_system.h"
 #include "core/platform/fixed_record.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -46,6 +47,14 @@ struct NameAndAddress {
 /// characters, which become blanks there.
 std::string listedName(const AddressRow& record);
 
+/// What a removal has taken out of the file.
+struct RemovedAddress {
+    std::size_t place;  ///< among all records, from 0
+    AddressRecord record;
+    bool sharedNumber;  ///< with a record that stayed
+};
+using RemovedAddresses = std::vector<RemovedAddress>;
+
 /// Each operation opens the file, does its work and closes it, and throws FileError. A name stands
 /// for the records stored under it, or if there are none, those listed under it.
 class AddressFile {
@@ -81,10 +90,15 @@ class AddressFile {
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries,
                 const std::function<void(int)>& reached);
 
-    /// Copies the file without the records of exactly this name, whatever their kind. The copy has
-    /// a name of its own until it takes the file's place, and is removed if that fails. Faults are
-    /// thrown at once, without waiting.
-    void removeNamed(const std::string& name);
+    /// Copies the file without the records of exactly this name, whatever their kind, and returns
+    /// those. The copy has a name of its own until it takes the file's place, and is removed if
+    /// that fails. Faults are thrown at once, without waiting.
+    RemovedAddresses removeNamed(const std::string& name);
+
+    /// Puts removed records back to their places among what the file holds now. If there are other
+    /// records of their name by now, they get one with a number after it, and an address number
+    /// that has been given to another is replaced by the next. Returns their name.
+    std::string putBack(const RemovedAddresses& removed);
 
     /// Deals with a copy "po_addy.tmp" left behind by an earlier version of the program. It is
     /// removed, so that what was deleted does not come back at that version's next delete; but if

@@ -17,10 +17,11 @@ Program::Program(Environment environment, Prompts& prompts)
       folder(pathOfFolder(settings.DataDirectory)),
       taxFreight(isOn(settings.TaxFreight)),
       commands(folder, prompts),
+      undo(commands),
       open(commands, taxFreight, environment_.formats),
-      stock(files_, commands, settings, open, environment_.formats),
+      stock(files_, commands, undo, settings, open, environment_.formats),
       stockExchange(files_, commands, open, stock),
-      addresses(files_, commands, open, stock),
+      addresses(files_, commands, undo, open, stock),
       histories(files_, commands, open, addresses),
       index(files_, folder.file("po_data.dat"), environment_.formats, environment_.clock),
       savedOrders(commands, index, environment_.formats),
@@ -28,13 +29,15 @@ Program::Program(Environment environment, Prompts& prompts)
       lastPaid(files_, folder, savedOrders, environment_.formats),
       spending(files_, commands, savedOrders, environment_.formats),
       listRebuild(files_, commands, index, savedOrders, documents, environment_.formats),
-      editor({files_, commands, settings, taxFreight, environment_.formats, environment_.clock,
-              open, addresses, histories, index, savedOrders, stock, documents, lastPaid}),
-      lines(commands, open, environment_.formats),
+      editor({files_, commands, undo, settings, taxFreight, environment_.formats,
+              environment_.clock, open, addresses, histories, index, savedOrders, stock, documents,
+              lastPaid}),
+      lines(commands, undo, open, environment_.formats),
       contactImport(files_, commands, addresses),
       viewer(files_, commands, settings, editor, open, mailedPdfs_, environment_.desktop),
       csvExport(files_, commands, index, environment_.formats, environment_.desktop),
-      backup(files_, commands, settings, {addresses, savedOrders, stock, histories}),
+      backup(files_, commands, settings, settingsFile_, environment_.clock,
+             {addresses, savedOrders, stock, histories}),
       settingsEditor(files_, commands, settings),
       browser(files_, settingsFile_.homeFolder(), environment_.desktop, commands) {
     stock.VendorItemsCheck = leadingNumber(trimmedField(settings.VendorItemsCheck)) != 0;
@@ -74,6 +77,7 @@ void Program::lookAround() {
         }
         documents.recoverLeftovers(names);
         listRebuild.tellOfStrays(names);
+        backup.remind(names);
     });
 }
 

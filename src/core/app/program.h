@@ -27,6 +27,7 @@
 #include "core/settings/data_folder.h"
 #include "core/settings/settings_editor.h"
 #include "core/settings/settings_file.h"
+#include "core/settings/undo.h"
 #include "core/stock/stock_exchange.h"
 #include "core/stock/stock_list.h"
 
@@ -100,6 +101,7 @@ class Program {
     DataFolder folder;
     const bool taxFreight;  ///< the setting as it was at start-up
     Commands commands;
+    Undo undo;
     OpenOrder open;
     StockList stock;
     StockExchange stockExchange;

@@ -1,5 +1,7 @@
 #include "core/backup/backup.h"
 
+#include "core/backup/counted.h"
+#include "core/orders/kept_orders.h"
 #include "core/platform/path_text.h"
 #include "core/platform/text.h"
 #include "core/settings/picture_folder.h"
@@ -12,7 +14,6 @@ namespace bramblet {
 namespace {
 
 constexpr std::array<std::u16string_view, 5> kEndings{u".DAT", u".HTM", u".GIF", u".JPG", u".BMP"};
-constexpr std::size_t kBlock = 1 << 20;
 constexpr std::size_t kNamesTold = 10;
 
 /// Thrown to leave a run that the user has stopped.
@@ -39,10 +40,6 @@ std::filesystem::path tidied(const std::filesystem::path& folder) {
     return withSeparator(text.substr(first, text.find_last_not_of(kBlank) - first + 1));
 }
 
-std::string counted(std::size_t count, const std::string& one) {
-    return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
-}
-
 /// "\r\n\r\nMissing:\r\na\r\nb\r\n... and 12 more", or nothing.
 std::string nameList(const std::string& heading, const std::vector<std::string>& names) {
     if (names.empty()) return {};
@@ -58,8 +55,15 @@ std::string nameList(const std::string& heading, const std::vector<std::string>&
 }  // namespace
 
 // A file in use ends a run with a message; it is not waited for.
-Backup::Backup(const FileSystem& files, Commands& commands, Settings& settings, const Lists& lists)
-    : files_(files.withoutRetry()), commands_(commands), settings_(settings), lists_(lists) {}
+Backup::Backup(const FileSystem& files, Commands& commands, Settings& settings,
+               const SettingsFile& settingsFile, const Clock& clock, const Lists& lists)
+    : files_(files.withoutRetry()),
+      commands_(commands),
+      settings_(settings),
+      settingsFile_(settingsFile),
+      clock_(clock),
+      note_(files_, commands.folder().file(BackupNote::kName)),
+      lists_(lists) {}
 
 void Backup::open(Kind kind) {
     commands_.onData([&] {
@@ -74,20 +78,53 @@ void Backup::open(Kind kind) {
         Backuplist = kind == Kind::Backup ? data : remembered;
         BackUpTarget = kind == Kind::Backup ? remembered : data;
         BackMeUp.clear();
+        warning.clear();
+        // The window starts out as the last backup was made.
+        const BackupNote::Last last = note_.read().value_or(BackupNote::Last{});
+        dated = last.dated;
+        withSettings_ = kind == Kind::Backup && last.withSettings;
         commands_.open(&Screen::showBackup);
     });
 }
 
 void Backup::list() {
     during([&] {
+        warning.clear();
+        newest_.clear();
         try {
             listFiles();
             BackUpProgress = counted(BackMeUp.size(), "file");
+            if (kind_ == Kind::Restore) look();
         } catch (const Fault& fault) {
             BackUpProgress = "This folder cannot be read: " + fault.inWords();
         }
         return true;
     });
+}
+
+/// Whether the source holds orders at all: it may be the folder above dated backups.
+void Backup::look() {
+    const auto isList = [](const std::filesystem::path& name) {
+        return withoutCase(name) == withoutCase(kOrderList);
+    };
+    if (std::any_of(BackMeUp.begin(), BackMeUp.end(), isList)) return;
+    warning = "There is no list of orders in this folder.";
+    newest_ = newestBackupIn(files_, Backuplist);
+    if (hasNewest())
+        warning += " The newest backup in it is \"" + shown(newest_.filename()) + "\".";
+}
+
+void Backup::TakeNewest_Click() {
+    commands_.run([&] {
+        if (!hasNewest()) return;
+        Backuplist = withSeparator(newest_);
+        list();
+    });
+}
+
+void Backup::takeSettingsAlong(bool along) {
+    withSettings_ = along;
+    commands_.run([&] { list(); });
 }
 
 std::optional<std::filesystem::path> Backup::chooseFolder() {
@@ -119,14 +156,24 @@ bool Backup::RunBackup_Click() {
         if (kind_ == Kind::Restore && !mayRestore()) return;
         bool copied = false;
         completed = run([&] {
-            copied = prepare();
+            copied = prepare() && makeTarget() && (kind_ == Kind::Backup || keepReplaced());
             return copied && copyAll();
         });
         if (copied && kind_ == Kind::Restore) refill();
+        if (copied && !kept_.empty())
+            commands_.sayDone("What the restore has replaced is kept in " + shown(kept_));
         if (!completed) return;
-        // A target that was typed is remembered just like one that was selected.
-        if (kind_ == Kind::Backup) rememberTarget();
         const bool backup = kind_ == Kind::Backup;
+        if (backup) {
+            // A target that was typed is remembered just like one that was selected.
+            rememberTarget();
+            commands_.attempt(
+                "The day of this backup was not noted: ",
+                [&] {
+                    note_.write({clock_.today(), dated, withSettings_});
+                },
+                Loss::List);
+        }
         commands_.tell(backup ? "Backup completed!" : "Restoration completed!", "Finished");
     });
     return completed;
@@ -154,7 +201,7 @@ void Backup::Verify_Click() {
     if (running_) return;
     commands_.run([&] {
         Comparison result;
-        if (!run([&] { return prepare() && compareAll(result); })) return;
+        if (!run([&] { return prepare() && findDated() && compareAll(result); })) return;
         const bool good =
             result.differing.empty() && result.missing.empty() && result.unreadable.empty();
         commands_.tell(BackUpProgress + "." + nameList("Different:", result.differing) +
@@ -203,6 +250,8 @@ void Backup::step() {
 bool Backup::prepare() {
     Backuplist = tidied(Backuplist);
     BackUpTarget = tidied(BackUpTarget);
+    place_ = BackUpTarget;
+    kept_.clear();
     const auto nothing = [&](const std::string& why) {
         commands_.tell(why, "Nothing to do!", Icon::Exclamation);
         return false;
@@ -216,6 +265,35 @@ bool Backup::prepare() {
     listFiles();
     if (BackMeUp.empty()) return nothing("There are no data files in " + shown(Backuplist) + ".");
     return true;
+}
+
+/// Makes the folder for the copies; false if the user does not want it.
+bool Backup::makeTarget() {
+    if (!files_.exists(BackUpTarget)) {
+        const Message question{
+            "The folder " + shown(BackUpTarget) + " does not exist.\r\n\r\nCreate it?", "Confirm",
+            Buttons::YesNo, Icon::Question};
+        if (commands_.prompts().ask(question) != Answer::Yes) {
+            BackUpProgress = "Nothing was copied";
+            return false;
+        }
+        files_.createFolders(BackUpTarget);
+    }
+    if (isDated()) {
+        place_ = keptPath(files_, BackUpTarget, kDatedBackup, "", clock_);
+        files_.createFolders(place_);
+    }
+    return true;
+}
+
+/// The dated backup to compare with; false, after a message, when there is none.
+bool Backup::findDated() {
+    if (!isDated()) return true;
+    place_ = newestBackupIn(files_, BackUpTarget);
+    if (!place_.empty()) return true;
+    commands_.tell("There is no dated backup in " + shown(BackUpTarget) + ".", "Nothing to do!",
+                   Icon::Exclamation);
+    return false;
 }
 
 void Backup::rememberTarget() {
@@ -237,137 +315,40 @@ void Backup::listFiles() {
     BackUpProgress = "Listing the files";
     const std::u16string graphic = withoutCase(pathOfName(trimmedField(settings_.TopGraphic)));
     auto names = files_.fileNames(Backuplist, [this] { step(); });
+    const std::filesystem::path settings = kSettingsFile;
+    const bool there = std::find(names.begin(), names.end(), settings) != names.end();
     std::erase_if(names, [&](const std::filesystem::path& name) {
         const bool isGraphic = isPicture(name) && withoutCase(name) == graphic;
         return !isGraphic && !endsInOneOf(name, kEndings);
     });
     sortWithoutCase(names);
+    if (withSettings_ && (there || kind_ == Kind::Backup)) names.push_back(settings);
     BackMeUp = std::move(names);
 }
 
-/// The files with their lengths. A file that has disappeared since it was listed is skipped.
-std::vector<Backup::Item> Backup::items() {
-    BackUpProgress = "Counting the files";
-    std::vector<Item> all;
-    all.reserve(BackMeUp.size());
-    for (const auto& name : BackMeUp) {
-        step();
-        try {
-            all.push_back({name, files_.status(Backuplist / name).length});
-        } catch (const FileError& error) {
-            if (error.number() != FaultNumber::FileNotFound) throw;
-        }
+void Backup::remind(const std::vector<std::filesystem::path>& names) const {
+    constexpr double kWeek = 7;
+    const OrderRecords* const records = lists_.savedOrders.records();
+    if (records == nullptr) return;
+    const double today = clock_.today();
+    double oldest = today;  // the date of an order
+    bool any = false;
+    for (const OrderRow& order : *records) {
+        if (order.field<&OrderIndexRecord::Status>() == kDeletedOrder) continue;
+        const double date = order.get<&OrderIndexRecord::OrderDate>();
+        if (date > 0) oldest = std::min(oldest, date);
+        any = true;
     }
-    return all;
-}
-
-bool Backup::copyAll() {
-    const std::vector<Item> all = items();
-    checkSpace(all);
-    start(all);
-    CopyBatch batch(files_, BackUpTarget);
-    try {
-        for (const auto& item : all) {
-            begin("Copying: ", item);
-            batch.copy(Backuplist / item.name, item.name);
-            finish(item);
-        }
-        batch.putInPlace();
-    } catch (...) {
-        try {
-            batch.putInPlace();  // what was copied before this
-        } catch (const Fault&) {
-            // the first fault is the one to tell of
-        }
-        progress_.files = batch.placed();
-        throw;
-    }
-    BackUpProgress = counted(all.size(), "file") + " copied";
-    return true;
-}
-
-bool Backup::compareAll(Comparison& result) {
-    const std::vector<Item> all = items();
-    start(all);
-    for (const auto& item : all) {
-        begin("Comparing: ", item);
-        compare(item.name, result);
-        finish(item);
-    }
-    BackUpProgress = counted(result.agreeing.size(), "file") + " agree, " +
-                     std::to_string(result.differing.size()) + " differ, " +
-                     std::to_string(result.missing.size()) + " missing";
-    if (!result.unreadable.empty())
-        BackUpProgress += ", " + std::to_string(result.unreadable.size()) + " cannot be read";
-    return true;
-}
-
-void Backup::compare(const std::filesystem::path& name, Comparison& result) const {
-    try {
-        (isSame(name) ? result.agreeing : result.differing).push_back(shown(name));
-    } catch (const FileError& error) {
-        if (error.path() != BackUpTarget / name) throw;  // the copy is not to blame
-        if (error.number() == FaultNumber::FileNotFound ||
-            error.number() == FaultNumber::PathNotFound) {
-            result.missing.push_back(shown(name));
-        } else {
-            result.unreadable.push_back(shown(name) + ": " + error.inWords());
-        }
-    }
-}
-
-/// Throws FileError (DiskFull) when the files will not fit, as far as the system can tell. They
-/// need what they take beyond the files they replace, and those of one batch twice while they are
-/// being replaced.
-void Backup::checkSpace(const std::vector<Item>& items) {
-    std::uint64_t more = 0;
-    std::uint64_t replaced = 0;
-    std::uint64_t largest = 0;
-    for (const auto& item : items) {
-        step();
-        const std::filesystem::path target = BackUpTarget / item.name;
-        const std::uint64_t old = files_.exists(target) ? files_.status(target).length : 0;
-        const std::uint64_t again = std::min(item.length, old);
-        more += item.length - again;
-        replaced += again;
-        largest = std::max(largest, again);
-    }
-    std::optional<std::uint64_t> free;
-    try {
-        free = files_.freeSpace(BackUpTarget);
-    } catch (const Fault&) {
-        return;
-    }
-    const std::uint64_t twice = std::min(replaced, CopyBatch::kMost + largest);
-    if (free && more + twice > *free) throw FileError(FaultNumber::DiskFull, BackUpTarget);
-}
-
-bool Backup::isSame(const std::filesystem::path& name) const {
-    const RandomFile source(files_, Backuplist / name, os::Open::Read);
-    const RandomFile copy(files_, BackUpTarget / name, os::Open::Read);
-    if (source.length() != copy.length()) return false;
-    for (std::uint64_t offset = 0;; offset += kBlock) {
-        const std::string block = source.read(offset, kBlock);
-        if (block != copy.read(offset, kBlock)) return false;
-        if (block.size() < kBlock) return true;
-    }
-}
-
-void Backup::start(const std::vector<Item>& items) {
-    progress_.fileCount = items.size();
-    for (const auto& item : items)
-        progress_.byteCount += item.length;
-}
-
-/// Announces the next file.
-void Backup::begin(const std::string& doing, const Item& item) {
-    BackUpProgress = doing + shown(item.name);
-    step();
-}
-
-void Backup::finish(const Item& item) {
-    ++progress_.files;
-    progress_.bytes += item.length;
+    if (!any) return;
+    const bool noted = std::find(names.begin(), names.end(),
+                                 std::filesystem::path(BackupNote::kName)) != names.end();
+    const auto last = noted ? note_.read() : std::nullopt;
+    const double age = today - (last ? last->day : oldest);
+    if (!(age > kWeek)) return;
+    commands_.screen().showHint(
+        last ? "The last backup is " + counted(static_cast<std::size_t>(age), "day") +
+                   " old: Data > Back Up Data makes a new one"
+             : "No backup of these orders is known: Data > Back Up Data makes one");
 }
 
 std::string Backup::stoppedText() const {

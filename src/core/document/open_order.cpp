@@ -60,8 +60,18 @@ void OpenOrder::fill(OrderField field, const std::string& text) {
 void OpenOrder::replace(Order order) {
     order_ = std::move(order);
     touched_ = false;
+    ++showing_;
     changed();
     commands_.changed(&Views::anotherOrder);
+}
+
+void OpenOrder::bringBack(const State& state) {
+    order_ = state.order;
+    dirty_ = state.dirty;
+    touched_ = state.touched;
+    worthSaving_ = state.worthSaving;
+    dateRefused_ = state.dateRefused;
+    changed();
 }
 
 void OpenOrder::unlockNumber() {

@@ -6,6 +6,7 @@
 #include "core/platform/regional_formats.h"
 #include "core/settings/commands.h"
 
+#include <cstddef>
 #include <string>
 
 namespace bramblet {
@@ -33,6 +34,17 @@ class OpenOrder {
     /// Whether a save has met a date that cannot be read and that is still there.
     bool dateRefused() const { return dateRefused_; }
 
+    /// How the order stands. Two that are equal have nothing between them.
+    struct State {
+        Order order;
+        bool dirty, touched, worthSaving, dateRefused;
+        std::size_t showing;
+        bool operator==(const State&) const = default;
+    };
+    State state() const { return {order_, dirty_, touched_, worthSaving_, dateRefused_, showing_}; }
+    /// Whether the order is still the one that stood like that.
+    bool isStill(const State& state) const { return showing_ == state.showing; }
+
     // What the user does to a box; marks an order that has a number as changed, if it changes it.
     void set(OrderField field, const std::string& text);
     void set(OrderKind kind);
@@ -49,6 +61,8 @@ class OpenOrder {
     void fill(OrderField field, const std::string& text);
     /// Shows another order.
     void replace(Order order);
+    /// Shows the order as it stood before.
+    void bringBack(const State& state);
     void unlockNumber();
     void refuseDates(bool refused);
     /// An attempt to save under the order's present number is under way.
@@ -78,6 +92,7 @@ class OpenOrder {
     bool copyable_ = false;
     bool numberUnlocked_ = false;
     bool dateRefused_ = false;
+    std::size_t showing_ = 0;  ///< how many orders have been shown before
     std::string storedNumber_;
 };
 

@@ -139,8 +139,9 @@ std::string LineTable::widest(int column) const {
     return widest;
 }
 
-LineItems::LineItems(Commands& commands, OpenOrder& open, const RegionalFormats& formats)
-    : commands_(commands), open_(open), formats_(formats) {}
+LineItems::LineItems(Commands& commands, Undo& undo, OpenOrder& open,
+                     const RegionalFormats& formats)
+    : commands_(commands), undo_(undo), open_(open), formats_(formats) {}
 
 void LineItems::OrderPop_OneTime_Click() {
     commands_.run([&] {
@@ -172,8 +173,31 @@ void LineItems::OrderGrid_DblClick(int row) {
 
 void LineItems::removeLine(int row) {
     if (!hasLine(row)) return;
-    commands_.run(
-        [&] { change([&](std::vector<OrderLine>& lines) { lines.erase(lines.begin() + row); }); });
+    commands_.run([&] {
+        const OpenOrder::State before = open_.state();
+        change([&](std::vector<OrderLine>& lines) { lines.erase(lines.begin() + row); });
+        offerBack(before, row);
+    });
+}
+
+/// If nothing has been done to the order since its line `row` was deleted, it is then as it was
+/// before; otherwise the line comes back to its place.
+void LineItems::offerBack(const OpenOrder::State& before, int row) {
+    const OrderLine& line = before.order.lines[static_cast<std::size_t>(row)];
+    const auto back = [this, before, line, row, after = open_.state()] {
+        const int place = std::min(row, static_cast<int>(open_.order().lines.size()));
+        if (open_.state() == after) {
+            open_.bringBack(before);
+        } else {
+            change(
+                [&](std::vector<OrderLine>& lines) { lines.insert(lines.begin() + place, line); });
+        }
+        show(place);
+        return true;
+    };
+    Undo::Step step = deletionOf(called("line", line[kDescription]), back);
+    step.applies = [this, before] { return open_.isStill(before); };
+    undo_.offer(std::move(step));
 }
 
 void LineItems::moveLine(int row, int by) {

@@ -4,6 +4,7 @@
 #include "core/document/open_order.h"
 #include "core/platform/list_table.h"
 #include "core/platform/regional_formats.h"
+#include "core/settings/undo.h"
 #include "core/stock/stock_list.h"
 
 #include <functional>
@@ -49,7 +50,7 @@ class LineTable : public ListTable<OrderLine> {
 
 class LineItems {
   public:
-    LineItems(Commands& commands, OpenOrder& open, const RegionalFormats& formats);
+    LineItems(Commands& commands, Undo& undo, OpenOrder& open, const RegionalFormats& formats);
 
     /// "Add one-time item": the line is added no matter how the dialog was closed.
     void OrderPop_OneTime_Click();
@@ -87,10 +88,12 @@ class LineItems {
     OrderLine itemLine(const StockList& list, int row, int quantity) const;
     void store(OrderLine& line, const LineEntry& entry) const;
     void change(const std::function<void(std::vector<OrderLine>& lines)>& change);
+    void offerBack(const OpenOrder::State& before, int row);
     void show(int row);
     void showLast();
 
     Commands& commands_;
+    Undo& undo_;
     OpenOrder& open_;
     const RegionalFormats& formats_;
 };

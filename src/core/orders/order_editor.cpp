@@ -76,10 +76,36 @@ void OrderEditor::Save_PO_Click() {
 
 void OrderEditor::Clear_Click() {
     commands_.onData([&] {
+        const OpenOrder::State before = open_.state();
+        const AddressBook::Standing addresses = addresses_.standing();
         clearOrder();
         stock_.PopStockList();
         open_.MarkOrderChanged();
+        const OpenOrder::State after = open_.state();
+        undo_.offer({"Order cleared.", "Clear",
+                     [=, this] { return unclear(before, addresses, after); },
+                     [=, this] { return open_.isStill(after); }});
     });
+}
+
+/// Brings back what Clear has emptied; false if the user would rather keep what they have typed
+/// since. The order may have been saved under a number in between, which it keeps.
+bool OrderEditor::unclear(const OpenOrder::State& before, const AddressBook::Standing& addresses,
+                          const OpenOrder::State& after) {
+    const bool untouched = open_.state() == after;
+    OpenOrder::State back = before;
+    back.order.PONoEd = open_.order().PONoEd;
+    Order typed = open_.order();
+    typed.PONoEd = after.order.PONoEd;
+    const Message question{
+        "Bring back what stood here before Clear? What has been entered since will be gone.",
+        "Undo Clear", Buttons::YesNo, Icon::Question, Answer::No};
+    if (typed != after.order && commands_.prompts().ask(question) != Answer::Yes) return false;
+    open_.bringBack(back);
+    if (!untouched) open_.MarkOrderChanged();
+    addresses_.bringBack(addresses);
+    stock_.PopStockList();
+    return true;
 }
 
 void OrderEditor::make10_Click() {
@@ -139,10 +165,23 @@ void OrderEditor::POPop_delete_Click(const std::string& orderNumber) {
         const Message question{"Delete purchase order " + orderNumber + " ?", "Confirm",
                                Buttons::YesNo, Icon::None, Answer::No};
         if (commands_.prompts().ask(question) != Answer::Yes) return;
+        std::optional<OrderIndexRecord> deleted;
         commands_.attempt("Order " + orderNumber + " was not deleted: ",
-                          [&] { index_.markDeleted(orderNumber); });
+                          [&] { deleted = index_.markDeleted(orderNumber); });
         savedOrders_.PopPOGrid();
+        if (!deleted || deleted->Status == kDeletedOrder) return;
+        undo_.offer(deletionOf("order " + orderNumber,
+                               [this, deletion = *deleted] { return bringBackOrder(deletion); }));
     });
+}
+
+/// Its document has never been away.
+bool OrderEditor::bringBackOrder(const OrderIndexRecord& deleted) {
+    const bool back = index_.bringBack(deleted);
+    savedOrders_.PopPOGrid();
+    commands_.sayDone("Order " + trimmedField(deleted.Number) +
+                      (back ? " is back in the list" : " was in the list again already"));
+    return true;
 }
 
 void OrderEditor::edit(OrderField field, const std::string& text) {

@@ -12,6 +12,7 @@
 #include "core/platform/clock.h"
 #include "core/settings/commands.h"
 #include "core/settings/settings.h"
+#include "core/settings/undo.h"
 #include "core/stock/stock_list.h"
 
 #include <filesystem>
@@ -24,6 +25,7 @@ namespace bramblet {
 struct OrderWorkplace {
     const FileSystem& files_;
     Commands& commands_;
+    Undo& undo_;
     Settings& settings_;
     bool taxFreight_;
     const RegionalFormats& formats_;
@@ -104,6 +106,9 @@ class OrderEditor : private OrderWorkplace {
     void loadKept(const std::filesystem::path& path);
     void show(const std::string& document, const std::string& name);
     Order clearedOrder() const;
+    bool unclear(const OpenOrder::State& before, const AddressBook::Standing& addresses,
+                 const OpenOrder::State& after);
+    bool bringBackOrder(const OrderIndexRecord& deleted);
 
     bool numberDoubted_ = false;  ///< whether the status line warns against the number typed
 };

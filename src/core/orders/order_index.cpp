@@ -104,16 +104,34 @@ double OrderIndex::NextPONumber() const {
     return highest + 1;
 }
 
-bool OrderIndex::markDeleted(const std::string& number) const {
+std::optional<OrderIndexRecord> OrderIndex::markDeleted(const std::string& number) const {
     IndexFile index = openIndex(files_, path_);
     const OrderRecords records = index.readAll();
     const std::size_t place = find(records, number);
-    if (place == records.size()) return false;
+    if (place == records.size()) return std::nullopt;
     OrderIndexRecord record = records[place].record();
     record.Status = kDeletedOrder;
     index.write(static_cast<int>(place) + 1, encodeRecord(kOrderIndexLayout, record));
     index.flush();
-    return true;
+    return records[place].record();
+}
+
+bool OrderIndex::bringBack(const OrderIndexRecord& deleted) const {
+    for (;;) {
+        IndexFile index = openIndex(files_, path_);
+        const OrderRecords records = index.readAll();
+        const std::size_t place = find(records, trimmedField(deleted.Number));
+        OrderIndexRecord record = deleted;
+        if (place < records.size()) {
+            record = records[place].record();
+            if (record.Status != kDeletedOrder) return false;
+            record.Status = deleted.Status;
+        }
+        if (index.hasGrown()) continue;  // another desk's order stands where this one would
+        index.write(static_cast<int>(place) + 1, encodeRecord(kOrderIndexLayout, record));
+        index.flush();
+        return true;
+    }
 }
 
 OrderRecords OrderIndex::readAll() const {

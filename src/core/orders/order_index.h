@@ -66,8 +66,12 @@ class OrderIndex {
     /// are skipped; one that still cannot be read as a number is ignored.
     double NextPONumber() const;
 
-    /// Marks the first record with the number as deleted; false when there is none.
-    bool markDeleted(const std::string& number) const;
+    /// Marks the first record with the number as deleted. Returns it as it was, or nothing when
+    /// there is none.
+    std::optional<OrderIndexRecord> markDeleted(const std::string& number) const;
+    /// Takes that back: the first record with the number gets the status that it had, or if there
+    /// is none by now, the record joins the others. False if the order is listed already.
+    bool bringBack(const OrderIndexRecord& deleted) const;
 
     OrderRecords readAll() const;
     /// The same without waiting for a file that somebody holds.

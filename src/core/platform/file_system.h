@@ -118,6 +118,10 @@ class FileSystem {
         const std::filesystem::path& folder, const std::function<void()>& reached = [] {}) const {
         return run([&] { return os::namesIn(folder, os::Kind::File, reached); });
     }
+    /// Removes an empty folder.
+    void removeFolder(const std::filesystem::path& path) const {
+        run([&] { os::removeFolder(path); });
+    }
     std::vector<std::filesystem::path> folderNames(const std::filesystem::path& folder) const {
         return run([&] { return os::namesIn(folder, os::Kind::Folder, [] {}); });
     }

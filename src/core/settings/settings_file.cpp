@@ -6,7 +6,6 @@
 namespace bramblet {
 namespace {
 
-constexpr const char* kFile = "po15.cfg";
 constexpr const char* kForerunner = "po14.cfg";
 constexpr std::size_t kSize = recordSize(kSettingsLayout);
 constexpr auto kDirectory = SettingsView::fieldOf<&Settings::DataDirectory>();
@@ -60,11 +59,11 @@ Settings SettingsFile::LoadConfig(Prompts& prompts) const {
 }
 
 void SettingsFile::SaveConfig(const Settings& settings) const {
-    files_.withoutRetry().replace(home_ / kFile, encodeRecord(kSettingsLayout, settings));
+    files_.withoutRetry().replace(home_ / kSettingsFile, encodeRecord(kSettingsLayout, settings));
 }
 
 std::optional<Settings> SettingsFile::read(Prompts& prompts) const {
-    const auto bytes = contentOf(kFile);
+    const auto bytes = contentOf(kSettingsFile);
     if (!bytes || bytes->empty()) return firstSettings(bytes.has_value(), prompts);
     if (bytes->size() < kSize) return rescued(*bytes, prompts);
     return decodeRecord(kSettingsLayout, *bytes);
@@ -121,8 +120,8 @@ std::optional<Settings> SettingsFile::rescued(const std::string& bytes, Prompts&
     if (!goesOn(trouble, outlook, keeping, prompts)) return std::nullopt;
     if (folder.empty()) files_.createFolders(defaultDataDirectory(home_));
     // At no moment are both the old file and the new one absent.
-    files_.copy(home_ / kFile, home_ / copy);
-    files_.replace(home_ / kFile, encodeRecord(kSettingsLayout, settings));
+    files_.copy(home_ / kSettingsFile, home_ / copy);
+    files_.replace(home_ / kSettingsFile, encodeRecord(kSettingsLayout, settings));
     return settings;
 }
 
@@ -131,7 +130,8 @@ std::optional<Settings> SettingsFile::rescued(const std::string& bytes, Prompts&
 bool SettingsFile::goesOn(const std::string& trouble, const std::string& outlook,
                           const std::string& keeping, Prompts& prompts) const {
     const Message message{
-        "The settings file " + shown(home_ / kFile) + " " + trouble + ".\r\n\r\n" + outlook +
+        "The settings file " + shown(home_ / kSettingsFile) + " " + trouble + ".\r\n\r\n" +
+            outlook +
             "\r\n\r\nRetry: read the file again, for example after a good copy has been put back."
             "\r\nIgnore: go on like that" +
             keeping + ".\r\nClose: close the program and leave everything as it is.",

@@ -12,6 +12,8 @@
 
 namespace bramblet {
 
+inline constexpr const char* kSettingsFile = "po15.cfg";
+
 /// The settings could not be used, and the user has chosen to leave; nothing has been changed.
 class StartGivenUp : public std::runtime_error {
   public:

@@ -29,6 +29,14 @@ int recordNumberOf(double tag) {
     return inRange ? static_cast<int>(std::nearbyint(tag)) : 0;
 }
 
+bool isSameItem(const StockItemRecord& a, const StockItemRecord& b) {
+    const auto agrees = [&](std::string StockItemRecord::*field) {
+        return trimmedField(a.*field) == trimmedField(b.*field);
+    };
+    return a.Tag == b.Tag && agrees(&StockItemRecord::Description) &&
+           agrees(&StockItemRecord::Vendor);
+}
+
 StockFile::StockFile(FileSystem files, std::filesystem::path path, const RegionalFormats& formats)
     : files_(std::move(files)), path_(std::move(path)), formats_(formats) {}
 
@@ -84,6 +92,30 @@ StockItemRecord StockFile::markDeleted(int recordNumber) {
 
 StockItemRecord StockFile::setOnHand(int recordNumber, Currency quantity) {
     return rewrite(recordNumber, [quantity](StockItemRecord& record) { record.OnHand = quantity; });
+}
+
+double StockFile::bringBack(int recordNumber, const StockItemRecord& item) {
+    if (revive(recordNumber, item)) return item.Tag;
+    const double tag = GetNextTag();
+    buffer_ = item;
+    buffer_.Tag = tag;
+    File file(files_, path_);
+    file.append(encodeRecord(kStockItemLayout, buffer_));
+    file.flush();
+    return tag;
+}
+
+/// Makes an item live where it was; false if that place is not its own any more.
+bool StockFile::revive(int recordNumber, const StockItemRecord& item) {
+    File file(files_, path_);
+    if (recordNumber > file.count()) return false;
+    StockItemRecord there = decodeRecord(kStockItemLayout, file.read(recordNumber));
+    if (!isSameItem(there, item)) return false;
+    if (there.Status != kDeletedItem) return true;  // another desk has done so
+    there.Status = item.Status;
+    file.write(recordNumber, encodeRecord(kStockItemLayout, there));
+    file.flush();
+    return true;
 }
 
 void StockFile::fill(const StockItemBoxes& boxes, const std::string& unitCost) {

@@ -47,6 +47,9 @@ inline constexpr const char* kExportedItem = "i";
 /// An item's number read as its record's number; 0, which no record has, when it cannot be one.
 int recordNumberOf(double tag);
 
+/// Whether two records are of the same item, in whatever state.
+bool isSameItem(const StockItemRecord& a, const StockItemRecord& b);
+
 /// The boxes of the item editor.
 struct StockItemBoxes {
     std::string StockCatCombo, StockVendorCombo, StockUnitCombo, StockDescriptionEd,
@@ -87,11 +90,16 @@ class StockFile {
     StockItemRecord markDeleted(int recordNumber);
     StockItemRecord setOnHand(int recordNumber, Currency quantity);
 
+    /// Takes back that an item was marked as deleted. If its record is another item's by now, it
+    /// joins the others under the next number. Returns its number.
+    double bringBack(int recordNumber, const StockItemRecord& item);
+
   private:
     StockRecords readItems(const FileSystem& files, const std::string& vendor);
     void fill(const StockItemBoxes& boxes, const std::string& unitCost);
     template <class Change>
     StockItemRecord rewrite(int recordNumber, Change change);
+    bool revive(int recordNumber, const StockItemRecord& item);
 
     FileSystem files_;
     std::filesystem::path path_;

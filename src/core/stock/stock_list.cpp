@@ -75,10 +75,11 @@ class Distinct {
 
 }  // namespace
 
-StockList::StockList(FileSystem files, Commands& commands, const Settings& settings,
+StockList::StockList(FileSystem files, Commands& commands, Undo& undo, const Settings& settings,
                      const OpenOrder& open, const RegionalFormats& formats)
     : RecordList(formats),
       commands_(commands),
+      undo_(undo),
       settings_(settings),
       open_(open),
       file_(std::move(files), commands.folder().file("po_stock.dat"), formats) {}
@@ -211,11 +212,27 @@ void StockList::DeleteStockItem_Click() {
         const Message question{"Delete stock item: \r\n\r\n" + pickedInWords(), "Confirm",
                                Buttons::YesNo, Icon::Question, Answer::No};
         if (commands_.prompts().ask(question) != Answer::Yes) return;
+        const int record = pickedRecord();
+        std::optional<StockItemRecord> deleted;
         change("The item was not deleted: ", [&] {
-            tellIfNotPicked(file_.markDeleted(pickedRecord()),
-                            "that one has been deleted, not the item shown");
+            deleted = file_.markDeleted(record);
+            tellIfNotPicked(*deleted, "that one has been deleted, not the item shown");
         });
+        if (!deleted || deleted->Status == kDeletedItem) return;
+        undo_.offer(
+            deletionOf(called("stock item", trimmedField(deleted->Description)),
+                       [this, record, item = *deleted] { return bringBack(record, item); }));
     });
+}
+
+bool StockList::bringBack(int recordNumber, const StockItemRecord& item) {
+    const double tag = file_.bringBack(recordNumber, item);
+    PopStockList();
+    commands_.sayDone("\"" + trimmedField(item.Description) + "\" is back in the catalogue" +
+                      (tag == item.Tag ? ""
+                                       : " under the number " + tagText(tag) +
+                                             ": its own has gone to another item"));
+    return true;
 }
 
 void StockList::ItemsPopOnHand_Click(int row) {
@@ -249,13 +266,7 @@ std::string StockList::pickedInWords() const {
 }
 
 void StockList::tellIfNotPicked(const StockItemRecord& record, const std::string& done) {
-    const auto differs = [&](std::string StockItemRecord::*field) {
-        return trimmedField(record.*field) != trimmedField(picked_.*field);
-    };
-    const bool isPicked = record.Tag == leadingNumber(fileOrderTag_) &&
-                          !differs(&StockItemRecord::Description) &&
-                          !differs(&StockItemRecord::Vendor);
-    if (isPicked) return;
+    if (isSameItem(record, picked_)) return;
     commands_.say("Number " + fileOrderTag_ + " in the file of the catalogue is \"" +
                   trimmedField(record.Description) + "\" of \"" + trimmedField(record.Vendor) +
                   "\": " + done);

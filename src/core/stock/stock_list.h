@@ -6,6 +6,7 @@
 #include "core/platform/record_list.h"
 #include "core/settings/commands.h"
 #include "core/settings/settings.h"
+#include "core/settings/undo.h"
 #include "core/stock/stock_file.h"
 
 #include <optional>
@@ -20,8 +21,8 @@ enum class StockColumn { Category, Vendor, Unit, Description, UnitCost, OnHand, 
 
 class StockList : public RecordList<kStockItemLayout> {
   public:
-    StockList(FileSystem files, Commands& commands, const Settings& settings, const OpenOrder& open,
-              const RegionalFormats& formats);
+    StockList(FileSystem files, Commands& commands, Undo& undo, const Settings& settings,
+              const OpenOrder& open, const RegionalFormats& formats);
 
     /// Lists the items of the current vendor only, when one is chosen.
     bool VendorItemsCheck = false;
@@ -81,10 +82,12 @@ class StockList : public RecordList<kStockItemLayout> {
     /// If `record`, found at the number of the picked item, is not that item, says which item it is
     /// and what has been `done` to it.
     void tellIfNotPicked(const StockItemRecord& record, const std::string& done);
+    bool bringBack(int recordNumber, const StockItemRecord& item);
     /// Makes one change to the file, then rebuilds the list.
     void change(const std::string& failure, const Commands::Body& change);
 
     Commands& commands_;
+    Undo& undo_;
     const Settings& settings_;
     const OpenOrder& open_;
     StockFile file_;

@@ -24,6 +24,8 @@ MainMenu addFileMenu(QMenu* menu, Program& program, QMainWindow& window) {
                                  QKeySequence(u"Ctrl+Shift+S"_s), [&] { editor.Save_PO_Click(); });
     addEntry(menu, "make10", u"&make 10 copies"_s, {}, [&] { editor.make10_Click(); });
     addEntry(menu, "mu_Clear", u"C&lear"_s, {}, [&] { editor.Clear_Click(); });
+    QAction* undo =
+        addEntry(menu, "mu_Undo", {}, QKeySequence::Undo, [&] { program.undo.mu_Undo_Click(); });
     menu->addSeparator();
     addEntry(menu, "mu_MakeOrder", u"&View, Print or Mail ..."_s, QKeySequence::Print,
              [&] { program.viewer.MakeOrder_Click(); });
@@ -35,7 +37,7 @@ MainMenu addFileMenu(QMenu* menu, Program& program, QMainWindow& window) {
     addEntry(menu, "mu_Configuration", u"Con&figuration ..."_s, {}, [&] { program.configure(); });
     menu->addSeparator();
     addEntry(menu, "mu_exit", u"E&xit"_s, QKeySequence(u"Ctrl+Q"_s), [&] { window.close(); });
-    return {saveChanges, saveCopy};
+    return {saveChanges, saveCopy, undo};
 }
 
 void addItemsMenu(QMenu* menu, LinesPanel& lines, ListsPanel& lists) {

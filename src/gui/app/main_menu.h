@@ -15,6 +15,7 @@ class ListsPanel;
 struct MainMenu {
     QAction* saveChanges;
     QAction* saveCopy;
+    QAction* undo;
 };
 
 /// Adds the menus to the window. What their commands act on has to live as long as it does.

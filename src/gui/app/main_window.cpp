@@ -50,8 +50,10 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     lists_ = new ListsPanel(program, paidReader_);
     lossHint_.watch(*order_);
     setCentralWidget(makeContent());
+    undoKey_.watch(*this);
     makeStatusBar();
     menu_ = makeMainMenu(*this, program, *lines_, *lists_);
+    refreshUndo();
     setWindowTitle(QLatin1String(kUsualCaption));
     prompts.setParent(this);
     program.commands.setScreen(this);
@@ -189,11 +191,18 @@ QLayout* MainWindow::makeCommandBar() {
 }
 
 void MainWindow::makeStatusBar() {
-    auto* dataLabel =
+    dataLabel_ =
         quietLabel("Label16", u"Data Path = %1"_s.arg(pathToQt(program_.folder.DataPath())));
-    dataLabel->setText(u"Data Folder"_s);
+    dataLabel_->setText(u"Data Folder"_s);
     statusBar()->addPermanentWidget(waiting_.makeStopButton());
-    statusBar()->addPermanentWidget(dataLabel);
+    statusBar()->addPermanentWidget(dataLabel_);
+    undoButton_ = new QToolButton(statusBar());
+    undoButton_->setObjectName(u"Undo"_s);
+    undoButton_->setText(u"Undo"_s);
+    undoButton_->setFocusPolicy(Qt::TabFocus);
+    undoButton_->hide();
+    connect(undoButton_, &QToolButton::clicked, this, [this] { program_.undo.mu_Undo_Click(); });
+    connect(statusBar(), &QStatusBar::messageChanged, this, &MainWindow::placeUndoButton);
     connect(&waiting_, &Waiting::began, this, [this](const QString& line) {
         waitingLine_ = line;
         showLine(line);
@@ -217,6 +226,21 @@ bool MainWindow::showIfFree(const QString& line) {
     return free;
 }
 
+/// Right behind the line that says what has been deleted, as long as that is shown.
+void MainWindow::placeUndoButton(const QString& line) {
+    const QString done = messageToQt(program_.undo.line());
+    const bool shown = !done.isEmpty() && line.endsWith(done);
+    undoButton_->setVisible(shown);
+    if (!shown) return;
+    constexpr int kBegin = 6;  // of the line in the status bar
+    const int gap = fontMetrics().averageCharWidth() * 2;
+    const QSize size = undoButton_->sizeHint().boundedTo(statusBar()->size());
+    const int end = kBegin + statusBar()->fontMetrics().horizontalAdvance(line) + gap;
+    undoButton_->setGeometry(QRect(QPoint(qMin(end, dataLabel_->x() - gap - size.width()),
+                                          (statusBar()->height() - size.height()) / 2),
+                                   size));
+}
+
 void MainWindow::runBrowser(const QUrl& link) {
     program_.browser.RunBrowser(fromQt(link.toString()));
 }
@@ -226,6 +250,16 @@ void MainWindow::refresh(const Views& views) {
     if (views.savedOrders) lists_->refreshOrders();
     if (views.stockList) lists_->refreshStock();
     if (views.stockItem) lists_->stock()->refreshEditor();
+    refreshUndo();
+}
+
+void MainWindow::refreshUndo() {
+    const QString what = messageToQt(program_.undo.what());
+    const QString undo = u"Undo %1"_s.arg(what).trimmed();
+    undoButton_->setToolTip(undo + u" (Ctrl+Z)"_s);
+    undoButton_->setAccessibleName(undo);
+    menu_.undo->setText(u"Un&do "_s + QString(what).replace(u'&', u"&&"_s));
+    menu_.undo->setEnabled(!what.isEmpty());
 }
 
 void MainWindow::refreshOrder(bool another) {

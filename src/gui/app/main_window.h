@@ -5,12 +5,14 @@
 #include "core/platform/screen.h"
 #include "gui/app/main_menu.h"
 #include "gui/platform/loss_hint.h"
+#include "gui/platform/undo_key.h"
 #include "gui/platform/waiting.h"
 #include "gui/stock/last_paid_line.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
+class QLabel;
 class QSessionManager;
 class QToolButton;
 class QUrl;
@@ -56,6 +58,8 @@ class MainWindow : public QMainWindow, private Screen {
 
     void refresh(const Views& views) override;
     void refreshOrder(bool another);
+    void refreshUndo();
+    void placeUndoButton(const QString& line);
     void showStatus(const std::string& line, Tone tone) override;
     void showHint(const std::string& line) override;
     void showCaption(const std::string& caption) override;
@@ -83,6 +87,9 @@ class MainWindow : public QMainWindow, private Screen {
     LossHint lossHint_{[this](const QString& line) { return showIfFree(line); }};
     QToolButton* saveButton_;
     QToolButton* copyButton_;
+    QToolButton* undoButton_;
+    QLabel* dataLabel_;
+    UndoKey undoKey_;
     QPointer<HelpWindow> help_;
     DisplayWindow* viewer_ = nullptr;  ///< while it is open
     QPointer<BackupDialog> backup_;

@@ -66,8 +66,8 @@ BackupDialog::BackupDialog(Backup& backup, QWidget* parent) : QDialog(parent), b
     keepsPlace.setRetainSizeWhenHidden(true);
     bar_->setSizePolicy(keepsPlace);
 
-    setLayout(column(8, {makeFolders(), grow(files_), row(-1, {grow(progressText_), counts_}), bar_,
-                         makeButtons()}));
+    setLayout(column(8, {makeFolders(), makeWarning(), makeChoices(), grow(files_),
+                         row(-1, {grow(progressText_), counts_}), bar_, makeButtons()}));
     resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 28);
 
     refresh();
@@ -124,6 +124,37 @@ QLayout* BackupDialog::makeFolders() {
     return grid;
 }
 
+/// What is missing in a source, with the way to what may be meant instead.
+QLayout* BackupDialog::makeWarning() {
+    warning_ = namedLabel("BackUpWarning");
+    warning_->setWordWrap(true);
+    takeNewest_ = idleButton("TakeNewest", u"&Use It"_s, u"Go on to the newest backup."_s,
+                             [this] { backup_.TakeNewest_Click(); });
+    return row(-1, {grow(warning_), takeNewest_});
+}
+
+QLayout* BackupDialog::makeChoices() {
+    const bool restoring = backup_.kind() == Backup::Kind::Restore;
+    auto* settings = button<QCheckBox>(
+        "BackUpSettings", u"With the settin&gs"_s,
+        restoring ? u"Take over the settings of the backup as well, except for its folders."_s
+                  : u"Copy the settings as well, which are not in the data folder."_s);
+    settings->setChecked(backup_.withSettings());
+    connect(settings, &QCheckBox::toggled, this, [this](bool along) {
+        backup_.takeSettingsAlong(along);
+        refresh();
+    });
+    idleControls_.push_back(settings);
+    if (restoring) return row(-1, {settings, spring()});
+    auto* dated = button<QCheckBox>(
+        "BackUpDated", u"Into a new folder with the &date"_s,
+        u"Keep earlier backups: each goes into a folder of its own in the target."_s);
+    dated->setChecked(backup_.dated);
+    connect(dated, &QCheckBox::toggled, this, [this](bool on) { backup_.dated = on; });
+    idleControls_.push_back(dated);
+    return row(16, {dated, settings, spring()});
+}
+
 QLayout* BackupDialog::makeButtons() {
     const bool restoring = backup_.kind() == Backup::Kind::Restore;
     run_ = idleButton("RunBackup", restoring ? u"&Restore"_s : u"&Back Up"_s,
@@ -131,7 +162,6 @@ QLayout* BackupDialog::makeButtons() {
                                 : u"Copy the files to the target folder."_s,
                       [this] { backup_.RunBackup_Click(); });
     stop_ = button("StopBackup", {}, {}, [this] { reject(); });
-    if (restoring) return row(-1, {run_, spring(), stop_});
     auto* verify = idleButton("Verify", u"&Verify"_s,
                               u"Compare every file with its copy in the target folder."_s,
                               [this] { backup_.Verify_Click(); });
@@ -149,6 +179,9 @@ void BackupDialog::refresh() {
     } else {
         showNames();
     }
+    warning_->setText(messageToQt(backup_.warning));
+    warning_->setVisible(!backup_.warning.empty());
+    takeNewest_->setVisible(backup_.hasNewest());
     files_->setCurrentIndex(running ? 1 : 0);
     progressText_->setText(messageToQt(backup_.BackUpProgress));
     const bool begun = progress.fileCount > 0;

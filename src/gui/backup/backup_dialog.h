@@ -26,6 +26,8 @@ class BackupDialog : public QDialog {
 
   private:
     QLayout* makeFolders();
+    QLayout* makeChoices();
+    QLayout* makeWarning();
     QLayout* makeButtons();
     QPushButton* idleButton(const char* name, const QString& caption, const QString& tip,
                             const Command& command);
@@ -34,6 +36,8 @@ class BackupDialog : public QDialog {
 
     Backup& backup_;
     QLabel* source_;
+    QLabel* warning_;
+    QPushButton* takeNewest_;
     QLineEdit* target_;
     QListView* list_;
     QStackedWidget* files_;  ///< the list, or a note during a run
