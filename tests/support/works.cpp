@@ -341,6 +341,12 @@ const std::vector<Work>& works() {
          copyFiles},
         {"Export the list of orders", "old", [](WatchedDesk& desk) { chooses(desk, "orders.csv"); },
          [](WatchedDesk& desk) { desk.program().csvExport.mu_DataExport_Click(); }},
+        {"Export the lines of the orders", "old",
+         [](WatchedDesk& desk) {
+             chooses(desk, "orders.csv");
+             desk.prompts.filter = 2;
+         },
+         [](WatchedDesk& desk) { desk.program().csvExport.mu_DataExport_Click(); }},
         {"Save an order as PDF", "old", atAnn,
          [](WatchedDesk& desk) {
              desk.program().viewer.savePdf(at("000001.pdf"), "%PDF-1.4, or nearly so");

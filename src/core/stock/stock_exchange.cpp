@@ -189,16 +189,16 @@ StockExchange::StockExchange(FileSystem files, Commands& commands, const OpenOrd
 
 void StockExchange::mu_ExportStockItems_Click() {
     commands_.onData([&] {
-        const auto path = commands_.prompts().chooseFileToSave(
+        const auto chosen = commands_.prompts().chooseFileToSave(
             {"Export Stock Items", "", suggestedName(), {kFilter}});
-        if (!path) return;
-        commands_.attempt("The stock items were not exported: ", [&] { exportTo(*path); });
+        if (!chosen) return;
+        commands_.attempt("The stock items were not exported: ", [&] { exportTo(chosen->path); });
     });
 }
 
 void StockExchange::mu_ImportStockItems_Click() {
-    import([&] {
-        return commands_.prompts().chooseFileToOpen({"Import Stock Items", "", "", {kFilter}});
+    const FileChoice choice{"Import Stock Items", "", "", {kFilter}};
+    import([&] { return commands_.prompts().chooseFileToOpen(choice);
 });
 }  // namespace bramblet
 
