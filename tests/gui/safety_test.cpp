@@ -137,9 +137,12 @@ TEST_F(SafetyTest, ContactsAreImportedFromTheirWindow) {
         driver->chooseFile(pathToQt(documents / "contacts.dat"));
         click("Command1");
         EXPECT_EQ(text("FileNameEd"), pathToQt(documents / "contacts.dat"));
+        EXPECT_EQ(text("ContactSummary"), "1 contact");
         driver->answer("Finished!");
         click("ImportKettlebyVendors");
         EXPECT_TRUE(enabled("ImportAsShipTos"));
+        EXPECT_EQ(text("ContactSummary"), "1 contact, 1 in the address book already");
+        EXPECT_EQ(driver->rows("ContactGrid"), 1);
         dialog.close();
     });
     driver->pick("ToCombo", "Acme");

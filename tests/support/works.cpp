@@ -267,6 +267,12 @@ const std::vector<Work>& works() {
          [](WatchedDesk& desk) { desk.address(Vendor, "Cole", "4 Mill Lane"); }},
         {"Change an address", "old", start,
          [](WatchedDesk& desk) { desk.address(Vendor, "Ames", "5 Mill Lane"); }},
+        {"Rename an address", "old",
+         [](WatchedDesk& desk) {
+             desk.start();
+             desk.program().addresses.Combo_Change(Vendor, "Boyd");
+         },
+         [](WatchedDesk& desk) { desk.program().addresses.rename(Vendor); }},
         {"Delete an address", "old", start,
          [](WatchedDesk& desk) {
              desk.program().addresses.Combo_Change(Vendor, "Ames");

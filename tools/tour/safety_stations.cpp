@@ -81,6 +81,12 @@ void importContacts(Guide& guide, const QString& folder) {
     guide.pictureWith("35-imported-vendors", *vendors->view()->window());
     vendors->hidePopup();
     Driver::settle();
+    guide.onNextDialog([&](QWidget& dialog) {
+        guide.pictureWith("35-rename-vendor", dialog);
+        guide.help("rename", dialog);
+        dialog.close();
+    });
+    guide.trigger("mu_RenameVendor");
 }
 
 void backUp(Guide& guide, const QString& folder) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/addresses/address_file.h"
+#include "core/addresses/address_preview.h"
 #include "core/document/open_order.h"
 #include "core/settings/commands.h"
 #include "core/stock/stock_list.h"
@@ -47,6 +48,9 @@ class AddressBook {
     /// that stay.
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries, int& added);
 
+    /// The names in the book as it is now. Throws FileError.
+    KnownNames knownNames() const { return KnownNames(file_.readAtOnce()); }
+
     /// Called when the order's addresses have been emptied: no number is shown, nothing can be
     /// saved.
     void showNone();
@@ -72,6 +76,10 @@ class AddressBook {
     /// DeleteVendor_Click and DeleteDest_Click: removes every entry of the name shown.
     void Delete_Click(AddressSide side);
 
+    /// Asks for another name for the entry picked, under which the address book has it from then
+    /// on.
+    void rename(AddressSide side);
+
     /// Whether an entry may be deleted from the name box and its list, by key or menu: the delete
     /// command is enabled, the side lists the entry, and if it is in the box, it was picked.
     bool mayDeleteEntry(AddressSide side, const std::string& entry) const;
@@ -86,6 +94,8 @@ class AddressBook {
     /// blank while the name differs from the one looked up.
     bool addressIsUntouched(AddressSide side) const;
     bool readAll(AddressRecords& records);
+    /// False for a new name that cannot be taken, of which the user has been told.
+    bool rename(AddressSide side, const std::string& newName);
     bool removeNamed(const std::string& name);
     void showPicked(AddressSide side, const AddressRecords& records);
     void fillList(AddressSide side, const AddressRecords& records);

@@ -59,6 +59,11 @@ AddressRecords AddressFile::readAll() {
     return records;
 }
 
+AddressRecords AddressFile::readAtOnce() const {
+    const FileSystem once = files_.withoutRetry();
+    return once.exists(path_) ? File(once, path_).readAll() : AddressRecords();
+}
+
 std::optional<AddressRecord> AddressFile::findNamed(const AddressRecords& records,
                                                     const std::string& name) {
     const std::size_t place = placeOf(records, name, asItIs);
@@ -104,6 +109,29 @@ std::optional<double> AddressFile::rewrite(const std::string& kind, const std::s
     file.write(static_cast<int>(place) + 1, encodeRecord(kAddressLayout, buffer_));
     file.flush();
     return buffer_.Tag;
+}
+
+AddressFile::Renaming AddressFile::rename(const std::string& kind, const std::string& name,
+                                          const std::string& newName) {
+    File file(files_, path_);
+    const AddressRecords records = file.readAll();
+    const auto hasName = isNamed(records, name, asItIs);
+    const std::size_t place = records.placeOf([&](const AddressRow& record) {
+        return record.field<&AddressRecord::Kind>() == kind && hasName(record);
+    });
+    if (place == records.size()) {
+        // A flush that failed may have told of a fault although the record was written.
+        return placeOf(records, newName, asItIs) < place ? Renaming::Done : Renaming::Gone;
+    }
+    const auto hasNewName = isNamed(records, newName, upper);
+    for (std::size_t other = 0; other < records.size(); ++other) {
+        if (other != place && hasNewName(records[other])) return Renaming::Taken;
+    }
+    buffer_ = records[place].record();
+    buffer_.Name = trimmed(newName);
+    file.write(static_cast<int>(place) + 1, encodeRecord(kAddressLayout, buffer_));
+    file.flush();
+    return Renaming::Done;
 }
 
 void AddressFile::import(const std::string& kind, const std::vector<NameAndAddress>& entries,

@@ -54,6 +54,9 @@ class AddressFile {
     AddressFile(FileSystem files, std::filesystem::path path);
 
     AddressRecords readAll();
+    /// The same for a mere look: without waiting for a file that somebody holds, and without effect
+    /// on the number that an import gives.
+    AddressRecords readAtOnce() const;
 
     /// The first of `records` with exactly this name, whatever its kind; nothing when there is
     /// none.
@@ -74,6 +77,12 @@ class AddressFile {
     /// keeping its number; appends one if there is none. Returns the number as `append` does.
     std::optional<double> rewrite(const std::string& kind, const std::string& name,
                                   const std::string& address);
+
+    enum class Renaming { Done, Gone, Taken };
+    /// Gives the first record of this kind and exactly this name another name and changes nothing
+    /// else of it. Nothing is changed if there is no such record any more, unless one has the new
+    /// name by now, or if another one, of whatever kind, has that name apart from letter case.
+    Renaming rename(const std::string& kind, const std::string& name, const std::string& newName);
 
     /// Appends entries as they are, without checking for duplicates, each under the number of the
     /// record last read or written: an import gives no numbers. `reached` is told the count before

@@ -102,6 +102,10 @@ void addDataMenu(QMenu* menu, Program& program) {
     addEntry(menu, "mu_RebuildOrderList", u"Rebuild &Order List from Documents ..."_s, {},
              [&] { program.listRebuild.mu_RebuildOrderList_Click(); });
     menu->addSeparator();
+    addEntry(menu, "mu_RenameVendor", u"Rename &Vendor ..."_s, {},
+             [&] { program.addresses.rename(AddressSide::Vendor); });
+    addEntry(menu, "mu_RenameDest", u"Rename S&hip-To ..."_s, {},
+             [&] { program.addresses.rename(AddressSide::Destination); });
     addEntry(menu, "mu_ImportKettleby", u"Import address from &Kettleby"_s, {},
              [&] { program.contactImport.mu_ImportKettleby_Click(); });
 }
