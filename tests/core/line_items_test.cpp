@@ -147,8 +147,8 @@ TEST(CopiedCells, AreThoseOfTheTable) {
     using Rows = std::vector<std::vector<std::string>>;
     EXPECT_EQ(cellsIn("a\tb\r\nc\r\n\t\r\n", '\t'), (Rows{{"a", "b"}, {"c", ""}}));
     EXPECT_EQ(cellsIn("\"two\nlines\"\t\"3\"\" pipe\"\nlast", '\t'),
-              (Rows{{"two lines", "3\" pipe"}, {"last", ""}}));
-    EXPECT_EQ(cellsIn("\"never closed\ta\n", '\t'), (Rows{{"never closed a"}}));
+              (Rows{{"two\nlines", "3\" pipe"}, {"last", ""}}));
+    EXPECT_EQ(cellsIn("\"never closed\ta\n", '\t'), (Rows{{"never closed\ta"}}));
     EXPECT_EQ(cellsIn("a\r\rb", '\t'), (Rows{{"a"}, {"b"}}));
     EXPECT_EQ(cellsIn(" \r\n\t", '\t'), Rows{});
 }

@@ -149,5 +149,26 @@ TEST_F(SafetyTest, ContactsAreImportedFromTheirWindow) {
     EXPECT_EQ(order().ToCombo, "Acme");
 }
 
+TEST_F(SafetyTest, ATableIsImportedAsWhatTheUserSaysItIs) {
+    writeFile(documents / "table.csv", "Name;Town;Note\nAcme;Leeds;a\nBolt;York;b\n");
+    driver->chooseFile(pathToQt(documents / "table.csv"));
+    driver->inDialog("mu_ImportTable", [&](QWidget&) {
+        EXPECT_EQ(text("ImportSeparator") + ", " + text("ImportKind"), "Semicolons, Vendors");
+        EXPECT_FALSE(visible("ImportDecimals"));
+        driver->pick("ImportKind", "Stock items");
+        EXPECT_TRUE(visible("ImportDecimals") && visible("ImportItems"));
+        driver->pick("ImportKind", "Ship-to destinations");
+        EXPECT_EQ(driver->rows("ImportAddresses"), 2);
+        driver->pick("ImportTown", "C: Note");
+        click("ImportHeaded");
+        EXPECT_EQ(text("ImportSummary"), "3 rows");
+        click("ImportHeaded");
+        driver->answer("Addresses added: 2");
+        click("RunImport");
+    });
+    driver->pick("ShipToCombo", "Bolt");
+    EXPECT_EQ(order().ShipToField, "b");
+}
+
 }  // namespace
 }  // namespace bramblet::test

@@ -83,6 +83,22 @@ void AddressBook::import(const std::string& kind, const std::vector<NameAndAddre
     });
 }
 
+std::string AddressBook::importTable(const std::string& kind,
+                                     const std::vector<NameAndAddress>& entries, bool replaces) {
+    AddressFile::Merged merged;
+    try {
+        merged = file_.merge(kind, entries, replaces);
+    } catch (const Fault&) {
+        refreshNames();  // some may have come in
+        throw;
+    }
+    refreshNames();
+    return "Addresses added: " + std::to_string(merged.added) +
+           (replaces ? "\r\nReplaced: " + std::to_string(merged.replaced)
+                     : "\r\nSkipped, since the address book has them: " +
+                           std::to_string(merged.skipped));
+}
+
 void AddressBook::showNone() {
     for (const AddressSide side : kAddressSides) {
         Shown none;

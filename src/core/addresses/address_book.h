@@ -48,6 +48,11 @@ class AddressBook {
     /// that stay.
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries, int& added);
 
+    /// Adds the addresses of a table, as AddressFile::merge does, and says what has come in. Throws
+    /// FileError.
+    std::string importTable(const std::string& kind, const std::vector<NameAndAddress>& entries,
+                            bool replaces);
+
     /// The names in the book as it is now. Throws FileError.
     KnownNames knownNames() const { return KnownNames(file_.readAtOnce()); }
 

@@ -4,6 +4,8 @@
 #include "core/platform/text.h"
 
 #include <algorithm>
+#include <map>
+#include <unordered_map>
 
 namespace bramblet {
 namespace {
@@ -144,6 +146,51 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
     }
     reached(static_cast<int>(entries.size()));
     file.flush();
+}
+
+AddressFile::Merged AddressFile::merge(const std::string& kind,
+                                       const std::vector<NameAndAddress>& entries, bool replaces) {
+    for (;;) {
+        File file(files_, path_);
+        const AddressRecords records = file.readAll();
+        std::unordered_map<std::string, std::size_t> places;  // by the names that count
+        double tag = 0;
+        for (std::size_t place = 0; place < records.size(); ++place) {
+            const AddressRow& record = records[place];
+            tag = std::max(tag, record.get<&AddressRecord::Tag>());
+            if (!replaces || record.field<&AddressRecord::Kind>() == kind)
+                places.emplace(upper(listedName(record)), place);
+        }
+        Merged merged;
+        std::string added;
+        std::map<std::size_t, std::string> changed;
+        for (const NameAndAddress& entry : entries) {
+            const std::size_t end = records.size() + added.size() / File::kSize;
+            const auto [known, isNew] = places.try_emplace(upper(trimmed(entry.name)), end);
+            const std::size_t place = known->second;
+            if (isNew) {
+                buffer_.Tag = ++tag;
+                fill(kind, entry.name, entry.address);
+                added += encodeRecord(kAddressLayout, buffer_);
+                ++merged.added;
+            } else if (!replaces) {
+                ++merged.skipped;
+            } else if (place >= records.size()) {
+                AddressRow::set<&AddressRecord::Address>(
+                    added.data() + (place - records.size()) * File::kSize, trimmed(entry.address));
+            } else {
+                std::string record(records[place].bytes());
+                AddressRow::set<&AddressRecord::Address>(record.data(), trimmed(entry.address));
+                if (changed.insert_or_assign(place, std::move(record)).second) ++merged.replaced;
+            }
+        }
+        if (file.hasGrown()) continue;  // another desk's address stands where one of these would
+        for (const auto& [place, record] : changed)
+            file.write(static_cast<int>(place) + 1, record);
+        if (!added.empty()) file.append(added);
+        file.flush();
+        return merged;
+    }
 }
 
 void AddressFile::removeNamed(const std::string& name) {

@@ -90,6 +90,16 @@ class AddressFile {
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries,
                 const std::function<void(int)>& reached);
 
+    struct Merged {
+        int added = 0, replaced = 0, skipped = 0;
+    };
+    /// Appends the entries whose names the file does not have, regardless of case, under numbers of
+    /// their own. Others are skipped; or, if `replaces`, the first record of that name and kind
+    /// gets the address. Of entries with one name, the first is taken, or with `replaces`, the
+    /// last.
+    Merged merge(const std::string& kind, const std::vector<NameAndAddress>& entries,
+                 bool replaces);
+
     /// Copies the file without the records of exactly this name, whatever their kind. The copy has
     /// a name of its own until it takes the file's place, and is removed if that fails. Faults are
     /// thrown at once, without waiting.

@@ -30,6 +30,7 @@ Program::Program(Environment environment, Prompts& prompts)
               open, addresses, histories, index, savedOrders, stock, documents}),
       lines(commands, open, environment_.formats),
       contactImport(files_, commands, addresses, environment_.formats),
+      tableImport(files_, commands, open, addresses, stockExchange, environment_.formats),
       viewer(files_, commands, settings, editor, open, mailedPdfs_, environment_.desktop),
       csvExport(files_, commands, index, environment_.formats, environment_.desktop),
       backup(files_, commands, settings, {addresses, savedOrders, stock, histories}),

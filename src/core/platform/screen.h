@@ -65,6 +65,7 @@ class Screen {
     virtual void showViewer() {}
     virtual void showHelp() {}
     virtual void showContactImport() {}
+    virtual void showTableImport() {}
     virtual void showRebuild() {}
     virtual void showBackup() {}
     /// Shows how far a backup or restore has got; called for every file that is listed, counted,

@@ -72,7 +72,7 @@ char likelySeparator(std::string_view text) {
     if (start.size() < text.size()) start = start.substr(0, start.rfind('\n') + 1);
     char likely = ',';
     std::pair<std::size_t, std::size_t> best;
-    for (const char separator : {',', ';', '\t'}) {
+    for (const char separator : {'\t', ';', ','}) {
         std::size_t filled = 0, width = 0;
         for (const Cells& row : cellsIn(start, separator)) {
             const auto texts = static_cast<std::size_t>(std::count_if(
@@ -80,7 +80,7 @@ char likelySeparator(std::string_view text) {
             if (texts > 1) ++filled;
             width = row.size();
         }
-        if (std::pair(filled, width) > best) {
+        if (filled > 0 && std::pair(filled, width) > best) {
             best = {filled, width};
             likely = separator;
         }
