@@ -280,6 +280,56 @@ TEST_F(AddressBookTest, APickThatCannotBeReadLeavesNoOtherVendorsAddress) {
     EXPECT_EQ(screen.lastLine, "") << "it is saved now";
 }
 
+TEST_F(AddressBookTest, APickedEntryIsRenamedInItsPlace) {
+    const std::string before = stored("po_addy.dat");
+    const auto ask = [&](const std::string& old, const std::string& preset,
+                         const std::optional<std::string>& answer) {
+        prompts.expectInput(
+            "New name of \"" + old +
+                "\":\r\n\r\nSaved orders and items of the catalogue keep the old "
+                "one. An order that is opened again\r\nfinds its address by the name.",
+            "Rename Vendor", preset, answer);
+    };
+    newOrder();
+    typeName(Vendor, "Bol");
+    prompts.expect(notice("Please pick the vendor to rename.", "Nothing to do!"));
+    book().rename(Vendor);
+    pickAddress(Vendor, "Bolt");
+    ask("Bolt", "Bolt", " depot ");
+    prompts.expectSaying("\"depot\" is in the address book already");
+    ask("Bolt", "depot", std::string(61, 'n'));
+    prompts.expectSaying("This name has 61 characters. The address book holds 60");
+    ask("Bolt", std::string(61, 'n'), std::nullopt);
+    book().rename(Vendor);
+    EXPECT_EQ(stored("po_addy.dat"), before);
+
+    givenUnchanged();
+    ask("Bolt", "Bolt", "BOLT & Co");
+    book().rename(Vendor);
+    EXPECT_EQ(stored("po_addy.dat"),
+              std::string(before).replace(570 + 10, 60, fitted("BOLT & Co", 60)));
+    EXPECT_EQ(vendor().names, (Entries{"BOLT & Co", "Acme"}));
+    EXPECT_EQ(order().ToCombo + ", " + order().ToField, "BOLT & Co, B Road");
+    EXPECT_TRUE(dirty() && vendor().deleteEnabled && !vendor().changedEnabled);
+    ask("BOLT & Co", "BOLT & Co", "Bolt & Co");  // only the case
+    book().rename(Vendor);
+    EXPECT_EQ(vendor().names.front(), "Bolt & Co");
+
+    // Another desk has put something else there; an edited address stays.
+    typeAddress(Vendor, "by hand");
+    AddressFile other = addressFileIn(data(""));
+    other.removeNamed("Depot");
+    ask("Bolt & Co", "Bolt & Co", "Bolts");
+    book().rename(Vendor);
+    EXPECT_EQ(order().ToField, "by hand");
+    EXPECT_EQ(storedAddress("Bolts"), "B Road");
+    other.removeNamed("Bolts");
+    ask("Bolts", "Bolts", "Nuts");
+    book().rename(Vendor);
+    expectSaid("\"Bolts\" is no longer in the address book; nothing was renamed");
+    EXPECT_EQ(vendor().names, Entries{"Acme"});
+}
+
 TEST_F(AddressBookTest, DeletingAsksNothingAndABlankNameIsTold) {
     book().Delete_Click(Vendor);
     EXPECT_EQ(order().ToCombo + order().ToField, "");

@@ -70,6 +70,27 @@ TEST_F(ContactImportTest, ContactsBecomeAddressesOfTheKind) {
     EXPECT_EQ(records(), 10u) << "no look for duplicates";
 }
 
+TEST_F(ContactImportTest, TheChosenFileIsShownWithWhatTheBookHas) {
+    saveAddress(Destination, "Zo\xC9", "");
+    const auto shown = [&] {
+        std::string text = dialog().summary();
+        for (int row = 0; row < dialog().contacts().rowCount(); ++row)
+            text +=
+                " | " + dialog().contacts().cell(row, 0) + ": " + dialog().contacts().cell(row, 2);
+        return text;
+    };
+    choose(contact("Bolt") + contact("") + contact("ACME") + contact("zo\xE9"));
+    EXPECT_EQ(shown(),
+              "3 contacts, 2 in the address book already; 1 without an organization | Bolt:  | "
+              "ACME: In the book as vendor | zo\xE9: In the book as ship-to");
+    EXPECT_EQ(dialog().contacts().cell(0, 1), "1 Mill Road, Unit 2, Leeds W. Yorks LS1 1AA");
+    import(Vendor);
+    EXPECT_TRUE(contains(shown(), "3 in the address book")) << shown();
+    EXPECT_TRUE(contains(shown(), "zo\xE9: In the book as vendor, ship-to")) << shown();
+    dialog().mu_ImportKettleby_Click();
+    EXPECT_EQ(shown(), "");
+}
+
 TEST_F(ContactImportTest, TheNumberIsThatOfTheRecordReadLast) {
     saveAddress(Vendor, "Bolts", "");
     pickAddress(Vendor, "Acme");  // reads record 1 last

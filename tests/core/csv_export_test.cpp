@@ -2,6 +2,7 @@
 
 #include "support/office.h"
 #include "support/regions.h"
+#include "support/sample_orders.h"
 
 namespace bramblet::test {
 namespace {
@@ -9,6 +10,11 @@ namespace {
 const std::string kHeadings =
     "\"Number\",\"Job\",\"Order Date\",\"Vendor\",\"Ship To\",\"Ship Date\",\"Total\","
     "\"Shipping\",\"Tax\",\"Net\",\"Discount\",\"List\"\r\n";
+
+std::string replaced(std::string text, const std::string& part, const std::string& by) {
+    EXPECT_TRUE(contains(text, part)) << part;
+    return text.replace(text.find(part), part.size(), by);
+}
 
 std::string csvOf(const std::vector<OrderIndexRecord>& records, const RegionalFormats& formats) {
     OrderRecords rows(records.size());
@@ -84,6 +90,65 @@ TEST_F(CsvExportFlow, TheFileIsWrittenAndOpenedOnlyWhenWanted) {
     desktop.opens = false;
     exportTo(target, {}, Answer::Yes);
     expectSaid("No program");
+}
+
+TEST_F(CsvExportFlow, AnySpreadsheetReadsTheOtherFormsAsTheyAreMeant) {
+    start(deDE());
+    openOrder("000001");
+    type(&Order::ToCombo, "Zo\xEB \"Oak\" & Co");
+    type(&Order::OrderDateEd, "4.3.2026");
+    addLine({"1.200", "ea", "Nails, 3\"", "0,125"});
+    addLine({"2", "ea", "Glue", "1,5"});
+    save();
+    const auto saved = contentOf(data("000001.htm"));
+    writeFile(data("000001.htm"), replaced(saved, "1,5\t3,00", "by weight\t-3,00"));
+    prompts.filter = 1;
+    exportTo(target, {}, Answer::No);
+    EXPECT_EQ(contentOf(target).substr(0, 12), "\xEF\xBB\xBF\"Number\";");
+    EXPECT_TRUE(contentOf(target).ends_with(
+        "\"000001\";\"\";\"2026-03-04\";\"Zo\xC3\xAB \"\"Oak\"\" & Co\";\"\";\"\";153;0;0;153;0;"
+        "153;\"Purchase Order\";\"no\"\r\n"))
+        << contentOf(target);
+    prompts.filter = 2;
+    exportTo(target, Answer::Yes, Answer::No);
+    const std::string order =
+        "\"000001\";\"\";\"2026-03-04\";\"Zo\xC3\xAB \"\"Oak\"\" & Co\";\"\";\"Purchase "
+        "Order\";\"no\";";
+    EXPECT_TRUE(contentOf(target).ends_with(
+        "\"File Number\"\r\n" + order + "1;1200;\"ea\";\"Nails, 3\"\"\";0,125;150;\"special\"\r\n" +
+        order + "2;2;\"ea\";\"Glue\";\"by weight\";-3;\"special\"\r\n"))
+        << contentOf(target);
+}
+
+TEST_F(CsvExportFlow, DocumentsThatCannotBeReadAreToldOf) {
+    for (int more = 0; more < 3; ++more)
+        newOrder();
+    openOrder("000002");
+    addLine({"1", "ea", "Saw", "9"});
+    save();
+    std::filesystem::remove(data("000001.htm"));
+    std::filesystem::copy_file(data("000002.htm"), data("000003.htm"),
+                               std::filesystem::copy_options::overwrite_existing);
+    program().index.markDeleted("000004");
+    std::filesystem::remove(data("000004.htm"));
+    prompts.filter = 2;
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        EXPECT_FALSE(os::exists(target));
+        prompts.expectChoice("Orders.csv", target);
+        prompts.expectSaying(
+            "The lines of 2 orders are missing, their documents cannot be read: 000001, 000003"
+            "\r\n\r\nExport the lines",
+            answer);
+        if (answer == Answer::Yes) prompts.expectSaying("Data has been exported", Answer::No);
+        program().csvExport.mu_DataExport_Click();
+    }
+    expectSaid("missing");
+    EXPECT_EQ(count(contentOf(target), "\"Saw\""), 1u);
+
+    prompts.onStep = [](int done, int) { return done < 2; };
+    exportTo(target, Answer::Yes);
+    expectSaid("Nothing was exported");
+    EXPECT_EQ(count(contentOf(target), "\"Saw\""), 1u) << "the older file is still there";
 }
 
 TEST_F(CsvExportFlow, AnUnwritableTargetSaysSo) {

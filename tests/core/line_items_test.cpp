@@ -145,12 +145,12 @@ TEST_F(LineItemsTest, LinesMoveWithinTheOrder) {
 
 TEST(CopiedCells, AreThoseOfTheTable) {
     using Rows = std::vector<std::vector<std::string>>;
-    EXPECT_EQ(copiedCells("a\tb\r\nc\r\n\t\r\n"), (Rows{{"a", "b"}, {"c", ""}}));
-    EXPECT_EQ(copiedCells("\"two\nlines\"\t\"3\"\" pipe\"\nlast"),
-              (Rows{{"two lines", "3\" pipe"}, {"last", ""}}));
-    EXPECT_EQ(copiedCells("\"never closed\ta\n"), (Rows{{"never closed a"}}));
-    EXPECT_EQ(copiedCells("a\r\rb"), (Rows{{"a"}, {"b"}}));
-    EXPECT_EQ(copiedCells(" \r\n\t"), Rows{});
+    EXPECT_EQ(cellsIn("a\tb\r\nc\r\n\t\r\n", '\t'), (Rows{{"a", "b"}, {"c", ""}}));
+    EXPECT_EQ(cellsIn("\"two\nlines\"\t\"3\"\" pipe\"\nlast", '\t'),
+              (Rows{{"two\nlines", "3\" pipe"}, {"last", ""}}));
+    EXPECT_EQ(cellsIn("\"never closed\ta\n", '\t'), (Rows{{"never closed\ta"}}));
+    EXPECT_EQ(cellsIn("a\r\rb", '\t'), (Rows{{"a"}, {"b"}}));
+    EXPECT_EQ(cellsIn(" \r\n\t", '\t'), Rows{});
 }
 
 TEST_F(LineItemsTest, PastedRowsBecomeOneTimeItems) {
@@ -182,9 +182,10 @@ TEST_F(LineItemsTest, PastedRowsBecomeOneTimeItems) {
 
 TEST_F(LineItemsTest, WhatIsPastedCanBeChosenAndDoubtsAreTold) {
     screen.onPastedLines = [](PastedLines& pasted) {
-        EXPECT_TRUE(pasted.headed());
-        EXPECT_EQ(pasted.columns(), (std::vector<std::string>{"A: Item", "B: Net", "C: Gross"}));
-        EXPECT_EQ(pasted.source(3), PastedLines::kNowhere);
+        EXPECT_TRUE(pasted.table().headed());
+        EXPECT_EQ(pasted.table().columns(),
+                  (std::vector<std::string>{"A: Item", "B: Net", "C: Gross"}));
+        EXPECT_EQ(pasted.table().source(3), SourceTable::kNowhere);
         pasted.choose(3, 2);
         EXPECT_EQ(pasted.summary(), "2 lines, 9.00 in all");
         EXPECT_EQ(pasted.doubts(), "One amount cannot be read and counts as 0: \"-2\"");

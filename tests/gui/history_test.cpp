@@ -136,5 +136,24 @@ TEST_F(HistoryTest, InAnAddressBoxItDeletesWhatIsPickedOrPointedAt) {
     EXPECT_EQ(order().ToCombo, "");
 }
 
+TEST_F(HistoryTest, TheMenuOfAnAddressBoxRenamesWhatIsPicked) {
+    driver->pick("ToCombo", "Bolt");
+    driver->onNextDialog([](QWidget& dialog) {
+        auto& input = dynamic_cast<QInputDialog&>(dialog);
+        EXPECT_EQ(input.textValue(), "Bolt");
+        input.setTextValue("Bolts");
+        input.accept();
+    });
+    driver->openMenu("ToCombo");
+    auto* menu = driver->find<QMenu>("EditPop");
+    EXPECT_EQ(menu->actions().last()->objectName(), "ToPop_rename");
+    menu->actions().last()->trigger();
+    menu->close();
+    EXPECT_EQ(text("ToCombo"), "Bolts");
+    expectListed("ToCombo", {"Acme", "Bolts", "Cole"});
+    driver->answer("Please pick the address to rename.");
+    driver->trigger("mu_RenameDest");
+}
+
 }  // namespace
 }  // namespace bramblet::test

@@ -247,6 +247,18 @@ TEST_F(MainWindowTest, TheUnitCostAndTheLineTotalFollowEachOther) {
     EXPECT_EQ(driver->cell("OrderGrid", 0, kLineTotal), "24.00");
 }
 
+TEST_F(MainWindowTest, TheTypeOfFileSaysHowOrdersAreExported) {
+    newOrder();
+    const std::filesystem::path file = documents / "Orders.csv";
+    for (const auto& [type, start] : {std::pair{0, "\"Number\""}, {1, "\xEF\xBB\xBF\"Number\""}}) {
+        driver->chooseFile(pathToQt(file), type);
+        driver->answer("Data has been exported", QMessageBox::No);
+        driver->trigger("mu_DataExport");
+        EXPECT_TRUE(contentOf(file).starts_with(start)) << contentOf(file);
+        std::filesystem::remove(file);
+    }
+}
+
 TEST_F(MainWindowTest, LinesMoveByKeysAndArePastedFromATable) {
     QApplication::clipboard()->setText("\t1\tea\tfirst\t1\n\t2\tea\tsecond\t2\n\t3\tea\tthird\t3");
     driver->onNextDialog([&](QWidget& dialog) {

@@ -1,6 +1,7 @@
 // What other programs make of our files, and how we call them.
 
 #include "core/orders/csv_export.h"
+#include "core/orders/spreadsheet.h"
 #include "gui/document/order_sheet.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/system_desktop.h"
@@ -44,15 +45,24 @@ TEST(OtherPrograms, PythonReadsTheListOfOrdersAsItIs) {
     OrderRecords records(2);
     records.put(0, encodeRecord(kOrderIndexLayout, order));
     records.put(1, encodeRecord(kOrderIndexLayout, second));
-    writeFile(folder / "Orders.csv", ordersAsCsv(records, {}));
     const QString script =
         "import csv, sys\n"
-        "rows = list(csv.reader(open(sys.argv[1], newline='', encoding='cp1252')))\n"
+        "rows = list(csv.reader(open(sys.argv[1], newline='', encoding=sys.argv[2])))\n"
         "sys.stdout.reconfigure(encoding='utf-8')\n"
         "print(len(rows), set(map(len, rows)), rows[1])";
-    EXPECT_EQ(outputOf("python3", {"-c", script, pathToQt(folder / "Orders.csv")}).toStdString(),
+    const auto readBy = [&](const QString& encoding, const std::string& csv) {
+        writeFile(folder / "Orders.csv", csv);
+        return outputOf("python3", {"-c", script, pathToQt(folder / "Orders.csv"), encoding})
+            .toStdString();
+    };
+    EXPECT_EQ(readBy("cp1252", ordersAsCsv(records, {})),
               "3 {12} ['000123', '', '3/4/2026', 'Nails, Bolts\\r\\nand More, Ltd', 'Café €', '', "
               "'$1,298.13', '$0.00', '$0.00', '$0.00', '$0.00', '$0.00']\n");
+    order.Vendor = "5\" \"Nails\", Bolts";
+    records.put(0, encodeRecord(kOrderIndexLayout, order));
+    EXPECT_EQ(readBy("utf-8-sig", ordersForSpreadsheet(records, {})),
+              "3 {14} ['000123', '', '2026-03-04', '5\" \"Nails\", Bolts', 'Café €', '', "
+              "'1298.13', '0', '0', '0', '0', '0', 'Purchase Order', 'no']\n");
 }
 
 TEST(OtherPrograms, APrintThatCannotBeMadeIsNoticed) {

@@ -150,13 +150,37 @@ TEST_F(SafetyTest, ContactsAreImportedFromTheirWindow) {
         driver->chooseFile(pathToQt(documents / "contacts.dat"));
         click("Command1");
         EXPECT_EQ(text("FileNameEd"), pathToQt(documents / "contacts.dat"));
+        EXPECT_EQ(text("ContactSummary"), "1 contact");
         driver->answer("Finished!");
         click("ImportKettlebyVendors");
         EXPECT_TRUE(enabled("ImportAsShipTos"));
+        EXPECT_EQ(text("ContactSummary"), "1 contact, 1 in the address book already");
+        EXPECT_EQ(driver->rows("ContactGrid"), 1);
         dialog.close();
     });
     driver->pick("ToCombo", "Acme");
     EXPECT_EQ(order().ToCombo, "Acme");
+}
+
+TEST_F(SafetyTest, ATableIsImportedAsWhatTheUserSaysItIs) {
+    writeFile(documents / "table.csv", "Name;Town;Note\nAcme;Leeds;a\nBolt;York;b\n");
+    driver->chooseFile(pathToQt(documents / "table.csv"));
+    driver->inDialog("mu_ImportTable", [&](QWidget&) {
+        EXPECT_EQ(text("ImportSeparator") + ", " + text("ImportKind"), "Semicolons, Vendors");
+        EXPECT_FALSE(visible("ImportDecimals"));
+        driver->pick("ImportKind", "Stock items");
+        EXPECT_TRUE(visible("ImportDecimals") && visible("ImportItems"));
+        driver->pick("ImportKind", "Ship-to destinations");
+        EXPECT_EQ(driver->rows("ImportAddresses"), 2);
+        driver->pick("ImportTown", "C: Note");
+        click("ImportHeaded");
+        EXPECT_EQ(text("ImportSummary"), "3 rows");
+        click("ImportHeaded");
+        driver->answer("Addresses added: 2");
+        click("RunImport");
+    });
+    driver->pick("ShipToCombo", "Bolt");
+    EXPECT_EQ(order().ShipToField, "b");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cctype>
 #include <chrono>
+#include <sstream>
 
 namespace bramblet::test {
 namespace {
@@ -74,6 +75,15 @@ bool areLinesGood(const std::string& before, const std::string& after, const std
     return now.starts_with(before) && after.starts_with(now) && now.ends_with("\r\n");
 }
 
+/// Whether a table has only rows of another: what could not be read for it is left out, and told.
+bool hasRowsOf(const std::string& table, const std::string& whole) {
+    std::istringstream rows(table);
+    for (std::string row; std::getline(rows, row);) {
+        if (whole.find(row + '\n') == std::string::npos) return false;
+    }
+    return table.ends_with('\n');
+}
+
 bool isWholeOrder(const std::string& document, const std::string& path) {
     Order order;
     return document.ends_with("</html>\r\n") && readMarkers(document, order).has(&Order::PONoEd) &&
@@ -133,6 +143,8 @@ std::string Course::broken(const Files& now, bool torn) const {
             else if (isHistory(path))
                 good = is->empty() ? old == nullptr
                                    : areLinesGood(at(before, path), at(after, path), *is, torn);
+            else if (path.ends_with(".csv"))
+                good = meant != nullptr && hasRowsOf(*is, *meant);
             else if (isKept(path))
                 good = std::any_of(paths.begin(), paths.end(), [&](const auto& other) {
                     const auto name = std::filesystem::path(path).filename();

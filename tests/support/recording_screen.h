@@ -43,6 +43,7 @@ class RecordingScreen : public Screen {
     void showViewer() override { opened.push_back("viewer"); }
     void showHelp() override { opened.push_back("help"); }
     void showContactImport() override { opened.push_back("contact import"); }
+    void showTableImport() override { opened.push_back("table import"); }
     void showRebuild() override { opened.push_back("rebuild"); }
     void showSpending() override { opened.push_back("spending"); }
     void showBackup() override { opened.push_back("backup"); }

@@ -34,7 +34,8 @@ class ScriptedPrompts : public Prompts {
     }
     bool done() const { return script_.empty(); }
 
-    FileChoice lastChoice;  ///< of a file or a folder
+    FileChoice lastChoice;   ///< of a file or a folder
+    std::size_t filter = 0;  ///< set when a file to save is chosen
 
     Answer ask(const Message& message) override {
         return reply<Answer>(inFull(message), {}).value_or(Answer::Cancel);
@@ -48,8 +49,9 @@ class ScriptedPrompts : public Prompts {
         lastChoice = choice;
         return choose(choice.name);
     }
-    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) override {
-        return chooseFileToOpen(choice);
+    std::optional<ChosenFile> chooseFileToSave(const FileChoice& choice) override {
+        const auto path = chooseFileToOpen(choice);
+        return path ? std::optional(ChosenFile{*path, filter}) : std::nullopt;
     }
     std::optional<std::filesystem::path> chooseFolder(const std::string& title,
                                                       const std::filesystem::path& start) override {

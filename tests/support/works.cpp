@@ -76,6 +76,8 @@ void makeOldOffice(WatchedDesk& desk) {
     desk.program().leave({4000, 5000, 100, 100});
     writeFile(at("contacts.dat"), contact("Cole") + contact("Dunn") + contact("Eads"));
     writeFile(at("more.sid"), exchangeFile({"Nails", "Rope", "Tape", "GLUE"}));
+    writeFile(at("vendors.csv"), "Name,Address\nBoyd,9 Mill Lane\nFinn,8 Mill Lane\nGray,7\n");
+    writeFile(at("items.csv"), "Item,Vendor,Cost\nNails,Ames,3\nTar,Ames,4\nWax,Ames,5\n");
     writeFile(at("logo.gif"), "GIF89a, or nearly so");
     std::filesystem::create_directory(at("safe"));
     writeFile(at("safe/000001.htm"), contentOf(data("000001.htm")) + "\r\n");
@@ -292,6 +294,12 @@ const std::vector<Work>& works() {
          [](WatchedDesk& desk) { desk.address(Vendor, "Cole", "4 Mill Lane"); }},
         {"Change an address", "old", start,
          [](WatchedDesk& desk) { desk.address(Vendor, "Ames", "5 Mill Lane"); }},
+        {"Rename an address", "old",
+         [](WatchedDesk& desk) {
+             desk.start();
+             desk.program().addresses.Combo_Change(Vendor, "Boyd");
+         },
+         [](WatchedDesk& desk) { desk.program().addresses.rename(Vendor); }},
         {"Delete an address", "old", start,
          [](WatchedDesk& desk) {
              desk.program().addresses.Combo_Change(Vendor, "Ames");
@@ -311,6 +319,20 @@ const std::vector<Work>& works() {
          },
          [](WatchedDesk& desk) { desk.program().contactImport.ImportKettlebyVendors_Click(); },
          true},
+        {"Import vendors from a table", "old",
+         [](WatchedDesk& desk) {
+             chooses(desk, "vendors.csv");
+             desk.program().tableImport.mu_ImportTable_Click();
+             desk.program().tableImport.setSkipsKnown(false);
+         },
+         [](WatchedDesk& desk) { desk.program().tableImport.Import_Click(); }},
+        {"Import stock items from a table", "old",
+         [](WatchedDesk& desk) {
+             chooses(desk, "items.csv");
+             desk.program().tableImport.mu_ImportTable_Click();
+             desk.program().tableImport.setSkipsKnown(false);
+         },
+         [](WatchedDesk& desk) { desk.program().tableImport.Import_Click(); }},
         {"Save a new stock item", "old", start, [](WatchedDesk& desk) { desk.item("Rope"); }, true},
         {"Save the first stock item of all", "new", start,
          [](WatchedDesk& desk) { desk.item("Rope"); }, true},
@@ -378,6 +400,12 @@ const std::vector<Work>& works() {
          },
          copyFiles},
         {"Export the list of orders", "old", [](WatchedDesk& desk) { chooses(desk, "orders.csv"); },
+         [](WatchedDesk& desk) { desk.program().csvExport.mu_DataExport_Click(); }},
+        {"Export the lines of the orders", "old",
+         [](WatchedDesk& desk) {
+             chooses(desk, "orders.csv");
+             desk.prompts.filter = 2;
+         },
          [](WatchedDesk& desk) { desk.program().csvExport.mu_DataExport_Click(); }},
         {"Save an order as PDF", "old", atAnn,
          [](WatchedDesk& desk) {

@@ -36,6 +36,7 @@ class ObligingPrompts : public Prompts {
   public:
     std::vector<std::string> complaints;
     std::filesystem::path chosen;  ///< whatever is to be chosen
+    std::size_t filter = 0;        ///< and the filter set then
 
     Answer ask(const Message& message) override;
     std::optional<std::string> input(const std::string&, const std::string&,
@@ -45,8 +46,8 @@ class ObligingPrompts : public Prompts {
     std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice&) override {
         return chosen;
     }
-    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice&) override {
-        return chosen;
+    std::optional<ChosenFile> chooseFileToSave(const FileChoice&) override {
+        return ChosenFile{chosen, filter};
     }
 
   private:

@@ -195,10 +195,13 @@ void Driver::answer(const QString& part, QMessageBox::StandardButton button) {
     });
 }
 
-void Driver::chooseFile(const QString& path) {
-    onNextDialog([this, path](QWidget& dialog) {
+void Driver::chooseFile(const QString& path, int type, std::function<void(QWidget& dialog)> look) {
+    onNextDialog([=, this](QWidget& dialog) {
         auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
+        auto* const types = dialog.findChild<QComboBox*>("fileTypeCombo");
         if (name == nullptr) giveUp("No choice of a file came for " + path);
+        if (type != 0) types->setCurrentIndex(type);
+        if (look) look(dialog);
         name->setText(path);
         QTest::keyClick(name, Qt::Key_Return);
     });

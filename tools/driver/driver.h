@@ -58,8 +58,10 @@ class Driver {
     void inDialog(const QString& opener, std::function<void(QWidget& dialog)> use);
     /// The next modal window is a message box that says `part`; it is answered.
     void answer(const QString& part, QMessageBox::StandardButton button = QMessageBox::Ok);
-    /// The next modal window is a file dialog; this path is typed into it.
-    void chooseFile(const QString& path);
+    /// The next modal window is a file dialog; this path is typed into it, once one of the types
+    /// of files has been chosen and `look` has seen it.
+    void chooseFile(const QString& path, int type = 0,
+                    std::function<void(QWidget& dialog)> look = {});
     /// Whether every expected dialog has come.
     bool allAnswered() const { return expected_.empty(); }
 

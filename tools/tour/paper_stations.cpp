@@ -2,6 +2,8 @@
 
 #include "tour/stations.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QFileInfo>
 #include <QListWidget>
 #include <QPrintPreviewWidget>
@@ -130,6 +132,18 @@ void exportOrders(Guide& guide, const QString& file) {
     guide.pictureOfNext("27-exported-orders", QMessageBox::No);
     guide.trigger("mu_DataExport");
     expectFile(guide, file);
+
+    constexpr int kLines = 2;
+    guide.chooseFile(file, kLines, [&](QWidget& dialog) {
+        auto* const types = dialog.findChild<QComboBox*>("fileTypeCombo");
+        types->showPopup();
+        Driver::settle();
+        guide.help("export", *types->view()->window());
+        types->hidePopup();
+    });
+    guide.answer("File already exists", QMessageBox::Yes);
+    guide.answer("Data has been exported", QMessageBox::No);
+    guide.trigger("mu_DataExport");
 }
 
 void readHelp(Guide& guide) {

@@ -39,6 +39,17 @@ void writeContacts(Guide& guide, const QString& path) {
         guide.complain(path + " was not written");
 }
 
+/// A price list of one vendor, as a spreadsheet saves it.
+void writePriceList(Guide& guide, const QString& path) {
+    QByteArray rows = "Article,Supplier,Group,Unit,Price\r\n";
+    for (const SampleItem& item : kPriceList)
+        rows += QByteArray("\"") + item.description + "\"," + item.vendor + "," + item.category +
+                "," + item.unit + "," + item.unitCost + "\r\n";
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(rows) != rows.size())
+        guide.complain(path + " was not written");
+}
+
 /// Complains unless the backup window ended as it should.
 void expectProgress(Guide& guide, const QString& end) {
     const QString progress = guide.text("BackUpProgress");
@@ -81,6 +92,27 @@ void importContacts(Guide& guide, const QString& folder) {
     guide.pictureWith("35-imported-vendors", *vendors->view()->window());
     vendors->hidePopup();
     Driver::settle();
+    guide.onNextDialog([&](QWidget& dialog) {
+        guide.pictureWith("35-rename-vendor", dialog);
+        guide.help("rename", dialog);
+        dialog.close();
+    });
+    guide.trigger("mu_RenameVendor");
+}
+
+void importTable(Guide& guide, const QString& folder) {
+    const QString file = folder + "/pricelist.csv";
+    writePriceList(guide, file);
+    guide.chooseFile(file);
+    guide.inDialog("mu_ImportTable", [&](QWidget& dialog) {
+        guide.pictureWith("35-import-table", dialog);
+        guide.help("table", dialog);
+        guide.pick("ImportKind", "Vendors");
+        guide.picture("35-import-table-as-vendors", dialog);
+        guide.pick("ImportKind", "Stock items");
+        guide.answer("Added 4 new items.", QMessageBox::Ok);
+        guide.click("RunImport");
+    });
 }
 
 void backUp(Guide& guide, const QString& folder) {

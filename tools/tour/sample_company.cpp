@@ -72,6 +72,16 @@ const std::vector<SampleItem> kItems{
     {"Office", "Fenwick Office Products", "ea", "Toner, black", "64.00"},
 };
 
+const std::vector<SampleItem> kPriceList{
+    {"Adhesives", "Lowick Adhesives", "pail", "PVA glue type II, 5 gal", "94.50"},
+    {"Adhesives", "Lowick Adhesives", "tube", "Polyurethane adhesive", "8.60"},
+    {"Adhesives", "Lowick Adhesives", "can", "Spray contact adhesive, 17 oz", "12.75"},
+    {"Adhesives", "Lowick Adhesives", "can", "Contact cement, 1 gal", "36.20"},
+    {"Sealants", "Lowick Adhesives", "tube", "Acrylic sealant, white", "3.95"},
+    {"Sealants", "Lowick Adhesives", "tube", "Silicone, neutral cure, clear", "7.30"},
+    {"Sundries", "Lowick Adhesives", "ea", "Caulking gun, 10 oz", "18.40"},
+};
+
 const std::vector<SampleContact> kContacts{
     {"Marlow Upholstery Fabrics", "503-555-0181", "503-555-0182", "Suite 12", "900 Weaver Street", "Portland", "OR", "97214"},
     {"", "503-555-0119", "", "7 Elm Close", "", "Tigard", "OR", "97223"},

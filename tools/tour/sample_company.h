@@ -59,6 +59,7 @@ struct SampleOrder {
 extern const std::vector<SampleAddress> kVendors;
 extern const std::vector<SampleAddress> kDestinations;
 extern const std::vector<SampleItem> kItems;
+extern const std::vector<SampleItem> kPriceList;
 extern const std::vector<SampleContact> kContacts;
 extern const std::vector<SampleOrder> kOrders;
 

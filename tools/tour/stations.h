@@ -32,6 +32,8 @@ void readHelp(Guide& guide);
 void histories(Guide& guide);
 /// Takes contacts over as vendors, from a contact manager's file, which it writes in `folder`.
 void importContacts(Guide& guide, const QString& folder);
+/// Takes a vendor's price list over into the catalogue, from a file that it writes in `folder`.
+void importTable(Guide& guide, const QString& folder);
 /// Backs the data up to `folder`, and compares the two.
 void backUp(Guide& guide, const QString& folder);
 

@@ -84,6 +84,7 @@ bool throughFirstOffice(MainWindow& window, const Album& album) {
     printPages(guide, album.folder());
     exportOrders(guide, album.folder() + "/orders.csv");
     importContacts(guide, album.folder());
+    importTable(guide, album.folder());
     backUp(guide, backupFolder(album));
     readHelp(guide);
     sizes(guide);
@@ -100,7 +101,8 @@ bool throughSecondOffice(MainWindow& window, const Album& album, const QString& 
 
 int runTour(const Album& album) {
     const QString& folder = album.folder();
-    for (const char* file : {"/catalogue.sid", "/contacts.dat", "/orders.csv", "/request.pdf"})
+    for (const char* file :
+         {"/catalogue.sid", "/contacts.dat", "/pricelist.csv", "/orders.csv", "/request.pdf"})
         QFile::remove(folder + file);
     QDir(backupFolder(album)).removeRecursively();
     bool good = layOutArtwork(folder + "/artwork");

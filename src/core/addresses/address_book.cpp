@@ -16,11 +16,17 @@ struct SideFacts {
     OrderField name;
     OrderField address;
     const char* nothingToDelete;
+    const char* nothingToRename;
+    const char* renaming;
+    const char* keptElsewhere;  ///< where a name that is given up stays
 };
 constexpr std::array kFacts{
-    SideFacts{kVendor, &Order::ToCombo, &Order::ToField, "Please select a vendor to delete."},
+    SideFacts{kVendor, &Order::ToCombo, &Order::ToField, "Please select a vendor to delete.",
+              "Please pick the vendor to rename.", "Rename Vendor",
+              "Saved orders and items of the catalogue"},
     SideFacts{kDestination, &Order::ShipToCombo, &Order::ShipToField,
-              "Please select an address to delete."},
+              "Please select an address to delete.", "Please pick the address to rename.",
+              "Rename Ship-To", "Saved orders"},
 };
 
 const SideFacts& facts(AddressSide side) {
@@ -76,6 +82,22 @@ void AddressBook::import(const std::string& kind, const std::vector<NameAndAddre
         added = done;
         operation.reached(done);
     });
+}
+
+std::string AddressBook::importTable(const std::string& kind,
+                                     const std::vector<NameAndAddress>& entries, bool replaces) {
+    AddressFile::Merged merged;
+    try {
+        merged = file_.merge(kind, entries, replaces);
+    } catch (const Fault&) {
+        refreshNames();  // some may have come in
+        throw;
+    }
+    refreshNames();
+    return "Addresses added: " + std::to_string(merged.added) +
+           (replaces ? "\r\nReplaced: " + std::to_string(merged.replaced)
+                     : "\r\nSkipped, since the address book has them: " +
+                           std::to_string(merged.skipped));
 }
 
 void AddressBook::showNone() {
@@ -177,6 +199,62 @@ void AddressBook::Delete_Click(AddressSide side) {
             refillStock(side);
         });
     });
+}
+
+void AddressBook::rename(AddressSide side) {
+    commands_.onData([&] {
+        const std::string old = trimmed(name(side));
+        if (old.empty() || !isListed(side, old))
+            return commands_.tell(facts(side).nothingToRename, "Nothing to do!");
+        for (std::string typed = old;;) {
+            const auto answer = commands_.prompts().input(
+                "New name of \"" + old + "\":\r\n\r\n" + facts(side).keptElsewhere +
+                    " keep the old one. An order that is opened again\r\nfinds its address by the "
+                    "name.",
+                facts(side).renaming, typed);
+            if (!answer) return;
+            typed = trimmed(*answer);
+            if (typed.empty() || typed == old || rename(side, typed)) return;
+        }
+    });
+}
+
+bool AddressBook::rename(AddressSide side, const std::string& newName) {
+    using Renaming = AddressFile::Renaming;
+    if (newName.size() > kNameWidth) {
+        commands_.tell("This name has " + std::to_string(newName.size()) +
+                           " characters. The address book holds " + std::to_string(kNameWidth) +
+                           " of a name.",
+                       facts(side).renaming, Icon::Exclamation);
+        return false;
+    }
+    const std::string old = trimmed(name(side));
+    Renaming result{};
+    const bool tried = commands_.attempt("The address was not renamed: ", [&] {
+        result = file_.rename(facts(side).kind, old, newName);
+    });
+    if (!tried) return true;
+    if (result == Renaming::Taken) {
+        commands_.tell("\"" + newName +
+                           "\" is in the address book already. Two entries of one name cannot be "
+                           "told apart.",
+                       facts(side).renaming, Icon::Exclamation);
+        return false;
+    }
+    if (result == Renaming::Gone) {
+        commands_.say("\"" + old + "\" is no longer in the address book; nothing was renamed");
+        refreshNames();
+        return true;
+    }
+    const bool deletable = shown(side).deleteEnabled;
+    open_.fill(facts(side).name, newName);
+    changing(side).picked = newName;
+    PopAddyLists();
+    changing(side).deleteEnabled = deletable;
+    open_.MarkOrderChanged();
+    refillStock(side);
+    commands_.sayDone("\"" + old + "\" is now \"" + newName + "\" in the address book");
+    return true;
 }
 
 bool AddressBook::readAll(AddressRecords& records) {

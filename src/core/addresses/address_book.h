@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/addresses/address_file.h"
+#include "core/addresses/address_preview.h"
 #include "core/document/open_order.h"
 #include "core/settings/commands.h"
 #include "core/settings/undo.h"
@@ -55,6 +56,14 @@ class AddressBook {
     /// that stay.
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries, int& added);
 
+    /// Adds the addresses of a table, as AddressFile::merge does, and says what has come in. Throws
+    /// FileError.
+    std::string importTable(const std::string& kind, const std::vector<NameAndAddress>& entries,
+                            bool replaces);
+
+    /// The names in the book as it is now. Throws FileError.
+    KnownNames knownNames() const { return KnownNames(file_.readAtOnce()); }
+
     /// Called when the order's addresses have been emptied: no number is shown, nothing can be
     /// saved.
     void showNone();
@@ -80,6 +89,10 @@ class AddressBook {
     /// DeleteVendor_Click and DeleteDest_Click: removes every entry of the name shown.
     void Delete_Click(AddressSide side);
 
+    /// Asks for another name for the entry picked, under which the address book has it from then
+    /// on.
+    void rename(AddressSide side);
+
     /// Whether an entry may be deleted from the name box and its list, by key or menu: the delete
     /// command is enabled, the side lists the entry, and if it is in the box, it was picked.
     bool mayDeleteEntry(AddressSide side, const std::string& entry) const;
@@ -100,6 +113,8 @@ class AddressBook {
     void bringBack(AddressSide side, const Standing& standing);
     void bringBackBoxes(const OpenOrder::State& before, const Standing& standing,
                         const OpenOrder::State& after);
+    /// False for a new name that cannot be taken, of which the user has been told.
+    bool rename(AddressSide side, const std::string& newName);
     void showPicked(AddressSide side, const AddressRecords& records);
     void fillList(AddressSide side, const AddressRecords& records);
     bool hasUnsavedEdits(AddressSide side) const { return shown_[index(side)].changedEnabled; }

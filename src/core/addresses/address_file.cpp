@@ -4,7 +4,9 @@
 #include "core/platform/text.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
+#include <unordered_map>
 
 namespace bramblet {
 namespace {
@@ -102,6 +104,11 @@ AddressRecords AddressFile::readAll() {
     return records;
 }
 
+AddressRecords AddressFile::readAtOnce() const {
+    const FileSystem once = files_.withoutRetry();
+    return once.exists(path_) ? File(once, path_).readAll() : AddressRecords();
+}
+
 std::optional<AddressRecord> AddressFile::findNamed(const AddressRecords& records,
                                                     const std::string& name) {
     const std::size_t place = placeOf(records, name, asItIs);
@@ -149,6 +156,29 @@ std::optional<double> AddressFile::rewrite(const std::string& kind, const std::s
     return buffer_.Tag;
 }
 
+AddressFile::Renaming AddressFile::rename(const std::string& kind, const std::string& name,
+                                          const std::string& newName) {
+    File file(files_, path_);
+    const AddressRecords records = file.readAll();
+    const auto hasName = isNamed(records, name, asItIs);
+    const std::size_t place = records.placeOf([&](const AddressRow& record) {
+        return record.field<&AddressRecord::Kind>() == kind && hasName(record);
+    });
+    if (place == records.size()) {
+        // A flush that failed may have told of a fault although the record was written.
+        return placeOf(records, newName, asItIs) < place ? Renaming::Done : Renaming::Gone;
+    }
+    const auto hasNewName = isNamed(records, newName, upper);
+    for (std::size_t other = 0; other < records.size(); ++other) {
+        if (other != place && hasNewName(records[other])) return Renaming::Taken;
+    }
+    buffer_ = records[place].record();
+    buffer_.Name = trimmed(newName);
+    file.write(static_cast<int>(place) + 1, encodeRecord(kAddressLayout, buffer_));
+    file.flush();
+    return Renaming::Done;
+}
+
 void AddressFile::import(const std::string& kind, const std::vector<NameAndAddress>& entries,
                          const std::function<void(int)>& reached) {
     File file(files_, path_);
@@ -159,6 +189,51 @@ void AddressFile::import(const std::string& kind, const std::vector<NameAndAddre
     }
     reached(static_cast<int>(entries.size()));
     file.flush();
+}
+
+AddressFile::Merged AddressFile::merge(const std::string& kind,
+                                       const std::vector<NameAndAddress>& entries, bool replaces) {
+    for (;;) {
+        File file(files_, path_);
+        const AddressRecords records = file.readAll();
+        std::unordered_map<std::string, std::size_t> places;  // by the names that count
+        double tag = 0;
+        for (std::size_t place = 0; place < records.size(); ++place) {
+            const AddressRow& record = records[place];
+            tag = std::max(tag, record.get<&AddressRecord::Tag>());
+            if (!replaces || record.field<&AddressRecord::Kind>() == kind)
+                places.emplace(upper(listedName(record)), place);
+        }
+        Merged merged;
+        std::string added;
+        std::map<std::size_t, std::string> changed;
+        for (const NameAndAddress& entry : entries) {
+            const std::size_t end = records.size() + added.size() / File::kSize;
+            const auto [known, isNew] = places.try_emplace(upper(trimmed(entry.name)), end);
+            const std::size_t place = known->second;
+            if (isNew) {
+                buffer_.Tag = ++tag;
+                fill(kind, entry.name, entry.address);
+                added += encodeRecord(kAddressLayout, buffer_);
+                ++merged.added;
+            } else if (!replaces) {
+                ++merged.skipped;
+            } else if (place >= records.size()) {
+                AddressRow::set<&AddressRecord::Address>(
+                    added.data() + (place - records.size()) * File::kSize, trimmed(entry.address));
+            } else {
+                std::string record(records[place].bytes());
+                AddressRow::set<&AddressRecord::Address>(record.data(), trimmed(entry.address));
+                if (changed.insert_or_assign(place, std::move(record)).second) ++merged.replaced;
+            }
+        }
+        if (file.hasGrown()) continue;  // another desk's address stands where one of these would
+        for (const auto& [place, record] : changed)
+            file.write(static_cast<int>(place) + 1, record);
+        if (!added.empty()) file.append(added);
+        file.flush();
+        return merged;
+    }
 }
 
 RemovedAddresses AddressFile::removeNamed(const std::string& name) {

@@ -63,6 +63,9 @@ class AddressFile {
     AddressFile(FileSystem files, std::filesystem::path path);
 
     AddressRecords readAll();
+    /// The same for a mere look: without waiting for a file that somebody holds, and without effect
+    /// on the number that an import gives.
+    AddressRecords readAtOnce() const;
 
     /// The first of `records` with exactly this name, whatever its kind; nothing when there is
     /// none.
@@ -84,11 +87,27 @@ class AddressFile {
     std::optional<double> rewrite(const std::string& kind, const std::string& name,
                                   const std::string& address);
 
+    enum class Renaming { Done, Gone, Taken };
+    /// Gives the first record of this kind and exactly this name another name and changes nothing
+    /// else of it. Nothing is changed if there is no such record any more, unless one has the new
+    /// name by now, or if another one, of whatever kind, has that name apart from letter case.
+    Renaming rename(const std::string& kind, const std::string& name, const std::string& newName);
+
     /// Appends entries as they are, without checking for duplicates, each under the number of the
     /// record last read or written: an import gives no numbers. `reached` is told the count before
     /// each entry, and at the end.
     void import(const std::string& kind, const std::vector<NameAndAddress>& entries,
                 const std::function<void(int)>& reached);
+
+    struct Merged {
+        int added = 0, replaced = 0, skipped = 0;
+    };
+    /// Appends the entries whose names the file does not have, regardless of case, under numbers of
+    /// their own. Others are skipped; or, if `replaces`, the first record of that name and kind
+    /// gets the address. Of entries with one name, the first is taken, or with `replaces`, the
+    /// last.
+    Merged merge(const std::string& kind, const std::vector<NameAndAddress>& entries,
+                 bool replaces);
 
     /// Copies the file without the records of exactly this name, whatever their kind, and returns
     /// those. The copy has a name of its own until it takes the file's place, and is removed if

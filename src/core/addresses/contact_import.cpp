@@ -44,12 +44,18 @@ NameAndAddress addressOf(std::string_view contact) {
 
 }  // namespace
 
-ContactImport::ContactImport(const FileSystem& files, Commands& commands, AddressBook& addresses)
-    : files_(files.withoutRetry()), commands_(commands), addresses_(addresses) {}
+ContactImport::ContactImport(const FileSystem& files, Commands& commands, AddressBook& addresses,
+                             const RegionalFormats& formats)
+    : files_(files.withoutRetry()),
+      commands_(commands),
+      addresses_(addresses),
+      contacts_(formats) {}
 
 void ContactImport::mu_ImportKettleby_Click() {
     commands_.onData([&] {
         chosenFile_.clear();
+        contacts_.show({});
+        summary_.clear();
         commands_.open(&Screen::showContactImport);
     });
 }
@@ -67,6 +73,7 @@ void ContactImport::selectFile() {
                           [&] { contacts = contactCount(files_.status(*path).length); });
         if (contacts > 0) {
             chosenFile_ = *path;
+            look();
         } else {
             commands_.tell("This file does not contain Kettleby records, or they are corrupt",
                            "Error", Icon::Stop);
@@ -90,6 +97,27 @@ std::vector<NameAndAddress> ContactImport::entries(std::size_t& skipped) const {
     return entries;
 }
 
+/// Shows what is in the file, and which of it is in the book by now.
+void ContactImport::look() {
+    std::vector<PreviewedAddress> rows;
+    std::size_t skipped = 0, known = 0;
+    try {
+        const KnownNames names = addresses_.knownNames();
+        for (NameAndAddress& entry : entries(skipped)) {
+            const std::string kind = names.kindOf(entry.name);
+            if (!kind.empty()) ++known;
+            rows.push_back({std::move(entry), kind.empty() ? "" : "In the book as " + kind});
+        }
+        summary_ = std::to_string(rows.size()) + (rows.size() == 1 ? " contact" : " contacts");
+        if (known > 0) summary_ += ", " + std::to_string(known) + " in the address book already";
+        if (skipped > 0) summary_ += "; " + std::to_string(skipped) + " without an organization";
+    } catch (const Fault& fault) {
+        rows.clear();
+        summary_ = "The contacts cannot be shown: " + fault.inWords();
+    }
+    contacts_.show(std::move(rows));
+}
+
 void ContactImport::import(const std::string& kind) {
     commands_.onData([&] {
         int added = 0;
@@ -98,6 +126,7 @@ void ContactImport::import(const std::string& kind) {
             addresses_.import(kind, entries(skipped), added);
         } catch (const Fault& fault) {
             addresses_.refreshNames();
+            look();
             // Shown in a box over the dialog, which hides the status bar. Importing the file again
             // would add twice what has already come in.
             commands_.tell("The import ended early: " + fault.inWords() +
@@ -107,6 +136,7 @@ void ContactImport::import(const std::string& kind) {
             return;
         }
         addresses_.refreshNames();
+        look();
         commands_.tell("Finished!", "Import Complete");
         commands_.sayDone("Addresses added: " + std::to_string(added) +
                           ", skipped without an organization: " + std::to_string(skipped));

@@ -4,6 +4,7 @@
 
 #include "core/addresses/address_book.h"
 #include "core/addresses/contact_import.h"
+#include "core/addresses/table_import.h"
 #include "core/app/browser.h"
 #include "core/backup/backup.h"
 #include "core/document/open_order.h"
@@ -116,6 +117,7 @@ class Program {
     OrderEditor editor;
     LineItems lines;
     ContactImport contactImport;
+    TableImport tableImport;
     OrderViewer viewer;
     CsvExport csvExport;
     Backup backup;

@@ -73,8 +73,9 @@ std::optional<std::filesystem::path> OrderViewer::pdfTarget() {
         const auto chosen =
             commands_.prompts().chooseFileToSave({"Save as PDF", "", name, {{"PDF", "*.pdf"}}});
         if (!chosen) return;
-        attempt("The PDF was not saved to " + shown(*chosen) + ": ", [&] {
-            if (mayReplace(files_.withoutRetry(), *chosen, commands_.prompts())) path = chosen;
+        attempt("The PDF was not saved to " + shown(chosen->path) + ": ", [&] {
+            if (mayReplace(files_.withoutRetry(), chosen->path, commands_.prompts()))
+                path = chosen->path;
         });
     });
     return path;

@@ -32,6 +32,7 @@ constexpr IndexColumn date(const char* heading, const char* exported) {
         const double day = row.get<Field>();
         return day == 0 ? std::string() : shortDateText(day, formats);
     };
+    column.day = [](const OrderRow& row) { return row.get<Field>(); };
     column.exported = exported;
     return column;
 }

@@ -282,8 +282,9 @@ std::optional<std::filesystem::path> Spending::pictureTarget() {
             {"Save Picture", "", "Spending.png", {{"PNG", "*.png"}}});
         if (!chosen) return;
         commands_.attemptOrAsk(
-            "The picture was not saved to " + shown(*chosen) + ": ", kTitle, [&] {
-                if (mayReplace(files_.withoutRetry(), *chosen, commands_.prompts())) path = chosen;
+            "The picture was not saved to " + shown(chosen->path) + ": ", kTitle, [&] {
+                if (mayReplace(files_.withoutRetry(), chosen->path, commands_.prompts()))
+                    path = chosen->path;
             });
     });
     return path;

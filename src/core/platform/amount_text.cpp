@@ -100,6 +100,17 @@ double numberOf(std::string_view text, const RegionalFormats& formats) {
     return negative ? -value : value;
 }
 
+std::optional<double> amountIn(const std::string& cell, const RegionalFormats& formats) {
+    try {
+        if (cell.find('-') != std::string::npos ||
+            cell.find_first_of("0123456789") == std::string::npos)
+            return std::nullopt;
+        return numberOf(cleanedNumber(cell), formats);
+    } catch (const Fault&) {
+        return std::nullopt;
+    }
+}
+
 Currency amountOf(std::string_view text, const RegionalFormats& formats) {
     return toCurrency(numberOf(text, formats));
 }

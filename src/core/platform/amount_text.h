@@ -6,6 +6,7 @@
 #include "core/platform/decimal.h"
 #include "core/platform/regional_formats.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,10 @@ double numberOf(std::string_view text, const RegionalFormats& formats);
 
 /// The text's `numberOf` as an amount. Throws Fault(TypeMismatch) or Fault(Overflow).
 Currency amountOf(std::string_view text, const RegionalFormats& formats);
+
+/// The amount in a cell of another program's table, whatever stands around its digits; nothing for
+/// words and negative amounts.
+std::optional<double> amountIn(const std::string& cell, const RegionalFormats& formats);
 
 /// "standard": group separators and two decimals, halves rounded away from zero.
 std::string standardText(const Decimal& amount, const RegionalFormats& formats);

@@ -145,6 +145,12 @@ std::string shortDateText(double days, const RegionalFormats& formats) {
     return out;
 }
 
+std::string isoDateText(double days) {
+    RegionalFormats iso;
+    iso.shortDate = "yyyy-MM-dd";
+    return shortDateText(days, iso);
+}
+
 std::optional<DayCount> parseDate(std::string_view text, const RegionalFormats& formats,
                                   DayCount today) {
     const auto pieces = piecesOf(text);

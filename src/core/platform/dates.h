@@ -28,6 +28,9 @@ CivilDate toCivilDate(DayCount days);
 /// the double of a record, ignoring its fraction (the time of day).
 std::string shortDateText(double days, const RegionalFormats& formats);
 
+/// The same as 2026-03-04, in every region.
+std::string isoDateText(double days);
+
 /// Reads a date as people type it. Numbers are separated by "/", "-", "." or blanks and come in the
 /// region's order (or, if that does not make a date, in another order that does); the year comes
 /// first if the first number has more than two digits. Month names are given in full or by three

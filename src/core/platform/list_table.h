@@ -67,6 +67,7 @@ struct Column : ColumnLook {
     std::string (*amountText)(Currency amount, const RegionalFormats& formats) = nullptr;
     int decimals = 2;                        ///< of an amount, at the least
     double (*number)(const Row&) = nullptr;  ///< to sort by; null for a column sorted by its texts
+    double (*day)(const Row&) = nullptr;     ///< that a date's text names; 0 for none
     const char* exported = nullptr;          ///< its heading in exports; null when it is left out
 
     std::string textOf(const Row& row, const RegionalFormats& formats) const {

@@ -2,6 +2,7 @@
 // answers with real dialogs; by default, everything but a message box is cancelled.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -34,6 +35,12 @@ struct FileChoice {
     std::vector<Filter> filters;
 };
 
+/// A file that has been chosen, and the place of the filter that was set then.
+struct ChosenFile {
+    std::filesystem::path path;
+    std::size_t filter = 0;
+};
+
 class Prompts {
   public:
     virtual ~Prompts() = default;
@@ -51,7 +58,7 @@ class Prompts {
     /// Path of an existing file to read.
     virtual std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice&) { return {}; }
     /// Path of a file to write, which may exist (no question is asked here).
-    virtual std::optional<std::filesystem::path> chooseFileToSave(const FileChoice&) { return {}; }
+    virtual std::optional<ChosenFile> chooseFileToSave(const FileChoice&) { return {}; }
     /// A folder, with a trailing separator.
     virtual std::optional<std::filesystem::path> chooseFolder(
         const std::string& /*title*/, const std::filesystem::path& /*start*/) {

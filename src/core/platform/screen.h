@@ -66,6 +66,7 @@ class Screen {
     virtual void showViewer() {}
     virtual void showHelp() {}
     virtual void showContactImport() {}
+    virtual void showTableImport() {}
     virtual void showRebuild() {}
     virtual void showSpending() {}
     virtual void showBackup() {}

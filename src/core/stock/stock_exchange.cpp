@@ -29,24 +29,6 @@ bool isExport(const std::string& bytes) {
     return true;
 }
 
-/// What identifies an item: description and vendor, ignoring case. One that is used again and again
-/// needs no new memory.
-class ItemKey {
-  public:
-    ItemKey& of(const StockRow& item) {
-        text_ = item.get<&Item::Description>();
-        text_ += '\0';
-        text_ += item.get<&Item::Vendor>();
-        makeUpper(text_);
-        return *this;
-    }
-    std::size_t hash() const { return std::hash<std::string>()(text_); }
-    bool operator==(const ItemKey& other) const = default;
-
-  private:
-    std::string text_;
-};
-
 /// A 16-bit count.
 class Count {
   public:
@@ -106,6 +88,22 @@ class Merge {
         }
     }
 
+    /// Takes an item of a table: of one that is there already, what the table does not have stays,
+    /// or all of it, unless `replaces`.
+    void take(const TableItem& item, bool replaces) {
+        const std::string given = encodeRecord(kStockItemLayout, item.record);
+        const int first = firstOf(key_.of(StockRow(given.data())).hash());
+        if (first == 0) return take(StockRow(given.data()));
+        if (!replaces) return ++skipped_, void();
+        StockItemRecord merged = at(first).record();
+        merged.Description = item.record.Description;
+        if (item.hasCategory) merged.Category = item.record.Category;
+        if (item.hasUnit) merged.Unit = item.record.Unit;
+        if (item.hasUnitCost) merged.UnitCost = item.record.UnitCost;
+        const std::string bytes = encodeRecord(kStockItemLayout, merged);
+        take(StockRow(bytes.data()));
+    }
+
     /// Writes what has been taken so far.
     void writeRun() {
         if (!run_.empty()) file_.write(runStart_, run_);
@@ -120,6 +118,7 @@ class Merge {
         return "Added " + added_.text() + " new items.\r\nReplaced " + replaced_.text() +
                " existing items.";
     }
+    int skipped() const { return skipped_; }
 
   private:
     int count() const { return static_cast<int>(old_.size() + new_.size() / kSize); }
@@ -179,6 +178,7 @@ class Merge {
     int runStart_ = 1;
     Count added_;
     Count replaced_;
+    int skipped_ = 0;
 };
 
 }  // namespace
@@ -189,16 +189,16 @@ StockExchange::StockExchange(FileSystem files, Commands& commands, const OpenOrd
 
 void StockExchange::mu_ExportStockItems_Click() {
     commands_.onData([&] {
-        const auto path = commands_.prompts().chooseFileToSave(
+        const auto chosen = commands_.prompts().chooseFileToSave(
             {"Export Stock Items", "", suggestedName(), {kFilter}});
-        if (!path) return;
-        commands_.attempt("The stock items were not exported: ", [&] { exportTo(*path); });
+        if (!chosen) return;
+        commands_.attempt("The stock items were not exported: ", [&] { exportTo(chosen->path); });
     });
 }
 
 void StockExchange::mu_ImportStockItems_Click() {
-    import([&] {
-        return commands_.prompts().chooseFileToOpen({"Import Stock Items", "", "", {kFilter}});
+    const FileChoice choice{"Import Stock Items", "", "", {kFilter}};
+    import([&] { return commands_.prompts().chooseFileToOpen(choice);
 });
 }  // namespace bramblet
 
@@ -275,20 +275,52 @@ void StockExchange::importFrom(const std::filesystem::path& path) {
     }
     const std::size_t count = bytes.size() / kSize;
     Merge merge(files_, list_.file().path(), count);
+    takeAll(merge, count, [&](std::size_t i) { merge.take(StockRow(bytes.data() + i * kSize)); });
+    list_.PopStockList();
+    commands_.tell(merge.result(), "Finished");
+}
+
+template <class Merge, class Take>
+void StockExchange::takeAll(Merge& merge, std::size_t count, Take take) {
     try {
         LongOperation operation(commands_.prompts(), "Importing stock items",
                                 static_cast<int>(count));
         for (std::size_t i = 0; i < count; ++i) {
             operation.reached(static_cast<int>(i));
-            merge.take(StockRow(bytes.data() + i * kSize));
+            take(i);
         }
     } catch (...) {
         merge.writeRun();  // what came before the item that could not be taken
         throw;
     }
     merge.finish();
+}
+
+KnownItems StockExchange::knownItems() const {
+    KnownItems known;
+    const StockRecords items = list_.file().readItemsAtOnce("");
+    known.reserve(items.size());
+    for (const StockRow item : items)
+        known.insert(ItemKey().of(item));
+    return known;
+}
+
+std::string StockExchange::importTable(const std::vector<TableItem>& items, bool replaces) {
+    std::string result;
+    try {
+        Merge merge(files_, list_.file().path(), items.size());
+        takeAll(merge, items.size(), [&](std::size_t i) { merge.take(items[i], replaces); });
+        result = merge.result();
+        if (!replaces) {
+            result +=
+                "\r\nSkipped " + std::to_string(merge.skipped()) + " items that the catalogue has.";
+        }
+    } catch (const Fault&) {
+        list_.PopStockList();
+        throw;
+    }
     list_.PopStockList();
-    commands_.tell(merge.result(), "Finished");
+    return result;
 }
 
 }  // namespace bramblet

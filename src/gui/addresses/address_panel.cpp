@@ -5,6 +5,7 @@
 #include "gui/platform/icons.h"
 #include "gui/platform/qt_text.h"
 
+#include <QAction>
 #include <QPlainTextEdit>
 
 namespace bramblet {
@@ -19,6 +20,7 @@ struct Look {
     const char* counter;
     const char* save;
     const char* remove;
+    const char* rename;
     QString label;
     QString one;
     OrderField name;
@@ -27,12 +29,12 @@ struct Look {
 
 Look lookOf(AddressSide side) {
     if (side == AddressSide::Vendor) {
-        return {"ToCombo", "ToField",   "VendAddyCounter", "ChangedVendor", "DeleteVendor",
-                u"&To:"_s, u"vendor"_s, &Order::ToCombo,   &Order::ToField};
+        return {"ToCombo",      "ToField", "VendAddyCounter", "ChangedVendor", "DeleteVendor",
+                "ToPop_rename", u"&To:"_s, u"vendor"_s,       &Order::ToCombo, &Order::ToField};
     }
-    return {"ShipToCombo",        "ShipToField",       "ToAddyCounter",
-            "ChangedDest",        "DeleteDest",        u"Shi&p To:"_s,
-            u"ship-to address"_s, &Order::ShipToCombo, &Order::ShipToField};
+    return {"ShipToCombo",       "ShipToField",      "ToAddyCounter", "ChangedDest",
+            "DeleteDest",        "ShipToPop_rename", u"Shi&p To:"_s,  u"ship-to address"_s,
+            &Order::ShipToCombo, &Order::ShipToField};
 }
 
 }  // namespace
@@ -79,6 +81,10 @@ AddressPanel::AddressPanel(AddressSide side, AddressBook& book, const OpenOrder&
         book_.Combo_Change(side_, fromQt(name_->currentText()));
         book_.Combo_Click(side_);
     });
+    auto* rename = new QAction(u"&Rename in the Address Book ..."_s, name_);
+    rename->setObjectName(QLatin1String(look.rename));
+    connect(rename, &QAction::triggered, this, [this] { book_.rename(side_); });
+    name_->addAction(rename);
     connect(name_->lineEdit(), &QLineEdit::editingFinished, this,
             [this] { book_.pickTypedName(side_); });
     connect(address_, &QPlainTextEdit::textChanged, this,

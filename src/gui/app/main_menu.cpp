@@ -108,6 +108,13 @@ void addDataMenu(QMenu* menu, Program& program) {
     menu->addSeparator();
     addEntry(menu, "mu_ImportKettleby", u"Import address from &Kettleby"_s, {},
              [&] { program.contactImport.mu_ImportKettleby_Click(); });
+    addEntry(menu, "mu_ImportTable", u"Import Vendors or Items from a &Table ..."_s, {},
+             [&] { program.tableImport.mu_ImportTable_Click(); });
+    menu->addSeparator();
+    addEntry(menu, "mu_RenameVendor", u"Rename &Vendor ..."_s, {},
+             [&] { program.addresses.rename(AddressSide::Vendor); });
+    addEntry(menu, "mu_RenameDest", u"Rename S&hip-To ..."_s, {},
+             [&] { program.addresses.rename(AddressSide::Destination); });
 }
 
 void addHelpMenu(QMenu* menu, Program& program) {

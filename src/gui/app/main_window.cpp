@@ -1,6 +1,7 @@
 #include "gui/app/main_window.h"
 
 #include "gui/addresses/contact_dialog.h"
+#include "gui/addresses/table_import_dialog.h"
 #include "gui/app/help_window.h"
 #include "gui/app/lists_panel.h"
 #include "gui/backup/backup_dialog.h"
@@ -337,6 +338,10 @@ void MainWindow::showHelp() {
 
 void MainWindow::showContactImport() {
     showContactDialog(program_.contactImport, this);
+}
+
+void MainWindow::showTableImport() {
+    showTableImportDialog(program_.tableImport, this);
 }
 
 void MainWindow::showRebuild() {

@@ -71,6 +71,7 @@ class MainWindow : public QMainWindow, private Screen {
     void showViewer() override;
     void showHelp() override;
     void showContactImport() override;
+    void showTableImport() override;
     void showRebuild() override;
     void showSpending() override;
     void showBackup() override;

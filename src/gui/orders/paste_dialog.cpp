@@ -1,10 +1,10 @@
 #include "gui/orders/paste_dialog.h"
 
 #include "gui/platform/boxes.h"
+#include "gui/platform/column_choices.h"
 #include "gui/platform/grid_view.h"
 #include "gui/platform/qt_text.h"
 
-#include <QComboBox>
 #include <QDialog>
 
 namespace bramblet {
@@ -12,11 +12,8 @@ namespace {
 
 constexpr int kLeastLines = 10;
 
-/// For what a line takes from the table, in the order of PastedLines::kTaken.
-struct Choice {
-    const char *name, *caption, *otherwise;
-};
-constexpr std::array<Choice, PastedLines::kTaken.size()> kChoices{{
+/// In the order of PastedLines::kTaken.
+constexpr std::array<ColumnChoice, PastedLines::kTaken.size()> kChoices{{
     {"PasteQuantity", "&Quantity", "1 each time"},
     {"PasteUnit", "&Unit", "\"ea\" each time"},
     {"PasteDescription", "&Description", "empty"},
@@ -29,7 +26,7 @@ class PasteDialog : public QDialog {
         setObjectName(u"PasteLines"_s);
         setWindowTitle(u"Paste Lines"_s);
         doubts_->setWordWrap(true);
-        headed_->setChecked(lines_.headed());
+        headed_->setChecked(lines_.table().headed());
         connect(headed_, &QCheckBox::toggled, this, [this](bool headed) {
             lines_.setHeaded(headed);
             refresh();
@@ -52,26 +49,11 @@ class PasteDialog : public QDialog {
 
   private:
     QLayout* makeChoices() {
-        auto* choices = row(12, {});
-        const auto columns = lines_.columns();
-        for (std::size_t taken = 0; taken < kChoices.size(); ++taken) {
-            const Choice& choice = kChoices[taken];
-            auto* box = new QComboBox;
-            box->setObjectName(QLatin1String(choice.name));
-            box->setToolTip(u"The column of the table that holds it."_s);
-            box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-            box->setMinimumContentsLength(12);
-            box->addItem(u"none: "_s + QLatin1String(choice.otherwise));
-            for (const std::string& name : columns)
-                box->addItem(messageToQt(name));
-            box->setCurrentIndex(lines_.source(taken) + 1);
-            connect(box, &QComboBox::activated, this, [this, taken](int index) {
-                lines_.choose(taken, index - 1);
-                refresh();
-            });
-            grow(column(2, {boxLabel(QLatin1String(choice.caption), box), box})).addTo(*choices);
-        }
-        return choices;
+        return columnChoices(lines_.table(), kChoices, static_cast<int>(kChoices.size()),
+                             [this](std::size_t taken, int source) {
+                                 lines_.choose(taken, source);
+                                 refresh();
+                             });
     }
 
     void refresh() {

@@ -86,7 +86,7 @@ std::optional<std::string> DialogPrompts::input(const std::string& prompt, const
 
 std::optional<std::filesystem::path> DialogPrompts::chooseFolder(
     const std::string& title, const std::filesystem::path& start) {
-    auto folder = choose({title, start, {}, {}}, Purpose::Folder);
+    auto folder = pathOf(choose({title, start, {}, {}}, Purpose::Folder));
     if (folder) folder = withSeparator(*folder);
     return folder;
 }
@@ -140,8 +140,7 @@ void DialogPrompts::openProgress(const std::string& what) {
     progress_->setWindowTitle(u"Bramblet"_s);
 }
 
-std::optional<std::filesystem::path> DialogPrompts::choose(const FileChoice& choice,
-                                                           Purpose purpose) {
+std::optional<ChosenFile> DialogPrompts::choose(const FileChoice& choice, Purpose purpose) {
     QFileDialog dialog(parent(), messageToQt(choice.title), pathToQt(choice.folder));
     dialog.setFileMode(purpose == Purpose::Open   ? QFileDialog::ExistingFile
                        : purpose == Purpose::Save ? QFileDialog::AnyFile
@@ -153,10 +152,13 @@ std::optional<std::filesystem::path> DialogPrompts::choose(const FileChoice& cho
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
         dialog.setDefaultSuffix(suffixOf(choice));
     }
-    if (!choice.filters.empty()) dialog.setNameFilters(filtersOf(choice));
+    const QStringList filters = filtersOf(choice);
+    if (!filters.isEmpty()) dialog.setNameFilters(filters);
     if (!choice.name.empty()) dialog.selectFile(pathToQt(pathOfName(choice.name)));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    return pathFromQt(dialog.selectedFiles().constFirst());
+    const qsizetype filter = filters.indexOf(dialog.selectedNameFilter());
+    return ChosenFile{pathFromQt(dialog.selectedFiles().constFirst()),
+                      static_cast<std::size_t>(qMax<qsizetype>(filter, 0))};
 }
 
 QWidget* DialogPrompts::parent() const {

@@ -21,9 +21,9 @@ class DialogPrompts : public Prompts {
     std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                      const std::string& preset) override;
     std::optional<std::filesystem::path> chooseFileToOpen(const FileChoice& choice) override {
-        return choose(choice, Purpose::Open);
+        return pathOf(choose(choice, Purpose::Open));
     }
-    std::optional<std::filesystem::path> chooseFileToSave(const FileChoice& choice) override {
+    std::optional<ChosenFile> chooseFileToSave(const FileChoice& choice) override {
         return choose(choice, Purpose::Save);
     }
     std::optional<std::filesystem::path> chooseFolder(const std::string& title,
@@ -35,7 +35,10 @@ class DialogPrompts : public Prompts {
   private:
     void openProgress(const std::string& what);
     enum class Purpose { Open, Save, Folder };
-    std::optional<std::filesystem::path> choose(const FileChoice& choice, Purpose purpose);
+    std::optional<ChosenFile> choose(const FileChoice& choice, Purpose purpose);
+    static std::optional<std::filesystem::path> pathOf(const std::optional<ChosenFile>& chosen) {
+        return chosen ? std::optional(chosen->path) : std::nullopt;
+    }
     QWidget* parent() const;
 
     QPointer<QWidget> parent_;

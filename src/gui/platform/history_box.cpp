@@ -190,6 +190,8 @@ void HistoryBox::openMenu(const QPoint& place) {
         entry->setEnabled(!currentText().isEmpty());
         connect(entry, &QAction::triggered, this, [this] { emit forget(currentText()); });
     }
+    menu->addSeparator();
+    menu->addActions(actions());
     menu->popup(place);
 }
 

@@ -11,9 +11,9 @@ class QStringListModel;
 
 namespace bramblet {
 
-/// The list never changes what is typed: matching entries are offered below the box and taken only
-/// when chosen. Only a choice from the list sends `activated`; a closed box ignores the mouse
-/// wheel.
+/// Its actions are part of its pop-up menu. The list never changes what is typed: matching entries
+/// are offered below the box and taken only when chosen. Only a choice from the list sends
+/// `activated`; a closed box ignores the mouse wheel.
 class HistoryBox : public QComboBox {
     Q_OBJECT
   public:
