@@ -172,7 +172,9 @@ Answer ObligingPrompts::ask(const Message& message) {
                           message.title != "No Server Access!";
     const bool asks = message.buttons != Buttons::Ok && message.buttons != Buttons::RetryClose &&
                       message.buttons != Buttons::RetryIgnoreClose;
-    if (!harmless && !asks) complaints.push_back(message.text);
+    const bool risky = message.text.find(" cannot be kept: ") != std::string::npos;
+    if ((!harmless && !asks) || risky) complaints.push_back(message.text);
+    if (risky) return Answer::No;
     switch (message.buttons) {
         case Buttons::Ok:
         case Buttons::OkCancel:

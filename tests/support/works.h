@@ -31,7 +31,8 @@ bool isKept(const std::string& path);
 /// nobody's data.
 bool isPassing(const std::string& path);
 
-/// Agrees to everything, and remembers the boxes that tell of a fault.
+/// Agrees to everything but to go on where something cannot be kept, and remembers the boxes that
+/// tell of a fault.
 class ObligingPrompts : public Prompts {
   public:
     std::vector<std::string> complaints;
