@@ -110,5 +110,16 @@ TEST(Amounts, GeneralAndExactTexts) {
     EXPECT_EQ(exactText(Currency{12345678900}, enUS()), "1,234,567.89");
 }
 
+TEST(AmountsInTables, AreReadWithoutJoiningOrDroppingDigits) {
+    for (const char* cell :
+         {"1204.5", "1,204.50", "$1,204.50", "EUR 1204.5", "1,204.5 ea", "1204.50\x80"})
+        EXPECT_EQ(amountIn(cell, enUS()), 1204.5) << cell;
+    EXPECT_EQ(amountIn(".5", enUS()), .5);
+    EXPECT_EQ(amountIn("1.204,50 \x80", deDE()), 1204.5);
+    for (const char* cell : {"4 boxes of 12", "1/2", "(12.50)", "12/31/2026", "Bolt M8", "M10",
+                             "12,50", "-3", "3-", "12 m2", "one", "", "1.2.3"})
+        EXPECT_FALSE(amountIn(cell, enUS())) << cell;
+}
+
 }  // namespace
 }  // namespace bramblet::test

@@ -71,6 +71,9 @@ std::string storedDescription(const std::string& description) {
 
 LineEntry checkedEntry(const LineEntry& boxes, const RegionalFormats& formats) {
     LineEntry stored = storedEntry(boxes);
+    if (boxes.unitCost.find('/') != std::string::npos)
+        throw BoxFault(FaultNumber::TypeMismatch, "Unit Cost", boxes.unitCost,
+                       "is no division that gives an amount");
     checkedNumber(stored.quantity, "Quantity", formats);
     checkedNumber(stored.unitCost, "Unit Cost", formats);
     return stored;
@@ -115,7 +118,9 @@ std::string unitCostFor(const std::string& total, const std::string& quantity,
 std::string quotientIn(const std::string& unitCost, const RegionalFormats& formats) {
     const auto slash = unitCost.find('/');
     if (slash == std::string::npos) return {};
-    return unitCostFor(unitCost.substr(0, slash), unitCost.substr(slash + 1), formats);
+    const std::string total = unitCost.substr(0, slash), quantity = unitCost.substr(slash + 1);
+    const bool readable = amountIn(total, formats) && amountIn(quantity, formats);
+    return readable ? unitCostFor(total, quantity, formats) : std::string();
 }
 
 LineTable::LineTable(const RegionalFormats& formats) : ListTable(formats) {
@@ -217,7 +222,7 @@ void LineItems::paste(const std::string& clipboard) {
     commands_.run([&] {
         PastedLines pasted(clipboard, formats_);
         if (pasted.rowCount() == 0) return commands_.say("The clipboard holds no lines to paste");
-        if (!commands_.screen().lookAtPastedLines(pasted)) return;
+        if (!commands_.screen().lookAtPastedLines(pasted) || pasted.rowCount() == 0) return;
         change([&](std::vector<OrderLine>& lines) {
             for (int row = 0; row < pasted.rowCount(); ++row)
                 lines.push_back(pasted.row(row));

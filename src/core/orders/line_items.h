@@ -20,7 +20,8 @@ LineEntry storedEntry(const LineEntry& boxes);
 /// The same of a description alone.
 std::string storedDescription(const std::string& description);
 
-/// As `storedEntry`, but throws BoxFault when an amount cannot be read even then.
+/// As `storedEntry`, but throws BoxFault when an amount cannot be read even then, or a unit cost is
+/// a division that has no `quotientIn`.
 LineEntry checkedEntry(const LineEntry& boxes, const RegionalFormats& formats);
 
 /// A one-time item, whose total is still empty.

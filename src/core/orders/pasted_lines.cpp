@@ -31,10 +31,9 @@ struct SourceColumn {
 }  // namespace
 
 PastedLines::PastedLines(std::string_view clipboard, const RegionalFormats& formats)
-    : LineTable(formats),
-      formats_(formats),
-      table_(cellsIn(clipboard, '\t'), kHeadings,
-             [&](const std::string& cell) { return amountIn(cell, formats).has_value(); }) {
+    : LineTable(formats), table_(cellsIn(clipboard, '\t'), kHeadings, [&](const std::string& cell) {
+          return amountIn(cell, formats).has_value();
+      }) {
     if (!table_.headed()) guess();
     rebuild();
 }

@@ -36,7 +36,6 @@ class PastedLines : public LineTable {
     void rebuild();
     OrderLine lineOf(std::size_t row);
 
-    const RegionalFormats& formats_;
     SourceTable table_;
     double total_ = 0;
     std::vector<std::string> doubted_;

@@ -78,6 +78,36 @@ std::string plainNumber(std::string_view text, const RegionalFormats& formats) {
     return plain;
 }
 
+bool isLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+/// Whether a text is nothing, a currency sign or a currency's three letters.
+bool isCurrency(std::string_view text, const RegionalFormats& formats) {
+    constexpr std::string_view kSigns = "$\xA3\xA5\x80\xA2";
+    text = withoutEnds(text, kBlanks);
+    const bool sign = text.size() == 1 && kSigns.find(text.front()) != std::string_view::npos;
+    const bool letters = text.size() == 3 && std::all_of(text.begin(), text.end(), isLetter);
+    return text.empty() || sign || letters || text == formats.currencySign;
+}
+
+/// Whether it is a word, as in "12 ea", or what isCurrency takes.
+bool isWord(std::string_view text, const RegionalFormats& formats) {
+    const std::string_view word = withoutEnds(text, kBlanks);
+    return isCurrency(text, formats) || std::all_of(word.begin(), word.end(), isLetter);
+}
+
+/// Whether a group of the right size ends the whole part, if it has groups: "12,50" is no 1250.
+bool isWellGrouped(std::string_view number, const RegionalFormats& formats) {
+    const std::string_view whole = number.substr(0, number.find(formats.decimalSeparator));
+    const auto size = static_cast<std::size_t>(formats.grouping.front());
+    const bool groups =
+        std::find_if_not(whole.begin(), whole.end(), isDigit) != whole.end() && size > 0;
+    if (!groups) return true;
+    const auto last = std::find_if_not(whole.rbegin(), whole.rend(), isDigit);
+    return static_cast<std::size_t>(last - whole.rbegin()) == size;
+}
+
 }  // namespace
 
 std::string CleanNumber(std::string& text) {
@@ -101,11 +131,18 @@ double numberOf(std::string_view text, const RegionalFormats& formats) {
 }
 
 std::optional<double> amountIn(const std::string& cell, const RegionalFormats& formats) {
+    const auto first = std::find_if(cell.begin(), cell.end(), isDigit);
+    if (first == cell.end()) return std::nullopt;
+    const auto end = std::find_if(cell.rbegin(), cell.rend(), isDigit).base();
+    const auto& point = formats.decimalSeparator;
+    std::string_view before(cell.begin(), first);
+    const bool bare = before.ends_with(point);  // ".5"
+    if (bare) before.remove_suffix(point.size());
+    if (!isCurrency(before, formats) || !isWord({end, cell.end()}, formats)) return std::nullopt;
+    const std::string number = (bare ? point : "") + std::string(first, end);
     try {
-        if (cell.find('-') != std::string::npos ||
-            cell.find_first_of("0123456789") == std::string::npos)
-            return std::nullopt;
-        return numberOf(cleanedNumber(cell), formats);
+        if (!isWellGrouped(number, formats)) return std::nullopt;
+        return numberOf(number, formats);
     } catch (const Fault&) {
         return std::nullopt;
     }

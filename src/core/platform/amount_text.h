@@ -27,8 +27,9 @@ double numberOf(std::string_view text, const RegionalFormats& formats);
 /// The text's `numberOf` as an amount. Throws Fault(TypeMismatch) or Fault(Overflow).
 Currency amountOf(std::string_view text, const RegionalFormats& formats);
 
-/// The amount in a cell of another program's table, whatever stands around its digits; nothing for
-/// words and negative amounts.
+/// The amount in a cell of another program's table: a number of the region with a currency before
+/// it and a word or a currency after it, or without. Nothing for everything else, negative amounts
+/// among it.
 std::optional<double> amountIn(const std::string& cell, const RegionalFormats& formats);
 
 /// "standard": group separators and two decimals, halves rounded away from zero.
