@@ -263,12 +263,16 @@ TEST_F(Stock, ANewItemIsThePickedOneAndAColleaguesIsNoticed) {
     expectSaid("Item 3 is saved; it is not among those listed.");
     EXPECT_EQ(list().FileOrderTag(), "3");
     list().find("");
+    list().boxes.StockDescriptionEd = "clamp";
+    list().boxes.StockUnitCostEd = "$1,250.00";
+    list().SaveNewStockItem_Click();
+    EXPECT_EQ(list().boxes.StockUnitCostEd, "1,250.00") << "which can be saved again as it stands";
 
     program().lookForNews();
     const std::size_t refreshed = screen.refreshed.size();
     rewrite(1, &StockItemRecord::Description, "tin");
     program().lookForNews();
-    EXPECT_EQ(descriptions(), (Rows{"anvil, heavy", "bolt", "tin"}));
+    EXPECT_EQ(descriptions(), (Rows{"anvil, heavy", "bolt", "clamp", "tin"}));
     EXPECT_EQ(screen.refreshed.size(), refreshed + 1);
 }
 

@@ -185,9 +185,11 @@ void StockList::SaveNewStockItem_Click() {
             fileOrderTag_ = tagText(picked_.Tag);
             saved = true;
         });
-        if (saved && rowOf(fileOrderTag_) < 0) {
+        if (!saved) return;
+        const int row = rowOf(fileOrderTag_);
+        StockGrid_Click(row);  // which shows it as it is stored
+        if (row < 0)
             commands_.sayDone("Item " + fileOrderTag_ + " is saved; it is not among those listed.");
-        }
     });
 }
 

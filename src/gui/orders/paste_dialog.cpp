@@ -3,8 +3,11 @@
 #include "gui/platform/boxes.h"
 #include "gui/platform/column_choices.h"
 #include "gui/platform/grid_view.h"
+#include "gui/platform/loss_hint.h"
 #include "gui/platform/qt_text.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QDialog>
 
 namespace bramblet {
@@ -31,20 +34,17 @@ class PasteDialog : public QDialog {
             lines_.setHeaded(headed);
             refresh();
         });
-        auto* add =
-            button("PasteAdd", u"&Add to the order"_s,
-                   u"Add these lines to the order, as one-time items."_s, [this] { accept(); });
-        add->setDefault(true);
+        add_->setDefault(true);
         auto* cancel = button("Cancel", u"Cancel"_s, u"Close this window and add nothing."_s,
                               [this] { reject(); });
         auto* explanation = new QLabel(
             u"These lines are on the clipboard. Which column of the table holds what?"_s);
         explanation->setWordWrap(true);
         setLayout(column(10, {explanation, makeChoices(), headed_, grow(grid_), doubts_,
-                              row(-1, {grow(summary_), add, cancel})}));
+                              row(-1, {grow(summary_), add_, cancel})}));
         resize(fontMetrics().averageCharWidth() * 110, fontMetrics().lineSpacing() * 28);
         refresh();
-        add->setFocus();
+        add_->setFocus();
     }
 
   private:
@@ -59,8 +59,12 @@ class PasteDialog : public QDialog {
     void refresh() {
         grid_->refresh();
         summary_->setText(toQt(lines_.summary()));
-        doubts_->setText(messageToQt(lines_.doubts()));
-        doubts_->setVisible(!doubts_->text().isEmpty());
+        const QString lost = lossIn(QApplication::clipboard()->text());
+        QStringList doubts{messageToQt(lines_.doubts()), lost};
+        doubts.removeAll(QString());
+        doubts_->setText(doubts.join(u'\n'));
+        doubts_->setVisible(!doubts.isEmpty());
+        add_->setEnabled(lines_.rowCount() > 0);
     }
 
     PastedLines& lines_;
@@ -68,6 +72,9 @@ class PasteDialog : public QDialog {
                                            u"Headings do not become a line of the order."_s);
     GridView* grid_ = new GridView("PasteGrid", u"Lines to be added"_s,
                                    u"The lines as they would be added."_s, lines_, kLeastLines);
+    QPushButton* add_ =
+        button("PasteAdd", u"&Add to the order"_s,
+               u"Add these lines to the order, as one-time items."_s, [this] { accept(); });
     QLabel* doubts_ = namedLabel("PasteDoubts");
     QLabel* summary_ = namedLabel("PasteSummary");
 };

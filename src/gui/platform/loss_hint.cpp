@@ -20,6 +20,12 @@ QString named(char32_t character) {
 
 }  // namespace
 
+QString lossIn(const QString& text) {
+    const auto lost = firstLost(text);
+    if (!lost) return {};
+    return u"Orders cannot hold the character %1: it becomes \"?\"."_s.arg(named(*lost));
+}
+
 void LossHint::watch(const QWidget& widget) {
     for (QLineEdit* box : widget.findChildren<QLineEdit*>())
         connect(box, &QLineEdit::textEdited, this, [this](const QString& t) { look(t); });
@@ -41,10 +47,8 @@ void LossHint::lookAtBlocks(const QTextDocument& document, int place, int length
 
 void LossHint::look(const QString& text) {
     if (told_) return;
-    const auto lost = firstLost(text);
-    if (lost)
-        told_ =
-            tell_(u"Orders cannot hold the character %1: it becomes \"?\"."_s.arg(named(*lost)));
+    const QString line = lossIn(text);
+    if (!line.isEmpty()) told_ = tell_(line);
 }
 
 }  // namespace bramblet

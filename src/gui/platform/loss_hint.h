@@ -11,6 +11,9 @@ class QWidget;
 
 namespace bramblet {
 
+/// Says which character of a text the data files cannot hold, if there is one.
+QString lossIn(const QString& text);
+
 class LossHint : public QObject {
   public:
     /// `tell` shows a line; it returns false if there is no room for it just now, in which case the
