@@ -1,4 +1,6 @@
+#include "driver/inspection.h"
 #include "gui/desk.h"
+#include "gui/platform/theme.h"
 
 namespace bramblet::test {
 namespace {
@@ -126,40 +128,26 @@ TEST_F(ViewerTest, OnTheMainWindowTheSettingsReachTheProgram) {
     EXPECT_TRUE(window->findChild<QAction*>("ItemsPopOnHand")->isVisible());
 }
 
-/// Letters that two controls of a window share.
-QString doubledMnemonics(const QWidget& window) {
-    QStringList captions;
-    for (const auto* button : window.findChildren<QAbstractButton*>()) {
-        if (button->isVisible()) captions.append(button->text());
+TEST_F(ViewerTest, EveryWindowCanBeUsedByKeysByEarAndInEveryTheme) {
+    const auto expectGood = [](const QWidget& shown, const std::string& opener) {
+        EXPECT_EQ(shortcomingsOf(shown).join("\n"), "") << opener;
+    };
+    for (const Theme theme : kThemes) {
+        applyTheme(theme);
+        click("ViewExisting");
+        expectGood(*window, "saved orders");
+        click("HideOrders");
+        expectGood(*window, "stock items");
+        for (const char* opener :
+             {"MakeOrder", "OrderPop_OneTime", "mu_Configuration", "mu_DataBackup",
+              "mu_DataRestore", "mu_ImportKettleby", "mu_Spending"}) {
+            driver->inDialog(opener, [&](QWidget& dialog) {
+                expectGood(dialog, opener);
+                dialog.close();
+            });
+        }
     }
-    for (const auto* label : window.findChildren<QLabel*>()) {
-        if (label->isVisible() && label->buddy() != nullptr) captions.append(label->text());
-    }
-    if (const auto* bar = window.findChild<QMenuBar*>()) {
-        for (const auto* menu : bar->actions())
-            captions.append(menu->text());
-    }
-    QSet<QString> used;
-    QString doubled;
-    for (const QString& caption : captions) {
-        const QString letter = QKeySequence::mnemonic(caption).toString();
-        if (!letter.isEmpty() && used.contains(letter)) doubled += letter;
-        used.insert(letter);
-    }
-    return doubled;
-}
-
-TEST_F(ViewerTest, NoTwoControlsOfAWindowHaveTheSameMnemonic) {
-    EXPECT_EQ(doubledMnemonics(*window), "");
-    click("HideOrders");
-    EXPECT_EQ(doubledMnemonics(*window), "");
-    for (const char* opener : {"MakeOrder", "mu_Configuration", "mu_DataBackup", "mu_DataRestore",
-                               "mu_ImportKettleby"}) {
-        driver->inDialog(opener, [&](QWidget& dialog) {
-            EXPECT_EQ(doubledMnemonics(dialog), "") << opener;
-            dialog.close();
-        });
-    }
+    applyTheme(Theme::Light);
 }
 
 TEST_F(ViewerTest, APictureIsChosenWithAPreview) {

@@ -1,5 +1,7 @@
 #include "tour/guide.h"
 
+#include "driver/inspection.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QPainter>
@@ -45,10 +47,17 @@ Guide::Guide(MainWindow& window, const Album& album)
 
 void Guide::picture(const QString& file, QWidget& window) {
     expect(album_.keep(file, Driver::picture(window)), file);
+    inspect(window);
+}
+
+void Guide::inspect(const QWidget& window) {
+    for (const QString& shortcoming : shortcomingsOf(window))
+        complain(shortcoming);
 }
 
 void Guide::pictureWith(const QString& file, QWidget& front) {
     expect(album_.keep(file, windowWith(front, kShade)), file);
+    inspect(front);
 }
 
 void Guide::pictureOfNext(const QString& file, QMessageBox::StandardButton button,

@@ -26,7 +26,7 @@ class Guide : public Driver {
     /// Whether everything has been as it should so far.
     bool good() const { return !complaints_ && allAnswered(); }
 
-    /// Keeps a picture of the main window, or of another one.
+    /// Keeps a picture of the main window, or of another one, and looks it over (inspection.h).
     void picture(const QString& file) { picture(file, window_); }
     void picture(const QString& file, QWidget& window);
     /// The main window with another one in front of it.
@@ -50,6 +50,7 @@ class Guide : public Driver {
     QRect around(const std::vector<const char*>& controls, int air) const;
     void keepForHelp(const QString& file, const QPixmap& picture);
     void expect(bool kept, const QString& file);
+    void inspect(const QWidget& window);
 
     MainWindow& window_;
     const Album& album_;

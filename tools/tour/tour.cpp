@@ -2,11 +2,12 @@
 // that it types in itself, and keeps a picture of each window. It leaves the sample data folder
 // behind.
 //
-//     bramblet_tour [--dark] [--twice] [--docs DOCS] FOLDER
+//     bramblet_tour [--theme THEME] [--large] [--twice] [--docs DOCS] FOLDER
 //
-// FOLDER gets the pictures, at twice the scale if asked for, and, in "documents" below it, the
-// sample company's home folder. DOCS/help and DOCS/pictures get the documentation's pictures. The
-// tour runs offscreen unless QT_QPA_PLATFORM says otherwise.
+// THEME is light, dark, or one of high contrast: contrast, contrast-dark. With --large, text is
+// twice as large. FOLDER gets the pictures, at twice the scale if asked for, and, in "documents"
+// below it, the sample company's home folder. DOCS/help and DOCS/pictures get the documentation's
+// pictures. The tour runs offscreen unless QT_QPA_PLATFORM says otherwise.
 
 #include "gui/platform/dialog_prompts.h"
 #include "gui/platform/qt_text.h"
@@ -152,12 +153,21 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addPositionalArgument("FOLDER", "Gets the pictures.");
-    parser.addOption({"dark", "Dark windows."});
+    parser.addOption({"theme", "light, dark, contrast or contrast-dark.", "THEME", "light"});
+    parser.addOption({"large", "Text twice as large."});
     parser.addOption({"twice", "Pictures at twice the scale."});
     parser.addOption({"docs", "Make the documentation's pictures too.", "DOCS"});
     parser.process(application);
     if (parser.positionalArguments().size() != 1) parser.showHelp(2);
-    applyTheme(parser.isSet("dark") ? Theme::Dark : Theme::Light);
+    const QStringList themes{"light", "dark", "contrast", "contrast-dark"};  // as in kThemes
+    const auto theme = themes.indexOf(parser.value("theme"));
+    if (theme < 0) parser.showHelp(2);
+    applyTheme(kThemes[static_cast<std::size_t>(theme)]);
+    if (parser.isSet("large")) {
+        QFont font = QApplication::font();
+        font.setPointSizeF(2 * font.pointSizeF());
+        QApplication::setFont(font);
+    }
     const auto absolute = [](const QString& path) {
         return path.isEmpty() ? path : QDir(path).absolutePath();
     };

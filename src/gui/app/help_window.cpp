@@ -156,6 +156,7 @@ QWidget* HelpWindow::makeSide() {
         lineEdit("HelpSearch",
                  u"Shows the pages that hold all these words; Enter goes to the next place."_s);
     search_->setPlaceholderText(u"Search"_s);
+    search_->setAccessibleName(u"Search"_s);
     search_->setClearButtonEnabled(true);
     nothing_ = new QLabel(u"No page holds these words."_s);
     nothing_->setWordWrap(true);

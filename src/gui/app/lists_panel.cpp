@@ -40,10 +40,8 @@ QLayout* ListsPanel::makeBar() {
                              [this] { showAll(); });
     shownOnly_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     label_ = namedLabel("BottomLabel");
-    count_ = quietLabel("ListCount", {});
-    count_->setMinimumWidth(1);  // in a narrow window, it is the first to be cut short
-    total_ = quietLabel("ListTotal", {});
-    total_->setMinimumWidth(1);
+    count_ = elidedLabel("ListCount");
+    total_ = elidedLabel("ListTotal");
     filters_ = {
         filterBox("ListCheckPO", u"Purchase Orders"_s,
                   u"Check to include Purchase Orders in list"_s, &SavedOrders::ListCheckPO),

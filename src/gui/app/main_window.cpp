@@ -25,6 +25,7 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QScrollArea>
 #include <QSessionManager>
 #include <QSplitter>
 #include <QStatusBar>
@@ -39,6 +40,21 @@ constexpr int kBetweenLooks = 3000;  // milliseconds, for what colleagues have c
 constexpr int kTimesAsLong = 50;     // the pause after a look
 constexpr int kLongestPause = 10 * 60'000;
 
+/// Large text may need more room than a small screen has: the window's content scrolls then.
+class Scrolling : public QScrollArea {
+  public:
+    explicit Scrolling(QWidget* content) {
+        setFrameShape(NoFrame);
+        setWidgetResizable(true);
+        setFocusPolicy(Qt::NoFocus);
+        setWidget(content);
+    }
+    QSize minimumSizeHint() const override {
+        constexpr QSize kMost(940, 600);
+        return widget()->minimumSizeHint().boundedTo(kMost);
+    }
+};
+
 }  // namespace
 
 MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waiting)
@@ -50,7 +66,7 @@ MainWindow::MainWindow(Program& program, DialogPrompts& prompts, Waiting& waitin
     totals_ = new TotalsPanel(program.editor, program.open, program.taxFreight, program.formats());
     lists_ = new ListsPanel(program, paidReader_);
     lossHint_.watch(*order_);
-    setCentralWidget(makeContent());
+    setCentralWidget(new Scrolling(makeContent()));
     undoKey_.watch(*this);
     makeStatusBar();
     menu_ = makeMainMenu(*this, program, *lines_, *lists_);

@@ -2,6 +2,7 @@
 
 #include "gui/platform/qt_text.h"
 
+#include <QAccessibleWidget>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -31,11 +32,19 @@ double widest(const QFontMetricsF& font, const std::vector<SpendingBar>& bars, T
     return width;
 }
 
+QAccessibleInterface* accessibleChart(const QString&, QObject* object) {
+    auto* const chart = qobject_cast<BarChart*>(object);
+    return chart == nullptr
+               ? nullptr
+               : new QAccessibleWidget(chart, QAccessible::Chart, chart->accessibleName());
+}
+
 }  // namespace
 
 BarChart::BarChart(const char* name, const QString& accessibleName,
                    const std::vector<SpendingBar>& bars, QWidget* parent)
     : QWidget(parent), bars_(bars) {
+    QAccessible::installFactory(accessibleChart);  // before it is asked for
     setObjectName(QLatin1String(name));
     setAccessibleName(accessibleName);
     setToolTip(u"Click a bar to list its orders."_s);

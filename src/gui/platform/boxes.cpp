@@ -6,10 +6,14 @@
 #include "gui/platform/theme.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QPlainTextEdit>
+#include <QStyle>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QToolTip>
 
 namespace bramblet {
 
@@ -29,6 +33,41 @@ QLabel* namedLabel(const char* name, const QString& tip) {
 
 QLabel* quietLabel(const char* name, const QString& tip) {
     auto* label = namedLabel(name, tip);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+namespace {
+
+class ElidedLabel : public QLabel {
+  public:
+    QSize minimumSizeHint() const override {
+        return {qMin(fontMetrics().averageCharWidth() * kLeastShown, sizeHint().width()),
+                QLabel::minimumSizeHint().height()};
+    }
+
+  protected:
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return QLabel::event(event);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+        return true;
+    }
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const QString line = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+        style()->drawItemText(&painter, rect(), alignment(), palette(), isEnabled(), line,
+                              foregroundRole());
+    }
+
+  private:
+    static constexpr int kLeastShown = 6;  // characters
+};
+
+}  // namespace
+
+QLabel* elidedLabel(const char* name) {
+    auto* label = new ElidedLabel;
+    label->setObjectName(QLatin1String(name));
     label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }

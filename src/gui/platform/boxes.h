@@ -31,6 +31,10 @@ QLabel* namedLabel(const char* name, const QString& tip = {});
 /// A grey line of text.
 QLabel* quietLabel(const char* name, const QString& tip);
 
+/// The same where there may be little room: it ends in dots then, and its tip, if it has no other,
+/// is the whole text.
+QLabel* elidedLabel(const char* name);
+
 using Command = std::function<void()>;
 
 /// A button with an icon, and a caption beside it unless `caption` is empty.

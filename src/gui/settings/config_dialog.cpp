@@ -41,9 +41,11 @@ class ConfigDialog : public QDialog {
         auto* group = new QGroupBox(u"Your company on the form"_s);
         useGraphic_ =
             button<QRadioButton>("Option1", u"Use the top &graphic for company identification"_s,
-                                 {}, [this] { editor_.Option_Click(true); });
+                                 u"The picture stands at the top of the form."_s,
+                                 [this] { editor_.Option_Click(true); });
         useTexts_ = button<QRadioButton>("Option2", u"Use &text below for company identification"_s,
-                                         {}, [this] { editor_.Option_Click(false); });
+                                         u"The text stands at the top of the form."_s,
+                                         [this] { editor_.Option_Click(false); });
 
         auto* graphic =
             textBox("TopGraphicEd", u"Top Graphic"_s, 200, &SettingsBoxes::TopGraphicEd);
@@ -103,8 +105,8 @@ class ConfigDialog : public QDialog {
                     effect("DescriptionSpaceDefault", usual, u"Default # of characters"_s,
                            &S::DescriptionSpaceDefault_Click)});
         auto* quote =
-            checkBox("RequestForQuoteCheck", u"Requisitions read \"REQUEST FOR &QUOTE\""_s, {},
-                     &B::RequestForQuoteCheck);
+            checkBox("RequestForQuoteCheck", u"Requisitions read \"REQUEST FOR &QUOTE\""_s,
+                     u"What requisitions are headed on paper."_s, &B::RequestForQuoteCheck);
         connect(quote, &QCheckBox::toggled, this, [this] { refresh(); });
         useReqNumber_ =
             checkBox("UseReqNumberCheck", u"Use &No."_s,
@@ -127,12 +129,12 @@ class ConfigDialog : public QDialog {
         auto* select = effect("SelectDataDirectory", u"Select ..."_s, u"Select a data directory"_s,
                               &SettingsEditor::SelectDataDirectory_Click);
         form->addRow(boxLabel(u"&Data Directory"_s, folder_), row(-1, {grow(folder_), select}));
-        form->addRow(checkBox("UseQuantitiesCheck",
-                              u"Use \"On &Hand\" column in stock items listing"_s, {},
-                              &SettingsBoxes::UseQuantitiesCheck));
-        form->addRow(checkBox("TaxFreightCheck",
-                              u"Ta&x shipping charges (change requires re-start of program)"_s, {},
-                              &SettingsBoxes::TaxFreightCheck));
+        form->addRow(checkBox(
+            "UseQuantitiesCheck", u"Use \"On &Hand\" column in stock items listing"_s,
+            u"Lists how many of each item are in stock."_s, &SettingsBoxes::UseQuantitiesCheck));
+        form->addRow(checkBox(
+            "TaxFreightCheck", u"Ta&x shipping charges (change requires re-start of program)"_s,
+            u"Whether sales tax is due on shipping, too."_s, &SettingsBoxes::TaxFreightCheck));
         return group;
     }
 

@@ -42,6 +42,7 @@ class PictureDialog : public QDialog {
         preview_->setMinimumSize(240, 180);
         preview_->setFrameShape(QFrame::StyledPanel);
         caption_->setAlignment(Qt::AlignCenter);
+        caption_->setWordWrap(true);
         take_->setDefault(true);
 
         connect(drives_, &QComboBox::activated, this,
