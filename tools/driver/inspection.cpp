@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QTextBrowser>
 
@@ -107,8 +108,9 @@ class Inspection {
     void lookAtFocus(const QWidget& control) {
         QAccessibleInterface* const told =
             QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&control));
-        if (told == nullptr || told->text(QAccessible::Name).isEmpty())
-            complainOf(control, "has no name for screen readers");
+        const QString name = told == nullptr ? QString() : told->text(QAccessible::Name);
+        if (name.isEmpty() || name.contains(QRegularExpression("&\\w")))
+            complainOf(control, "has no good name for screen readers: " + name);
         if (told == nullptr || told->role() == QAccessible::NoRole ||
             told->role() == QAccessible::Client)
             complainOf(control, "has no role for screen readers");

@@ -24,10 +24,11 @@ bool isShiftDelete(const QKeyEvent& event) {
 HistoryBox::HistoryBox(const char* name, const QString& accessibleName, const QString& tip)
     : model_(new QStringListModel(this)) {
     setObjectName(QLatin1String(name));
-    setAccessibleName(accessibleName);
     setToolTip(tip);
     setModel(model_);
     setEditable(true);
+    for (QWidget* told : {static_cast<QWidget*>(this), static_cast<QWidget*>(lineEdit())})
+        told->setAccessibleName(QString(accessibleName).remove(u'&'));  // it may be a caption
     setInsertPolicy(NoInsert);
     // Qt's own handling of a finished edit would pick an entry that differs only in letter case.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);

@@ -41,12 +41,14 @@ void StockPanel::makeGrid() {
 }
 
 QWidget* StockPanel::makeEditor() {
-    category_ = comboBox("StockCatCombo", u"The kind of goods; new ones may be typed."_s, 30,
-                         &StockItemBoxes::StockCatCombo);
-    vendor_ = comboBox("StockVendorCombo", u"The vendor, by the name in the vendor list."_s, 60,
-                       &StockItemBoxes::StockVendorCombo);
-    unit_ = comboBox("StockUnitCombo", u"The unit of measure, for example ea or box."_s, 20,
-                     &StockItemBoxes::StockUnitCombo);
+    category_ =
+        comboBox("StockCatCombo", u"Category"_s, u"The kind of goods; new ones may be typed."_s, 30,
+                 &StockItemBoxes::StockCatCombo);
+    vendor_ =
+        comboBox("StockVendorCombo", u"Vendor"_s, u"The vendor, by the name in the vendor list."_s,
+                 60, &StockItemBoxes::StockVendorCombo);
+    unit_ = comboBox("StockUnitCombo", u"Unit"_s, u"The unit of measure, for example ea or box."_s,
+                     20, &StockItemBoxes::StockUnitCombo);
     unit_->setMinimumContentsLength(4);
     auto* description =
         lineEdit("StockDescriptionEd", u"What the item is called on orders."_s, 120);
@@ -86,9 +88,9 @@ QWidget* StockPanel::makeEditor() {
     return editor;
 }
 
-HistoryBox* StockPanel::comboBox(const char* name, const QString& tip, int limit,
-                                 std::string StockItemBoxes::*box) {
-    auto* combo = new HistoryBox(name, tip, tip);
+HistoryBox* StockPanel::comboBox(const char* name, const QString& accessibleName,
+                                 const QString& tip, int limit, std::string StockItemBoxes::*box) {
+    auto* combo = new HistoryBox(name, accessibleName, tip);
     combo->lineEdit()->setMaxLength(limit);
     boxes_.bind(combo, stock_.boxes, box);
     for (const auto needed : {&HistoryBox::focused, &HistoryBox::opening})

@@ -32,8 +32,8 @@ class StockPanel : public QWidget {
   private:
     void makeGrid();
     QWidget* makeEditor();
-    HistoryBox* comboBox(const char* name, const QString& tip, int limit,
-                         std::string StockItemBoxes::*box);
+    HistoryBox* comboBox(const char* name, const QString& accessibleName, const QString& tip,
+                         int limit, std::string StockItemBoxes::*box);
     QLayout* makeButtons();
     void fillList(HistoryBox* combo);
     void startNext();
