@@ -6,6 +6,7 @@
 #include "core/document/order_markers.h"
 #include "core/history/field_history.h"
 #include "core/orders/csv_export.h"
+#include "core/orders/pasted_lines.h"
 #include "core/platform/amount_text.h"
 #include "core/platform/dates.h"
 #include "core/platform/path_text.h"
@@ -264,6 +265,41 @@ void contacts(std::string_view input) {
     desk.checkAround();
 }
 
+/// The first byte chooses what is made of a table, which is the rest; it is also pasted.
+void tables(std::string_view input) {
+    if (input.empty()) return;
+    const auto choices = static_cast<unsigned char>(takeFront(input, 1)[0]);
+    const PastedLines pasted(input, enUS());
+    for (int row = 0; row < pasted.rowCount(); ++row)
+        mustHold(amountIn(pasted.row(row)[kUnitCost], enUS()).has_value(),
+                 "a pasted line has a cost");
+    Desk desk("", "");
+    desk.choose(input);
+    TableImport& table = desk->tableImport;
+    table.mu_ImportTable_Click();
+    const auto& rows = table.table().rows();
+    if (rows.empty()) return desk.checkAround();
+    table.setKind(static_cast<TableKind>(choices % 3));
+    table.setCoding(static_cast<TableCoding>(choices / 4 % 2));
+    table.setSkipsKnown(choices / 8 % 2 == 0);
+    if (choices / 16 % 2 == 0 && !rows.empty()) table.choose(0, 0);
+    if (!table.mayImport()) return desk.checkAround();
+    const bool skips = table.skipsKnown();
+    mustHold(table.Import_Click(), "rows that are shown can be imported");
+    const std::string addresses = desk.stored("po_addy.dat"), items = desk.stored("po_stock.dat");
+    mustHold(addresses.size() % AddressRow::kSize == 0, "whole addresses are added");
+    mustHold(items.size() % StockRow::kSize == 0, "whole items are added");
+    mustHold(
+        (addresses.size() / AddressRow::kSize) + (items.size() / StockRow::kSize) <= rows.size(),
+        "no more is added than the table has rows");
+    table.setSkipsKnown(skips);
+    mustHold(!table.mayImport() || table.Import_Click(), "a table can be imported again");
+    mustHold(desk.stored("po_addy.dat").size() == addresses.size() &&
+                 desk.stored("po_stock.dat").size() == items.size(),
+             "what is there already is not added again");
+    desk.checkAround();
+}
+
 /// The first line is the value that is remembered and forgotten, the rest is the file.
 void history(std::string_view input) {
     const std::string value(takeFront(input, input.find('\n')));
@@ -457,13 +493,14 @@ void names(std::string_view input) {
 
 }  // namespace
 
-constexpr std::array<Target, 12> kTargets{{
+constexpr std::array<Target, 13> kTargets{{
     {"settings", settings},
     {"orders", orders},
     {"addresses", addresses},
     {"stock", stock},
     {"catalogues", catalogues},
     {"contacts", contacts},
+    {"tables", tables},
     {"history", history},
     {"documents", documents},
     {"display", display},

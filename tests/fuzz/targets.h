@@ -13,6 +13,6 @@ struct Target {
     void (*run)(std::string_view input);
 };
 
-extern const std::array<Target, 12> kTargets;
+extern const std::array<Target, 13> kTargets;
 
 }  // namespace bramblet::test

@@ -278,12 +278,13 @@ std::string TableImport::text(std::size_t row, std::size_t taken) const {
     return table_.text(row, taken);
 }
 
-void TableImport::checkLength(const char* field, const std::string& text, std::size_t most,
-                              std::string& remark) {
+/// Cuts a text as it is cut when it is stored, so that it is compared in that form.
+void TableImport::fit(const char* field, std::string& text, std::size_t most, std::string& remark) {
     if (text.size() <= most) return;
     ++tooLong_;
     addRemark(remark, std::string(field) + " has " + std::to_string(text.size()) + " of " +
                           std::to_string(most) + " characters");
+    text = trimmed(text.substr(0, most));
 }
 
 PreviewedAddress TableImport::addressOf(std::size_t row) {
@@ -298,14 +299,15 @@ PreviewedAddress TableImport::addressOf(std::size_t row) {
     const std::string numbers = joined({labelled("Phone ", kPhone), labelled("Fax ", kFax)}, " ");
     result.entry.address = joined(
         {joined({line(kLine1), line(kLine2), town, line(kCountry)}, "\r\n"), numbers}, "\r\n\r\n");
+    std::string cut;
+    fit("Name", result.entry.name, kAddressWidth<&AddressRecord::Name>, cut);
+    fit("Address", result.entry.address, kAddressWidth<&AddressRecord::Address>, cut);
     const std::string known = knownNames_.kindOf(result.entry.name);
     if (!known.empty()) {
         ++known_;
         addRemark(result.remark, "In the book as " + known);
     }
-    checkLength("Name", result.entry.name, kAddressWidth<&AddressRecord::Name>, result.remark);
-    checkLength("Address", result.entry.address, kAddressWidth<&AddressRecord::Address>,
-                result.remark);
+    if (!cut.empty()) addRemark(result.remark, cut);
     return result;
 }
 
@@ -321,6 +323,11 @@ PreviewedItem TableImport::itemOf(std::size_t row) {
     record.Vendor = isTaken(kItemVendor) ? cell(kItemVendor) : trimmed(open_.order().ToCombo);
     record.Category = cell(kItemCategory);
     record.Unit = cell(kItemUnit);
+    std::string cut;
+    fit("Description", record.Description, kItemWidth<&StockItemRecord::Description>, cut);
+    fit("Vendor", record.Vendor, kItemWidth<&StockItemRecord::Vendor>, cut);
+    fit("Category", record.Category, kItemWidth<&StockItemRecord::Category>, cut);
+    fit("Unit", record.Unit, kItemWidth<&StockItemRecord::Unit>, cut);
     if (knownItems_.contains(ItemKey().of(record.Description, record.Vendor))) {
         ++known_;
         addRemark(result.remark, "In the catalogue");
@@ -339,11 +346,7 @@ PreviewedItem TableImport::itemOf(std::size_t row) {
         ++unread_;
         addRemark(result.remark, "\"" + cost + "\" is no cost");
     }
-    checkLength("Description", record.Description, kItemWidth<&StockItemRecord::Description>,
-                result.remark);
-    checkLength("Vendor", record.Vendor, kItemWidth<&StockItemRecord::Vendor>, result.remark);
-    checkLength("Category", record.Category, kItemWidth<&StockItemRecord::Category>, result.remark);
-    checkLength("Unit", record.Unit, kItemWidth<&StockItemRecord::Unit>, result.remark);
+    if (!cut.empty()) addRemark(result.remark, cut);
     return result;
 }
 

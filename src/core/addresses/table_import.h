@@ -71,8 +71,7 @@ class TableImport {
     PreviewedAddress addressOf(std::size_t row);
     PreviewedItem itemOf(std::size_t row);
     std::string text(std::size_t row, std::size_t taken) const;
-    void checkLength(const char* field, const std::string& text, std::size_t most,
-                     std::string& remark);
+    void fit(const char* field, std::string& text, std::size_t most, std::string& remark);
     std::string importAddresses();
     std::string importItems();
 
