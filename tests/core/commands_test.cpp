@@ -60,7 +60,7 @@ TEST_F(CommandsTest, WhatACommandChangesIsShownOnceAtItsEnd) {
         {"new", [&] { editor.NewPO_Click(); }, both(both(kAnother, kList), kStock),
          yesNo("Create blank new order ?")},
         {"clear", [&] { editor.Clear_Click(); }, both(kAnother, kStock)},
-        {"save an item", [&] { saveItem("Bolt"); }, kStock},
+        {"save an item", [&] { saveItem("Bolt"); }, both(kStock, kItem)},
         {"pick an item's line", [&] { program().stock.StockGrid_Click(0); }, kItem},
         {"sort", [&] { program().savedOrders.sortBy(kVendorColumn); }, kList},
     };
