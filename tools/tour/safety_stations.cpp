@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMenu>
+#include <QProgressBar>
 
 namespace bramblet::tour {
 namespace {
@@ -79,17 +80,22 @@ void importContacts(Guide& guide, const QString& folder) {
     writeContacts(guide, file);
     guide.inDialog("mu_ImportKettleby", [&](QWidget& dialog) {
         guide.pictureWith("32-import", dialog);
+        if (guide.isEnabled("ImportKettlebyVendors")) guide.complain("There is nothing to import");
         guide.chooseFile(file);
         guide.click("Command1");
         guide.picture("33-import-file-chosen", dialog);
         guide.help("import", dialog);
         guide.pictureOfNext("34-imported", QMessageBox::Ok);
         guide.click("ImportKettlebyVendors");
+        if (!guide.text("ContactSummary").contains("in the address book already"))
+            guide.complain("The contacts are not shown as imported");
         guide.click("Close");
     });
     auto* const vendors = guide.find<QComboBox>("ToCombo");
     guide.press("ToCombo", Qt::Key_F4);
     guide.pictureWith("35-imported-vendors", *vendors->view()->window());
+    if (vendors->findText(kContacts.front().organization) < 0)
+        guide.complain("The contacts are not in the address book");
     vendors->hidePopup();
     Driver::settle();
     guide.onNextDialog([&](QWidget& dialog) {
@@ -125,6 +131,8 @@ void backUp(Guide& guide, const QString& folder) {
         guide.pictureOfNext("37-backup-completed", QMessageBox::Ok);
         guide.click("RunBackup");
         expectProgress(guide, "2026-03-04 162000\"");
+        const auto* const bar = guide.find<QProgressBar>("BackUpBar");
+        if (bar->value() != bar->maximum()) guide.complain("The backup's bar stands still");
         guide.picture("38-backup-done", dialog);
         guide.help("backup", dialog);
         guide.pictureOfNext("39-verified", QMessageBox::Ok, "verified");
@@ -141,6 +149,8 @@ void restore(Guide& guide, const QString& folder) {
         guide.picture("50-restore-nothing", dialog);
         guide.help("restore-nothing", dialog);
         guide.click("TakeNewest");
+        if (guide.control("BackUpWarning")->isVisible())
+            guide.complain("The warning is still shown");
         guide.pictureWith("50-restore", dialog);
         guide.help("restore", dialog);
         guide.pictureOfNext("51-restore-caution", QMessageBox::Yes, "restore-caution");
