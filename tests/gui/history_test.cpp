@@ -14,7 +14,7 @@ class HistoryTest : public Desk {
             click("SaveChanges");
         }
         for (const char* vendor : {"Acme", "Bolt", "Cole"})
-            saveVendor(vendor);
+            saveVendor(vendor, QString(vendor) + " Road");
         program->open.markSaved();
     }
     HistoryBox* box(const QString& name) { return driver->find<HistoryBox>(name); }
@@ -24,12 +24,18 @@ class HistoryTest : public Desk {
             listed.append(box(name)->itemText(i));
         EXPECT_EQ(listed, entries) << listed.join(", ");
     }
-    /// Types, and points at the first of the suggestions that come, which are returned.
-    QAbstractItemView* pointAtSuggestion(const QString& name, const QString& typed) {
+    /// Those that come when something is typed.
+    QAbstractItemView* suggestionsFor(const QString& name, const QString& typed) {
         type(name, "");
         QTest::keyClicks(box(name), typed);
         Driver::settle();
         QAbstractItemView* const suggestions = box(name)->completer()->popup();
+        EXPECT_TRUE(suggestions->isVisible());
+        return suggestions;
+    }
+    /// Types, and points at the first of the suggestions.
+    QAbstractItemView* pointAtSuggestion(const QString& name, const QString& typed) {
+        QAbstractItemView* const suggestions = suggestionsFor(name, typed);
         QTest::keyClick(suggestions, Qt::Key_Down);
         EXPECT_EQ(text(name), typed) << "only pointed at";
         return suggestions;
@@ -70,16 +76,21 @@ TEST_F(HistoryTest, TheListOffersWhatWasEnteredAndTypingIsNeverReplaced) {
     box("TermsEd")->hidePopup();
 }
 
-TEST_F(HistoryTest, ASuggestionPointedAtIsTakenByTabAndLeftByEscape) {
-    for (const auto& [name, typed, entry, field] :
-         {std::tuple("ByEd", "an", "Ann Smith", &Order::ByEd),
-          std::tuple("ToCombo", "ac", "Acme", &Order::ToCombo)}) {
+TEST_F(HistoryTest, ASuggestionIsTakenOnceItIsPointedAtUnlessItIsLeftByEscape) {
+    for (const auto& [name, typed, entry, field, address] :
+         {std::tuple("ByEd", "an", "Ann Smith", &Order::ByEd, "Cole Road"),
+          std::tuple("ToCombo", "olt", "Bolt", &Order::ToCombo, "Bolt Road")}) {
+        QTest::keyClick(suggestionsFor(name, typed), Qt::Key_Tab);
+        EXPECT_EQ(text(name), typed) << "points at none";
         QTest::keyClick(pointAtSuggestion(name, typed), Qt::Key_Escape);
-        EXPECT_EQ(text(name), typed);
-        QTest::keyClick(pointAtSuggestion(name, typed), Qt::Key_Tab);
-        Driver::settle();
-        EXPECT_EQ(text(name), entry);
-        EXPECT_EQ(order().*field, entry);
+        EXPECT_EQ(text(name) + text("ToField"), QString(typed) + "Cole Road");
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return}) {
+            QTest::keyClick(pointAtSuggestion(name, typed), key);
+            Driver::settle();
+            EXPECT_EQ(text(name), entry);
+            EXPECT_EQ(order().*field, entry);
+            EXPECT_EQ(text("ToField"), address);
+        }
     }
 }
 
