@@ -50,7 +50,7 @@ class Scrolling : public QScrollArea {
         setWidget(content);
     }
     QSize minimumSizeHint() const override {
-        constexpr QSize kMost(940, 600);
+        constexpr QSize kMost(1020, 640);
         return widget()->minimumSizeHint().boundedTo(kMost);
     }
 };
