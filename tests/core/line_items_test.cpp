@@ -177,13 +177,14 @@ TEST_F(LineItemsTest, PastedRowsBecomeOneTimeItems) {
     const std::string before = lines();
     program().lines.paste(" \n");
     expectSaid("The clipboard holds no lines to paste");
-    screen.onPastedLines = [](PastedLines&) { return false; };
+    screen.onPastedLines = [] { return false; };
     program().lines.paste("Saw");
     EXPECT_EQ(lines(), before);
 }
 
 TEST_F(LineItemsTest, WhatIsPastedCanBeChosenAndDoubtsAreTold) {
-    screen.onPastedLines = [](PastedLines& pasted) {
+    screen.onPastedLines = [this] {
+        PastedLines& pasted = program().lines.pasted();
         EXPECT_TRUE(pasted.table().headed());
         EXPECT_EQ(pasted.table().columns(),
                   (std::vector<std::string>{"A: Item", "B: Net", "C: Gross"}));

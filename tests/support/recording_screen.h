@@ -20,7 +20,7 @@ class RecordingScreen : public Screen {
     std::function<void()> onBackupProgress = [] {};
 
     /// Looks at the lines to be pasted; whether they are to be added.
-    std::function<bool(PastedLines& lines)> onPastedLines = [](PastedLines&) { return true; };
+    std::function<bool()> onPastedLines = [] { return true; };
 
     std::optional<LineEntry> lineAnswer;  ///< what the line dialog stores; none for Cancel
     std::string lastCaption;              ///< of the line dialog
@@ -39,7 +39,7 @@ class RecordingScreen : public Screen {
         lastEntry = entry;
         return lineAnswer;
     }
-    bool lookAtPastedLines(PastedLines& lines) override { return onPastedLines(lines); }
+    bool lookAtPastedLines() override { return onPastedLines(); }
     void showViewer() override { opened.push_back("viewer"); }
     void showHelp() override { opened.push_back("help"); }
     void showContactImport() override { opened.push_back("contact import"); }

@@ -1,7 +1,7 @@
 #include "core/orders/last_paid.h"
 
 #include "core/document/document_reader.h"
-#include "core/orders/line_items.h"
+#include "core/orders/order_lines.h"
 #include "core/platform/amount_text.h"
 #include "core/platform/dates.h"
 #include "core/platform/text.h"

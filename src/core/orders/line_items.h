@@ -2,52 +2,18 @@
 #pragma once
 
 #include "core/document/open_order.h"
-#include "core/platform/list_table.h"
+#include "core/orders/order_lines.h"
+#include "core/orders/pasted_lines.h"
 #include "core/platform/regional_formats.h"
 #include "core/settings/undo.h"
 #include "core/stock/stock_list.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace bramblet {
-
-/// What the dialog's Save stores from its boxes: texts trimmed, control characters (and, in the
-/// description, everything beyond ASCII) replaced by blanks, amounts reduced to digits, "." and
-/// ",".
-LineEntry storedEntry(const LineEntry& boxes);
-/// The same of a description alone.
-std::string storedDescription(const std::string& description);
-
-/// As `storedEntry`, but throws BoxFault when an amount cannot be read even then, or a unit cost is
-/// a division that has no `quotientIn`.
-LineEntry checkedEntry(const LineEntry& boxes, const RegionalFormats& formats);
-
-/// A one-time item, whose total is still empty.
-OrderLine specialLine(const LineEntry& entry);
-
-/// `quantity` × `unitCost` in the format "standard". Throws Fault for text that is not a number.
-std::string lineTotal(const std::string& quantity, const std::string& unitCost,
-                      const RegionalFormats& formats);
-
-/// The unit cost, with as few decimals (two to eight) as it takes, at which `quantity` costs
-/// `total`. Empty when one of them is not a number, or the quantity is 0.
-std::string unitCostFor(const std::string& total, const std::string& quantity,
-                        const RegionalFormats& formats);
-
-/// What a unit cost typed as a division comes to, "24.6717" for "567.45 / 23"; empty for any other
-/// text.
-std::string quotientIn(const std::string& unitCost, const RegionalFormats& formats);
-
-/// The lines as their grid shows them. Numbers are never cut short.
-class LineTable : public ListTable<OrderLine> {
-  public:
-    explicit LineTable(const RegionalFormats& formats);
-    /// Takes over the lines; false when it already holds these.
-    bool take(const std::vector<OrderLine>& lines);
-    std::string widest(int column) const override;
-};
 
 class LineItems {
   public:
@@ -83,6 +49,8 @@ class LineItems {
     /// Adds the rows of another program's table as one-time items, once the user has looked at
     /// them.
     void paste(const std::string& clipboard);
+    /// Those, while they are looked at.
+    PastedLines& pasted() { return *pasted_; }
 
   private:
     bool hasLine(int row) const;
@@ -97,6 +65,7 @@ class LineItems {
     Undo& undo_;
     OpenOrder& open_;
     const RegionalFormats& formats_;
+    std::optional<PastedLines> pasted_;
 };
 
 }  // namespace bramblet

@@ -1,48 +1,18 @@
 // The commands on the order shown: new, save, save as a copy, clear, open, and what goes with them.
 #pragma once
 
-#include "core/addresses/address_book.h"
-#include "core/document/open_order.h"
-#include "core/history/field_histories.h"
-#include "core/orders/kept_orders.h"
-#include "core/orders/last_paid.h"
-#include "core/orders/order_documents.h"
-#include "core/orders/order_index.h"
-#include "core/orders/saved_orders.h"
-#include "core/platform/clock.h"
-#include "core/settings/commands.h"
-#include "core/settings/settings.h"
-#include "core/settings/undo.h"
-#include "core/stock/stock_list.h"
+#include "core/orders/order_opening.h"
+#include "core/orders/order_saving.h"
 
 #include <filesystem>
-#include <optional>
 #include <string>
 
 namespace bramblet {
 
-/// What the commands work with; all of it outlives the editor.
-struct OrderWorkplace {
-    const FileSystem& files_;
-    Commands& commands_;
-    Undo& undo_;
-    Settings& settings_;
-    bool taxFreight_;
-    const RegionalFormats& formats_;
-    const Clock& clock_;
-    OpenOrder& open_;
-    AddressBook& addresses_;
-    FieldHistories& histories_;
-    const OrderIndex& index_;
-    SavedOrders& savedOrders_;
-    StockList& stock_;
-    OrderDocuments& documents_;
-    LastPaid& lastPaid_;
-};
-
 class OrderEditor : private OrderWorkplace {
   public:
-    explicit OrderEditor(const OrderWorkplace& workplace) : OrderWorkplace(workplace) {}
+    explicit OrderEditor(const OrderWorkplace& workplace)
+        : OrderWorkplace(workplace), opening_(workplace), saving_(workplace) {}
 
     void SaveChanges_Click();
     void NewPO_Click();
@@ -73,7 +43,7 @@ class OrderEditor : private OrderWorkplace {
     bool isDate(OrderField box) const { return index_.isDate(open_.order().*box); }
 
     /// Empties the order as the clear command does, but without marking it as changed.
-    void clearOrder();
+    void clearOrder() { opening_.clearOrder(); }
 
     /// Asks whether to save a changed order, and does so; the question calls its number the "Order"
     /// or "Bramblet" number, as `named` says.
@@ -85,31 +55,22 @@ class OrderEditor : private OrderWorkplace {
     /// Keeps what is unsaved of the order shown, without asking. Throws FileError.
     void keepUnsaved(const KeptOrders& kept) const;
     /// Writes the document of the order shown. Throws Fault.
-    void MakeSnap(const std::filesystem::path& path);
+    void MakeSnap(const std::filesystem::path& path) { saving_.MakeSnap(path); }
 
   private:
-    std::string unsavedDocument() const;
+    using Histories = OrderSaving::Histories;
+
     bool confirm(const std::string& question);
     void relistUnless(bool saved);
     void tellOfNumber();
     std::string doubtAboutNumber() const;
     void markReceived(bool received);
-    bool datesAreReadable() const;
-    // Each of these returns nothing or false after telling the user what went wrong.
-    bool checkDates();
-    std::optional<std::string> nextNumber();
-    enum class Histories { Remember, LeaveAlone };
-    bool write(Histories histories);
-    bool writeFiles(const std::filesystem::path& path, Histories histories);
-    bool saveAs(const std::string& number, Histories histories);
-    void LoadOrder(const std::string& orderNumber);
-    void loadKept(const std::filesystem::path& path);
-    void show(const std::string& document, const std::string& name);
-    Order clearedOrder() const;
     bool unclear(const OpenOrder::State& before, const AddressBook::Standing& addresses,
                  const OpenOrder::State& after);
     bool bringBackOrder(const OrderIndexRecord& deleted);
 
+    OrderOpening opening_;
+    OrderSaving saving_;
     bool numberDoubted_ = false;  ///< whether the status line warns against the number typed
 };
 

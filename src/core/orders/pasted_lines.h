@@ -2,7 +2,7 @@
 // holds what is guessed and can be chosen.
 #pragma once
 
-#include "core/orders/line_items.h"
+#include "core/orders/order_lines.h"
 #include "core/platform/source_table.h"
 
 #include <array>

@@ -7,8 +7,6 @@
 
 namespace bramblet {
 
-class PastedLines;
-
 /// What has to be shown anew.
 struct Views {
     bool order = false;         ///< its boxes, lines and totals, and what can be done with it
@@ -49,13 +47,13 @@ class Screen {
 
     /// Shows the line dialog under `caption`, with `entry` in its boxes. Returns what was stored,
     /// or nothing if the dialog was closed without storing. The dialog checks what it stores with
-    /// `checkedEntry` (line_items.h).
+    /// `checkedEntry` (order_lines.h).
     virtual std::optional<LineEntry> editLine(const LineEntry&, const std::string& /*caption*/) {
         return std::nullopt;
     }
 
     /// Shows what pasting would add, until the user agrees or not.
-    virtual bool lookAtPastedLines(PastedLines&) { return false; }
+    virtual bool lookAtPastedLines() { return false; }
 
     /// Shows the settings dialog until it is closed. While an order is viewed, it can rewrite the
     /// document shown.

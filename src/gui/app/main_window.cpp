@@ -318,8 +318,8 @@ std::optional<LineEntry> MainWindow::editLine(const LineEntry& entry, const std:
                           program_.commands, lossHint_, this);
 }
 
-bool MainWindow::lookAtPastedLines(PastedLines& lines) {
-    return showPasteDialog(lines, this);
+bool MainWindow::lookAtPastedLines() {
+    return showPasteDialog(program_.lines.pasted(), this);
 }
 
 void MainWindow::configure() {

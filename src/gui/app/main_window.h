@@ -65,7 +65,7 @@ class MainWindow : public QMainWindow, private Screen {
     void showCaption(const std::string& caption) override;
     void showLine(int row) override;
     std::optional<LineEntry> editLine(const LineEntry& entry, const std::string& caption) override;
-    bool lookAtPastedLines(PastedLines& lines) override;
+    bool lookAtPastedLines() override;
     void configure() override;
     void showSavedOrders() override;
     void showViewer() override;

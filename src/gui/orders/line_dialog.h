@@ -1,7 +1,7 @@
 // The dialog "Edit Line Item".
 #pragma once
 
-#include "core/orders/line_items.h"
+#include "core/orders/order_lines.h"
 
 #include <optional>
 #include <string>
@@ -11,6 +11,7 @@ class QWidget;
 
 namespace bramblet {
 
+class Commands;
 class LossHint;
 class PaidReader;
 
