@@ -2,29 +2,16 @@
 
 #include "core/platform/text.h"
 
-#include <algorithm>
 #include <array>
 
 namespace bramblet {
 namespace {
 
-using Preview = Column<PreviewedAddress>;
+using PreviewColumn = Column<PreviewedAddress>;
 
-/// The lines of an address in one line.
-std::string inOneLine(const std::string& address) {
-    std::string line;
-    for (std::size_t at = 0; at < address.size();) {
-        const std::size_t end = std::min(address.find_first_of("\r\n", at), address.size());
-        const std::string part = trimmed(withoutControls(address.substr(at, end - at)));
-        if (!part.empty()) line += (line.empty() ? "" : ", ") + part;
-        at = end + 1;
-    }
-    return line;
-}
-
-constexpr Preview column(ColumnLook look,
-                         std::string (*text)(const PreviewedAddress&, const RegionalFormats&)) {
-    Preview column{look};
+constexpr PreviewColumn column(ColumnLook look, std::string (*text)(const PreviewedAddress&,
+                                                                    const RegionalFormats&)) {
+    PreviewColumn column{look};
     column.text = text;
     return column;
 }
@@ -36,7 +23,7 @@ constexpr std::array kColumns{
            }),
     column({"Address", 36, true},
            [](const PreviewedAddress& row, const RegionalFormats&) {
-               return inOneLine(row.entry.address);
+               return joinedLines(row.entry.address, ", ");
            }),
     column({"Remark", 24, true},
            [](const PreviewedAddress& row, const RegionalFormats&) { return row.remark; }),
@@ -62,9 +49,6 @@ std::string KnownNames::kindOf(const std::string& name) const {
     return kinds.vendor ? "vendor" : kinds.destination ? "ship-to" : "";
 }
 
-AddressPreview::AddressPreview(const RegionalFormats& formats) : ListTable(formats) {
-    for (const auto& column : kColumns)
-        shown_.push_back(&column);
-}
+AddressPreview::AddressPreview(const RegionalFormats& formats) : Preview(formats, kColumns) {}
 
 }  // namespace bramblet

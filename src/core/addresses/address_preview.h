@@ -33,11 +33,9 @@ struct PreviewedAddress {
     std::string remark;
 };
 
-class AddressPreview : public ListTable<PreviewedAddress> {
+class AddressPreview : public Preview<PreviewedAddress> {
   public:
     explicit AddressPreview(const RegionalFormats& formats);
-
-    void show(std::vector<PreviewedAddress> rows) { rows_ = std::move(rows); }
 };
 
 }  // namespace bramblet

@@ -112,18 +112,6 @@ std::string joined(std::initializer_list<std::string> texts, const char* between
     return all;
 }
 
-/// The lines of a cell that may hold several.
-std::string linesOf(const std::string& cell) {
-    std::string lines;
-    for (std::size_t at = 0; at < cell.size();) {
-        const std::size_t end = std::min(cell.find_first_of("\r\n", at), cell.size());
-        const std::string line = trimmed(withoutControls(cell.substr(at, end - at)));
-        if (!line.empty()) lines += (lines.empty() ? "" : "\r\n") + line;
-        at = end + 1;
-    }
-    return lines;
-}
-
 void addRemark(std::string& remark, const std::string& more) {
     remark += (remark.empty() ? "" : "; ") + more;
 }
@@ -288,7 +276,7 @@ void TableImport::fit(const char* field, std::string& text, std::size_t most, st
 }
 
 PreviewedAddress TableImport::addressOf(std::size_t row) {
-    const auto line = [&](AddressPart part) { return linesOf(text(row, part)); };
+    const auto line = [&](AddressPart part) { return joinedLines(text(row, part), "\r\n"); };
     const auto labelled = [&](const char* label, AddressPart part) {
         const std::string number = line(part);
         return number.empty() ? number : label + number;

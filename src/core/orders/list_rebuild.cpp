@@ -145,15 +145,12 @@ std::string joined(const std::string& a, const std::string& b) {
 ListRebuild::ListRebuild(const FileSystem& files, Commands& commands, const OrderIndex& index,
                          SavedOrders& savedOrders, const OrderDocuments& documents,
                          const RegionalFormats& formats)
-    : ListTable(formats),
+    : ListTable(formats, kColumns),
       files_(files.withoutRetry()),
       commands_(commands),
       index_(index),
       savedOrders_(savedOrders),
-      documents_(documents) {
-    for (const auto& column : kColumns)
-        shown_.push_back(&column);
-}
+      documents_(documents) {}
 
 void ListRebuild::mu_RebuildOrderList_Click() {
     commands_.onData([&] {

@@ -94,10 +94,7 @@ bool isLater(const Spent& a, const Spent& b) {
 }  // namespace
 
 SpendingTable::SpendingTable(const RegionalFormats& formats, SpendingPart part)
-    : ListTable(formats) {
-    for (const auto& column : part == SpendingPart::ByVendor ? kVendorColumns : kMonthColumns)
-        shown_.push_back(&column);
-}
+    : ListTable(formats, part == SpendingPart::ByVendor ? kVendorColumns : kMonthColumns) {}
 
 void SpendingTable::take(std::vector<Spent> rows) {
     rows_ = std::move(rows);

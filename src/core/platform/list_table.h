@@ -11,7 +11,9 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace bramblet {
@@ -98,7 +100,12 @@ constexpr Column<Row> amountColumn(const char* heading, int characters,
 template <class Row>
 class ListTable : public Table {
   public:
-    explicit ListTable(const RegionalFormats& formats) : formats_(formats) {}
+    /// `columns`, which outlive the list, are shown from left to right.
+    explicit ListTable(const RegionalFormats& formats, std::span<const Column<Row>> columns = {})
+        : formats_(formats) {
+        for (const Column<Row>& column : columns)
+            shown_.push_back(&column);
+    }
 
     int rowCount() const override { return static_cast<int>(rows_.size()); }
     int columnCount() const override { return static_cast<int>(shown_.size()); }
@@ -187,6 +194,15 @@ class ListTable : public Table {
     static constexpr std::int64_t kUnit = 10000;  ///< 1, as Currency counts
 
     const Column<Row>& column(int place) const { return *shown_[static_cast<std::size_t>(place)]; }
+};
+
+/// What is about to happen, as a list to look at.
+template <class Row>
+class Preview : public ListTable<Row> {
+  public:
+    using ListTable<Row>::ListTable;
+
+    void show(std::vector<Row> rows) { this->rows_ = std::move(rows); }
 };
 
 }  // namespace bramblet

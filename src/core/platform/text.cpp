@@ -36,6 +36,17 @@ std::string withoutControls(std::string_view text) {
     return out;
 }
 
+std::string joinedLines(std::string_view text, std::string_view between) {
+    std::string joined;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find_first_of("\r\n", at), text.size());
+        const std::string line = trimmed(withoutControls(text.substr(at, end - at)));
+        if (!line.empty()) joined.append(joined.empty() ? "" : between).append(line);
+        at = end + 1;
+    }
+    return joined;
+}
+
 std::optional<std::uint32_t> plainNumber(std::string_view text) {
     std::uint32_t number = 0;
     const char* const end = text.data() + text.size();

@@ -40,6 +40,9 @@ std::string trimmedField(std::string_view field);
 /// The text with a blank for every control character, as the boxes of the windows hold it.
 std::string withoutControls(std::string_view text);
 
+/// The lines of a text without those that are blank, each trimmed, with `between` between them.
+std::string joinedLines(std::string_view text, std::string_view between);
+
 /// Upper case by the letters of the code page (é becomes É).
 std::string upper(std::string_view text);
 void makeUpper(std::string& text);

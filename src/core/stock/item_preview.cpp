@@ -7,11 +7,11 @@
 namespace bramblet {
 namespace {
 
-using Preview = Column<PreviewedItem>;
+using PreviewColumn = Column<PreviewedItem>;
 
 template <std::string StockItemRecord::*Field>
-constexpr Preview text(ColumnLook look) {
-    Preview column{look};
+constexpr PreviewColumn text(ColumnLook look) {
+    PreviewColumn column{look};
     column.text = [](const PreviewedItem& row, const RegionalFormats&) {
         return row.item.record.*Field;
     };
@@ -24,7 +24,7 @@ constexpr std::array kColumns{
     text<&StockItemRecord::Unit>({"Unit", 8}),
     text<&StockItemRecord::Description>({"Description", 28, true}),
     [] {
-        Preview column{{"Unit Cost", 12, false, Align::Right}};
+        PreviewColumn column{{"Unit Cost", 12, false, Align::Right}};
         column.amount = [](const PreviewedItem& row) { return row.item.record.UnitCost; };
         column.amountText = [](Currency cost, const RegionalFormats& formats) {
             return exactText(cost, formats);
@@ -32,7 +32,7 @@ constexpr std::array kColumns{
         return column;
     }(),
     [] {
-        Preview column{{"Remark", 24, true}};
+        PreviewColumn column{{"Remark", 24, true}};
         column.text = [](const PreviewedItem& row, const RegionalFormats&) { return row.remark; };
         return column;
     }(),
@@ -40,9 +40,6 @@ constexpr std::array kColumns{
 
 }  // namespace
 
-ItemPreview::ItemPreview(const RegionalFormats& formats) : ListTable(formats) {
-    for (const auto& column : kColumns)
-        shown_.push_back(&column);
-}
+ItemPreview::ItemPreview(const RegionalFormats& formats) : Preview(formats, kColumns) {}
 
 }  // namespace bramblet

@@ -51,11 +51,9 @@ struct PreviewedItem {
     std::string remark;
 };
 
-class ItemPreview : public ListTable<PreviewedItem> {
+class ItemPreview : public Preview<PreviewedItem> {
   public:
     explicit ItemPreview(const RegionalFormats& formats);
-
-    void show(std::vector<PreviewedItem> rows) { rows_ = std::move(rows); }
 };
 
 }  // namespace bramblet
