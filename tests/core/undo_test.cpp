@@ -178,6 +178,13 @@ TEST_F(UndoTest, DeletedAddressesComeBackToTheirPlacesAndBoxes) {
     newOrder();
     undo("\"Ames Ltd\" is back in the address book");
     EXPECT_EQ(order().ToCombo, "") << "it was deleted from another order";
+
+    typeName(Vendor, "Nobody");
+    program().addresses.Delete_Click(Vendor);
+    EXPECT_EQ(screen.lastLine, "Address \"Nobody\" was not in the address book.");
+    EXPECT_EQ(order().ToCombo + what(), "emptying the boxes");
+    undo();
+    EXPECT_EQ(order().ToCombo, "Nobody");
 }
 
 TEST_F(UndoTest, AnAddressEnteredAnewMeanwhileStaysAndTheDeletedOneIsNamedApart) {

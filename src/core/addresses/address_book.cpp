@@ -273,9 +273,14 @@ void AddressBook::remove(const std::string& name, const std::function<void()>& a
         Icon::Stop);
     if (!done) return;
     after();
-    undo_.offer(deletionOf(called("address", removedName), [=, this, now = open_.state()] {
+    Undo::Step step = deletionOf(called("address", removedName), [=, this, now = open_.state()] {
         return putBack(removed, before, standing, now);
-    }));
+    });
+    if (removed.empty()) {  // a name that was typed, or that a colleague has removed
+        step.done = called("Address", removedName) + " was not in the address book.";
+        step.what = "emptying the boxes";
+    }
+    undo_.offer(std::move(step));
 }
 
 /// Under their old name, the addresses also come back into the boxes that the removal has emptied.
