@@ -59,9 +59,10 @@ TEST(OtherPrograms, PythonReadsTheListOfOrdersAsItIs) {
               "3 {12} ['000123', '', '3/4/2026', 'Nails, Bolts\\r\\nand More, Ltd', 'Café €', '', "
               "'$1,298.13', '$0.00', '$0.00', '$0.00', '$0.00', '$0.00']\n");
     order.Vendor = "5\" \"Nails\", Bolts";
+    order.Job = "=1+1";
     records.put(0, encodeRecord(kOrderIndexLayout, order));
     EXPECT_EQ(readBy("utf-8-sig", ordersForSpreadsheet(records, {})),
-              "3 {14} ['000123', '', '2026-03-04', '5\" \"Nails\", Bolts', 'Café €', '', "
+              "3 {14} ['000123', \"'=1+1\", '2026-03-04', '5\" \"Nails\", Bolts', 'Café €', '', "
               "'1298.13', '0', '0', '0', '0', '0', 'Purchase Order', 'no']\n");
 }
 

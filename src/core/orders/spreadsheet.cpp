@@ -59,7 +59,10 @@ SpreadsheetText::SpreadsheetText(const RegionalFormats& formats)
       text_(kUtf8Mark) {}
 
 void SpreadsheetText::addText(std::string_view text) {
+    constexpr std::string_view kFormulaStarts = "=+-@";
     std::string cell = "\"";
+    // A spreadsheet would calculate it, or show an error in its place.
+    if (!text.empty() && kFormulaStarts.find(text.front()) != std::string_view::npos) cell += '\'';
     for (const char c : withoutControls(text)) {
         if (c == '"') cell += '"';
         cell += c;

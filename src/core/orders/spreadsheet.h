@@ -1,7 +1,7 @@
 // The orders, or their lines, in the form that every spreadsheet reads as it is meant: UTF-8 with a
-// mark, texts in quotes with quotes in them doubled, numbers without a currency sign or groups, and
-// dates as 2026-03-04. Where the decimal point is a comma, the cells are divided by semicolons, as
-// spreadsheets expect there.
+// mark, texts in quotes with quotes in them doubled and an apostrophe before what looks like a
+// formula, numbers without a currency sign or groups, and dates as 2026-03-04. Where the decimal
+// point is a comma, the cells are divided by semicolons, as spreadsheets expect there.
 #pragma once
 
 #include "core/document/order.h"
