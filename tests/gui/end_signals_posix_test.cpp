@@ -57,6 +57,22 @@ TEST_F(EndSignals, KeepTheOrderAndTheSettings) {
     EXPECT_EQ(trimmedField(program->settings.NumberPrefix), "X-");
 }
 
+TEST_F(EndSignals, TheEndOfASessionAsksWhereItMay) {
+    const auto mayAsk = [] { return true; };
+    EXPECT_TRUE(window->endSession([] { return ADD_FAILURE() << "nothing to ask", true; }));
+    type("JobNumberEd", "17");
+    driver->answer("Save changes to Bramblet Number 000001 ?", QMessageBox::Cancel);
+    EXPECT_FALSE(window->endSession(mayAsk));
+    EXPECT_TRUE(kept().isEmpty());
+    driver->answer("Save changes to Bramblet Number 000001 ?", QMessageBox::Yes);
+    EXPECT_TRUE(window->endSession(mayAsk));
+    EXPECT_FALSE(program->open.OrderDirty());
+    type("JobNumberEd", "18");
+    EXPECT_TRUE(window->endSession([] { return false; }));
+    EXPECT_EQ(kept(), QStringList{"000001 unsaved 2026-03-04 143005.htm"});
+    open();
+}
+
 TEST_F(EndSignals, GiveUpWhatIsUnderWay) {
     const auto inDialogOf = [&](const std::function<void()>& command) {
         driver->onNextDialog([](QWidget&) { std::raise(SIGTERM); });

@@ -16,6 +16,7 @@
 #include <QFileSystemWatcher>
 #include <QIcon>
 #include <QMessageBox>
+#include <QSessionManager>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -99,8 +100,12 @@ int main(int argc, char** argv) {
 
     application.window = &window;
     onSystemLook(window, [] { applyTheme(systemTheme()); });
-    QObject::connect(&application, &QApplication::commitDataRequest, &window,
-                     &MainWindow::endSession, Qt::DirectConnection);
+    const auto endSession = [&window](QSessionManager& session) {
+        if (!window.endSession([&] { return session.allowsInteraction(); })) session.cancel();
+        session.release();
+    };
+    QObject::connect(&application, &QApplication::commitDataRequest, &window, endSession,
+                     Qt::DirectConnection);
     // At the end of a session Windows lets nothing come after this.
     QObject::connect(&application, &QApplication::aboutToQuit, [&home] { home.leave(); });
 #ifndef _WIN32

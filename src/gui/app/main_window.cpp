@@ -26,7 +26,6 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QScrollArea>
-#include <QSessionManager>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -133,14 +132,12 @@ void MainWindow::tryToEnd() {
     }
 }
 
-void MainWindow::endSession(QSessionManager& session) {
+bool MainWindow::endSession(const std::function<bool()>& mayAsk) {
     const bool idle = !program_.commands.running() && QApplication::activeModalWidget() == nullptr;
-    if (idle && program_.open.OrderDirty() && session.allowsInteraction()) {
-        if (program_.leave(placeOfMainWindow(*this)) != Program::Leave::Now) session.cancel();
-        session.release();
-    } else {
-        program_.leaveUnasked(placeOfMainWindow(*this));
-    }
+    if (idle && program_.open.OrderDirty() && mayAsk())
+        return program_.leave(placeOfMainWindow(*this)) == Program::Leave::Now;
+    program_.leaveUnasked(placeOfMainWindow(*this));
+    return true;
 }
 
 /// What nobody is waiting for is done once the window has been painted.

@@ -13,7 +13,6 @@
 #include <QPointer>
 
 class QLabel;
-class QSessionManager;
 class QToolButton;
 class QUrl;
 
@@ -40,7 +39,8 @@ class MainWindow : public QMainWindow, private Screen {
     /// Ends the program, asking nothing, as soon as the command under way is finished or given up.
     void end();
     /// The session on this machine is about to end: asks about an unsaved order if that is allowed.
-    void endSession(QSessionManager& session);
+    /// Returns false if the session has to go on.
+    bool endSession(const std::function<bool()>& mayAsk);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
