@@ -166,6 +166,13 @@ TEST_F(OrderDocumentsTest, AKeptOrderIsOpenedAndGetsANumberOfItsOwn) {
     EXPECT_EQ(storedBy("000001"), "Dee");
     EXPECT_TRUE(contains(kept(), "000001 2026-03-04 143005 2.htm by Cy")) << kept();
 
+    type(&Order::ByEd, "Fay");
+    prompts.expectChoice("", data("kept") / "000001 2026-03-04 143005.htm");
+    prompts.expectSaying("Save changes to Bramblet Number 000001 ?", Answer::Cancel);
+    editor().openKeptOrder();
+    EXPECT_EQ(order().ByEd, "Fay");
+    saveBy("Dee");
+
     prompts.expectChoice("", data("kept") / "none.htm");
     prompts.expectSaying("The kept order none.htm cannot be opened: File not found");
     editor().openKeptOrder();

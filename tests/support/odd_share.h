@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -21,6 +22,8 @@ struct Oddities {
     bool tellsSizes = true;     ///< of the disk and what is free of it
     bool exchanges = true;      ///< renames without replacing, and exchanges names
     bool tellsKinds = true;     ///< whether an entry of a folder is a file
+    int secondsAhead = 0;       ///< of the clock
+    std::function<void()> afterRead = {};  ///< what another desk does after the next read
 };
 inline Oddities oddities;
 
