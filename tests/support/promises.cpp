@@ -75,13 +75,20 @@ bool areLinesGood(const std::string& before, const std::string& after, const std
     return now.starts_with(before) && after.starts_with(now) && now.ends_with("\r\n");
 }
 
-/// Whether a table has only rows of another: what could not be read for it is left out, and told.
-bool hasRowsOf(const std::string& table, const std::string& whole) {
-    std::istringstream rows(table);
-    for (std::string row; std::getline(rows, row);) {
-        if (whole.find(row + '\n') == std::string::npos) return false;
+/// Whether a table lacks nothing but all rows of some orders, whose documents could not be read.
+bool lacksOnlyWholeOrders(const std::string& table, const std::string& whole) {
+    std::istringstream has(table), meant(whole);
+    std::set<std::string> there, lacking;
+    std::string next, row;
+    std::getline(has, next);
+    while (std::getline(meant, row)) {
+        const bool isThere = has && row == next;
+        (isThere ? there : lacking).insert(row.substr(0, row.find_first_of(",;")));
+        if (isThere) std::getline(has, next);
     }
-    return table.ends_with('\n');
+    const auto isThere = [&](const std::string& order) { return there.contains(order); };
+    return !has && table.ends_with('\n') && table.starts_with(whole.substr(0, whole.find('\n'))) &&
+           std::none_of(lacking.begin(), lacking.end(), isThere);
 }
 
 bool isWholeOrder(const std::string& document, const std::string& path) {
@@ -144,7 +151,7 @@ std::string Course::broken(const Files& now, bool torn) const {
                 good = is->empty() ? old == nullptr
                                    : areLinesGood(at(before, path), at(after, path), *is, torn);
             else if (path.ends_with(".csv"))
-                good = meant != nullptr && hasRowsOf(*is, *meant);
+                good = meant != nullptr && lacksOnlyWholeOrders(*is, *meant);
             else if (isKept(path))
                 good = std::any_of(paths.begin(), paths.end(), [&](const auto& other) {
                     const auto name = std::filesystem::path(path).filename();
