@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QPainter>
+#include <QStatusBar>
 
 #include <iostream>
 
@@ -71,6 +72,11 @@ void Guide::pictureOfNext(const QString& file, QMessageBox::StandardButton butto
         if (!helpFile.isEmpty()) help(helpFile, dialog);
         qobject_cast<QMessageBox*>(&dialog)->button(button)->click();
     });
+}
+
+void Guide::expectStatus(const QString& start) {
+    const QString line = window_.statusBar()->currentMessage();
+    if (!line.startsWith(start)) complain("The status line says \"" + line + "\"");
 }
 
 void Guide::help(const QString& file, QWidget& window) {

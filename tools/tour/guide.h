@@ -36,6 +36,9 @@ class Guide : public Driver {
     void pictureOfNext(const QString& file, QMessageBox::StandardButton button,
                        const QString& helpFile = {});
 
+    /// Complains unless the status line begins with a text.
+    void expectStatus(const QString& start);
+
     /// A picture for the help: a whole window, or the part of it that holds some controls.
     void help(const QString& file, QWidget& window);
     void help(const QString& file, const std::vector<const char*>& controls);

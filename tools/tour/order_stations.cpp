@@ -1,5 +1,7 @@
 // The stations in the main window: addresses, orders, the catalogue.
 
+#include "gui/platform/qt_text.h"
+#include "gui/platform/theme.h"
 #include "tour/sample_company.h"
 #include "tour/stations.h"
 
@@ -252,12 +254,30 @@ void longRequest(Guide& guide) {
     guide.click("ViewExisting");
 }
 
+void typeWhatWillNotPrint(Guide& guide) {
+    guide.type("CommentsEd", u"Boards of \u2265 8 ft"_s);
+    guide.expectStatus(u"Orders cannot hold the character \"\u2265\""_s);
+    guide.picture("01-will-not-print");
+    guide.type("CommentsEd", "");
+}
+
 void sizes(Guide& guide) {
     guide.clickCell("POGrid", 4, 3);
     guide.window().resize(1024, 700);
     guide.picture("30-at-1024x700");
     guide.window().resize(1920, 1040);
     guide.picture("31-maximised");
+}
+
+void followDesktop(Guide& guide) {
+    const Theme own = themeLike(QApplication::palette());
+    for (const Theme theme : kThemes) {
+        applyTheme(theme);
+        Driver::settle();
+        guide.picture("61-desktop-" + QString::number(static_cast<int>(theme)));
+    }
+    applyTheme(own);
+    Driver::settle();
 }
 
 void takeOver(Guide& guide, const QString& file) {

@@ -142,6 +142,11 @@ void backUp(Guide& guide, const QString& folder) {
     });
 }
 
+void beReminded(Guide& guide) {
+    guide.expectStatus("The last backup is 10 days old");
+    guide.picture("60-reminded-of-backup");
+}
+
 void restore(Guide& guide, const QString& folder) {
     guide.inDialog("mu_DataRestore", [&](QWidget& dialog) {
         guide.chooseFile(folder);

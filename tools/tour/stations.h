@@ -5,6 +5,8 @@
 
 namespace bramblet::tour {
 
+/// Types a character that no order can hold, and takes it back.
+void typeWhatWillNotPrint(Guide& guide);
 /// Chooses the letterhead, which lies in `artwork`, and enters the company's name and address.
 void setUpCompany(Guide& guide);
 void typeAddresses(Guide& guide);
@@ -36,6 +38,11 @@ void importContacts(Guide& guide, const QString& folder);
 void importTable(Guide& guide, const QString& folder);
 /// Backs the data up to `folder`, and compares the two.
 void backUp(Guide& guide, const QString& folder);
+
+/// In the first office, ten days later.
+void beReminded(Guide& guide);
+/// The desktop changes its colours while the program runs.
+void followDesktop(Guide& guide);
 
 /// In a second office: restores the first one's backup.
 void restore(Guide& guide, const QString& folder);

@@ -29,17 +29,16 @@ namespace bramblet::tour {
 namespace {
 
 constexpr CivilDate kTourDay{2026, 3, 4};
+constexpr CivilDate kLater{2026, 3, 14};
 constexpr int kTourSecond = (16 * 60 + 20) * 60;  // of the day: twenty past four
 
-/// Starts the program in a home folder of its own and takes it along `road`, which gets its window
-/// and its data folder.
-QString inOffice(const QString& documents,
+/// Starts the program in a home folder of its own on a `day` and takes it along `road`, which gets
+/// its window and its data folder.
+QString inOffice(const QString& documents, const CivilDate& day,
                  const std::function<void(MainWindow&, const QString& data)>& road) {
-    QDir(documents).removeRecursively();
-    QDir().mkpath(documents);
     DialogPrompts prompts;
     Waiting waiting;
-    const Clock clock{[] { return *toDayCount(kTourDay); }, [&] { waiting.waitOneSecond(); },
+    const Clock clock{[&] { return *toDayCount(day); }, [&] { waiting.waitOneSecond(); },
                       [] { return kTourSecond; }};
     QuietDesktop desktop;
     Program program({desktop, pathFromQt(documents), RegionalFormats{}, clock,
@@ -73,6 +72,7 @@ bool throughFirstOffice(MainWindow& window, const Album& album) {
     window.activateWindow();
     Driver::settle();
     guide.picture("01-first-start");
+    typeWhatWillNotPrint(guide);
     setUpCompany(guide);
     typeAddresses(guide);
     writeOrders(guide);
@@ -100,18 +100,36 @@ bool throughSecondOffice(MainWindow& window, const Album& album, const QString& 
     return guide.good();
 }
 
+bool backInFirstOffice(MainWindow& window, const Album& album) {
+    Guide guide(window, album);
+    window.resize(1100, 760);
+    window.activateWindow();
+    Driver::settle();
+    beReminded(guide);
+    followDesktop(guide);
+    return guide.good();
+}
+
 int runTour(const Album& album) {
     const QString& folder = album.folder();
     for (const char* file :
          {"/catalogue.sid", "/contacts.dat", "/pricelist.csv", "/orders.csv", "/request.pdf"})
         QFile::remove(folder + file);
     QDir(backupFolder(album)).removeRecursively();
+    const QString first = folder + "/documents", second = folder + "/second-office";
+    for (const QString& office : {first, second}) {
+        QDir(office).removeRecursively();
+        QDir().mkpath(office);
+    }
     bool good = layOutArtwork(folder + "/artwork");
-    const QString data = inOffice(folder + "/documents", [&](MainWindow& window, const QString&) {
+    const QString data = inOffice(first, kTourDay, [&](MainWindow& window, const QString&) {
         good = throughFirstOffice(window, album) && good;
     });
-    inOffice(folder + "/second-office", [&](MainWindow& window, const QString& its) {
+    inOffice(second, kTourDay, [&](MainWindow& window, const QString& its) {
         good = throughSecondOffice(window, album, its) && good;
+    });
+    inOffice(first, kLater, [&](MainWindow& window, const QString&) {
+        good = backInFirstOffice(window, album) && good;
     });
     std::cout << "The pictures are in " << qPrintable(QDir(folder).absolutePath())
               << "\nThe sample company's data folder is " << qPrintable(data) << std::endl;
