@@ -141,24 +141,18 @@ const std::vector<std::pair<std::string, OrderField>> kBoxes{
     {"via", &Order::ShipViaEd},     {"fob", &Order::FOBEd},       {"terms", &Order::TermsEd},
     {"comment", &Order::CommentsEd}};
 
-std::string documentOf(const std::string& text) {
-    Order order;
-    order.PONoEd = "000123";
+std::string everywhere(const std::string& text) {
+    Order order = orderWith({{&Order::PONoEd, "000123"}});
     for (const auto& [box, field] : kBoxes)
         order.*field = box + text;
     for (const OrderField longer : {&Order::ToField, &Order::ShipToField, &Order::CommentsEd})
         order.*longer += "\r\nsecond-" + order.*longer;
-    order.lines = {{"1", "", "", "unit" + text, "description" + text, "1.00", "1.00", "special"},
-                   {"2", "", "", "ea", "last" + text, "1.00", "2.00", "special"}};
-    Settings settings = defaultSettings({});
-    settings.FontName = "DejaVu Sans";
-    settings.SigLineSpace = 5;
-    settings.UseTopGraphic = "N";
-    settings.IDText1 = "company" + text;
+    order.lines = {lineOf("description" + text), lineOf("last" + text)};
+    order.lines.front()[kUnit] = "unit" + text;
+    Settings settings = formOf("company" + text);
     settings.IDText2 = "street" + text;
     settings.NumberPrefix = "prefix" + text;
-    TotalUp(order, false, {});
-    return orderDocument(order, {settings, false, {}});
+    return documentOf(std::move(order), settings);
 }
 
 TEST(OtherPrograms, APdfHoldsWhatWasTypedIntoEveryBox) {
@@ -178,7 +172,7 @@ TEST(OtherPrograms, APdfHoldsWhatWasTypedIntoEveryBox) {
           " \"quoted\" 'too' & co; R&D; &", " office, affluent, fjord", " <a> <img> <a name>",
           " \xC4\xD6\xDC \x80 \x93x\x94"}) {
         const std::string typed = squeezed(toQt(text));
-        const std::string pdf = squeezed(textOfPdf(documentOf(text)));
+        const std::string pdf = squeezed(textOfPdf(everywhere(text)));
         const auto holds = [&](const std::string& part) {
             return pdf.find(part) != std::string::npos;
         };
@@ -234,15 +228,18 @@ TEST_F(XdgTools, FilesAreOpenedAndAFailureIsSeen) {
 }
 
 TEST_F(XdgTools, AToolThatBecomesTheProgramIsLeftToItself) {
-    const std::filesystem::path alive = folder / "alive";
+    const std::filesystem::path process = folder / "process";
     const std::filesystem::path closed = folder / "closed";
     tool("xdg-open", "until [ -e '" + closed.string() +
-                         "' ]; do sleep 0.1; done; echo noise >&2 && touch '" + alive.string() +
-                         "'");
+                         "' ]; do sleep 0.1; done; echo noise >&2 && echo $$ > '" +
+                         process.string() + "'");
     EXPECT_TRUE(desktop.open("/data/Orders.csv"));
-    EXPECT_FALSE(std::filesystem::exists(alive));
+    EXPECT_FALSE(std::filesystem::exists(process));
     writeFile(closed, "");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(alive); }, 10000));
+    const auto number = [&] { return QString::fromStdString(contentOf(process)); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return number().endsWith('\n'); }, 10000));
+    const QString running = "/proc/" + number().trimmed();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !QFile::exists(running); }, 10000));
 }
 
 TEST_F(XdgTools, MailIsComposedWithItsAttachments) {

@@ -203,17 +203,13 @@ TEST_F(PagesTest, HostileDocumentsAreLaidOut) {
 }
 
 std::string headed(const std::string& company, const std::string& width) {
-    Order order;
-    order.PONoEd = "000123";
-    order.lines.push_back({"1", "", "", "ea", "office files", "1.00", "1.00", "special"});
-    Settings settings;
-    settings.FontName = "DejaVu Sans";
+    Order order = orderWith({{&Order::PONoEd, "000123"}});
+    order.lines.push_back(lineOf("office files"));
+    Settings settings = formOf(company);
     settings.FormWidth = width;
     settings.TopGraphic = company;
     settings.UseTopGraphic = company.ends_with(".png") ? "Y" : "N";
-    settings.IDText1 = company;
-    TotalUp(order, false, {});
-    return orderDocument(order, {settings, false, {}});
+    return documentOf(std::move(order), settings);
 }
 
 /// A picture's file.

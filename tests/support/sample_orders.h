@@ -17,24 +17,36 @@ inline Order orderWith(const std::vector<std::pair<OrderField, std::string>>& te
     return order;
 }
 
-/// An order of many lines, some with long descriptions.
-inline std::string longDocument(int lines) {
-    Order order = orderWith({{&Order::PONoEd, "000200"}});
-    for (int i = 1; i <= lines; ++i) {
-        const std::string number = std::to_string(i);
-        const std::string more = i % 7 == 0 ? " with a description of many words that goes on" : "";
-        order.lines.push_back({"1", "", "", "ea", "Item-" + number + "-" + more + more + more,
-                               "1.00", "1.00", "special"});
-    }
+inline OrderLine lineOf(const std::string& description) {
+    return {"1", "", "", "ea", description, "1.00", "1.00", "special"};
+}
+
+/// A form with a company's name, in a font that is on every machine.
+inline Settings formOf(const std::string& company) {
     Settings settings;
     settings.SigLineSpace = 23;
     settings.DescriptionLineLength = 65;
     settings.FontName = "DejaVu Sans";
     settings.FormWidth = "640";
     settings.UseTopGraphic = "N";
-    settings.IDText1 = "Larkfield Joinery";
+    settings.IDText1 = company;
+    return settings;
+}
+
+inline std::string documentOf(Order order, const Settings& settings) {
     TotalUp(order, false, {});
     return orderDocument(order, {settings, false, {}});
+}
+
+/// An order of many lines, some with long descriptions.
+inline std::string longDocument(int lines) {
+    Order order = orderWith({{&Order::PONoEd, "000200"}});
+    for (int i = 1; i <= lines; ++i) {
+        const std::string number = std::to_string(i);
+        const std::string more = i % 7 == 0 ? " with a description of many words that goes on" : "";
+        order.lines.push_back(lineOf("Item-" + number + "-" + more + more + more));
+    }
+    return documentOf(std::move(order), formOf("Larkfield Joinery"));
 }
 
 /// How often a part occurs in a text.
