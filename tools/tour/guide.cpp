@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStatusBar>
+#include <QTest>
 
 #include <iostream>
 
@@ -75,8 +76,10 @@ void Guide::pictureOfNext(const QString& file, QMessageBox::StandardButton butto
 }
 
 void Guide::expectStatus(const QString& start) {
-    const QString line = window_.statusBar()->currentMessage();
-    if (!line.startsWith(start)) complain("The status line says \"" + line + "\"");
+    constexpr int kPatience = 5000;  // milliseconds: some lines come when nothing else goes on
+    const auto line = [&] { return window_.statusBar()->currentMessage(); };
+    if (!QTest::qWaitFor([&] { return line().startsWith(start); }, kPatience))
+        complain("The status line says \"" + line() + "\"");
 }
 
 void Guide::help(const QString& file, QWidget& window) {

@@ -36,7 +36,7 @@ class Guide : public Driver {
     void pictureOfNext(const QString& file, QMessageBox::StandardButton button,
                        const QString& helpFile = {});
 
-    /// Complains unless the status line begins with a text.
+    /// Complains unless the status line begins with a text soon.
     void expectStatus(const QString& start);
 
     /// A picture for the help: a whole window, or the part of it that holds some controls.

@@ -258,6 +258,7 @@ void typeWhatWillNotPrint(Guide& guide) {
     guide.type("CommentsEd", u"Boards of \u2265 8 ft"_s);
     guide.expectStatus(u"Orders cannot hold the character \"\u2265\""_s);
     guide.picture("01-will-not-print");
+    guide.help("character", {"FindEd", "HideOrders", "Label16"});
     guide.type("CommentsEd", "");
 }
 
@@ -275,6 +276,7 @@ void followDesktop(Guide& guide) {
         applyTheme(theme);
         Driver::settle();
         guide.picture("61-desktop-" + QString::number(static_cast<int>(theme)));
+        if (theme == Theme::Dark) guide.help("dark", guide.window());
     }
     applyTheme(own);
     Driver::settle();

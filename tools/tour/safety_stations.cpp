@@ -145,6 +145,7 @@ void backUp(Guide& guide, const QString& folder) {
 void beReminded(Guide& guide) {
     guide.expectStatus("The last backup is 10 days old");
     guide.picture("60-reminded-of-backup");
+    guide.help("reminder", {"FindEd", "HideOrders", "Label16"});
 }
 
 void restore(Guide& guide, const QString& folder) {
