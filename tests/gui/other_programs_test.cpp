@@ -2,6 +2,7 @@
 
 #include "core/orders/csv_export.h"
 #include "core/orders/spreadsheet.h"
+#include "gui/desk.h"
 #include "gui/document/order_sheet.h"
 #include "gui/platform/qt_text.h"
 #include "gui/platform/system_desktop.h"
@@ -135,6 +136,29 @@ TEST(OtherPrograms, APdfHoldsTheTextOfTheDocumentOnce) {
 }
 
 /// The boxes that take any text, with a name for each to stand before it.
+class Paper : public Desk {};
+
+TEST_F(Paper, GetsWhatTheViewerShows) {
+    addLine("2", "Nails, 40 mm", "12.50");
+    const QString file = pathToQt(documents / "printed.pdf");
+    const auto print = [&](bool agreed) {
+        driver->onNextDialog([&, agreed](QWidget& dialog) {
+            driver->pick("printers", "Print to File (PDF)");
+            driver->type("filename", file);
+            agreed ? qobject_cast<QDialog*>(&dialog)->accept() : void(dialog.close());
+        });
+        driver->trigger("mu_Print");
+        return QFile::exists(file);
+    };
+    driver->inDialog("MakeOrder", [&](QWidget& viewer) {
+        EXPECT_FALSE(print(false));
+        EXPECT_TRUE(print(true));
+        viewer.close();
+    });
+    EXPECT_TRUE(outputOf("pdftotext", {"-raw", file, "-"}).contains("2 ea Nails, 40 mm"));
+    EXPECT_EQ(window->statusBar()->currentMessage(), "");
+}
+
 const std::vector<std::pair<std::string, OrderField>> kBoxes{
     {"vendor", &Order::ToCombo},    {"address", &Order::ToField}, {"ship-to", &Order::ShipToCombo},
     {"dock", &Order::ShipToField},  {"job", &Order::JobNumberEd}, {"by", &Order::ByEd},
