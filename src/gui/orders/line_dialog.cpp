@@ -44,7 +44,8 @@ class EditLineDialog : public QDialog {
             u"What is ordered; it is printed on one line or more as it needs."_s);
         description_->installEventFilter(this);
         description_->setMinimumWidth(fontMetrics().averageCharWidth() * 62);
-        description_->setFixedHeight(fontMetrics().lineSpacing() * 4 + 14);
+        description_->setFixedHeight(
+            qMax(fontMetrics().lineSpacing() * 4 + 14, description_->minimumSizeHint().height()));
         description_->selectAll();
         unit_->setEntries(units);
         showText(unit_->lineEdit(), toQt(entry.unit));
