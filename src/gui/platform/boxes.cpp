@@ -20,6 +20,14 @@ namespace bramblet {
 QLabel* boxLabel(const QString& caption, QWidget* buddy) {
     auto* label = new QLabel(caption);
     label->setBuddy(buddy);
+    // The letter underlined is painted by itself: what kerning saves in the caption as a whole, for
+    // which a label makes room, would be cut off at its end.
+    if (const auto mark = caption.indexOf(u'&'); mark >= 0) {
+        const QFontMetrics letters = label->fontMetrics();
+        label->setMinimumWidth(letters.horizontalAdvance(caption.left(mark)) +
+                               letters.horizontalAdvance(caption.mid(mark + 1, 1)) +
+                               letters.horizontalAdvance(caption.mid(mark + 2)));
+    }
     label->setObjectName(buddy->objectName() + u"Label"_s);
     return label;
 }
