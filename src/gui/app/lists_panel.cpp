@@ -40,8 +40,10 @@ QLayout* ListsPanel::makeBar() {
                              [this] { showAll(); });
     shownOnly_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     label_ = namedLabel("BottomLabel");
-    count_ = elidedLabel("ListCount");
-    total_ = elidedLabel("ListTotal");
+    count_ = elidedLabel("ListCount", Qt::ElideRight);
+    total_ = elidedLabel("ListTotal", Qt::ElideRight);
+    for (QLabel* label : {count_, total_})
+        label->setForegroundRole(QPalette::PlaceholderText);
     filters_ = {
         filterBox("ListCheckPO", u"Purchase Orders"_s,
                   u"Check to include Purchase Orders in list"_s, &SavedOrders::ListCheckPO),

@@ -95,9 +95,7 @@ QPushButton* BackupDialog::idleButton(const char* name, const QString& caption, 
 
 QLayout* BackupDialog::makeFolders() {
     const bool restoring = backup_.kind() == Backup::Kind::Restore;
-    source_ = namedLabel("Backuplist", u"The folder that is copied from."_s);
-    source_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    source_->setMinimumWidth(1);  // a long path is cut off rather than widening the window
+    source_ = elidedLabel("Backuplist", Qt::ElideMiddle);
     target_ = lineEdit("BackUpTarget", u"The folder that is copied to; it may be typed."_s);
     target_->setAccessibleName(u"Target folder"_s);
     connect(target_, &QLineEdit::textEdited, this,

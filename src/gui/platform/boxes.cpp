@@ -49,6 +49,7 @@ namespace {
 
 class ElidedLabel : public QLabel {
   public:
+    explicit ElidedLabel(Qt::TextElideMode mode) : mode_(mode) {}
     QSize minimumSizeHint() const override {
         return {qMin(fontMetrics().averageCharWidth() * kLeastShown, sizeHint().width()),
                 QLabel::minimumSizeHint().height()};
@@ -62,21 +63,22 @@ class ElidedLabel : public QLabel {
     }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        const QString line = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+        const QString line = fontMetrics().elidedText(text(), mode_, width());
         style()->drawItemText(&painter, rect(), alignment(), palette(), isEnabled(), line,
                               foregroundRole());
     }
 
   private:
     static constexpr int kLeastShown = 6;  // characters
+
+    const Qt::TextElideMode mode_;
 };
 
 }  // namespace
 
-QLabel* elidedLabel(const char* name) {
-    auto* label = new ElidedLabel;
+QLabel* elidedLabel(const char* name, Qt::TextElideMode mode) {
+    auto* label = new ElidedLabel(mode);
     label->setObjectName(QLatin1String(name));
-    label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
 

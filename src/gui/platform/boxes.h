@@ -31,9 +31,9 @@ QLabel* namedLabel(const char* name, const QString& tip = {});
 /// A grey line of text.
 QLabel* quietLabel(const char* name, const QString& tip);
 
-/// The same where there may be little room: it ends in dots then, and its tip, if it has no other,
-/// is the whole text.
-QLabel* elidedLabel(const char* name);
+/// A line of text for which there may be little room: dots stand for the rest then, and its tip, if
+/// it has no other, is the whole text.
+QLabel* elidedLabel(const char* name, Qt::TextElideMode mode);
 
 using Command = std::function<void()>;
 
