@@ -185,6 +185,12 @@ TEST_F(UndoTest, DeletedAddressesComeBackToTheirPlacesAndBoxes) {
     EXPECT_EQ(order().ToCombo + what(), "emptying the boxes");
     undo();
     EXPECT_EQ(order().ToCombo, "Nobody");
+
+    deleteItem(0);
+    book().removeNamed("Boyd");
+    program().addresses.deleteEntry(Vendor, "Boyd");
+    EXPECT_EQ(screen.lastLine, "Address \"Boyd\" was not in the address book.");
+    EXPECT_EQ(what(), "deleting stock item \"Hammer\"") << "that can still be taken back";
 }
 
 TEST_F(UndoTest, AnAddressEnteredAnewMeanwhileStaysAndTheDeletedOneIsNamedApart) {

@@ -273,11 +273,13 @@ void AddressBook::remove(const std::string& name, const std::function<void()>& a
         Icon::Stop);
     if (!done) return;
     after();
+    const std::string missing = called("Address", removedName) + " was not in the address book.";
+    if (removed.empty() && open_.state() == before) return commands_.sayDone(missing);
     Undo::Step step = deletionOf(called("address", removedName), [=, this, now = open_.state()] {
         return putBack(removed, before, standing, now);
     });
     if (removed.empty()) {  // a name that was typed, or that a colleague has removed
-        step.done = called("Address", removedName) + " was not in the address book.";
+        step.done = missing;
         step.what = "emptying the boxes";
     }
     undo_.offer(std::move(step));
